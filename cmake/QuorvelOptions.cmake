@@ -1,0 +1,34 @@
+# What every target of the project is compiled with. Linked privately, so that nothing of it reaches a consumer.
+add_library(quorvel_options INTERFACE)
+target_compile_features(quorvel_options INTERFACE cxx_std_20)
+target_include_directories(quorvel_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(quorvel_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Wimplicit-fallthrough)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # GCC 12 takes inlined std::string concatenation for overlapping copies.
+  target_compile_options(quorvel_options INTERFACE -Wno-restrict)
+endif()
+if(QUORVEL_WARNINGS_AS_ERRORS)
+  target_compile_options(quorvel_options INTERFACE -Werror)
+endif()
+if(QUORVEL_SANITIZE)
+  target_compile_options(quorvel_options INTERFACE
+    -fsanitize=${QUORVEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quorvel_options INTERFACE -fsanitize=${QUORVEL_SANITIZE})
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+# quorvel_library(<name> <sources>...): one static library per folder, with the project's options.
+function(quorvel_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PRIVATE quorvel_options)
+endfunction()

@@ -1,0 +1,48 @@
+# shellcheck shell=bash
+# Sourced by demo and check: which packages of the distribution they need, how to get the missing ones, and how to build.
+
+# shellcheck disable=SC2034  # the sourcing scripts pick from the lists
+BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev libfmt-dev libcli11-dev nlohmann-json3-dev
+  libgtest-dev libgmock-dev libbenchmark-dev)
+# shellcheck disable=SC2034
+CHECK_PACKAGES=(git clang-format clang-tidy shellcheck)
+
+# step TEXT: says what comes next.
+step() { printf '\n== %s\n' "$*"; }
+
+# fail TEXT: ends the script with a plain sentence.
+fail() {
+  printf '\n%s: %s\n' "$(basename "$0")" "$*" >&2
+  exit 1
+}
+
+is_installed() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }
+
+# ensure_packages PACKAGE...: installs those that are missing; asks nothing of the network when none is.
+ensure_packages() {
+  local package missing=() as_root=()
+  command -v dpkg-query >/dev/null || fail "this needs Debian 12 or a distribution made from it: there is no dpkg here."
+  for package in "$@"; do is_installed "$package" || missing+=("$package"); done
+  if [[ ${#missing[@]} -eq 0 ]]; then
+    printf 'All %d are there.\n' $#
+    return
+  fi
+  printf 'Installing %s\n' "${missing[*]}"
+  if [[ $(id -u) -ne 0 ]]; then
+    command -v sudo >/dev/null || fail "these packages are missing and only root can install them: ${missing[*]}"
+    as_root=(sudo)
+  fi
+  "${as_root[@]}" apt-get update -qq || fail "the package lists could not be fetched (apt-get update); see above."
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" ||
+    fail "these packages could not be installed; see above: ${missing[*]}"
+}
+
+# build_preset PRESET [OPTION...]: configures the preset's folder once, then builds; the options go to cmake --build.
+build_preset() {
+  local preset=$1
+  shift
+  if [[ ! -f build/$preset/build.ninja ]]; then
+    cmake --preset "$preset" || fail "the build could not be configured; see above."
+  fi
+  cmake --build --preset "$preset" "$@" || fail "the build failed; see above."
+}
