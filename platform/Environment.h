@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+/// An environment variable's value; the empty text when it is missing.
+[[nodiscard]] std::string EnvironmentVariable(const char* name);
+
+/// Writes the logon name of the current user and a terminating zero into `buffer`, as the operating
+/// system's own call does. False when the name cannot be found or does not fit.
+[[nodiscard]] bool ReadLogonName(std::span<char> buffer) noexcept;
+
+/// Logs a warning under the source "Quorvel": the application event log, or syslog. Never throws.
+void LogWarning(std::string_view message) noexcept;
+
+/// Sends warnings to `sink` instead of the system's log; an empty function restores it. For tests.
+void RedirectWarnings(std::function<void(std::string_view)> sink);
+
+/// The component's version as its file carries it.
+struct Version {
+  int major;
+  int minor;
+  int revision;
+};
+[[nodiscard]] Version ComponentVersion() noexcept;
+
+/// The project name that error sources begin with.
+inline constexpr std::string_view kApplicationName = "Quorvel";
+
+}  // namespace quorvel

@@ -1,0 +1,135 @@
+#include "platform/RegistryFile.h"
+
+#include <algorithm>
+#include <ranges>
+#include <utility>
+
+#include "platform/Text.h"
+#include "platform/Utf.h"
+
+namespace quorvel::registry {
+namespace {
+
+constexpr std::string_view kHeader = "Windows Registry Editor Version 5.00";
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+
+std::optional<std::string> FromUtf16(std::string_view bytes) {
+  if (bytes.size() % 2 != 0) return std::nullopt;
+  std::u16string text;
+  for (std::size_t i = 0; i < bytes.size(); i += 2) {
+    text +=
+        static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) | static_cast<unsigned char>(bytes[i + 1]) << 8U);
+  }
+  return utf::ToUtf8(text);
+}
+
+/// Takes one line with its line break off the front of `rest`.
+std::string_view TakeLine(std::string_view& rest) {
+  const std::size_t end = std::min(rest.find('\n'), rest.size() - 1) + 1;
+  const std::string_view line = rest.substr(0, end);
+  rest.remove_prefix(end);
+  return line;
+}
+
+bool IsHeader(std::string_view line) {
+  if (line.starts_with(kUtf8Mark)) line.remove_prefix(kUtf8Mark.size());
+  const std::size_t last = line.find_last_not_of(" \t\r\n");
+  return last != std::string_view::npos && line.substr(0, last + 1) == kHeader;
+}
+
+bool IsBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
+
+}  // namespace
+
+std::optional<RegistryFile> RegistryFile::Parse(std::string_view bytes) {
+  RegistryFile file;
+  if (!bytes.starts_with(kUtf16Mark)) return file.ReadLines(bytes) ? std::optional(std::move(file)) : std::nullopt;
+  const auto text = FromUtf16(bytes.substr(kUtf16Mark.size()));
+  return text && file.ReadLines(*text) ? std::optional(std::move(file)) : std::nullopt;
+}
+
+bool RegistryFile::ReadLines(std::string_view text) {
+  if (IsBlank(text)) return true;
+  while (!text.empty()) {
+    std::string raw(TakeLine(text));
+    if (m_lines.empty() && !IsHeader(raw)) return false;
+    while (!text.empty() && GoesOn(raw)) raw += TakeLine(text);
+    m_lines.push_back(ParseLine(std::move(raw)));
+  }
+  if (m_lines.front().raw.ends_with("\r\n")) m_lineBreak = "\r\n";
+  return true;
+}
+
+bool RegistryFile::HasKey(std::string_view key) const { return !PositionsInKey(key).empty(); }
+
+std::optional<StoredValue> RegistryFile::Find(std::string_view key, std::string_view name) const {
+  const auto positions = PositionsOfValue(key, name);
+  return positions.empty() ? std::nullopt : m_lines[positions.back()].value;
+}
+
+bool RegistryFile::AddKey(std::string_view key) {
+  if (HasKey(key)) return true;
+  auto line = FormatKey(key);
+  if (!line) return false;
+  if (m_lines.empty()) Append(std::string(kHeader));
+  if (!IsBlank(m_lines.back().raw)) Append({});
+  Append(*std::move(line));
+  return true;
+}
+
+bool RegistryFile::SetString(std::string_view key, std::string_view name, std::string_view text) {
+  const auto inKey = PositionsInKey(key);
+  auto line = FormatString(name, text);
+  if (inKey.empty() || !line) return false;
+  const auto positions = PositionsOfValue(key, name);
+  if (!positions.empty()) {
+    m_lines[positions.back()] = ParseLine(*line + m_lineBreak);
+    return true;
+  }
+  RegistryLine& before = m_lines[inKey.back()];
+  if (!before.raw.ends_with('\n')) before.raw += m_lineBreak;
+  m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(inKey.back()) + 1, ParseLine(*line + m_lineBreak));
+  return true;
+}
+
+void RegistryFile::Remove(std::string_view key, std::string_view name) {
+  const auto positions = PositionsOfValue(key, name);
+  for (const std::size_t position : positions | std::views::reverse) {
+    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(position));
+  }
+}
+
+std::string RegistryFile::Text() const {
+  std::string text;
+  for (const RegistryLine& line : m_lines) text += line.raw;
+  return text;
+}
+
+/// The lines that name the key and those of its values.
+std::vector<std::size_t> RegistryFile::PositionsInKey(std::string_view key) const {
+  std::vector<std::size_t> positions;
+  bool inside = false;
+  for (std::size_t i = 0; i < m_lines.size(); ++i) {
+    if (m_lines[i].kind == RegistryLine::Kind::Other) continue;
+    if (m_lines[i].kind == RegistryLine::Kind::Key) inside = EqualIgnoringCase(m_lines[i].name, key);
+    if (inside) positions.push_back(i);
+  }
+  return positions;
+}
+
+std::vector<std::size_t> RegistryFile::PositionsOfValue(std::string_view key, std::string_view name) const {
+  auto positions = PositionsInKey(key);
+  std::erase_if(positions, [&](std::size_t position) {
+    const RegistryLine& line = m_lines[position];
+    return line.kind != RegistryLine::Kind::Value || !EqualIgnoringCase(line.name, name);
+  });
+  return positions;
+}
+
+void RegistryFile::Append(std::string line) {
+  if (!m_lines.empty() && !m_lines.back().raw.ends_with('\n')) m_lines.back().raw += m_lineBreak;
+  m_lines.push_back(ParseLine(std::move(line) + m_lineBreak));
+}
+
+}  // namespace quorvel::registry

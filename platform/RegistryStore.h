@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorvel::registry {
+
+/// The hives by the numbers that the operating system gives them.
+enum class Hive : std::uint32_t { LocalMachine = 0x80000002U };
+
+/// Value types by the operating system's numbers; only the ones that the component tells apart.
+enum class ValueType : std::uint32_t { String = 1, Binary = 3, DWord = 4 };
+
+struct StoredValue {
+  ValueType type;
+  std::string text;  ///< UTF-8; empty unless `type` is String
+};
+
+/// An open key of the machine's registry. Key and value names ignore letter case.
+///
+/// Where the operating system has no registry, the store is one text file in the registry's own export
+/// format, UTF-8, named by the environment variable QUORVEL_REGISTRY or else /etc/quorvel/quorvel.reg.
+/// Every change is a read, change and atomic replacement of the file under a lock, mode 0640; what the
+/// component does not understand in the file is kept.
+class Key {
+ public:
+  /// Opens the key, creating it when it is missing. Nothing when that is not possible.
+  [[nodiscard]] static std::optional<Key> Create(Hive hive, std::string_view path);
+
+  /// Nothing when the value does not exist or cannot be read.
+  [[nodiscard]] std::optional<StoredValue> Query(std::string_view name) const;
+
+  /// Writes a string value; false when it could not be written, and then nothing has changed.
+  [[nodiscard]] bool SetString(std::string_view name, std::string_view text) const;
+
+  /// Removes a value; true also when it was not there.
+  [[nodiscard]] bool Delete(std::string_view name) const;
+
+ private:
+  Key(Hive hive, std::string path) : m_hive(hive), m_path(std::move(path)) {}
+  Hive m_hive;
+  std::string m_path;
+};
+
+/// Where the values are kept, for people: a file's path, or the name of the operating system's registry.
+[[nodiscard]] std::string StoreLocation();
+
+}  // namespace quorvel::registry

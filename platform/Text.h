@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+/// Without leading and trailing blanks (U+0020 only: tabs and line breaks are text).
+[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
+
+/// `text` (UTF-8) with every character folded to lower case, one character for one; bytes that are not UTF-8
+/// stay as they are. Used wherever letter case does not count.
+[[nodiscard]] std::string FoldCase(std::string_view text);
+
+/// Less than, equal or greater than 0, comparing without regard to letter case and without allocating.
+/// Ordered by folded code point.
+[[nodiscard]] int CompareIgnoringCase(std::string_view left, std::string_view right) noexcept;
+[[nodiscard]] bool EqualIgnoringCase(std::string_view left, std::string_view right) noexcept;
+
+/// Orders texts without regard to letter case; for maps with text keys that are looked up without a copy.
+struct LessIgnoringCase {
+  using is_transparent = void;
+  bool operator()(std::string_view left, std::string_view right) const noexcept {
+    return CompareIgnoringCase(left, right) < 0;
+  }
+};
+
+/// Number of characters (code points) in a UTF-8 text.
+[[nodiscard]] std::size_t CountCharacters(std::string_view text) noexcept;
+
+}  // namespace quorvel

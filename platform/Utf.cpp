@@ -1,0 +1,97 @@
+#include "platform/Utf.h"
+
+#include <array>
+
+namespace quorvel::utf {
+namespace {
+
+constexpr char32_t kStrayByte = 0x110000;
+constexpr char32_t kFirstHigh = 0xD800;
+constexpr char32_t kFirstLow = 0xDC00;
+constexpr char32_t kPastSurrogates = 0xE000;
+constexpr char32_t kFirstPair = 0x10000;
+
+/// The smallest character of each length in bytes: longer forms of a smaller one are no UTF-8.
+constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
+constexpr std::array<unsigned, 5> kLead = {0, 0, 0xC0, 0xE0, 0xF0};
+
+/// How many bytes a character has that begins with `lead`; 0 where none can begin.
+constexpr std::size_t LengthAfter(unsigned char lead) {
+  if (lead < 0x80) return 1;
+  if (lead < 0xC2 || lead > 0xF4) return 0;
+  if (lead < 0xE0) return 2;
+  return lead < 0xF0 ? 3 : 4;
+}
+
+/// The character in `bytes`, which have the length that the first one asks for; kStrayByte if malformed.
+char32_t Decode(std::string_view bytes) noexcept {
+  char32_t character = static_cast<unsigned char>(bytes.front()) & (0x7FU >> bytes.size());
+  for (const char c : bytes.substr(1)) {
+    const auto byte = static_cast<unsigned char>(c);
+    if ((byte & 0xC0U) != 0x80U) return kStrayByte;
+    character = character << 6U | (byte & 0x3FU);
+  }
+  const bool surrogate = character >= kFirstHigh && character < kPastSurrogates;
+  return character < kSmallest[bytes.size()] || surrogate ? kStrayByte : character;
+}
+
+}  // namespace
+
+char32_t Take(std::string_view text, std::size_t& position) noexcept {
+  const auto lead = static_cast<unsigned char>(text[position]);
+  const std::size_t length = LengthAfter(lead);
+  if (length == 1) {
+    ++position;
+    return lead;
+  }
+  const bool whole = length != 0 && length <= text.size() - position;
+  const char32_t character = whole ? Decode(std::string_view(text.data() + position, length)) : kStrayByte;
+  position += IsCharacter(character) ? length : 1;
+  return IsCharacter(character) ? character : kStrayByte + lead;
+}
+
+void Append(std::string& text, char32_t taken) {
+  if (taken < kSmallest[2] || !IsCharacter(taken)) {
+    text += static_cast<char>(taken < kSmallest[2] ? taken : taken - kStrayByte);
+    return;
+  }
+  const std::size_t length = taken < kSmallest[3] ? 2 : taken < kSmallest[4] ? 3 : 4;
+  text += static_cast<char>(kLead[length] | taken >> 6U * (length - 1));
+  for (std::size_t left = length - 1; left > 0; --left) {
+    text += static_cast<char>(0x80U | (taken >> 6U * (left - 1) & 0x3FU));
+  }
+}
+
+std::optional<std::u16string> ToUtf16(std::string_view text) {
+  std::u16string wide;
+  wide.reserve(text.size());
+  for (std::size_t position = 0; position < text.size();) {
+    const char32_t character = Take(text, position);
+    if (!IsCharacter(character)) return std::nullopt;
+    if (character < kFirstPair) {
+      wide += static_cast<char16_t>(character);
+    } else {
+      wide += static_cast<char16_t>(kFirstHigh + ((character - kFirstPair) >> 10U));
+      wide += static_cast<char16_t>(kFirstLow + (character & 0x3FFU));
+    }
+  }
+  return wide;
+}
+
+std::optional<std::string> ToUtf8(std::u16string_view text) {
+  std::string narrow;
+  narrow.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t character = text[i];
+    if (character >= kFirstHigh && character < kPastSurrogates) {
+      const char32_t low = i + 1 < text.size() ? text[i + 1] : 0;
+      if (character >= kFirstLow || low < kFirstLow || low >= kPastSurrogates) return std::nullopt;
+      character = kFirstPair + ((character - kFirstHigh) << 10U) + (low - kFirstLow);
+      ++i;
+    }
+    Append(narrow, character);
+  }
+  return narrow;
+}
+
+}  // namespace quorvel::utf

@@ -1,0 +1,86 @@
+#include "platform/TerminalPrompts.h"
+
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <array>
+
+#include "platform/Error.h"
+
+namespace quorvel {
+namespace {
+
+/// A terminal with a person who has typed ahead.
+class Terminal {
+ public:
+  explicit Terminal(const std::string& typed) {
+    if (::openpty(&m_person, &m_program, nullptr, nullptr, nullptr) != 0) throw std::runtime_error("no terminal");
+    EXPECT_EQ(::write(m_person, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
+  }
+  ~Terminal() {
+    ::close(m_program);
+    ::close(m_person);
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+
+  [[nodiscard]] TerminalPrompts Prompts() const { return {m_program, m_program}; }
+  /// What the person sees, the typed characters with it.
+  [[nodiscard]] std::string Screen() const {
+    std::array<char, 4096> buffer{};
+    const auto count = ::read(m_person, buffer.data(), buffer.size());
+    return {buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0};
+  }
+
+ private:
+  int m_person = -1;
+  int m_program = -1;
+};
+
+PromptAnswer Ask(const Terminal& terminal, PromptButtons buttons) {
+  return terminal.Prompts().ShowMessage("Save\x1B[2J it?", "Remarks", buttons, PromptIcon::Question);
+}
+
+TEST(TerminalPrompts, AsksUntilItUnderstands) {
+  const std::pair<const char*, PromptAnswer> cases[] = {{"y\n", PromptAnswer::Yes},
+                                                        {" NO \n", PromptAnswer::No},
+                                                        {"maybe\n\nYes\n", PromptAnswer::Yes},
+                                                        {"\x04", PromptAnswer::No},
+                                                        {"what\n\x04", PromptAnswer::No}};
+  for (const auto& [typed, answer] : cases) EXPECT_EQ(Ask(Terminal(typed), PromptButtons::YesNo), answer) << typed;
+}
+
+TEST(TerminalPrompts, TellsWithoutWaitingAndWithoutSteeringTheTerminal) {
+  const Terminal terminal("");
+  EXPECT_EQ(Ask(terminal, PromptButtons::Ok), PromptAnswer::Ok);
+  EXPECT_EQ(terminal.Screen(), "Remarks: Save[2J it?\r\n");
+}
+
+TEST(TerminalPrompts, AnInputBoxTakesOneLine) {
+  const Terminal terminal("first \nsecond\n\x04");
+  TerminalPrompts prompts = terminal.Prompts();
+  EXPECT_EQ(prompts.AskText("Name?", "New"), "first ");
+  EXPECT_EQ(prompts.AskText("Name?", "New"), "second");
+  EXPECT_EQ(prompts.AskText("Name?", "New"), std::nullopt);
+}
+
+TEST(TerminalPrompts, WithoutATerminalTheErrorSaysWhatNobodySaw) {
+  std::array<int, 2> pipe{};
+  ASSERT_EQ(::pipe(pipe.data()), 0);
+  TerminalPrompts prompts(pipe[0], pipe[1]);
+  try {
+    prompts.ShowMessage("disk full", "Database Error", PromptButtons::Ok, PromptIcon::None);
+    ADD_FAILURE() << "nobody was told";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), -1);
+    EXPECT_EQ(error.Source(), "Quorvel.Prompts");
+    EXPECT_NE(error.Description().find("\"Database Error\": disk full"), std::string::npos);
+  }
+  EXPECT_THROW(static_cast<void>(prompts.AskText("Name?", "New")), Error);
+  ::close(pipe[0]);
+  ::close(pipe[1]);
+}
+
+}  // namespace
+}  // namespace quorvel
