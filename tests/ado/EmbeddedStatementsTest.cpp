@@ -1,0 +1,195 @@
+#include <gmock/gmock.h>
+
+#include "tests/support/Rows.h"
+#include "tests/support/TestDatabase.h"
+
+namespace quorvel::ado {
+namespace {
+
+using test::FailureOf;
+using test::TestDatabase;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::SizeIs;
+
+class EmbeddedStatements : public ::testing::Test {
+ protected:
+  std::vector<std::string> Rows(std::string_view batch) { return test::RowsOf(*m_connection, batch); }
+
+  TestDatabase m_database{TestDatabase::Content::Sample};
+  std::shared_ptr<Connection> m_connection = m_database.Connect();
+};
+
+// The administration joins its statements from pieces without blanks between them, and nests joins; a server takes
+// them as they stand.
+TEST_F(EmbeddedStatements, TakesTheAdministrationsStatementsAsTheyStand) {
+  EXPECT_THAT(Rows("SELECT DISTINCT rt.RemarKTypeKey, rt.RemarKTypeID, rt.Caption, rc.DisplaySeq "
+                   "FROM ttwRemarKType rt INNER JOIN ttwRemarkContext rc ON rc.RemarkTypeKey = rt.RemarkTypeKey "
+                   "WHERE rc.ContextKey = 1ORDER BY rc.DisplaySeq"),
+              SizeIs(4));
+
+  const std::string rights =
+      "Select Distinct T1.RightKey, T1.RightID, T1.Caption, T2.UserKey "
+      "From (select RightKey, RightID, Caption from ttwright) T1 left join "
+      "(Select Distinct t.RightKey, t.RightID, t.Caption, t4.UserKey "
+      "From  ttwUser t4 left join ttwGroupMember t3 on t3.UserKey = t4.UserKey "
+      "inner join ttwgroup t2 on t3.GroupKey = t2.GroupKey "
+      "inner join ttwRightAssignment t1 on t1.GroupKey = t2.GroupKey "
+      "inner join ttwRight t on t.RightKey = t1.RightKey "
+      "WHERE t4.UserKey =1) T2 on T1.RightKey = T2.RightKey";
+  m_connection->Execute(
+      "DELETE FROM ttwRightAssignment DELETE FROM ttwRight "
+      "INSERT INTO ttwRight (RightID) VALUES ('held'), ('not held') "
+      "INSERT INTO ttwRightAssignment (GroupKey, RightKey) SELECT g.GroupKey, r.RightKey FROM ttwGroup g, ttwRight r "
+      "WHERE g.GroupID = 'default' AND r.RightID = 'HELD'");
+  const std::vector<std::string> found = Rows(rights);
+  ASSERT_EQ(found.size(), 2U);
+  EXPECT_THAT(found[0], HasSubstr("|held||1"));
+  EXPECT_THAT(found[1], HasSubstr("|not held||NULL"));
+}
+
+TEST_F(EmbeddedStatements, ReadsAJoinWhoseOnComesLaterAsNested) {
+  const auto rows = Rows(
+      "select RTRIM(LTRIM(T1.RemarkTypeID)) as RemarkTypeID, T1.EntityCaption, rtrim(T1.Caption) as Caption, "
+      "T2.CanCreate, "
+      "T2.CanRead, T2.CanUpdate, T2.CanDelete From (select te.RemarkTypeID, "
+      "te.RemarkTypeKey, tr1.Caption as EntityCaption, te.Caption from ttwRemarkType "
+      "te inner join ttwRemarkEntity tr1 on te.RemarkEntityKey = tr1.RemarkEntityKey)T1 "
+      "left join (SELECT t.RemarkTypeID as TypeID, t.Caption as Caption, "
+      "max(r.CanCreate) as CanCreate, max(r.CanRead) as CanRead, "
+      "max(r.CanUpdate) as CanUpdate, max(r.CanDelete) As CanDelete "
+      "FROM    ttwContext c INNER JOIN ttwRemarkContext rc ON "
+      "c.ContextKey = rc.ContextKey RIGHT OUTER JOIN ttwUser u INNER JOIN "
+      "ttwGroupMember gm ON u.UserKey = gm.UserKey INNER JOIN ttwGroup g ON "
+      "gm.GroupKey = g.GroupKey INNER JOIN ttwRemarkRight r ON "
+      "g.GroupKey = r.GroupKey INNER JOIN ttwRemarkType t ON "
+      "t.RemarkTypeKey = r.RemarkTypeKey ON rc.RemarkTypeKey = t.RemarkTypeKey "
+      "inner join ttwRemarkEntity tr on tr.RemarkEntityKey = t.RemarkEntityKey "
+      "WHERE   u.UserKey = 1GROUP BY t.RemarkTypeID, "
+      "t.Caption)T2 on T2.TypeID = T1.RemarkTypeID ORDER BY T1.RemarkTypeID");
+  EXPECT_THAT(
+      rows,
+      ElementsAre("Cust.AR.Coll|Customer|Collections|1|1|1|1", "Cust.Credit|Customer|Credit|0|1|0|0",
+                  "Cust.General|Customer|General|1|1|0|0", "Cust.Internal|Customer|Internal|NULL|NULL|NULL|NULL",
+                  "Ord.Note|Sales Order|Order Note|1|1|1|0", "Ord.Ship|Sales Order|Shipping|NULL|NULL|NULL|NULL"));
+}
+
+TEST_F(EmbeddedStatements, ComparesTextsWithoutCaseAndTrailingBlanks) {
+  m_connection->Execute("CREATE TABLE Words (Word nvarchar(20) NOT NULL PRIMARY KEY, Note nvarchar(20) NULL)");
+  m_connection->Execute("INSERT INTO Words (Word, Note) VALUES (N'Müller', N'a '), (N'Ωmega', N'A'), (N'plain', N'b')");
+  EXPECT_THAT(Rows("SELECT Word FROM words WHERE WORD = N'MÜLLER  '"), ElementsAre("Müller"));
+  EXPECT_THAT(Rows("SELECT Word FROM Words WHERE RTRIM(Word) = N'ωMEGA'"), ElementsAre("Ωmega"));
+  EXPECT_THAT(Rows("SELECT DISTINCT RTRIM(Note) AS Note FROM Words"), SizeIs(2));
+  EXPECT_THAT(Rows("SELECT Word FROM Words WHERE Word IN (N'PLAIN') OR UPPER(Word) BETWEEN 'p' AND 'q'"),
+              ElementsAre("plain"));
+  EXPECT_THAT(Rows("DECLARE @a nvarchar(9) = 'x ' SELECT 1 AS Same WHERE @a = 'X'"), ElementsAre("1"));
+  EXPECT_EQ(FailureOf(*m_connection, "INSERT INTO Words (Word) VALUES (N'MÜLLER ')").Number(),
+            ErrorNumber::DbIntegrity);
+}
+
+TEST_F(EmbeddedStatements, EvaluatesExpressionsAsAServerDoes) {
+  const std::vector<std::pair<const char*, const char*>> table = {
+      {"7 / 2", "3"},
+      {"7 % 4 + 2 * 3", "9"},
+      {"'a' + 'b' + N'c'", "abc"},
+      {"'a' + NULL", "NULL"},
+      {"(SELECT FirstName + ' ' + LastName FROM (SELECT 'Ann' AS FirstName, 'Lee' AS LastName) p)", "Ann Lee"},
+      {"(SELECT a + b FROM (SELECT 2 AS a, 3 AS b) p)", "5"},
+      {"(SELECT a + b FROM (SELECT '2' AS a, '3' AS b) p)", "23"},
+      {"LEN('ab  ')", "2"},
+      {"RIGHT('abcd', 2) + LEFT('xyz', 1)", "cdx"},
+      {"ISNULL(NULL, 'x')", "x"},
+      {"COALESCE(NULL, NULL, 3)", "3"},
+      {"CAST('12' AS int) + 1", "13"},
+      {"CONVERT(varchar(2), 'abc')", "ab"},
+      {"CASE WHEN 1 = 1 AND NOT 2 < 1 THEN 'yes' ELSE 'no' END", "yes"},
+      {"CASE 'B' WHEN 'b' THEN 1 ELSE 2 END", "1"},
+      {"DATEADD(month, 1, '2026-01-31')", "2026-02-28 00:00:00.000"},
+      {"CAST('20260105' AS datetime)", "2026-01-05 00:00:00.000"},
+      {"'it''s [not] a -- comment'", "it's [not] a -- comment"},
+      {"-(-3)", "3"},
+      {"REPLICATE('ab', 3)", "ababab"},
+  };
+  for (const auto& [expression, expected] : table) {
+    EXPECT_THAT(Rows(std::string("SELECT ") + expression + " AS Result"), ElementsAre(expected)) << expression;
+  }
+}
+
+TEST_F(EmbeddedStatements, RunsControlFlowAndVariables) {
+  EXPECT_THAT(
+      Rows("DECLARE @n int = 0, @t varchar(9)\n"
+           "WHILE @n < 5 BEGIN SET @n = @n + 1 IF @n = 3 SET @t = 'three' ELSE SELECT @t = ISNULL(@t, 'none'); END\n"
+           "IF NOT EXISTS (SELECT * FROM Customer WHERE CustID = 'nobody') SELECT @n AS n, @t AS t\n"
+           "RETURN SELECT 'never'"),
+      ElementsAre("5|three"));
+  EXPECT_THAT(Rows("SELECT TOP (2) RemarkTypeID FROM ttwRemarkType ORDER BY RemarkTypeID DESC"),
+              ElementsAre("Ord.Ship", "Ord.Note"));
+  EXPECT_THAT(Rows("SELECT 1 AS a UNION SELECT 1 UNION ALL SELECT 2 ORDER BY a DESC"), ElementsAre("2", "1"));
+  EXPECT_THAT(Rows("/* a /* nested */ comment */ SELECT [Key] = 1 -- alias before\n"), ElementsAre("1"));
+}
+
+TEST_F(EmbeddedStatements, NamesWhatIsWrongAndWhere) {
+  struct Case {
+    const char* batch;
+    std::int32_t number;
+    const char* description;
+    int line;
+  };
+  const std::vector<Case> table = {
+      {"SELECT * FROM ttwGruop", ErrorNumber::DbObjectNotFound, "Invalid object name 'ttwGruop'.", 1},
+      {"SELECT 1\n\nSELECT Nme FROM ttwGroup", ErrorNumber::DbStatement, "Invalid column name 'Nme'.", 3},
+      {"SELECT 1\nFORM ttwGroup WHERE", ErrorNumber::DbStatement, "Incorrect syntax near", 2},
+      {"SELECT 'open", ErrorNumber::DbStatement, "Unclosed quotation mark", 1},
+      {R"(SELECT "GroupID", "no column" FROM ttwGroup)", ErrorNumber::DbStatement, "Invalid column name 'no column'.",
+       1},
+      {"SELECT @x", ErrorNumber::DbStatement, "Must declare the scalar variable \"@x\".", 1},
+      {"EXEC spNobody 1", ErrorNumber::DbStatement, "Could not find stored procedure 'spNobody'.", 1},
+      {"SELECT FORMAT(1, 'x')", ErrorNumber::DbStatement, "'FORMAT' is not a function", 1},
+      {"CREATE TRIGGER x ON y", ErrorNumber::DbStatement, "does not support CREATE TRIGGER", 1},
+      {"SELECT 1\nCOMMIT", ErrorNumber::DbStatement, "no corresponding BEGIN TRANSACTION", 2},
+      {"RAISERROR ('stop here', 16, 1)", ErrorNumber::DbStatement, "stop here", 1},
+      {"INSERT INTO ttwGroup (GroupID, Caption) VALUES ('DEFAULT', 'again')", ErrorNumber::DbIntegrity,
+       "ttwGroup.GroupID", 1},
+      {"INSERT INTO ttwGroup (Caption) VALUES ('no id')", ErrorNumber::DbIntegrity, "NULL into ttwGroup.GroupID", 1},
+      {"INSERT INTO ttwGroupMember (GroupKey, UserKey) VALUES (999, 999)", ErrorNumber::DbIntegrity, "FOREIGN KEY", 1},
+      {"INSERT INTO ttwGroup (GroupID, Caption) VALUES ('abcdefghijklmnopqrstuvwxyz01234', 'x')",
+       ErrorNumber::DbUnspecified, "GroupID holds at most 30 characters", 1},
+      {"UPDATE ttwContext SET RowHeight = 'tall'", ErrorNumber::DbUnspecified, "RowHeight holds whole numbers", 1},
+      {"UPDATE ttwContext SET GroupByType = 70000", ErrorNumber::DbUnspecified, "GroupByType holds whole numbers", 1},
+      {"UPDATE tciMemo SET DateStamp = 'yesterday'", ErrorNumber::DbStatement, "Conversion failed", 1},
+  };
+  for (const Case& c : table) {
+    const Error error = FailureOf(*m_connection, c.batch);
+    EXPECT_EQ(error.Number(), c.number) << c.batch << ": " << error.Description();
+    EXPECT_THAT(error.Description(), HasSubstr(c.description)) << c.batch;
+    ASSERT_THAT(m_connection->Errors(), SizeIs(1)) << c.batch;
+    EXPECT_EQ(m_connection->Errors().front().line, c.line) << c.batch;
+  }
+}
+
+TEST_F(EmbeddedStatements, BringsDatesIntoOneForm) {
+  m_connection->Execute("CREATE TABLE Moments (n int NOT NULL PRIMARY KEY, At datetime NULL)");
+  m_connection->Execute("INSERT INTO Moments VALUES (1, '2026-01-05T09:30:00'), (2, '20260105'), (3, NULL)");
+  m_connection->Execute("INSERT INTO Moments (n, At) SELECT 4, '2026-01-05 09:29'");
+  m_connection->Execute("INSERT INTO Moments (At, n) SELECT At, n + 10 FROM Moments WHERE n = 1");
+  m_connection->Execute("UPDATE Moments SET At = '2027-02-03' WHERE n = 3");
+  EXPECT_THAT(Rows("SELECT n FROM Moments ORDER BY At, n"), ElementsAre("2", "4", "1", "11", "3"));
+  const auto rows = m_connection->Execute("SELECT At FROM Moments WHERE n = 1");
+  EXPECT_TRUE(std::holds_alternative<DateTime>(rows->Fields("at").Value()));
+}
+
+TEST_F(EmbeddedStatements, RollsBackOnAnyErrorAndKeepsWhatPrecedesWithoutTransaction) {
+  m_connection->Execute("CREATE TABLE Log (n int NOT NULL PRIMARY KEY)");
+  (void)FailureOf(*m_connection, "INSERT INTO Log VALUES (1) INSERT INTO Log VALUES (1)");
+  EXPECT_THAT(Rows("SELECT n FROM Log"), ElementsAre("1"));
+  (void)FailureOf(*m_connection, "BEGIN TRANSACTION INSERT INTO Log VALUES (2) INSERT INTO Log VALUES (1) COMMIT");
+  EXPECT_THAT(Rows("SELECT n FROM Log"), ElementsAre("1"));
+  m_connection->Execute("BEGIN TRANSACTION");
+  m_connection->Execute("BEGIN TRAN INSERT INTO Log VALUES (3) COMMIT");
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM Log"), "1") << "an inner COMMIT commits nothing";
+  m_connection->Execute("COMMIT TRANSACTION");
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM Log"), "2");
+}
+
+}  // namespace
+}  // namespace quorvel::ado
