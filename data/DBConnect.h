@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+namespace quorvel {
+
+/// The four connection settings of the machine, read from the registry at most once.
+/// One per thread that uses the database (modDatabase::Settings). Error 110 when a missing value cannot be
+/// created; then nothing counts as loaded.
+class DBConnect {
+ public:
+  /// The OLE DB connection string. The values go in as they are, without quoting.
+  [[nodiscard]] std::string ConnectionString();
+  [[nodiscard]] const std::string& Server();
+  [[nodiscard]] const std::string& Database();
+
+  /// Reads the four values again.
+  void Reload();
+
+ private:
+  void Load();
+
+  bool m_loaded = false;
+  std::string m_server;
+  std::string m_database;
+  std::string m_userId;
+  std::string m_password;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,166 @@
+#include "data/modDatabase.h"
+
+#include <fmt/format.h>
+
+#include <optional>
+
+#include "data/modWaitCursor.h"
+#include "platform/Error.h"
+#include "platform/Prompts.h"
+#include "platform/Text.h"
+#include "platform/ado/Command.h"
+
+namespace quorvel::modDatabase {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t kLongestId = 30;
+constexpr std::size_t kMostPairs = 6;
+
+struct State {
+  std::shared_ptr<ado::Connection> connection;
+  DBConnect settings;
+};
+
+State& ThreadState() {
+  thread_local State state;
+  return state;
+}
+
+ado::Command ProcedureCall(std::string_view procName) {
+  ado::Command command;
+  command.SetActiveConnection(SharedConnection());
+  command.SetCommandType(ado::CommandType::StoredProcedure);
+  command.SetCommandText(std::string(procName));
+  return command;
+}
+
+/// One try at a statement: the recordset, or why there is none. No failure either means that the statement
+/// went through and yet the connection's Errors hold entries.
+struct Attempt {
+  std::shared_ptr<ado::Recordset> recordset;
+  std::optional<Error> failure;
+};
+
+Attempt TryToOpen(std::string_view sql) {
+  auto recordset = std::make_shared<ado::Recordset>();
+  try {
+    recordset->Open(sql, SharedConnection());
+  } catch (const Error& error) {
+    return {nullptr, error};
+  }
+  if (!SharedConnection()->Errors().empty()) recordset = nullptr;
+  return {std::move(recordset), std::nullopt};
+}
+
+std::string LoadReport(std::string_view sql, const std::optional<Error>& failure) {
+  std::string report = failure ? fmt::format("{}\r\nSQL={}", failure->Description(), sql) : "Unknown error in LoadRst";
+  const auto& errors = SharedConnection()->Errors();
+  if (!errors.empty()) report += "\r\nAdditional Information:\r\n";
+  // The number is 0 whatever the provider said; people know the report by it.
+  for (const ado::ProviderError& error : errors) report += fmt::format("ErrMsg 0: {}\r\n", error.description);
+  return report;
+}
+
+}  // namespace
+
+void EnsureConnection() {
+  if (!SharedConnection()) OpenConnection();
+}
+
+void OpenConnection() {
+  const auto connection = std::make_shared<ado::Connection>();
+  ThreadState().connection = connection;
+  connection->SetConnectionString(Settings().ConnectionString());
+  connection->SetCursorLocation(ado::CursorLocation::Client);
+  connection->SetMode(ado::ConnectMode::ReadWrite);
+  // A minute for a statement; an hour for a server that is slow to take the connection.
+  connection->SetCommandTimeout(60s);
+  connection->SetConnectionTimeout(3600s);
+  connection->Open({}, {}, ado::kUnspecified);
+}
+
+const std::shared_ptr<ado::Connection>& SharedConnection() { return ThreadState().connection; }
+
+DBConnect& Settings() { return ThreadState().settings; }
+
+std::shared_ptr<ado::Recordset> LoadRst(std::string_view sql) {
+  Attempt attempt = TryToOpen(sql);
+  if (!attempt.recordset) {
+    OpenConnection();
+    attempt = TryToOpen(sql);
+  }
+  if (!attempt.recordset) {
+    CurrentPrompts().ShowMessage(LoadReport(sql, attempt.failure), "Database Error in LoadRst", PromptButtons::Ok,
+                                 PromptIcon::None);
+  }
+  return attempt.recordset;
+}
+
+std::shared_ptr<ado::Recordset> LoadDisconnectedRst(std::string_view sql) {
+  auto recordset = LoadRst(sql);
+  if (!recordset) ThrowObjectNotSet();
+  recordset->SetActiveConnection(nullptr);
+  return recordset;
+}
+
+std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializer_list<NamedValue> pairs) {
+  if (pairs.size() > kMostPairs) ThrowInvalidCall();
+  ado::Command command = ProcedureCall(procName);
+  for (const auto& [name, value] : pairs) {
+    if (!name.empty()) command.Parameters(name).SetValue(value);
+  }
+  return command.Execute(ado::kUnspecified);
+}
+
+std::int32_t GetNextSurrogateKey(std::string_view tableName) {
+  ado::Command command = ProcedureCall("spGetNextSurrogateKey");
+  command.Parameters("@iTableName").SetValue(std::string(tableName));
+  command.Execute(ado::kUnspecified);
+  return ToInt32(command.Parameters("@oNewKey").Value());
+}
+
+void UpdateField(std::string_view table, std::string_view column, const Value& value, std::string_view keyColumn,
+                 const Value& keyValue, std::string_view keyColumn2, const Value& keyValue2) {
+  // Not ended on an error: the caller's handler resets it.
+  modWaitCursor::BeginWait();
+  std::string statement = fmt::format("UPDATE {}\r\nSET {} = {}\r\nWHERE {} = {}", table, column, SqlValue(value),
+                                      keyColumn, SqlValue(keyValue));
+  if (!keyColumn2.empty()) statement += fmt::format(" and {} = {}", keyColumn2, SqlValue(keyValue2));
+  if (!SharedConnection()) ThrowObjectNotSet();
+  SharedConnection()->Execute(statement, ado::kUnspecified);
+  modWaitCursor::EndWait();
+}
+
+std::string SqlValue(const Value& value) { return IsText(value) ? fmt::format("'{}'", ToText(value)) : ToText(value); }
+
+void GetNewID(std::string_view entityName, std::string& id) {
+  id.clear();
+  while (true) {
+    const auto answer =
+        CurrentPrompts().AskText(fmt::format("{} ID", entityName), fmt::format("Create New {}", entityName));
+    const std::string_view trimmed = answer ? TrimBlanks(*answer) : std::string_view{};
+    if (CountCharacters(trimmed) <= kLongestId) {
+      id = trimmed;
+      return;
+    }
+    CurrentPrompts().ShowMessage(
+        fmt::format("The max length for {} ID is 30. Please enter ID within 30 chars", entityName), "Max Length of ID",
+        PromptButtons::Ok, PromptIcon::Exclamation);
+  }
+}
+
+std::string FieldText(const ado::Field& field) {
+  const Value value = field.Value();
+  return IsNull(value) ? std::string() : ToText(value);
+}
+
+std::string StripChars(std::string_view text) {
+  constexpr std::string_view kRefused = "-/\\\"'\t*?%<";
+  std::string kept(text);
+  std::erase_if(kept, [&](char c) { return kRefused.find(c) != std::string_view::npos; });
+  return kept;
+}
+
+}  // namespace quorvel::modDatabase

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace quorvel::modUserName {
+
+/// The current user's logon name; the empty text when the system does not tell it or it has more than 255
+/// characters. Never throws.
+[[nodiscard]] std::string GetUserName();
+
+}  // namespace quorvel::modUserName

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace quorvel::modWaitCursor {
+
+/// The hourglass shows while more waits have begun than ended on this thread.
+void BeginWait() noexcept;
+/// Does nothing when no wait is pending.
+void EndWait() noexcept;
+/// Ends every wait and shows the default pointer.
+void ResetWait() noexcept;
+
+}  // namespace quorvel::modWaitCursor

@@ -1,0 +1,570 @@
+-- Quorvel's tables and stored procedures: the security model (ttw...), the counters that number the memos, and every
+-- procedure that the component calls.
+--
+-- T-SQL for SQL Server 2012 or later and for the embedded engine: only what both understand. Run it in the host's
+-- database; running it again changes nothing but brings the procedures up to date and keeps the grants on them.
+--
+-- The memo table tciMemo and the branches ttwBranch belong to the host and are made only where there are none. A host
+-- whose own tciMemo names its columns differently adapts the procedures that read and write it.
+
+SET ANSI_NULLS ON
+GO
+SET QUOTED_IDENTIFIER ON
+GO
+
+IF OBJECT_ID('ttwBranch', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwBranch (
+    BranchID varchar(30) NOT NULL CONSTRAINT PK_ttwBranch PRIMARY KEY,
+    BranchName nvarchar(60) NOT NULL CONSTRAINT DF_ttwBranch_BranchName DEFAULT (''),
+    WhseKey int NULL,
+    ShipMethKey int NULL,
+    SalesTerritoryKey int NULL,
+    SalesAcctKey int NULL
+  );
+END
+GO
+
+-- BranchID names a branch without a foreign key: it may be empty, and the host may remove or add branches at any time.
+-- IsActive informs the administration; it takes no rights away.
+IF OBJECT_ID('ttwUser', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwUser (
+    UserKey int IDENTITY(1,1) NOT NULL CONSTRAINT PK_ttwUser PRIMARY KEY,
+    UserID varchar(30) NOT NULL CONSTRAINT UQ_ttwUser_UserID UNIQUE,
+    LastName nvarchar(60) NOT NULL CONSTRAINT DF_ttwUser_LastName DEFAULT (''),
+    FirstName nvarchar(60) NOT NULL CONSTRAINT DF_ttwUser_FirstName DEFAULT (''),
+    BranchID varchar(30) NOT NULL CONSTRAINT DF_ttwUser_BranchID DEFAULT (''),
+    IsActive smallint NOT NULL CONSTRAINT DF_ttwUser_IsActive DEFAULT (0)
+  );
+END
+GO
+
+IF OBJECT_ID('ttwGroup', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwGroup (
+    GroupKey int IDENTITY(1,1) NOT NULL CONSTRAINT PK_ttwGroup PRIMARY KEY,
+    GroupID varchar(30) NOT NULL CONSTRAINT UQ_ttwGroup_GroupID UNIQUE,
+    Caption nvarchar(100) NOT NULL CONSTRAINT DF_ttwGroup_Caption DEFAULT (''),
+    Comments nvarchar(500) NOT NULL CONSTRAINT DF_ttwGroup_Comments DEFAULT ('')
+  );
+END
+GO
+
+-- Every new user joins the group with key 1, so this one comes first.
+IF NOT EXISTS (SELECT * FROM ttwGroup WHERE GroupID = 'Default')
+  INSERT INTO ttwGroup (GroupID, Caption) VALUES ('Default', N'Default');
+GO
+
+IF OBJECT_ID('ttwGroupMember', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwGroupMember (
+    GroupKey int NOT NULL CONSTRAINT FK_ttwGroupMember_Group REFERENCES ttwGroup (GroupKey),
+    UserKey int NOT NULL CONSTRAINT FK_ttwGroupMember_User REFERENCES ttwUser (UserKey),
+    CONSTRAINT PK_ttwGroupMember PRIMARY KEY (GroupKey, UserKey)
+  );
+  CREATE INDEX IX_ttwGroupMember_User ON ttwGroupMember (UserKey, GroupKey);
+END
+GO
+
+IF OBJECT_ID('ttwRight', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwRight (
+    RightKey int IDENTITY(1,1) NOT NULL CONSTRAINT PK_ttwRight PRIMARY KEY,
+    RightID varchar(30) NOT NULL CONSTRAINT UQ_ttwRight_RightID UNIQUE,
+    Caption nvarchar(100) NOT NULL CONSTRAINT DF_ttwRight_Caption DEFAULT (''),
+    Comments nvarchar(500) NOT NULL CONSTRAINT DF_ttwRight_Comments DEFAULT ('')
+  );
+END
+GO
+
+IF OBJECT_ID('ttwRightAssignment', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwRightAssignment (
+    GroupKey int NOT NULL CONSTRAINT FK_ttwRightAssignment_Group REFERENCES ttwGroup (GroupKey),
+    RightKey int NOT NULL CONSTRAINT FK_ttwRightAssignment_Right REFERENCES ttwRight (RightKey),
+    CONSTRAINT PK_ttwRightAssignment PRIMARY KEY (GroupKey, RightKey)
+  );
+  CREATE INDEX IX_ttwRightAssignment_Right ON ttwRightAssignment (RightKey);
+END
+GO
+
+-- AcuityEntityKey is the host's number for the entity, under which it files the memos; the remark procedures take it
+-- as a smallint.
+IF OBJECT_ID('ttwRemarkEntity', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwRemarkEntity (
+    RemarkEntityKey int IDENTITY(1,1) NOT NULL CONSTRAINT PK_ttwRemarkEntity PRIMARY KEY,
+    RemarkEntityID varchar(30) NOT NULL CONSTRAINT UQ_ttwRemarkEntity_RemarkEntityID UNIQUE,
+    Caption nvarchar(100) NOT NULL CONSTRAINT DF_ttwRemarkEntity_Caption DEFAULT (''),
+    spGetOwnerName nvarchar(128) NOT NULL CONSTRAINT DF_ttwRemarkEntity_spGetOwnerName DEFAULT (''),
+    AcuityEntityKey int NOT NULL CONSTRAINT DF_ttwRemarkEntity_AcuityEntityKey DEFAULT (0),
+    Comments nvarchar(500) NOT NULL CONSTRAINT DF_ttwRemarkEntity_Comments DEFAULT ('')
+  );
+END
+GO
+
+IF OBJECT_ID('ttwRemarkType', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwRemarkType (
+    RemarkTypeKey int IDENTITY(1,1) NOT NULL CONSTRAINT PK_ttwRemarkType PRIMARY KEY,
+    RemarkTypeID varchar(30) NOT NULL CONSTRAINT UQ_ttwRemarkType_RemarkTypeID UNIQUE,
+    Caption nvarchar(100) NOT NULL CONSTRAINT DF_ttwRemarkType_Caption DEFAULT (''),
+    RemarkEntityKey int NOT NULL CONSTRAINT FK_ttwRemarkType_Entity REFERENCES ttwRemarkEntity (RemarkEntityKey),
+    Comments nvarchar(500) NOT NULL CONSTRAINT DF_ttwRemarkType_Comments DEFAULT ('')
+  );
+  CREATE INDEX IX_ttwRemarkType_Entity ON ttwRemarkType (RemarkEntityKey);
+END
+GO
+
+IF OBJECT_ID('ttwRemarkRight', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwRemarkRight (
+    RemarkRightKey int IDENTITY(1,1) NOT NULL CONSTRAINT PK_ttwRemarkRight PRIMARY KEY,
+    RemarkTypeKey int NOT NULL CONSTRAINT FK_ttwRemarkRight_Type REFERENCES ttwRemarkType (RemarkTypeKey),
+    GroupKey int NOT NULL CONSTRAINT FK_ttwRemarkRight_Group REFERENCES ttwGroup (GroupKey),
+    CanCreate smallint NOT NULL CONSTRAINT DF_ttwRemarkRight_CanCreate DEFAULT (0),
+    CanRead smallint NOT NULL CONSTRAINT DF_ttwRemarkRight_CanRead DEFAULT (0),
+    CanUpdate smallint NOT NULL CONSTRAINT DF_ttwRemarkRight_CanUpdate DEFAULT (0),
+    CanDelete smallint NOT NULL CONSTRAINT DF_ttwRemarkRight_CanDelete DEFAULT (0),
+    CONSTRAINT UQ_ttwRemarkRight UNIQUE (GroupKey, RemarkTypeKey)
+  );
+  CREATE INDEX IX_ttwRemarkRight_Type ON ttwRemarkRight (RemarkTypeKey);
+END
+GO
+
+IF OBJECT_ID('ttwContext', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwContext (
+    ContextKey int IDENTITY(1,1) NOT NULL CONSTRAINT PK_ttwContext PRIMARY KEY,
+    ContextID varchar(30) NOT NULL CONSTRAINT UQ_ttwContext_ContextID UNIQUE,
+    Caption nvarchar(100) NOT NULL CONSTRAINT DF_ttwContext_Caption DEFAULT (''),
+    RemarkEntityKey int NOT NULL CONSTRAINT FK_ttwContext_Entity REFERENCES ttwRemarkEntity (RemarkEntityKey),
+    Comments nvarchar(500) NOT NULL CONSTRAINT DF_ttwContext_Comments DEFAULT (''),
+    GroupByType smallint NOT NULL CONSTRAINT DF_ttwContext_GroupByType DEFAULT (0),
+    RowHeight int NOT NULL CONSTRAINT DF_ttwContext_RowHeight DEFAULT (1),
+    AllowRowSizing smallint NOT NULL CONSTRAINT DF_ttwContext_AllowRowSizing DEFAULT (0),
+    EditBehavior int NOT NULL CONSTRAINT DF_ttwContext_EditBehavior DEFAULT (0)
+  );
+  CREATE INDEX IX_ttwContext_Entity ON ttwContext (RemarkEntityKey);
+END
+GO
+
+-- Two types of a context may share a DisplaySeq for a moment: the administration exchanges positions with two updates.
+IF OBJECT_ID('ttwRemarkContext', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwRemarkContext (
+    ContextKey int NOT NULL CONSTRAINT FK_ttwRemarkContext_Context REFERENCES ttwContext (ContextKey),
+    RemarkTypeKey int NOT NULL CONSTRAINT FK_ttwRemarkContext_Type REFERENCES ttwRemarkType (RemarkTypeKey),
+    DisplaySeq int NOT NULL CONSTRAINT DF_ttwRemarkContext_DisplaySeq DEFAULT (0),
+    Priority smallint NOT NULL CONSTRAINT DF_ttwRemarkContext_Priority DEFAULT (0),
+    CONSTRAINT PK_ttwRemarkContext PRIMARY KEY (ContextKey, RemarkTypeKey)
+  );
+  CREATE INDEX IX_ttwRemarkContext_Type ON ttwRemarkContext (RemarkTypeKey);
+END
+GO
+
+-- A memo is tied to its type by the type's identifier, so that it outlives the type.
+IF OBJECT_ID('tciMemo', 'U') IS NULL
+BEGIN
+  CREATE TABLE tciMemo (
+    MemoKey int NOT NULL CONSTRAINT PK_tciMemo PRIMARY KEY,
+    MemoType varchar(30) NOT NULL,
+    EntityType smallint NOT NULL,
+    OwnerKey int NOT NULL,
+    DateStamp datetime NOT NULL,
+    UserID varchar(30) NOT NULL,
+    MemoText nvarchar(max) NOT NULL
+  );
+  CREATE INDEX IX_tciMemo_Owner ON tciMemo (EntityType, OwnerKey, MemoType);
+END
+GO
+
+-- The last key given out for each table whose keys spGetNextSurrogateKey gives.
+IF OBJECT_ID('ttwSurrogateKey', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwSurrogateKey (
+    TableName varchar(128) NOT NULL CONSTRAINT PK_ttwSurrogateKey PRIMARY KEY,
+    LastKey int NOT NULL
+  );
+END
+GO
+
+-- Administration: adding and deleting. A delete takes the row's links with it, all or nothing.
+
+IF OBJECT_ID('spTWCAddUser', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCAddUser AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCAddUser
+  @UserID varchar(30)
+AS
+SET NOCOUNT ON
+INSERT INTO ttwUser (UserID, IsActive) VALUES (RTRIM(@UserID), 1)
+GO
+
+IF OBJECT_ID('spTWCDeleteUser', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCDeleteUser AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCDeleteUser
+  @UserKey int
+AS
+SET NOCOUNT ON
+SET XACT_ABORT ON
+BEGIN TRANSACTION
+DELETE FROM ttwGroupMember WHERE UserKey = @UserKey
+DELETE FROM ttwUser WHERE UserKey = @UserKey
+COMMIT TRANSACTION
+GO
+
+IF OBJECT_ID('spTWCAddGroup', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCAddGroup AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCAddGroup
+  @GroupID varchar(30)
+AS
+SET NOCOUNT ON
+INSERT INTO ttwGroup (GroupID) VALUES (RTRIM(@GroupID))
+GO
+
+IF OBJECT_ID('spTWCDeleteGroup', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCDeleteGroup AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCDeleteGroup
+  @GroupKey int
+AS
+SET NOCOUNT ON
+SET XACT_ABORT ON
+BEGIN TRANSACTION
+DELETE FROM ttwGroupMember WHERE GroupKey = @GroupKey
+DELETE FROM ttwRightAssignment WHERE GroupKey = @GroupKey
+DELETE FROM ttwRemarkRight WHERE GroupKey = @GroupKey
+DELETE FROM ttwGroup WHERE GroupKey = @GroupKey
+COMMIT TRANSACTION
+GO
+
+IF OBJECT_ID('spTWCAddRight', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCAddRight AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCAddRight
+  @RightID varchar(30)
+AS
+SET NOCOUNT ON
+INSERT INTO ttwRight (RightID) VALUES (RTRIM(@RightID))
+GO
+
+IF OBJECT_ID('spTWCDeleteRight', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCDeleteRight AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCDeleteRight
+  @RightKey int
+AS
+SET NOCOUNT ON
+SET XACT_ABORT ON
+BEGIN TRANSACTION
+DELETE FROM ttwRightAssignment WHERE RightKey = @RightKey
+DELETE FROM ttwRight WHERE RightKey = @RightKey
+COMMIT TRANSACTION
+GO
+
+IF OBJECT_ID('spTWCAddRemarkEntity', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCAddRemarkEntity AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCAddRemarkEntity
+  @RemarkEntityID varchar(30)
+AS
+SET NOCOUNT ON
+INSERT INTO ttwRemarkEntity (RemarkEntityID) VALUES (RTRIM(@RemarkEntityID))
+GO
+
+-- An entity's types and contexts are no mere links: while it has any, the foreign keys refuse.
+IF OBJECT_ID('spTWCDeleteRemarkEntity', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCDeleteRemarkEntity AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCDeleteRemarkEntity
+  @RemarkEntityKey int
+AS
+SET NOCOUNT ON
+DELETE FROM ttwRemarkEntity WHERE RemarkEntityKey = @RemarkEntityKey
+GO
+
+IF OBJECT_ID('spTWCAddRemarkType', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCAddRemarkType AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCAddRemarkType
+  @RemarkTypeID varchar(30),
+  @RemarkEntityKey int
+AS
+SET NOCOUNT ON
+INSERT INTO ttwRemarkType (RemarkTypeID, RemarkEntityKey) VALUES (RTRIM(@RemarkTypeID), @RemarkEntityKey)
+GO
+
+-- The memos of the type stay: they are the host's, and no context shows them any more.
+IF OBJECT_ID('spTWCDeleteRemarkType', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCDeleteRemarkType AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCDeleteRemarkType
+  @RemarkTypeKey int
+AS
+SET NOCOUNT ON
+SET XACT_ABORT ON
+BEGIN TRANSACTION
+DELETE FROM ttwRemarkRight WHERE RemarkTypeKey = @RemarkTypeKey
+DELETE FROM ttwRemarkContext WHERE RemarkTypeKey = @RemarkTypeKey
+DELETE FROM ttwRemarkType WHERE RemarkTypeKey = @RemarkTypeKey
+COMMIT TRANSACTION
+GO
+
+IF OBJECT_ID('spTWCAddContext', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCAddContext AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCAddContext
+  @ContextID varchar(30),
+  @RemarkEntityKey int
+AS
+SET NOCOUNT ON
+INSERT INTO ttwContext (ContextID, RemarkEntityKey) VALUES (RTRIM(@ContextID), @RemarkEntityKey)
+GO
+
+IF OBJECT_ID('spTWCDeleteContext', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCDeleteContext AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCDeleteContext
+  @ContextKey int
+AS
+SET NOCOUNT ON
+SET XACT_ABORT ON
+BEGIN TRANSACTION
+DELETE FROM ttwRemarkContext WHERE ContextKey = @ContextKey
+DELETE FROM ttwContext WHERE ContextKey = @ContextKey
+COMMIT TRANSACTION
+GO
+
+-- Administration: linking and unlinking. Flags and positions start at 0; the administration updates them.
+
+IF OBJECT_ID('spTWCqvAddGroupMember', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvAddGroupMember AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvAddGroupMember
+  @GroupKey int,
+  @UserKey int
+AS
+SET NOCOUNT ON
+INSERT INTO ttwGroupMember (GroupKey, UserKey) VALUES (@GroupKey, @UserKey)
+GO
+
+IF OBJECT_ID('spTWCqvRemoveGroupMember', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvRemoveGroupMember AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvRemoveGroupMember
+  @GroupKey int,
+  @UserKey int
+AS
+SET NOCOUNT ON
+DELETE FROM ttwGroupMember WHERE GroupKey = @GroupKey AND UserKey = @UserKey
+GO
+
+IF OBJECT_ID('spTWCqvAddGroupRight', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvAddGroupRight AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvAddGroupRight
+  @GroupKey int,
+  @RightKey int
+AS
+SET NOCOUNT ON
+INSERT INTO ttwRightAssignment (GroupKey, RightKey) VALUES (@GroupKey, @RightKey)
+GO
+
+IF OBJECT_ID('spTWCqvRemoveGroupRight', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvRemoveGroupRight AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvRemoveGroupRight
+  @GroupKey int,
+  @RightKey int
+AS
+SET NOCOUNT ON
+DELETE FROM ttwRightAssignment WHERE GroupKey = @GroupKey AND RightKey = @RightKey
+GO
+
+IF OBJECT_ID('spTWCqvAddRemarkRight', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvAddRemarkRight AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvAddRemarkRight
+  @GroupKey int,
+  @RemarkTypeKey int
+AS
+SET NOCOUNT ON
+INSERT INTO ttwRemarkRight (GroupKey, RemarkTypeKey) VALUES (@GroupKey, @RemarkTypeKey)
+GO
+
+IF OBJECT_ID('spTWCqvRemoveRemarkRight', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvRemoveRemarkRight AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvRemoveRemarkRight
+  @GroupKey int,
+  @RemarkTypeKey int
+AS
+SET NOCOUNT ON
+DELETE FROM ttwRemarkRight WHERE GroupKey = @GroupKey AND RemarkTypeKey = @RemarkTypeKey
+GO
+
+IF OBJECT_ID('spTWCqvAddRemarkContext', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvAddRemarkContext AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvAddRemarkContext
+  @ContextKey int,
+  @RemarkTypeKey int
+AS
+SET NOCOUNT ON
+INSERT INTO ttwRemarkContext (ContextKey, RemarkTypeKey) VALUES (@ContextKey, @RemarkTypeKey)
+GO
+
+IF OBJECT_ID('spTWCqvRemoveRemarkContext', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvRemoveRemarkContext AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvRemoveRemarkContext
+  @ContextKey int,
+  @RemarkTypeKey int
+AS
+SET NOCOUNT ON
+DELETE FROM ttwRemarkContext WHERE ContextKey = @ContextKey AND RemarkTypeKey = @RemarkTypeKey
+GO
+
+-- Runtime: reading.
+
+IF OBJECT_ID('spTWCqvGetContext', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvGetContext AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvGetContext
+  @ContextID varchar(30)
+AS
+SET NOCOUNT ON
+SELECT c.Caption, e.AcuityEntityKey AS EntityKey, e.Caption AS EntityName, e.spGetOwnerName,
+  c.GroupByType, c.AllowRowSizing, c.RowHeight, c.EditBehavior
+FROM ttwContext c
+INNER JOIN ttwRemarkEntity e ON e.RemarkEntityKey = c.RemarkEntityKey
+WHERE c.ContextID = RTRIM(@ContextID)
+GO
+
+IF OBJECT_ID('spTWCqvGetRemarkTypes', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvGetRemarkTypes AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvGetRemarkTypes
+  @ContextID varchar(30)
+AS
+SET NOCOUNT ON
+SELECT t.RemarkTypeID AS TypeID, t.Caption, rc.Priority
+FROM ttwContext c
+INNER JOIN ttwRemarkContext rc ON rc.ContextKey = c.ContextKey
+INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = rc.RemarkTypeKey
+WHERE c.ContextID = RTRIM(@ContextID)
+ORDER BY rc.DisplaySeq, t.RemarkTypeKey
+GO
+
+IF OBJECT_ID('spTWCqvGetUserRights', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvGetUserRights AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvGetUserRights
+  @UserID varchar(30)
+AS
+SET NOCOUNT ON
+SELECT t.RemarkTypeID AS TypeID, MAX(r.CanCreate) AS CanCreate, MAX(r.CanRead) AS CanRead,
+  MAX(r.CanUpdate) AS CanUpdate, MAX(r.CanDelete) AS CanDelete
+FROM ttwUser u
+INNER JOIN ttwGroupMember gm ON gm.UserKey = u.UserKey
+INNER JOIN ttwRemarkRight r ON r.GroupKey = gm.GroupKey
+INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = r.RemarkTypeKey
+WHERE u.UserID = RTRIM(@UserID)
+GROUP BY t.RemarkTypeID
+GO
+
+-- The pop-up viewer counts from the start of the list, so the types that pop up come first; then the newest first.
+IF OBJECT_ID('spTWCqvGetFilteredMemos', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvGetFilteredMemos AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvGetFilteredMemos
+  @ContextID varchar(30),
+  @EntityType smallint,
+  @OwnerKey int
+AS
+SET NOCOUNT ON
+SELECT t.RemarkTypeID AS TypeID, m.MemoKey, m.DateStamp, m.UserID, m.MemoText
+FROM ttwContext c
+INNER JOIN ttwRemarkContext rc ON rc.ContextKey = c.ContextKey
+INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = rc.RemarkTypeKey
+INNER JOIN tciMemo m ON m.MemoType = t.RemarkTypeID
+WHERE c.ContextID = RTRIM(@ContextID) AND m.EntityType = @EntityType AND m.OwnerKey = @OwnerKey
+ORDER BY rc.Priority DESC, m.DateStamp DESC, m.MemoKey DESC
+GO
+
+-- Runtime: writing. The time stamp is the server's.
+
+IF OBJECT_ID('spTWCqvAddRemark', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvAddRemark AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvAddRemark
+  @MemoKey int,
+  @MemoType varchar(30),
+  @EntityType smallint,
+  @OwnerKey int,
+  @MemoText nvarchar(max),
+  @UserID varchar(30)
+AS
+SET NOCOUNT ON
+INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText)
+VALUES (@MemoKey, RTRIM(@MemoType), @EntityType, @OwnerKey, GETDATE(), RTRIM(@UserID), @MemoText)
+GO
+
+IF OBJECT_ID('spTWCqvUpdateRemark', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvUpdateRemark AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvUpdateRemark
+  @MemoKey int,
+  @MemoType varchar(30),
+  @EntityType smallint,
+  @OwnerKey int,
+  @MemoText nvarchar(max),
+  @UserID varchar(30)
+AS
+SET NOCOUNT ON
+UPDATE tciMemo
+SET MemoType = RTRIM(@MemoType), EntityType = @EntityType, OwnerKey = @OwnerKey, DateStamp = GETDATE(),
+  UserID = RTRIM(@UserID), MemoText = @MemoText
+WHERE MemoKey = @MemoKey
+GO
+
+IF OBJECT_ID('spTWCqvDeleteRemark', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spTWCqvDeleteRemark AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spTWCqvDeleteRemark
+  @MemoKey int
+AS
+SET NOCOUNT ON
+DELETE FROM tciMemo WHERE MemoKey = @MemoKey
+GO
+
+-- The update comes first: it holds the table's counter until the end, so that the next caller waits and no key is given
+-- twice. The host may have written memos under keys of its own, which are never given again.
+IF OBJECT_ID('spGetNextSurrogateKey', 'P') IS NULL
+  EXEC ('CREATE PROCEDURE spGetNextSurrogateKey AS SELECT 1 AS Nothing')
+GO
+ALTER PROCEDURE spGetNextSurrogateKey
+  @iTableName varchar(128),
+  @oNewKey int OUTPUT
+AS
+SET NOCOUNT ON
+SET XACT_ABORT ON
+BEGIN TRANSACTION
+UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName
+IF @@ROWCOUNT = 0
+BEGIN
+  INSERT INTO ttwSurrogateKey (TableName, LastKey)
+  SELECT RTRIM(@iTableName), 0
+  WHERE NOT EXISTS (SELECT * FROM ttwSurrogateKey WITH (UPDLOCK, HOLDLOCK) WHERE TableName = @iTableName)
+  UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName
+END
+IF @iTableName = 'tciMemo'
+  UPDATE ttwSurrogateKey SET LastKey = (SELECT MAX(MemoKey) + 1 FROM tciMemo)
+  WHERE TableName = @iTableName AND LastKey <= (SELECT MAX(MemoKey) FROM tciMemo)
+SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName
+COMMIT TRANSACTION
+GO

@@ -1,0 +1,74 @@
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "data/modError.h"
+#include "platform/Environment.h"
+#include "platform/Error.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace quorvel {
+namespace {
+
+std::string Line(const char* place) {
+  const Version version = ComponentVersion();
+  return fmt::format("Quorvel.{}@PC17:jsmith[version {}.{}.{}]", place, version.major, version.minor, version.revision);
+}
+
+/// What becomes of `thrown` on its way through a handler.
+template <typename Thrown>
+Error Passed(const Thrown& thrown, const char* procName, const char* context = "") {
+  try {
+    try {
+      throw thrown;
+    } catch (...) {
+      modError::RaiseError("GridEXWrapper", procName, context);
+    }
+  } catch (const Error& error) {
+    return error;
+  }
+  throw std::logic_error("RaiseError returned");
+}
+
+class Errors : public testing::Test {
+ protected:
+  test::ScopedVariable m_computer{"COMPUTERNAME", "PC17"};
+  test::ScopedVariable m_user{"USERNAME", "jsmith"};
+};
+
+TEST_F(Errors, TheChainGrowsByOneLineAndTheDescriptionIsGivenOnce) {
+  const Error plain(6, "Plain", "Overflow");
+  const Error inner = Passed(plain, "Inner", "Reading (all)");
+  EXPECT_EQ(inner.Number(), 6);
+  EXPECT_EQ(inner.Source(), Line("GridEXWrapper.Inner")) << "a source without a point is no chain";
+  EXPECT_EQ(inner.Description(), "Reading (all) encountered error 6 (Overflow)");
+
+  const Error outer = Passed(inner, "Outer", "Loading");
+  EXPECT_EQ(outer.Source(), Line("GridEXWrapper.Inner") + "->\r\n" + Line("GridEXWrapper.Outer"));
+  EXPECT_EQ(outer.Description(), inner.Description());
+}
+
+TEST_F(Errors, TheFirstHandlerWithAContextDescribes) {
+  const Error first = Passed(Error(-2147217865, "Driver.Manager", "no table"), "SyncRecordset");
+  EXPECT_EQ(first.Description(), "no table");
+  EXPECT_EQ(first.Source(), "Driver.Manager->\r\n" + Line("GridEXWrapper.SyncRecordset"));
+  EXPECT_EQ(Passed(first, "Outer", "Loading").Description(), "Loading encountered error -2147217865 (no table)");
+}
+
+TEST_F(Errors, AForeignExceptionBecomesAnError) {
+  const Error foreign = Passed(std::runtime_error("v1.2 broke"), "Inner", "Reading");
+  EXPECT_EQ(foreign.Number(), ErrorNumber::DbUnspecified);
+  EXPECT_EQ(foreign.Source(), Line("GridEXWrapper.Inner"));
+  EXPECT_EQ(foreign.Description(), "Reading encountered error -2147467259 (v1.2 broke)");
+  EXPECT_EQ(Passed(42, "Inner").Number(), ErrorNumber::DbUnspecified);
+}
+
+TEST_F(Errors, MissingVariablesAndAMissingErrorLeaveGaps) {
+  ::unsetenv("COMPUTERNAME");
+  ::unsetenv("USERNAME");
+  EXPECT_EQ(modError::ErrorSource("M", "P").substr(0, 23), "Quorvel.M.P@:[version 5");
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,260 @@
+#include "data/Schema.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+#include "data/modDatabase.h"
+#include "platform/Error.h"
+#include "platform/ado/Script.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestDatabase.h"
+
+namespace quorvel {
+namespace {
+
+using modDatabase::ExecSP;
+using modDatabase::NamedValue;
+using testing::ElementsAre;
+
+class SchemaTest : public testing::Test {
+ protected:
+  [[nodiscard]] std::int32_t Key(const std::string& table, const std::string& id) const {
+    // ttwGroup, GroupKey, GroupID and so on.
+    const std::string entity = table.substr(3);
+    return ToInt32(m_database.Ask("SELECT " + entity + "Key FROM " + table + " WHERE " + entity + "ID = '" + id + "'"));
+  }
+  [[nodiscard]] std::string Count(const std::string& from) const {
+    return m_database.Ask("SELECT COUNT(*) FROM " + from);
+  }
+
+  /// Every row of every table, as text.
+  [[nodiscard]] std::string Dump() const;
+
+  test::TestDatabase m_database;
+};
+
+constexpr const char* kTables[] = {"ttwBranch",       "ttwUser",       "ttwGroup",         "ttwGroupMember", "ttwRight",
+                                   "ttwContext",      "ttwRemarkType", "ttwRemarkRight",   "tciMemo",        "Customer",
+                                   "ttwRemarkEntity", "SalesOrder",    "ttwRemarkContext", "ttwSurrogateKey"};
+
+std::string SchemaTest::Dump() const {
+  std::string text;
+  const auto connection = m_database.Connect();
+  for (const char* table : kTables) {
+    text += std::string(table) + "\n";
+    for (const auto& row : test::RowsOf(*connection, std::string("SELECT * FROM ") + table)) text += row + "\n";
+  }
+  return text;
+}
+
+std::int32_t FailureOf(const std::string& procedure, std::initializer_list<NamedValue> pairs) {
+  try {
+    ExecSP(procedure, pairs);
+  } catch (const Error& error) {
+    return error.Number();
+  }
+  return 0;
+}
+
+Value Number(std::int32_t number) { return std::int64_t{number}; }
+
+TEST_F(SchemaTest, RunningTheScriptsAgainChangesNothing) {
+  ExecSP("spTWCAddUser", {{"@UserID", "later"}});
+  ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(1)}});
+  ExecSP("spTWCqvRemoveGroupMember", {{"@GroupKey", Number(1)}, {"@UserKey", Number(Key("ttwUser", "jsmith"))}});
+  const std::string before = Dump();
+  const auto connection = m_database.Connect();
+  for (const std::string_view script : {SchemaScript(), SampleScript()}) {
+    for (const ado::Batch& batch : ado::SplitBatches(script)) connection->Execute(batch.text);
+  }
+  EXPECT_EQ(Dump(), before);
+}
+
+TEST_F(SchemaTest, TheSampleIsWhole) {
+  EXPECT_EQ(Count("Customer"), "50");
+  EXPECT_EQ(Count("SalesOrder"), "20");
+  EXPECT_EQ(Count("ttwUser"), "4");
+  EXPECT_EQ(Count("ttwRemarkRight"), "12");
+  EXPECT_EQ(Key("ttwGroup", "Default"), 1);
+  EXPECT_EQ(m_database.Ask("SELECT MAX(n) FROM (SELECT COUNT(*) AS n FROM tciMemo GROUP BY EntityType, OwnerKey) s"),
+            "2000");
+  EXPECT_EQ(Count("tciMemo m LEFT JOIN ttwUser u ON u.UserID = m.UserID LEFT JOIN ttwRemarkType t ON t.RemarkTypeID = "
+                  "m.MemoType WHERE u.UserKey IS NULL OR t.RemarkTypeKey IS NULL"),
+            "0");
+  EXPECT_EQ(
+      Count("tciMemo m WHERE NOT EXISTS (SELECT * FROM Customer WHERE CustKey = m.OwnerKey AND m.EntityType = 501)"
+            " AND NOT EXISTS (SELECT * FROM SalesOrder WHERE OrderKey = m.OwnerKey AND m.EntityType = 801)"),
+      "0");
+  EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 2043);
+}
+
+TEST_F(SchemaTest, ADeleteTakesTheLinksAlong) {
+  struct Case {
+    const char* table;
+    const char* id;
+    std::vector<const char*> links;
+  };
+  ExecSP("spTWCAddRight", {{"@RightID", "ExportData"}});
+  ExecSP("spTWCqvAddGroupRight",
+         {{"@GroupKey", Number(Key("ttwGroup", "Collections"))}, {"@RightKey", Number(Key("ttwRight", "ExportData"))}});
+  ExecSP("spTWCqvAddGroupRight", {{"@GroupKey", Number(1)}, {"@RightKey", Number(Key("ttwRight", "ExportData"))}});
+  for (const Case& each : {Case{"ttwUser", "jsmith", {"ttwGroupMember"}},
+                           Case{"ttwGroup", "Collections", {"ttwRightAssignment", "ttwRemarkRight"}},
+                           Case{"ttwGroup", "Sales", {"ttwGroupMember", "ttwRemarkRight"}},
+                           Case{"ttwRight", "ExportData", {"ttwRightAssignment"}},
+                           Case{"ttwRemarkType", "Cust.AR.Coll", {"ttwRemarkRight", "ttwRemarkContext"}},
+                           Case{"ttwContext", "CustInq", {"ttwRemarkContext"}}}) {
+    const std::string entity = std::string(each.table).substr(3);
+    const std::int32_t key = Key(each.table, each.id);
+    const std::string where = " WHERE " + entity + "Key = " + std::to_string(key);
+    std::vector<int> others;
+    for (const std::string link : each.links) {
+      EXPECT_NE(Count(link + where), "0") << link;
+      others.push_back(ToInt32(Count(link)) - ToInt32(Count(link + where)));
+    }
+    ExecSP("spTWCDelete" + entity, {{"@" + entity + "Key", Number(key)}});
+    EXPECT_EQ(Count(each.table + where), "0");
+    for (std::size_t i = 0; i < each.links.size(); ++i) {
+      EXPECT_EQ(Count(each.links[i]), std::to_string(others[i])) << each.links[i] << where;
+    }
+  }
+  // The remarks of a type that is gone are still the host's.
+  EXPECT_EQ(Count("tciMemo WHERE MemoType = 'Cust.AR.Coll' AND OwnerKey = 45"), "2");
+}
+
+TEST_F(SchemaTest, AnEntityInUseIsNotDeleted) {
+  EXPECT_EQ(FailureOf("spTWCDeleteRemarkEntity", {{"@RemarkEntityKey", Number(Key("ttwRemarkEntity", "Order"))}}),
+            ErrorNumber::DbIntegrity);
+  EXPECT_EQ(Count("ttwRemarkEntity"), "2");
+  ExecSP("spTWCAddRemarkEntity", {{"@RemarkEntityID", "Vendor"}});
+  ExecSP("spTWCDeleteRemarkEntity", {{"@RemarkEntityKey", Number(Key("ttwRemarkEntity", "Vendor"))}});
+  EXPECT_EQ(Count("ttwRemarkEntity"), "2");
+}
+
+TEST_F(SchemaTest, ADeleteThatIsRefusedTakesNothing) {
+  m_database.Run("CREATE TABLE HostTeam (GroupKey int NOT NULL REFERENCES ttwGroup (GroupKey))");
+  m_database.Run("INSERT INTO HostTeam (GroupKey) SELECT GroupKey FROM ttwGroup WHERE GroupID = 'Sales'");
+  const std::string before = Dump();
+  EXPECT_EQ(FailureOf("spTWCDeleteGroup", {{"@GroupKey", Number(Key("ttwGroup", "Sales"))}}), ErrorNumber::DbIntegrity);
+  EXPECT_EQ(Dump(), before);
+}
+
+TEST_F(SchemaTest, AddsUnderTrimmedIDsThatAreUnique) {
+  const std::string longest(30, 'L');
+  const Value entity = Number(Key("ttwRemarkEntity", "Order"));
+  struct Case {
+    const char* procedure;
+    const char* table;
+    const char* parameter;
+    bool hasEntity;
+  };
+  for (const Case& each :
+       {Case{"spTWCAddUser", "ttwUser", "@UserID", false}, Case{"spTWCAddGroup", "ttwGroup", "@GroupID", false},
+        Case{"spTWCAddRight", "ttwRight", "@RightID", false},
+        Case{"spTWCAddRemarkEntity", "ttwRemarkEntity", "@RemarkEntityID", false},
+        Case{"spTWCAddRemarkType", "ttwRemarkType", "@RemarkTypeID", true},
+        Case{"spTWCAddContext", "ttwContext", "@ContextID", true}}) {
+    const auto add = [&](const std::string& id) {
+      return FailureOf(each.procedure, {{each.parameter, id}, {each.hasEntity ? "@RemarkEntityKey" : "", entity}});
+    };
+    EXPECT_EQ(add("New one "), 0) << each.procedure;
+    EXPECT_EQ(add("NEW ONE"), ErrorNumber::DbIntegrity) << each.procedure;
+    EXPECT_EQ(add(longest), 0) << each.procedure;
+    EXPECT_EQ(add(longest + "L"), ErrorNumber::AdoDataConversion) << each.procedure;
+    const std::string column = std::string(each.parameter).substr(1);
+    // LEN does not count trailing blanks, hence the point.
+    std::string trimmed = each.table + (" WHERE LEN(" + column);
+    trimmed.append(" + '.') = 8 AND ").append(column).append(" = 'new one'");
+    EXPECT_EQ(Count(trimmed), "1");
+  }
+  // What the administration has not filled in yet is empty, not NULL: the new context loads.
+  EXPECT_THAT(test::RowsOf(*m_database.Connect(), "EXEC spTWCqvGetContext 'New one'"),
+              ElementsAre("|801|Sales Order|spGetOrderName|0|0|1|0"));
+}
+
+TEST_F(SchemaTest, LinksComeAndGo) {
+  const Value group = Number(Key("ttwGroup", "Sales"));
+  const Value user = Number(Key("ttwUser", "guest"));
+  const Value type = Number(Key("ttwRemarkType", "Cust.Internal"));
+  const Value context = Number(Key("ttwContext", "CustInq"));
+  ExecSP("spTWCAddRight", {{"@RightID", "ExportData"}});
+  const Value right = Number(Key("ttwRight", "ExportData"));
+  struct Case {
+    const char* kind;
+    const char* table;
+    NamedValue first;
+    NamedValue second;
+  };
+  for (const Case& each :
+       {Case{"GroupMember", "ttwGroupMember", {"@GroupKey", group}, {"@UserKey", user}},
+        Case{"GroupRight", "ttwRightAssignment", {"@RightKey", right}, {"@GroupKey", group}},
+        Case{"RemarkRight", "ttwRemarkRight", {"@RemarkTypeKey", type}, {"@GroupKey", group}},
+        Case{"RemarkContext", "ttwRemarkContext", {"@RemarkTypeKey", type}, {"@ContextKey", context}}}) {
+    const std::string before = Count(each.table);
+    const std::string add = std::string("spTWCqvAdd") + each.kind;
+    ExecSP(add, {each.first, each.second});
+    EXPECT_EQ(FailureOf(add, {each.first, each.second}), ErrorNumber::DbIntegrity) << add;
+    EXPECT_EQ(FailureOf(add, {each.first, {each.second.first, Number(9999)}}), ErrorNumber::DbIntegrity) << add;
+    EXPECT_EQ(Count(each.table), std::to_string(ToInt32(before) + 1)) << add;
+    ExecSP(std::string("spTWCqvRemove") + each.kind, {each.first, each.second});
+    EXPECT_EQ(Count(each.table), before) << each.kind;
+  }
+}
+
+TEST_F(SchemaTest, AUserHasTheHighestOfTheGroupsRights) {
+  const auto rightsOf = [this](const std::string& user) {
+    return test::RowsOf(*m_database.Connect(), "EXEC spTWCqvGetUserRights '" + user + "'");
+  };
+  EXPECT_THAT(rightsOf("guest"), ElementsAre());
+  EXPECT_THAT(rightsOf("mjones"), testing::UnorderedElementsAre("Cust.General|1|1|0|0", "Cust.Credit|1|1|1|0",
+                                                                "Ord.Ship|1|1|1|1", "Ord.Note|1|1|1|0"));
+  m_database.Run(
+      "UPDATE ttwRemarkRight SET CanRead = 0, CanDelete = 1 WHERE GroupKey = 1 AND RemarkTypeKey = "
+      "(SELECT RemarkTypeKey FROM ttwRemarkType WHERE RemarkTypeID = 'Cust.General') "
+      "INSERT INTO ttwRemarkRight (GroupKey, RemarkTypeKey, CanRead, CanUpdate) SELECT g.GroupKey, t.RemarkTypeKey, 1, "
+      "1 "
+      "FROM ttwGroup g CROSS JOIN ttwRemarkType t WHERE g.GroupID = 'Sales' AND t.RemarkTypeID = 'Cust.General'");
+  EXPECT_THAT(rightsOf("MJONES "), testing::Contains("Cust.General|1|1|1|1"));
+}
+
+TEST_F(SchemaTest, MemosOfTheOwnerAndTheContextOnly) {
+  // The same owner key under another entity, and a type that the context does not show.
+  ExecSP("spTWCqvAddRemark", {{"@MemoKey", Number(9001)},
+                              {"@MemoType", "Cust.General"},
+                              {"@EntityType", Number(801)},
+                              {"@OwnerKey", Number(45)},
+                              {"@MemoText", "of an order"},
+                              {"@UserID", "admin"}});
+  ExecSP("spTWCqvAddRemark", {{"@MemoKey", Number(9002)},
+                              {"@MemoType", "No.Such.Type"},
+                              {"@EntityType", Number(501)},
+                              {"@OwnerKey", Number(45)},
+                              {"@MemoText", "of no type"},
+                              {"@UserID", "admin"}});
+  const auto memos = [](const char* context, std::int32_t entity, std::int32_t owner) {
+    return ExecSP("spTWCqvGetFilteredMemos",
+                  {{"@ContextID", context}, {"@EntityType", Number(entity)}, {"@OwnerKey", Number(owner)}})
+        ->RecordCount();
+  };
+  EXPECT_EQ(memos("CustMaint", 501, 45), 7);
+  EXPECT_EQ(memos("CustInq", 501, 45), 5);
+  EXPECT_EQ(memos("OrderEntry", 501, 45), 0);
+  EXPECT_EQ(memos("CustMaint", 801, 45), 1);
+  EXPECT_EQ(memos("CustMaint", 501, 4), 0);
+}
+
+TEST_F(SchemaTest, KeysAreNeverGivenTwice) {
+  // The host may number its own memos; rows that go leave no key to use again.
+  m_database.Run("UPDATE tciMemo SET MemoKey = 5000 WHERE MemoKey = 2042");
+  EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 5001);
+  m_database.Run("DELETE FROM tciMemo");
+  EXPECT_EQ(modDatabase::GetNextSurrogateKey("TCIMEMO"), 5002);
+  EXPECT_EQ(modDatabase::GetNextSurrogateKey("SalesOrder"), 1);
+  EXPECT_EQ(modDatabase::GetNextSurrogateKey("SalesOrder"), 2);
+  EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 5003);
+}
+
+}  // namespace
+}  // namespace quorvel
