@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/DateTime.h"
+#include "runtime/RemarkType.h"
+
+namespace quorvel {
+
+/// One remark: a row of the host's memo table. Writing a property never sets Dirty: whoever edits a remark does.
+class Remark {
+ public:
+  [[nodiscard]] const std::shared_ptr<quorvel::RemarkType>& RemarkType() const noexcept { return m_remarkType; }
+  void SetRemarkType(std::shared_ptr<quorvel::RemarkType> type) noexcept { m_remarkType = std::move(type); }
+  /// 0 for a remark that was never stored.
+  [[nodiscard]] std::int32_t MemoKey() const noexcept { return m_memoKey; }
+  void SetMemoKey(std::int32_t key) noexcept { m_memoKey = key; }
+  [[nodiscard]] DateTime DateStamp() const noexcept { return m_dateStamp; }
+  void SetDateStamp(DateTime dateStamp) noexcept { m_dateStamp = dateStamp; }
+  [[nodiscard]] const std::string& UserID() const noexcept { return m_userID; }
+  void SetUserID(std::string userID) noexcept { m_userID = std::move(userID); }
+  [[nodiscard]] const std::string& MemoText() const noexcept { return m_memoText; }
+  void SetMemoText(std::string text) noexcept { m_memoText = std::move(text); }
+  [[nodiscard]] bool Dirty() const noexcept { return m_dirty; }
+  void SetDirty(bool dirty) noexcept { m_dirty = dirty; }
+
+  /// Taken from the type; empty, 0 or false without one (the keys also without a context).
+  [[nodiscard]] const std::string& TypeID() const noexcept;
+  [[nodiscard]] const std::string& TypeCaption() const noexcept;
+  [[nodiscard]] bool ShowPopup() const noexcept;
+  [[nodiscard]] std::int32_t OwnerKey() const noexcept;
+  [[nodiscard]] std::int32_t EntityKey() const noexcept;
+
+  /// Writes the remark: an insert under a new key when MemoKey is 0, else an update. Text and user go trimmed, the
+  /// remark keeps its blanks. A key once drawn stays when the insert fails. Database errors pass through; Dirty
+  /// is cleared only after success. Error 91, with nothing written, when the type's context was disposed of, or
+  /// when the remark has neither user nor type.
+  void Commit();
+
+  /// Deletes the row; does nothing with key 0. The fields stay as they are.
+  void Delete() const;
+
+  /// A copy for RemarkList::Backup: everything but UserID, which stays empty.
+  [[nodiscard]] std::shared_ptr<Remark> Copy() const;
+
+ private:
+  std::shared_ptr<quorvel::RemarkType> m_remarkType;
+  std::string m_memoText;
+  std::string m_userID;
+  DateTime m_dateStamp = kZeroDate;
+  std::int32_t m_memoKey = 0;
+  bool m_dirty = false;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,136 @@
+#include "runtime/RemarkContext.h"
+
+#include <algorithm>
+
+#include "data/modDatabase.h"
+#include "data/modUserName.h"
+#include "platform/Error.h"
+#include "platform/Prompts.h"
+#include "platform/Text.h"
+#include "runtime/RemarkWindows.h"
+
+namespace quorvel {
+
+std::shared_ptr<RemarkContext> RemarkContext::Create() { return std::make_shared<RemarkContext>(Private{}); }
+
+void RemarkContext::SetOwnerID(const std::string& ownerID) {
+  if (EqualIgnoringCase(ownerID, m_ownerID)) return;
+  Save(false);
+  m_ownerID = ownerID;
+  LoadMemos();
+}
+
+void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
+  m_ownerKey = ownerKey;
+  if (!m_remarkList) ThrowObjectNotSet();
+  m_remarkList->Clear(true);
+}
+
+std::shared_ptr<RemarkType> RemarkContext::Item(const Value& i_vIndexKey) const noexcept {
+  return m_types ? m_types->Item(i_vIndexKey) : nullptr;
+}
+
+std::int32_t RemarkContext::TypeCount() const noexcept { return m_types ? m_types->Count() : 0; }
+
+std::int32_t RemarkContext::MemoCount() const noexcept { return m_remarkList ? m_remarkList->Count() : 0; }
+
+std::int32_t RemarkContext::PopupCount() const noexcept { return m_remarkList ? m_remarkList->PopupCount() : 0; }
+
+std::int32_t RemarkContext::CreateableTypes() const noexcept {
+  if (!m_types) return 0;
+  const auto& types = m_types->All();
+  return static_cast<std::int32_t>(
+      std::count_if(types.begin(), types.end(), [](const auto& type) { return type->CanCreate() > 0; }));
+}
+
+std::string RemarkContext::ConnectionString() const { return modDatabase::Settings().ConnectionString(); }
+
+std::string RemarkContext::Server() const { return modDatabase::Settings().Server(); }
+
+// A negative right counts here, unlike where remarks are shown and types are offered.
+bool RemarkContext::CanUpdate(std::int32_t i_lIndex) const {
+  const auto type = TypeOfRemark(i_lIndex);
+  return type && type->CanUpdate() != 0;
+}
+
+bool RemarkContext::CanDelete(std::int32_t i_lIndex) const {
+  const auto type = TypeOfRemark(i_lIndex);
+  return type && type->CanDelete() != 0;
+}
+
+bool RemarkContext::CanCreate(std::int32_t i_lIndex) const {
+  const auto type = TypeOfRemark(i_lIndex);
+  return type && type->CanCreate() != 0;
+}
+
+std::shared_ptr<RemarkType> RemarkContext::TypeOfRemark(std::int32_t index) const {
+  const auto remark = m_remarkList ? m_remarkList->Item(std::int64_t{index}) : nullptr;
+  return remark ? Item(remark->TypeID()) : nullptr;
+}
+
+void RemarkContext::Edit(const std::string& i_sContextID, const std::string& i_sOwnerID, const std::string& i_sUserID) {
+  Load(i_sContextID, i_sOwnerID, i_sUserID);
+  EditMemos(false);
+}
+
+void RemarkContext::Popup(const std::string& i_sContextID, const std::string& i_sOwnerID,
+                          const std::string& i_sUserID) {
+  Load(i_sContextID, i_sOwnerID, i_sUserID);
+  PopupMemos(false);
+}
+
+void RemarkContext::Save(bool bForceSave) {
+  if (!m_remarkList || !m_remarkList->Dirty()) return;
+  if (!bForceSave) {
+    if (m_editBehavior == EditBehavior::NoAutoSave) return;
+    if (m_editBehavior == EditBehavior::PromptForSave &&
+        CurrentPrompts().ShowMessage("Save changes to these remarks?", "Edit Remarks", PromptButtons::YesNo,
+                                     PromptIcon::Question) != PromptAnswer::Yes) {
+      return;
+    }
+  }
+  m_remarkList->Save();
+}
+
+void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText,
+                              const std::string& i_sUserID) {
+  auto type = Item(i_vRemarkTypeIndex);
+  if (!type) {
+    throw Error(ErrorNumber::Component, "RemarkContext.AddRemark", "Illegal remark type for this context");
+  }
+  if (!m_remarkList) m_remarkList = std::make_shared<quorvel::RemarkList>();
+  auto remark = std::make_shared<Remark>();
+  remark->SetRemarkType(std::move(type));
+  remark->SetMemoText(i_sRemarkText);
+  // Not the user whose rights were loaded: the host may load a context for somebody else.
+  remark->SetUserID(i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID);
+  remark->SetDateStamp(Now());
+  remark->SetDirty(true);
+  m_remarkList->AddRemark(std::move(remark));
+}
+
+void RemarkContext::PopupMemos(bool i_bRefresh) {
+  if (i_bRefresh) RefreshRemarkList();
+  CurrentRemarkWindows("RemarkContext.PopupMemos").ViewPopup(*this);
+}
+
+void RemarkContext::EditMemos(bool i_bRefresh) {
+  if (i_bRefresh) RefreshRemarkList();
+  CurrentRemarkWindows("RemarkContext.EditMemos").ViewEdit(*this);
+}
+
+void RemarkContext::ViewManager(std::int32_t i_lModal) {
+  CurrentRemarkWindows("RemarkContext.ViewManager").ViewManager(i_lModal);
+}
+
+void RemarkContext::Dispose() noexcept {
+  // The types may hold the last references to this object.
+  const auto keepAlive = weak_from_this().lock();
+  if (m_remarkList) m_remarkList->Clear(true);
+  m_remarkList = nullptr;
+  if (!m_types) return;
+  for (const auto& type : m_types->All()) type->SetContext(nullptr);
+  m_types = nullptr;
+}
+
+}  // namespace quorvel

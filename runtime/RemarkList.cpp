@@ -1,0 +1,108 @@
+#include "runtime/RemarkList.h"
+
+#include <algorithm>
+
+#include "platform/Error.h"
+
+namespace quorvel {
+namespace {
+
+using Collection = RemarkList::Collection;
+
+std::shared_ptr<Collection> CopyOf(const std::shared_ptr<Collection>& remarks) {
+  auto copy = std::make_shared<Collection>();
+  if (!remarks) return copy;
+  copy->reserve(remarks->size());
+  for (const auto& remark : *remarks) copy->push_back(remark->Copy());
+  return copy;
+}
+
+bool IsPosition(std::int32_t position, const Collection& remarks) {
+  return position >= 1 && static_cast<std::size_t>(position) <= remarks.size();
+}
+
+}  // namespace
+
+RemarkList::RemarkList() : m_items(std::make_shared<Collection>()), m_deleted(std::make_shared<Collection>()) {}
+
+RemarkList::~RemarkList() { Clear(false); }
+
+std::shared_ptr<Remark> RemarkList::Item(const Value& i_vIndexKey) const noexcept {
+  if (!m_items || IsText(i_vIndexKey)) return nullptr;
+  try {
+    const std::int32_t position = ToInt32(i_vIndexKey);
+    if (IsPosition(position, *m_items)) return (*m_items)[static_cast<std::size_t>(position) - 1];
+  } catch (const Error&) {
+    // An index that is no number finds no remark.
+  }
+  return nullptr;
+}
+
+std::int32_t RemarkList::Count() const noexcept { return m_items ? static_cast<std::int32_t>(m_items->size()) : 0; }
+
+std::int32_t RemarkList::PopupCount() const noexcept {
+  if (!m_items) return 0;
+  return static_cast<std::int32_t>(
+      std::count_if(m_items->begin(), m_items->end(), [](const auto& remark) { return remark->ShowPopup(); }));
+}
+
+bool RemarkList::Dirty() const noexcept {
+  if (m_deleted && !m_deleted->empty()) return true;
+  return m_items && std::any_of(m_items->begin(), m_items->end(), [](const auto& remark) { return remark->Dirty(); });
+}
+
+std::int32_t RemarkList::Index(const std::shared_ptr<Remark>& i_oRemark) const noexcept {
+  if (!m_items) return 0;
+  const auto found = std::find(m_items->begin(), m_items->end(), i_oRemark);
+  return found == m_items->end() ? 0 : static_cast<std::int32_t>(found - m_items->begin()) + 1;
+}
+
+void RemarkList::Backup() {
+  m_backupItems = CopyOf(m_items);
+  m_backupDeleted = CopyOf(m_deleted);
+}
+
+void RemarkList::Restore() noexcept {
+  m_items = m_backupItems;
+  m_deleted = m_backupDeleted;
+}
+
+std::shared_ptr<Remark> RemarkList::Add() {
+  auto remark = std::make_shared<Remark>();
+  AddRemark(remark);
+  return remark;
+}
+
+void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) {
+  if (!m_items || !i_oRemark) ThrowObjectNotSet();
+  m_items->push_back(std::move(i_oRemark));
+}
+
+void RemarkList::Save() {
+  if (m_items) {
+    for (const auto& remark : *m_items) {
+      if (remark->Dirty()) remark->Commit();
+    }
+  }
+  if (m_deleted) {
+    for (const auto& remark : *m_deleted) remark->Delete();
+    m_deleted = std::make_shared<Collection>();
+  }
+}
+
+void RemarkList::Remove(const Value& i_vIndexKey) {
+  if (!m_items || !m_deleted) ThrowObjectNotSet();
+  if (IsText(i_vIndexKey)) ThrowInvalidCall();
+  const std::int32_t position = ToInt32(i_vIndexKey);
+  if (!IsPosition(position, *m_items)) ThrowSubscriptOutOfRange();
+  const auto item = m_items->begin() + (position - 1);
+  m_deleted->push_back(*item);
+  m_items->erase(item);
+}
+
+void RemarkList::Clear(bool i_bRecreateCollection) noexcept {
+  m_items = i_bRecreateCollection ? std::make_shared<Collection>() : nullptr;
+  m_deleted = i_bRecreateCollection ? std::make_shared<Collection>() : nullptr;
+}
+
+}  // namespace quorvel

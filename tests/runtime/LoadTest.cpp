@@ -1,0 +1,281 @@
+#include <string>
+#include <vector>
+
+#include "data/modUserName.h"
+#include "tests/runtime/RuntimeTest.h"
+
+namespace quorvel {
+namespace {
+
+using test::ContextHolder;
+using test::ErrorOf;
+using test::HasNumber;
+using test::IsError;
+using test::Number;
+using test::RemarkAt;
+using testing::ElementsAre;
+using testing::StartsWith;
+
+class LoadTest : public testing::Test {
+ protected:
+  test::TestDatabase m_database;
+  test::PromptsGuard m_prompts;
+};
+
+std::vector<std::string> TypeIDs(const ContextHolder& context) {
+  std::vector<std::string> ids;
+  for (const auto& type : context->Types()->All()) ids.push_back(type->TypeID());
+  return ids;
+}
+
+std::string RightsOf(const RemarkType& type) {
+  return std::to_string(type.CanCreate()) + std::to_string(type.CanRead()) + std::to_string(type.CanUpdate()) +
+         std::to_string(type.CanDelete());
+}
+
+TEST_F(LoadTest, AUserSeesTheRemarksOfReadableTypes) {
+  struct Case {
+    const char* context;
+    const char* owner;
+    const char* user;
+    int memos;
+    int popups;
+    int createable;
+  };
+  for (const Case& each :
+       {Case{"CustMaint", "C1044", "jsmith", 6, 3, 2}, Case{"CustMaint", "C1044", "mjones", 4, 1, 2},
+        Case{"CustMaint", "C1044", "admin", 7, 3, 4}, Case{"CustMaint", "C1044", "guest", 0, 0, 0},
+        Case{"CustMaint", "C1044", "nobody", 0, 0, 0}, Case{"CustInq", "C1044", "jsmith", 5, 2, 2},
+        Case{"OrderEntry", "SO20001", "mjones", 2, 1, 2}, Case{"CustMaint", "C1007", "admin", 2000, 1000, 4}}) {
+    const ContextHolder context(each.context, each.owner, each.user);
+    const std::string what = std::string(each.context) + " " + each.owner + " as " + each.user;
+    EXPECT_EQ(context->MemoCount(), each.memos) << what;
+    EXPECT_EQ(context->PopupCount(), each.popups) << what;
+    EXPECT_EQ(context->CreateableTypes(), each.createable) << what;
+  }
+}
+
+TEST_F(LoadTest, FillsTheWholeObject) {
+  // The host's own wish gives way to what the database says.
+  const ContextHolder context;
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  context->Load("custmaint", "c1044", "JSMITH");
+
+  EXPECT_EQ(context->Caption(), "Customer Maintenance");
+  EXPECT_EQ(context->EntityKey(), 501);
+  EXPECT_EQ(context->EntityName(), "Customer");
+  EXPECT_EQ(context->OwnerKey(), 45);
+  EXPECT_EQ(context->OwnerName(), "Acme Tools");
+  EXPECT_TRUE(context->GroupByType());
+  EXPECT_TRUE(context->AllowRowSizing());
+  EXPECT_EQ(context->RowHeight(), 2);
+  EXPECT_EQ(context->EditBehavior(), EditBehavior::PromptForSave);
+  EXPECT_EQ(context->Server(), "(embedded)");
+
+  EXPECT_THAT(TypeIDs(context), ElementsAre("Cust.AR.Coll", "Cust.Credit", "Cust.General", "Cust.Internal"));
+  EXPECT_EQ(RightsOf(*context->Item(Number(1))), "1111");
+  EXPECT_EQ(RightsOf(*context->Item(Number(2))), "0100");
+  EXPECT_EQ(RightsOf(*context->Item("CUST.GENERAL")), "1100");
+  EXPECT_EQ(RightsOf(*context->Item("Cust.Internal")), "0000");
+  EXPECT_TRUE(context->Item("Cust.Credit")->ShowPopup());
+  EXPECT_FALSE(context->Item("Cust.General")->ShowPopup());
+  for (const Value& missing : {Number(0), Number(5), Value("Cust"), Value(""), Value(Null{}), Value("1")}) {
+    EXPECT_EQ(context->Item(missing), nullptr);
+  }
+
+  const Remark& first = RemarkAt(context, 1);
+  EXPECT_EQ(first.TypeCaption(), "Collections");
+  EXPECT_EQ(first.UserID(), "jsmith");
+  EXPECT_EQ(FormatDateTime(first.DateStamp()), "2024-03-11 13:30:00.000");
+  EXPECT_THAT(first.MemoText(), StartsWith("Dana promised payment"));
+  EXPECT_EQ(first.EntityKey(), 501);
+  EXPECT_EQ(first.OwnerKey(), 45);
+  EXPECT_FALSE(context->RemarkList()->Dirty());
+}
+
+TEST_F(LoadTest, RemarksThatPopUpComeFirstThenTheNewest) {
+  m_database.Run(
+      "UPDATE tciMemo SET DateStamp = '20240304 08:45:00' WHERE OwnerKey = 45 AND MemoType = 'Cust.General'");
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  std::vector<std::pair<std::string, int>> order;
+  for (const auto& remark : *context->RemarkList()->Items()) order.emplace_back(remark->TypeID(), remark->MemoKey());
+  using Entry = std::pair<std::string, int>;
+  EXPECT_THAT(order, ElementsAre(Entry("Cust.AR.Coll", 7), Entry("Cust.AR.Coll", 4), Entry("Cust.Credit", 3),
+                                 Entry("Cust.General", 6), Entry("Cust.General", 2), Entry("Cust.General", 1),
+                                 Entry("Cust.Internal", 5)));
+}
+
+TEST_F(LoadTest, RightsOfRemarksFollowTheirTypes) {
+  const ContextHolder context("CustMaint", "C1044", "jsmith");
+  EXPECT_TRUE(context->CanUpdate(1) && context->CanDelete(1) && context->CanCreate(1));
+  EXPECT_FALSE(context->CanUpdate(3) || context->CanDelete(3) || context->CanCreate(3));
+  EXPECT_FALSE(context->CanUpdate(0) || context->CanUpdate(7) || context->CanUpdate(-1));
+  // A remark whose type this context does not know.
+  context->RemarkList()->Add();
+  EXPECT_FALSE(context->CanUpdate(7));
+}
+
+TEST_F(LoadTest, ANegativeRightCountsForSomeQuestionsOnly) {
+  m_database.Run(
+      "UPDATE ttwRemarkRight SET CanCreate = -1, CanUpdate = -1, CanDelete = -1 WHERE RemarkTypeKey = "
+      "(SELECT RemarkTypeKey FROM ttwRemarkType WHERE RemarkTypeID = 'Cust.AR.Coll')");
+  {
+    const ContextHolder context("CustMaint", "C1044", "jsmith");
+    EXPECT_EQ(context->CreateableTypes(), 1);
+    EXPECT_TRUE(context->CanUpdate(1) && context->CanDelete(1) && context->CanCreate(1));
+  }
+  m_database.Run("UPDATE ttwRemarkRight SET CanRead = -1");
+  const ContextHolder context("CustMaint", "C1044", "jsmith");
+  EXPECT_EQ(context->MemoCount(), 0);
+}
+
+TEST_F(LoadTest, AnUnknownContextEndsItBeforeAnythingElse) {
+  const ContextHolder context("CustMaint", "C1044", "jsmith");
+  EXPECT_THAT(ErrorOf([&] { context->Load("Nowhere", "C1000", "mjones"); }),
+              IsError(-1, "RemarkContext.LoadContext", "ContextID [Nowhere] not found"));
+  EXPECT_EQ(context->ContextID(), "Nowhere");
+  EXPECT_EQ(context->Caption(), "Customer Maintenance");
+  EXPECT_EQ(context->UserID(), "jsmith");
+  EXPECT_EQ(context->OwnerID(), "C1044");
+  EXPECT_EQ(context->MemoCount(), 6);
+}
+
+TEST_F(LoadTest, AnUnknownOwnerLeavesAnEmptyList) {
+  const ContextHolder context("CustMaint", "C1044", "jsmith");
+  EXPECT_THAT(ErrorOf([&] { context->Load("CustInq", "C9999", "mjones"); }),
+              IsError(-1, "RemarkContext.LoadMemos", "OwnerID [C9999] not found"));
+  EXPECT_EQ(context->UserID(), "mjones");
+  EXPECT_EQ(context->TypeCount(), 2);
+  EXPECT_EQ(context->OwnerKey(), 0);
+  EXPECT_EQ(context->OwnerName(), "");
+  EXPECT_EQ(context->RemarkList()->Count(), 0);
+}
+
+TEST_F(LoadTest, WhateverKeepsTheOwnerLookupFromRunningReadsTheSame) {
+  const auto notLoaded = IsError(-1, "RemarkContext.LoadMemos", "Context has not been loaded");
+  const ContextHolder fresh;
+  EXPECT_THAT(ErrorOf([&] { fresh->SetOwnerID("C1044"); }), notLoaded);
+  EXPECT_EQ(fresh->OwnerID(), "C1044");
+
+  const ContextHolder context("CustMaint", "C1044", "jsmith");
+  EXPECT_THAT(ErrorOf([&] { context->SetOwnerID(std::string(31, 'C')); }), notLoaded);
+  for (const char* procedure : {"", "spNoSuchProcedure", "spTWCqvGetContext"}) {
+    m_database.Run(std::string("UPDATE ttwRemarkEntity SET spGetOwnerName = '") + procedure + "'");
+    if (std::string(procedure) == "spTWCqvGetContext") {
+      // This one runs, but tells no owner: that is no failure to run it.
+      EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "CustMaint", "jsmith"); }),
+                  HasNumber(ErrorNumber::AdoItemNotFound));
+    } else {
+      EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "jsmith"); }), notLoaded) << procedure;
+    }
+  }
+}
+
+TEST_F(LoadTest, WithoutOwnerOrUserItStillLoads) {
+  const ContextHolder context("CustMaint", "", "");
+  EXPECT_EQ(context->UserID(), modUserName::GetUserName());
+  EXPECT_EQ(context->TypeCount(), 4);
+  EXPECT_EQ(context->OwnerKey(), 0);
+  ASSERT_NE(context->RemarkList(), nullptr);
+  EXPECT_EQ(context->MemoCount(), 0);
+
+  // Without an owner a refresh neither asks nor replaces the list.
+  context->AddRemark(Number(1), "kept");
+  context->RefreshRemarkList();
+  EXPECT_EQ(context->MemoCount(), 1);
+}
+
+TEST_F(LoadTest, AnotherOwnerIDMovesToThatOwner) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  const auto list = context->RemarkList();
+  RemarkAt(context, 1).SetDirty(true);
+  context->SetOwnerID("c1044");
+  EXPECT_EQ(context->RemarkList(), list);
+  EXPECT_EQ(context->OwnerID(), "C1044");
+
+  m_prompts->answers = {PromptAnswer::No};
+  context->SetOwnerID("C1000");
+  EXPECT_EQ(context->OwnerName(), "Alder Creek Hardware");
+  EXPECT_EQ(context->MemoCount(), 1);
+  EXPECT_EQ(m_prompts->shown.size(), 1U);
+}
+
+TEST_F(LoadTest, AnotherOwnerKeyOnlyEmptiesTheList) {
+  const ContextHolder context;
+  EXPECT_THAT(ErrorOf([&] { context->SetOwnerKey(7); }), HasNumber(ErrorNumber::ObjectNotSet));
+  EXPECT_EQ(context->OwnerKey(), 7);
+
+  context->Load("CustMaint", "C1044", "admin");
+  const auto list = context->RemarkList();
+  RemarkAt(context, 1).SetDirty(true);
+  context->SetOwnerKey(46);
+  EXPECT_EQ(context->RemarkList(), list);
+  EXPECT_EQ(list->Count(), 0);
+  EXPECT_FALSE(list->Dirty());
+  EXPECT_EQ(context->OwnerName(), "Acme Tools");
+}
+
+TEST_F(LoadTest, ErrorsOfTheDatabasePassUnchanged) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  EXPECT_THAT(ErrorOf([&] { context->Load(std::string(31, 'X'), "C1044", "admin"); }),
+              HasNumber(ErrorNumber::AdoDataConversion));
+  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", std::string(31, 'X')); }),
+              HasNumber(ErrorNumber::AdoDataConversion));
+
+  m_database.Run("UPDATE ttwRemarkEntity SET AcuityEntityKey = 40000 WHERE RemarkEntityID = 'Customer'");
+  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::Overflow));
+  EXPECT_EQ(context->EntityKey(), 40000);
+  EXPECT_EQ(context->OwnerName(), "Acme Tools");
+  EXPECT_EQ(context->MemoCount(), 0);
+
+  m_database.Run("DROP PROCEDURE spTWCqvGetUserRights");
+  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "mjones"); }), HasNumber(ErrorNumber::DbStatement));
+  EXPECT_EQ(context->UserID(), "mjones");
+}
+
+TEST_F(LoadTest, OddRowsOfTheReadProcedures) {
+  const ContextHolder context;
+  // A type in other letters still finds its rights and remarks; a second one under the same key is refused.
+  m_database.Run(
+      "ALTER PROCEDURE spTWCqvGetRemarkTypes @ContextID varchar(30) AS SELECT 'CUST.CREDIT' AS TypeID, 'Credit' AS "
+      "Caption, -1 AS Priority");
+  context->Load("CustMaint", "C1044", "admin");
+  EXPECT_EQ(context->MemoCount(), 1);
+  EXPECT_EQ(context->PopupCount(), 1);
+  m_database.Run(
+      "ALTER PROCEDURE spTWCqvGetRemarkTypes @ContextID varchar(30) AS SELECT 'A' AS TypeID, 'First' AS Caption, 0 AS "
+      "Priority UNION ALL SELECT 'a', 'Second', 0");
+  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::DuplicateKey));
+  EXPECT_EQ(context->TypeCount(), 1);
+
+  m_database.Run(
+      "ALTER PROCEDURE spTWCqvGetContext @ContextID varchar(30) AS SELECT 'New' AS Caption, 501 AS EntityKey, NULL AS "
+      "EntityName, 'spGetCustomerName' AS spGetOwnerName, 1 AS GroupByType, 1 AS AllowRowSizing, 9 AS RowHeight, 0 AS "
+      "EditBehavior");
+  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::InvalidUseOfNull));
+  EXPECT_EQ(context->Caption(), "New");
+  EXPECT_EQ(context->RowHeight(), 2);
+}
+
+TEST_F(LoadTest, ARefreshThatFailsPartWayKeepsWhatItRead) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  m_database.Run(
+      "ALTER PROCEDURE spTWCqvGetFilteredMemos @ContextID varchar(30), @EntityType smallint, @OwnerKey int AS "
+      "SELECT MemoType AS TypeID, MemoKey, DateStamp, UserID, CASE WHEN MemoKey = 3 THEN NULL ELSE MemoText END AS "
+      "MemoText FROM tciMemo WHERE OwnerKey = @OwnerKey AND EntityType = @EntityType ORDER BY MemoKey");
+  EXPECT_THAT(ErrorOf([&] { context->RefreshRemarkList(); }), HasNumber(ErrorNumber::InvalidUseOfNull));
+  ASSERT_EQ(context->MemoCount(), 3);
+  EXPECT_EQ(RemarkAt(context, 2).MemoKey(), 2);
+  EXPECT_EQ(RemarkAt(context, 3).MemoText(), "");
+}
+
+TEST_F(LoadTest, ADatabaseWithoutTheSchemaIsAnErrorThatNamesWhatIsMissing) {
+  const test::TestDatabase empty(test::TestDatabase::Content::Empty);
+  const ContextHolder context;
+  const Error error = ErrorOf([&] { context->Load("CustMaint", "C1044", "jsmith"); });
+  EXPECT_EQ(error.Number(), ErrorNumber::DbStatement);
+  EXPECT_THAT(error.Description(), testing::HasSubstr("spTWCqvGetContext"));
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,188 @@
+#include "runtime/RemarkList.h"
+
+#include <string>
+
+#include "tests/runtime/RuntimeTest.h"
+
+namespace quorvel {
+namespace {
+
+using test::ContextHolder;
+using test::ErrorOf;
+using test::HasNumber;
+using test::Number;
+using test::RemarkAt;
+
+std::shared_ptr<Remark> AddText(RemarkList& list, const std::string& text) {
+  auto remark = list.Add();
+  remark->SetMemoText(text);
+  return remark;
+}
+
+TEST(RemarkListTest, ItemSwallowsWhatRemoveRaises) {
+  RemarkList list;
+  const auto first = AddText(list, "first");
+  const auto second = AddText(list, "second");
+  EXPECT_EQ(list.Item(Number(2)), second);
+  EXPECT_EQ(list.Item(1.5), second);
+  for (const Value& index :
+       {Number(3), Number(0), Number(-1), Number(5'000'000'000), Value("X"), Value("1"), Value("")})
+    EXPECT_EQ(list.Item(index), nullptr);
+  EXPECT_EQ(list.Index(second), 2);
+  EXPECT_EQ(list.Index(second->Copy()), 0);
+
+  EXPECT_THAT(ErrorOf([&] { list.Remove(Number(3)); }), HasNumber(ErrorNumber::SubscriptOutOfRange));
+  EXPECT_THAT(ErrorOf([&] { list.Remove(Number(0)); }), HasNumber(ErrorNumber::SubscriptOutOfRange));
+  EXPECT_THAT(ErrorOf([&] { list.Remove("first"); }), HasNumber(ErrorNumber::InvalidCall));
+  EXPECT_FALSE(list.Dirty());
+  list.Remove(Number(1));
+  EXPECT_EQ(list.Item(Number(1)), second);
+  EXPECT_EQ(list.Index(first), 0);
+  EXPECT_TRUE(list.Dirty());
+}
+
+TEST(RemarkListTest, RestoreSharesItsCollectionsWithTheBackup) {
+  RemarkList list;
+  const auto remark = AddText(list, "before");
+  remark->SetUserID("jsmith");
+  remark->SetMemoKey(12);
+  remark->SetDirty(true);
+  list.Backup();
+  remark->SetMemoText("edited");
+  list.Remove(Number(1));
+  list.Restore();
+
+  ASSERT_EQ(list.Count(), 1);
+  const auto copy = list.Item(Number(1));
+  EXPECT_NE(copy, remark);
+  EXPECT_EQ(copy->MemoText(), "before");
+  EXPECT_EQ(copy->MemoKey(), 12);
+  EXPECT_TRUE(copy->Dirty());
+  EXPECT_EQ(copy->UserID(), "");
+
+  // The backup is live now: a second restore brings nothing back.
+  copy->SetMemoText("edited again");
+  AddText(list, "added");
+  list.Restore();
+  EXPECT_EQ(list.Count(), 2);
+  EXPECT_EQ(list.Item(Number(1))->MemoText(), "edited again");
+}
+
+TEST(RemarkListTest, WithoutCollectionsItCountsNothingAndTakesNothing) {
+  for (const bool byRestore : {true, false}) {
+    RemarkList list;
+    AddText(list, "gone")->SetDirty(true);
+    if (byRestore) {
+      list.Restore();
+    } else {
+      list.Clear(false);
+    }
+    EXPECT_EQ(list.Count() + list.PopupCount(), 0);
+    EXPECT_EQ(list.Item(Number(1)), nullptr);
+    EXPECT_FALSE(list.Dirty());
+    EXPECT_EQ(list.Items(), nullptr);
+    list.Save();
+    EXPECT_THAT(ErrorOf([&] { list.Add(); }), HasNumber(ErrorNumber::ObjectNotSet));
+    EXPECT_THAT(ErrorOf([&] { list.Remove(Number(1)); }), HasNumber(ErrorNumber::ObjectNotSet));
+    list.Clear();
+    AddText(list, "usable again");
+    EXPECT_EQ(list.Count(), 1);
+  }
+}
+
+class RemarkCommitTest : public testing::Test {
+ protected:
+  [[nodiscard]] std::string Row(std::int32_t key) const {
+    return m_database.Ask(
+        "SELECT MemoType + '|' + CAST(EntityType AS varchar(6)) + '|' + CAST(OwnerKey AS varchar(9)) + '|' + UserID + "
+        "'|' + MemoText FROM tciMemo WHERE MemoKey = " +
+        std::to_string(key));
+  }
+
+  test::TestDatabase m_database;
+  ContextHolder m_context{"CustMaint", "C1044", "admin"};
+};
+
+TEST_F(RemarkCommitTest, WritesTrimmedAndFillsTheUserFromTheContext) {
+  Remark& remark = RemarkAt(m_context, 1);
+  const DateTime before = Now();
+  remark.SetMemoText("  two  words \t ");
+  remark.SetUserID("");
+  remark.SetRemarkType(m_context->Item("Cust.Credit"));
+  remark.SetDirty(true);
+  m_context->RemarkList()->Save();
+  EXPECT_EQ(Row(7), "Cust.Credit|501|45|admin|two  words \t");
+  EXPECT_EQ(remark.MemoText(), "  two  words \t ");
+  EXPECT_FALSE(remark.Dirty());
+  EXPECT_GE(remark.DateStamp(), before);
+  EXPECT_NE(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoKey = 7 AND DateStamp > '20240601'"), "0");
+}
+
+TEST_F(RemarkCommitTest, AFailedInsertKeepsItsKeyAndTheNextTryUpdates) {
+  const auto remark = m_context->RemarkList()->Add();
+  remark->SetRemarkType(m_context->Item(Number(3)));
+  remark->SetMemoText("lost");
+  remark->SetUserID(std::string(31, 'x'));
+  remark->SetDirty(true);
+  EXPECT_THAT(ErrorOf([&] { m_context->RemarkList()->Save(); }), HasNumber(ErrorNumber::AdoDataConversion));
+  EXPECT_EQ(remark->MemoKey(), 2043);
+  EXPECT_TRUE(remark->Dirty());
+
+  remark->SetUserID("jsmith");
+  m_context->RemarkList()->Save();
+  EXPECT_FALSE(remark->Dirty());
+  EXPECT_EQ(Row(2043), "") << "the update of a row that was never inserted";
+}
+
+TEST_F(RemarkCommitTest, AnErrorStopsTheSaveAndForgetsNothing) {
+  auto& list = *m_context->RemarkList();
+  const auto good = list.Item(Number(1));
+  const auto bad = list.Item(Number(2));
+  const auto never = list.Item(Number(3));
+  for (const auto& remark : {good, bad, never}) {
+    remark->SetMemoText("changed");
+    remark->SetDirty(true);
+  }
+  bad->SetUserID(std::string(31, 'x'));
+  list.Remove(Number(7));
+  EXPECT_THAT(ErrorOf([&] { list.Save(); }), HasNumber(ErrorNumber::AdoDataConversion));
+  EXPECT_FALSE(good->Dirty());
+  EXPECT_TRUE(bad->Dirty() && never->Dirty());
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'changed'"), "1");
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE OwnerKey = 45 AND EntityType = 501"), "7");
+
+  bad->SetUserID("admin");
+  list.Save();
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'changed'"), "3");
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE OwnerKey = 45 AND EntityType = 501"), "6");
+  EXPECT_FALSE(list.Dirty());
+}
+
+TEST_F(RemarkCommitTest, DeletesOnlyWhatWasStored) {
+  auto& list = *m_context->RemarkList();
+  // The host may have a row under key 0; it is not the one that was never stored.
+  m_database.Run("UPDATE tciMemo SET MemoKey = 0 WHERE MemoKey = 8");
+  AddText(list, "never stored");
+  list.Remove(Number(8));
+  list.Save();
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo"), "2042");
+  const auto removed = list.Item(Number(1));
+  list.Remove(Number(1));
+  list.Save();
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo"), "2041");
+  EXPECT_EQ(removed->MemoKey(), 7);
+}
+
+TEST_F(RemarkCommitTest, CarriesEveryCharacterOfALongText) {
+  std::string text = "'\"-- ; \xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80 \xF3\xA0\x80\xA1 \r\n\t|";
+  while (text.size() < 1'000'000) text += text;
+  Remark& remark = RemarkAt(m_context, 1);
+  remark.SetMemoText(text);
+  remark.Commit();
+  m_context->SetEditBehavior(EditBehavior::NoAutoSave);
+  m_context->RefreshRemarkList();
+  EXPECT_TRUE(RemarkAt(m_context, 1).MemoText() == text);
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "platform/Error.h"
+#include "runtime/RemarkContext.h"
+#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/TestDatabase.h"
+
+namespace quorvel::test {
+
+/// A context that is disposed of at the end, so that its cycle of references does not outlive the test.
+class ContextHolder {
+ public:
+  ContextHolder() = default;
+  ContextHolder(const std::string& contextID, const std::string& ownerID, const std::string& userID) {
+    m_context->Load(contextID, ownerID, userID);
+  }
+  ~ContextHolder() { m_context->Dispose(); }
+  ContextHolder(const ContextHolder&) = delete;
+  ContextHolder& operator=(const ContextHolder&) = delete;
+
+  RemarkContext* operator->() const { return m_context.get(); }
+  RemarkContext& operator*() const { return *m_context; }
+
+ private:
+  std::shared_ptr<RemarkContext> m_context = RemarkContext::Create();
+};
+
+/// What `action` throws; fails the test when it throws no Error.
+template <typename Action>
+Error ErrorOf(Action&& action) {
+  try {
+    std::forward<Action>(action)();
+  } catch (const Error& error) {
+    return error;
+  }
+  ADD_FAILURE() << "no error";
+  return {0, "", ""};
+}
+
+/// An Error with that number and source and a description that meets a matcher.
+inline auto IsError(std::int32_t number, const std::string& source, const testing::Matcher<std::string>& description) {
+  return testing::AllOf(testing::Property("Number", &Error::Number, number),
+                        testing::Property("Source", &Error::Source, source),
+                        testing::Property("Description", &Error::Description, description));
+}
+
+inline auto HasNumber(std::int32_t number) { return testing::Property("Number", &Error::Number, number); }
+
+/// A whole number as callers pass it where any type is accepted.
+inline Value Number(std::int64_t number) { return number; }
+
+/// The i-th remark, which must exist; 1-based.
+inline Remark& RemarkAt(const ContextHolder& context, std::int64_t index) {
+  const auto remark = context->RemarkList()->Item(index);
+  if (!remark) throw Error(0, "test", "no remark " + std::to_string(index));
+  return *remark;
+}
+
+}  // namespace quorvel::test

@@ -1,0 +1,181 @@
+#include <string>
+#include <vector>
+
+#include "data/modUserName.h"
+#include "runtime/RemarkWindows.h"
+#include "tests/runtime/RuntimeTest.h"
+
+namespace quorvel {
+namespace {
+
+using test::ContextHolder;
+using test::ErrorOf;
+using test::HasNumber;
+using test::IsError;
+using test::Number;
+using test::RemarkAt;
+using testing::HasSubstr;
+
+class SaveTest : public testing::Test {
+ protected:
+  [[nodiscard]] std::string MemoCount() const { return m_database.Ask("SELECT COUNT(*) FROM tciMemo"); }
+  [[nodiscard]] std::string TextOf(std::int32_t key) const {
+    return m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = " + std::to_string(key));
+  }
+
+  test::TestDatabase m_database;
+  test::PromptsGuard m_prompts;
+};
+
+constexpr const char* kMemosOfSample = "2042";
+
+TEST_F(SaveTest, EditBehaviorDecidesUnlessForced) {
+  struct Case {
+    int behavior;
+    bool force;
+    std::vector<PromptAnswer> answers;
+    bool isSaved;
+  };
+  int number = 0;
+  for (const Case& each : {Case{0, false, {}, true}, Case{1, false, {}, false},
+                           Case{2, false, {PromptAnswer::Yes}, true}, Case{2, false, {PromptAnswer::No}, false},
+                           Case{77, false, {}, true}, Case{1, true, {}, true}, Case{2, true, {}, true}}) {
+    const ContextHolder context("CustMaint", "C1044", "admin");
+    m_prompts->shown.clear();
+    m_prompts->answers.assign(each.answers.begin(), each.answers.end());
+    context->SetEditBehavior(static_cast<EditBehavior>(each.behavior));
+    Remark& remark = RemarkAt(context, 1);
+    const std::string text = "change " + std::to_string(++number);
+    remark.SetMemoText(text);
+    context->Save(false);
+    EXPECT_NE(TextOf(remark.MemoKey()), text) << "a change that nobody marked";
+    remark.SetDirty(true);
+    context->Save(each.force);
+    EXPECT_EQ(TextOf(remark.MemoKey()) == text, each.isSaved) << number;
+    EXPECT_EQ(remark.Dirty(), !each.isSaved) << number;
+    EXPECT_EQ(m_prompts->shown.size(), each.answers.size()) << number;
+    context->SetEditBehavior(EditBehavior::NoAutoSave);
+  }
+}
+
+TEST_F(SaveTest, TheQuestionAndARemovedRemarkThatCallsForIt) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  const std::int32_t key = RemarkAt(context, 1).MemoKey();
+  context->RemarkList()->Remove(Number(1));
+  m_prompts->answers = {PromptAnswer::No, PromptAnswer::Yes};
+  context->Save();
+  EXPECT_NE(TextOf(key), "");
+  EXPECT_TRUE(context->RemarkList()->Dirty());
+  context->Save();
+  EXPECT_EQ(TextOf(key), "");
+  EXPECT_FALSE(context->RemarkList()->Dirty());
+  ASSERT_EQ(m_prompts->shown.size(), 2U);
+  EXPECT_EQ(m_prompts->shown[0].text, "Save changes to these remarks?");
+  EXPECT_EQ(m_prompts->shown[0].title, "Edit Remarks");
+  EXPECT_EQ(m_prompts->shown[0].buttons, PromptButtons::YesNo);
+  EXPECT_EQ(m_prompts->shown[0].icon, PromptIcon::Question);
+}
+
+TEST_F(SaveTest, LoadingAgainSavesWhatThePreviousOwnerLeft) {
+  const ContextHolder context("OrderEntry", "SO20001", "admin");
+  context->AddRemark("ORD.NOTE", "written by the next load", "mjones");
+  context->Load("CustInq", "C1044", "admin");
+  EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE EntityType = 801 AND MemoText = "
+                           "'written by the next load'"),
+            "1");
+
+  // Now NoAutoSave is in force, and the change is dropped without a word.
+  context->AddRemark("Cust.General", "dropped");
+  context->Load("CustInq", "C1000", "admin");
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'dropped'"), "0");
+  EXPECT_TRUE(m_prompts->shown.empty());
+
+  // What cannot be saved keeps Load from replacing it.
+  context->SetEditBehavior(EditBehavior::AutoSaveOnClose);
+  context->AddRemark("Cust.General", "kept", std::string(31, 'u'));
+  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "jsmith"); }),
+              HasNumber(ErrorNumber::AdoDataConversion));
+  EXPECT_EQ(context->ContextID(), "CustInq");
+  EXPECT_EQ(RemarkAt(context, 2).MemoText(), "kept");
+}
+
+TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
+  const ContextHolder context("CustMaint", "C1044", "guest");
+  EXPECT_THAT(ErrorOf([&] { context->AddRemark("Ord.Note", "x"); }),
+              IsError(-1, "RemarkContext.AddRemark", "Illegal remark type for this context"));
+  EXPECT_THAT(ErrorOf([&] { context->AddRemark(Number(5), "x"); }), HasNumber(-1));
+  EXPECT_EQ(context->MemoCount(), 0);
+
+  // The type's rights are not asked; the author is the logon name, not the user of the context.
+  context->AddRemark("cust.internal", "  spaced  ");
+  context->AddRemark(Number(1), "by another", "mjones");
+  EXPECT_EQ(RemarkAt(context, 1).UserID(), modUserName::GetUserName());
+  EXPECT_EQ(RemarkAt(context, 1).MemoKey(), 0);
+  EXPECT_TRUE(RemarkAt(context, 1).Dirty());
+  EXPECT_EQ(MemoCount(), kMemosOfSample);
+
+  context->Save(true);
+  EXPECT_EQ(RemarkAt(context, 1).MemoKey(), 2043);
+  EXPECT_EQ(RemarkAt(context, 1).MemoText(), "  spaced  ");
+  EXPECT_EQ(m_database.Ask("SELECT '[' + MemoText + '] ' + UserID FROM tciMemo WHERE MemoKey = 2044"),
+            "[by another] mjones");
+  EXPECT_EQ(TextOf(2043), "spaced");
+  EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoKey = 2043"), "45");
+}
+
+TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
+  std::weak_ptr<RemarkContext> watched;
+  {
+    const auto context = RemarkContext::Create();
+    watched = context;
+    context->Load("OrderEntry", "SO20001", "admin");
+    const auto list = context->RemarkList();
+    const auto remark = list->Item(Number(1));
+    context->AddRemark("Ord.Note", "never written");
+    context->Dispose();
+    EXPECT_EQ(list->Count(), 0);
+    EXPECT_EQ(context->TypeCount() + context->MemoCount() + context->PopupCount() + context->CreateableTypes(), 0);
+    EXPECT_EQ(context->Item(Number(1)), nullptr);
+    EXPECT_EQ(context->RemarkList(), nullptr);
+    EXPECT_FALSE(context->CanUpdate(1));
+    EXPECT_EQ(MemoCount(), kMemosOfSample);
+    // A remark that the host kept no longer knows its owner and must not be filed under none.
+    EXPECT_EQ(remark->OwnerKey(), 0);
+    EXPECT_THAT(ErrorOf([&] { remark->Commit(); }), HasNumber(ErrorNumber::ObjectNotSet));
+
+    context->Load("CustMaint", "C1044", "admin");
+    EXPECT_EQ(context->MemoCount(), 7);
+    context->Dispose();
+  }
+  EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(SaveTest, WithoutWindowsAnErrorSaysSo) {
+  const ContextHolder context("CustMaint", "C1044", "jsmith");
+  EXPECT_THAT(ErrorOf([&] { context->PopupMemos(); }), IsError(-1, "RemarkContext.PopupMemos", HasSubstr("window")));
+  EXPECT_THAT(ErrorOf([&] { context->EditMemos(true); }), IsError(-1, "RemarkContext.EditMemos", HasSubstr("window")));
+  EXPECT_THAT(ErrorOf([&] { context->ViewManager(1); }), IsError(-1, "RemarkContext.ViewManager", HasSubstr("window")));
+}
+
+TEST_F(SaveTest, WindowsGetTheLoadedContext) {
+  struct RecordingWindows : RemarkWindows {
+    void ViewPopup(RemarkContext& context) override { calls += "popup " + std::to_string(context.MemoCount()) + ";"; }
+    void ViewEdit(RemarkContext& context) override { calls += "edit " + std::to_string(context.MemoCount()) + ";"; }
+    void ViewManager(std::int32_t modal) override { calls += "manager " + std::to_string(modal) + ";"; }
+    std::string calls;
+  };
+  const auto windows = std::make_shared<RecordingWindows>();
+  ExchangeRemarkWindows(windows);
+  const ContextHolder context;
+  context->Popup("CustMaint", "C1044", "jsmith");
+  context->Edit("CustMaint", "C1044", "mjones");
+  m_database.Run("DELETE FROM tciMemo WHERE OwnerKey = 45 AND MemoType = 'Cust.Credit'");
+  context->PopupMemos();
+  context->PopupMemos(true);
+  context->ViewManager();
+  EXPECT_EQ(ExchangeRemarkWindows(nullptr), windows);
+  EXPECT_EQ(windows->calls, "popup 6;edit 4;popup 4;popup 3;manager 0;");
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Prompts.h"
+
+namespace quorvel::test {
+
+/// Prompts that answer from a script and remember what they showed. In force for the life of the guard
+/// that Install returns; a question without a scripted answer fails the test and gets No or a cancel.
+class ScriptedPrompts : public Prompts {
+ public:
+  struct Shown {
+    std::string text;
+    std::string title;
+    PromptButtons buttons;
+    PromptIcon icon;
+  };
+
+  PromptAnswer ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
+                           PromptIcon icon) override;
+  std::optional<std::string> AskText(std::string_view prompt, std::string_view title) override;
+  void SetPointer(PointerShape shape) noexcept override { pointers.push_back(shape); }
+
+  std::deque<PromptAnswer> answers;
+  std::deque<std::optional<std::string>> texts;
+  std::vector<Shown> shown;
+  std::vector<PointerShape> pointers;
+};
+
+/// Puts scripted prompts in force and the former ones back at the end.
+class PromptsGuard {
+ public:
+  PromptsGuard();
+  ~PromptsGuard();
+  PromptsGuard(const PromptsGuard&) = delete;
+  PromptsGuard& operator=(const PromptsGuard&) = delete;
+  ScriptedPrompts* operator->() const { return m_prompts.get(); }
+
+ private:
+  std::shared_ptr<ScriptedPrompts> m_prompts = std::make_shared<ScriptedPrompts>();
+  std::shared_ptr<Prompts> m_before;
+};
+
+}  // namespace quorvel::test

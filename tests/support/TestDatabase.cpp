@@ -1,0 +1,76 @@
+#include "tests/support/TestDatabase.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+
+#include "data/Schema.h"
+#include "data/modDatabase.h"
+#include "data/modRegistry.h"
+#include "platform/ado/Script.h"
+#include "platform/ado/embedded/EmbeddedEngine.h"
+
+namespace quorvel::test {
+namespace {
+
+void RunScript(ado::Connection& connection, std::string_view script) {
+  for (const ado::Batch& batch : ado::SplitBatches(script)) connection.Execute(batch.text);
+}
+
+/// A database file with that content, made once per test program and copied from then on.
+const std::string& Template(TestDatabase::Content content) {
+  static TemporaryFolder folder;
+  static std::map<TestDatabase::Content, std::string> made;
+  auto [entry, isNew] = made.try_emplace(content, folder.File(std::to_string(static_cast<int>(content)) + ".db"));
+  if (isNew) {
+    ado::CreateEmbeddedDatabase(entry->second);
+    auto connection = std::make_shared<ado::Connection>();
+    connection->SetConnectionString("Data Source=(embedded); Initial Catalog=" + entry->second);
+    connection->Open();
+    if (content != TestDatabase::Content::Empty) RunScript(*connection, SchemaScript());
+    if (content == TestDatabase::Content::Sample) RunScript(*connection, SampleScript());
+  }
+  return entry->second;
+}
+
+}  // namespace
+
+TestDatabase::TestDatabase(Content content) : m_registry("QUORVEL_REGISTRY", m_folder.File("settings.reg")) {
+  std::filesystem::copy_file(Template(content), DatabaseFile());
+  WriteSettings();
+  modDatabase::Settings().Reload();
+  modDatabase::OpenConnection();
+}
+
+TestDatabase::~TestDatabase() = default;
+
+void TestDatabase::WriteSettings() const {
+  const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
+  if (!key || !key->SetString(modRegistry::kServer, ado::kEmbeddedDataSource) ||
+      !key->SetString(modRegistry::kDatabase, DatabaseFile())) {
+    std::abort();
+  }
+}
+
+std::string TestDatabase::ConnectionString() const {
+  return "Data Source=(embedded); Initial Catalog=" + DatabaseFile();
+}
+
+std::shared_ptr<ado::Connection> TestDatabase::Connect() const {
+  auto connection = std::make_shared<ado::Connection>();
+  connection->SetConnectionString(ConnectionString());
+  connection->SetCommandTimeout(std::chrono::seconds(5));
+  connection->Open();
+  return connection;
+}
+
+void TestDatabase::Run(std::string_view batch) const { Connect()->Execute(batch); }
+
+std::string TestDatabase::Ask(std::string_view query) const {
+  const auto rows = Connect()->Execute(query);
+  if (!rows->IsOpen() || rows->EndOfFile()) return "";
+  const Value value = rows->Fields(std::size_t{0}).Value();
+  return IsNull(value) ? "NULL" : ToText(value);
+}
+
+}  // namespace quorvel::test
