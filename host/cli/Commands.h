@@ -1,0 +1,22 @@
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+/// The commands of the program `quorvel`. Each function adds one to the command line; reading a command line that
+/// names the command then runs it. A command writes its result to the standard output and throws quorvel::Error
+/// when it fails or refuses, CLI::ValidationError when its arguments make no sense together.
+namespace quorvel::cli {
+
+void AddSettingsCommand(CLI::App& app);
+void AddInitCommand(CLI::App& app);
+void AddRunCommand(CLI::App& app);
+void AddListCommand(CLI::App& app);
+void AddPopupCommand(CLI::App& app);
+void AddAddCommand(CLI::App& app);
+void AddChangeCommand(CLI::App& app);
+void AddRemoveCommand(CLI::App& app);
+void AddDoctorCommand(CLI::App& app);
+
+}  // namespace quorvel::cli

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/ado/Connection.h"
+
+/// What the component needs of a database, to hold one against.
+namespace quorvel::cli {
+
+struct ExpectedTable {
+  std::string_view name;
+  std::string_view columns;  ///< as a SELECT takes them
+};
+
+struct ExpectedProcedure {
+  std::string_view name;
+  std::string_view parameters;  ///< in order, parted by a comma and a blank; "OUTPUT" behind those that return
+};
+
+[[nodiscard]] std::span<const ExpectedTable> ExpectedTables();
+[[nodiscard]] std::span<const ExpectedProcedure> ExpectedProcedures();
+
+/// Why the columns cannot be read from the table; the empty text when they can.
+[[nodiscard]] std::string TableProblem(ado::Connection& connection, std::string_view table, std::string_view columns);
+
+/// What is wrong with a procedure of that name; the empty text when it takes exactly those parameters.
+[[nodiscard]] std::string ProcedureProblem(ado::Connection& connection, std::string_view procedure,
+                                           std::string_view parameters);
+
+}  // namespace quorvel::cli

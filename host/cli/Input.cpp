@@ -1,0 +1,53 @@
+#include "host/cli/Input.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <system_error>
+
+#include <fmt/format.h>
+
+#include "platform/Error.h"
+
+namespace quorvel::cli {
+namespace {
+
+constexpr const char* kStandardInput = "-";
+
+struct CloseUnlessStandard {
+  void operator()(std::FILE* file) const noexcept {
+    if (file != stdin) std::fclose(file);
+  }
+};
+
+[[noreturn]] void ThrowUnreadable(const std::string& path, const std::string& source) {
+  const std::string reason = std::generic_category().message(errno);
+  const std::string name = path == kStandardInput ? "the standard input" : path;
+  throw Error(ErrorNumber::Component, source, fmt::format("Cannot read {}: {}", name, reason));
+}
+
+}  // namespace
+
+std::string ReadWhole(const std::string& path, const std::string& source) {
+  const std::unique_ptr<std::FILE, CloseUnlessStandard> file(path == kStandardInput ? stdin
+                                                                                    : std::fopen(path.c_str(), "rb"));
+  if (!file) ThrowUnreadable(path, source);
+  std::string whole;
+  std::array<char, 65536> block{};
+  while (const std::size_t count = std::fread(block.data(), 1, block.size(), file.get())) {
+    whole.append(block.data(), count);
+  }
+  if (std::ferror(file.get()) != 0) ThrowUnreadable(path, source);
+  return whole;
+}
+
+std::string ReadTextArgument(const std::string& argument, const std::string& source) {
+  if (argument != kStandardInput) return argument;
+  std::string text = ReadWhole(argument, source);
+  if (text.ends_with('\n')) text.pop_back();
+  if (text.ends_with('\r')) text.pop_back();
+  return text;
+}
+
+}  // namespace quorvel::cli

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "runtime/RemarkContext.h"
+
+namespace quorvel::cli {
+
+/// A loaded context as JSON. Bytes that are not UTF-8 come out as U+FFFD.
+[[nodiscard]] std::string ListAsJson(const RemarkContext& context);
+
+}  // namespace quorvel::cli

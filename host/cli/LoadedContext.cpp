@@ -1,0 +1,33 @@
+#include "host/cli/LoadedContext.h"
+
+#include <CLI/App.hpp>
+
+#include <fmt/format.h>
+
+#include "host/cli/ConnectionSettings.h"
+#include "host/cli/TextLayout.h"
+
+namespace quorvel::cli {
+
+void AddLoadOptions(CLI::App& command, LoadArguments& arguments, Owner owner) {
+  command.add_option("--context", arguments.context, "The place in the host application, such as CustMaint")
+      ->required()
+      ->type_name("ID");
+  command.add_option("--owner", arguments.owner, "The record that the remarks are on, such as C1044")
+      ->required(owner == Owner::Required)
+      ->type_name("ID");
+  command.add_option("--user", arguments.user, "Whose rights count; without it, who is logged on")->type_name("ID");
+}
+
+// The object counts as constructed once the delegated constructor is done, so a failing Load is disposed of as well.
+LoadedContext::LoadedContext(const LoadArguments& arguments, const std::string& source) : LoadedContext() {
+  RequireSettings(source);
+  m_context->Load(arguments.context, arguments.owner, arguments.user);
+}
+
+std::string OwnerTitle(const RemarkContext& context) {
+  if (context.OwnerID().empty()) return {};
+  return fmt::format("{} [{}]", OneLine(context.OwnerName()), OneLine(context.OwnerID()));
+}
+
+}  // namespace quorvel::cli

@@ -1,0 +1,46 @@
+#include <CLI/App.hpp>
+#include <memory>
+
+#include <fmt/format.h>
+
+#include "host/cli/Commands.h"
+#include "host/cli/LoadedContext.h"
+#include "host/cli/Terminal.h"
+#include "host/cli/TextLayout.h"
+
+namespace quorvel::cli {
+namespace {
+
+void ShowRemark(const Remark& remark, std::int32_t ordinal, std::int32_t count) {
+  fmt::print("\n{}  ({} on {})\n", OneLine(remark.TypeCaption()), OneLine(remark.UserID()),
+             ShortDate(remark.DateStamp()));
+  fmt::print("{}\n", Paragraph(remark.MemoText(), 0, OutputWidth()));
+  fmt::print("Remark {} of {}\n", ordinal, count);
+}
+
+void RunPopup(const LoadArguments& arguments) {
+  const LoadedContext context(arguments, "quorvel.popup");
+  const std::int32_t count = context->PopupCount();
+  if (count == 0) {
+    fmt::print("No remarks to pop up.\n");
+    return;
+  }
+  fmt::print("{} {} Remarks [{}]\n", OwnerTitle(*context), OneLine(context->EntityName()), OneLine(context->Server()));
+  std::int32_t ordinal = 0;
+  for (const auto& remark : *context->RemarkList()->Items()) {
+    if (!remark->ShowPopup()) continue;
+    if (ordinal > 0 && !WaitForEnter("\nEnter for the next remark ")) return;
+    ShowRemark(*remark, ++ordinal, count);
+  }
+}
+
+}  // namespace
+
+void AddPopupCommand(CLI::App& app) {
+  CLI::App* command = app.add_subcommand("popup", "Walk through the remarks that must be seen");
+  auto arguments = std::make_shared<LoadArguments>();
+  AddLoadOptions(*command, *arguments, Owner::Optional);
+  command->group("Remarks")->callback([arguments] { RunPopup(*arguments); });
+}
+
+}  // namespace quorvel::cli

@@ -1,0 +1,77 @@
+#include <CLI/App.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "host/cli/Commands.h"
+#include "host/cli/ConnectionSettings.h"
+#include "platform/Text.h"
+
+namespace quorvel::cli {
+namespace {
+
+using Assignments = std::map<SettingIndex, std::string>;
+
+SettingIndex FindSetting(std::string_view name) {
+  const auto* const found = std::find_if(kSettingNames.begin(), kSettingNames.end(),
+                                         [&](std::string_view known) { return EqualIgnoringCase(known, name); });
+  if (found == kSettingNames.end()) {
+    throw CLI::ValidationError(
+        fmt::format("{} is not a setting; the settings are {}", name, fmt::join(kSettingNames, ", ")));
+  }
+  return static_cast<SettingIndex>(found - kSettingNames.begin());
+}
+
+Assignments ReadAssignments(const std::vector<std::string>& arguments) {
+  Assignments assignments;
+  for (const std::string& argument : arguments) {
+    const auto equals = argument.find('=');
+    if (equals == std::string::npos) throw CLI::ValidationError(fmt::format("{} is not NAME=VALUE", argument));
+    assignments[FindSetting(argument.substr(0, equals))] = argument.substr(equals + 1);
+  }
+  return assignments;
+}
+
+/// A file is meant from where the person stands now, not from wherever a later command is started.
+void MakeDatabaseAbsolute(Assignments& assignments) {
+  SettingValues values = ReadSettings().value_or(SettingValues{});
+  for (const auto& [index, value] : assignments) values.at(index) = value;
+  const std::string& database = values.at(kDatabaseIndex);
+  if (!IsEmbedded(values.at(kServerIndex)) || database.empty()) return;
+  assignments[kDatabaseIndex] = std::filesystem::absolute(database).lexically_normal().string();
+}
+
+void PrintSettings() {
+  const auto values = ReadSettings();
+  for (std::size_t i = 0; i < kSettingNames.size(); ++i) {
+    std::string shown = values ? values->at(i) : "";
+    if (i == kPasswordIndex && !shown.empty()) shown = "****";
+    fmt::print("{}={}\n", kSettingNames.at(i), shown);
+  }
+  fmt::print("{} {}\n", values ? "Kept in" : "Cannot be read by this user:", registry::StoreLocation());
+}
+
+void RunSettings(const std::vector<std::string>& arguments) {
+  Assignments assignments = ReadAssignments(arguments);
+  if (!assignments.empty()) MakeDatabaseAbsolute(assignments);
+  for (const auto& [index, value] : assignments) WriteSetting(kSettingNames.at(index), value);
+  PrintSettings();
+}
+
+}  // namespace
+
+void AddSettingsCommand(CLI::App& app) {
+  CLI::App* command = app.add_subcommand("settings", "Show or set where the database is");
+  auto arguments = std::make_shared<std::vector<std::string>>();
+  command->add_option("setting", *arguments,
+                      "Server=, Database=, UserId= or Password= followed by the value.\n"
+                      "The server (embedded) is a database file on this machine, named\n"
+                      "by Database; any other name is a SQL Server.");
+  command->group("Set up")->callback([arguments] { RunSettings(*arguments); });
+}
+
+}  // namespace quorvel::cli

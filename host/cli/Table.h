@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/ado/Recordset.h"
+
+namespace quorvel::cli {
+
+/// Prints the rows from the current one to the end as a table with a heading and a count; numbers stand right.
+void PrintTable(ado::Recordset& rows);
+
+}  // namespace quorvel::cli

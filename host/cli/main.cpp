@@ -1,0 +1,97 @@
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <cerrno>
+#include <clocale>
+#include <cstdio>
+#include <exception>
+#include <system_error>
+
+#include <fmt/format.h>
+
+#include "host/cli/Commands.h"
+#include "platform/Environment.h"
+#include "platform/Error.h"
+#include "platform/RegistryStore.h"
+
+namespace quorvel::cli {
+namespace {
+
+enum ExitStatus : int { kSuccess = 0, kFailure = 1, kWrongUsage = 2 };
+
+constexpr const char* kDescription = "Shows and edits the remarks on the records of a business application.";
+constexpr const char* kFooter =
+    "First steps:\n"
+    "  quorvel settings 'Server=(embedded)' Database=remarks.db\n"
+    "  quorvel init --sample\n"
+    "  quorvel list --context CustMaint --owner C1044 --user jsmith";
+
+std::string VersionText() {
+  const Version version = ComponentVersion();
+  return fmt::format("quorvel {}.{}.{}", version.major, version.minor, version.revision);
+}
+
+std::string UsageMessage(const CLI::App* app, const CLI::Error& error) {
+  const auto chosen = app->get_subcommands();
+  const std::string command = chosen.empty() ? "quorvel" : "quorvel " + chosen.front()->get_name();
+  return fmt::format("quorvel: {}\nRun '{} --help' for more information.\n", error.what(), command);
+}
+
+void Describe(CLI::App& app) {
+  app.set_version_flag("--version", VersionText());
+  app.require_subcommand(0, 1);
+  app.failure_message(UsageMessage);
+  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  app.get_formatter()->label("REQUIRED", "(required)");
+  AddSettingsCommand(app);
+  AddInitCommand(app);
+  AddRunCommand(app);
+  AddListCommand(app);
+  AddPopupCommand(app);
+  AddAddCommand(app);
+  AddChangeCommand(app);
+  AddRemoveCommand(app);
+  AddDoctorCommand(app);
+  app.footer(kFooter);  // last: commands take over the footer that is set when they are added
+}
+
+void PrintError(std::int32_t number, std::string_view source, std::string_view description) {
+  std::fflush(stdout);
+  fmt::print(stderr, "quorvel: error {} at {}: {}\n", number, source, description);
+  if (number == ErrorNumber::RegistryWrite) {
+    fmt::print(stderr, "The settings are kept in {}; this user must be able to read and write it.\n",
+               registry::StoreLocation());
+  }
+}
+
+int Run(int argc, const char* const* argv) {
+  CLI::App app(kDescription, "quorvel");
+  Describe(app);
+  try {
+    app.parse(argc, argv);
+    if (app.get_subcommands().empty()) {
+      fmt::print(stderr, "{}", app.help());
+      return kWrongUsage;
+    }
+    if (std::fflush(stdout) != 0) throw std::system_error(errno, std::generic_category(), "standard output");
+    return kSuccess;
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kSuccess : kWrongUsage;
+  }
+}
+
+}  // namespace
+}  // namespace quorvel::cli
+
+int main(int argc, char** argv) {
+  using quorvel::cli::PrintError;
+  try {
+    std::setlocale(LC_TIME, "");
+    return quorvel::cli::Run(argc, argv);
+  } catch (const quorvel::Error& error) {
+    PrintError(error.Number(), error.Source(), error.Description());
+  } catch (const std::exception& error) {
+    PrintError(quorvel::ErrorNumber::DbUnspecified, "quorvel", error.what());
+  }
+  return quorvel::cli::kFailure;
+}

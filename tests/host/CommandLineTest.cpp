@@ -1,0 +1,93 @@
+#include <filesystem>
+#include <fstream>
+
+#include "tests/host/CommandLine.h"
+
+namespace quorvel::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+TEST_F(CommandLine, HelpSucceedsEverywhereAndWrongUsageIsStatus2) {
+  EXPECT_THAT(Quorvel({"--version"}).output, HasSubstr("quorvel 5."));
+  EXPECT_THAT(Quorvel({"--help"}), Succeeds());
+  for (const char* command : {"settings", "init", "run", "list", "popup", "add", "change", "remove", "doctor"}) {
+    EXPECT_THAT(Quorvel({command, "--help"}), Succeeds()) << command;
+  }
+  EXPECT_THAT(Quorvel({}), IsWrongUsage("Usage:"));
+  EXPECT_THAT(Quorvel({"lst"}), IsWrongUsage("lst"));
+  EXPECT_THAT(Quorvel({"list"}), IsWrongUsage("--context is required"));
+  EXPECT_THAT(Quorvel({"add", "--context", "C", "--type", "T", "--text", "x"}), IsWrongUsage("--owner is required"));
+  EXPECT_THAT(Quorvel({"run"}), IsWrongUsage("quorvel run --help"));
+  EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "0"})), IsWrongUsage("--index"));
+  EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "one"})), IsWrongUsage("--index"));
+  EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1"})), IsWrongUsage("--text or --type"));
+  EXPECT_THAT(Quorvel({"settings", "Sever=SQL1"}), IsWrongUsage("Sever"));
+  EXPECT_THAT(Quorvel({"settings", "Server"}), IsWrongUsage("NAME=VALUE"));
+}
+
+TEST_F(CommandLine, SettingsAreShownWithoutThePasswordAndWrittenAllOrNone) {
+  const std::string file = File("settings.reg");
+  EXPECT_EQ(Quorvel({"settings"}).output, "Server=\nDatabase=\nUserId=\nPassword=\nKept in " + file + "\n");
+  EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "Sever=SQL2"}), IsWrongUsage("Sever"));
+  EXPECT_THAT(Quorvel({"settings"}).output, HasSubstr("Server=\n"));
+
+  const Outcome outcome = Quorvel({"settings", "SERVER=SQL1", "database=Ledger", "UserID=app", "password=a=b c"});
+  EXPECT_THAT(outcome, Succeeds());
+  EXPECT_EQ(outcome.output, "Server=SQL1\nDatabase=Ledger\nUserId=app\nPassword=****\nKept in " + file + "\n");
+  std::ifstream stored(file);
+  EXPECT_THAT(std::string(std::istreambuf_iterator<char>(stored), {}), HasSubstr("a=b c"));
+
+  // A name becomes a file only where the engine keeps its databases in files.
+  EXPECT_THAT(Quorvel({"settings", "Server=(Embedded)"}).output,
+              HasSubstr("Database=" + (std::filesystem::current_path() / "Ledger").string() + "\n"));
+}
+
+TEST_F(CommandLine, SettingsThatCannotBeKeptAreAnErrorThatSaysWhere) {
+  const ScopedVariable elsewhere("QUORVEL_REGISTRY", "/proc/no/such/settings.reg");
+  EXPECT_THAT(Quorvel({"settings"}).output, HasSubstr("/proc/no/such/settings.reg"));
+  const Outcome outcome = Quorvel({"settings", "Server=SQL1"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("quorvel: error 110 at quorvel.settings: "));
+  EXPECT_THAT(outcome.errors, HasSubstr("/proc/no/such/settings.reg"));
+}
+
+TEST_F(CommandLine, WithoutSettingsEveryCommandSaysHowToSetThem) {
+  for (const std::vector<std::string>& command :
+       {std::vector<std::string>{"init"}, {"run", "-"}, OnAcme({"list"}), OnAcme({"popup"})}) {
+    const Outcome outcome = Quorvel(command);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("quorvel: error -1 at quorvel." + command.front() + ": "));
+    EXPECT_THAT(outcome.errors, HasSubstr("quorvel settings 'Server=(embedded)' Database="));
+  }
+}
+
+TEST_F(CommandLine, InitCreatesOnceAndThenFinds) {
+  ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("new/test.db")}), Succeeds());
+  const Outcome first = Quorvel({"init", "--sample"});
+  EXPECT_THAT(first, Succeeds());
+  EXPECT_EQ(first.output,
+            "Database file: created " + File("new/test.db") + "\nSchema: created\nSample data: created\n");
+  const std::string rows = "SELECT COUNT(*) AS Memos FROM tciMemo";
+  const std::string before = RunSql(rows);
+  const Outcome second = Quorvel({"init", "--sample"});
+  EXPECT_THAT(second, Succeeds());
+  EXPECT_EQ(second.output, "Database file: found " + File("new/test.db") + "\nSchema: found\nSample data: found\n");
+  EXPECT_EQ(RunSql(rows), before);
+}
+
+TEST_F(CommandLine, AFileThatIsNoDatabaseIsLeftAlone) {
+  const std::string content = "Dear diary, this is not a database.\n" + std::string(4096, 'x');
+  std::ofstream(File("diary.txt")) << content;
+  ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("diary.txt")}), Succeeds());
+  const Outcome outcome = Quorvel({"init"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("diary.txt"));
+  EXPECT_THAT(outcome.output, Not(HasSubstr("Schema")));
+  std::ifstream kept(File("diary.txt"));
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), content);
+}
+
+}  // namespace
+}  // namespace quorvel::test
