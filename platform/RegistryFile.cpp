@@ -1,7 +1,6 @@
 #include "platform/RegistryFile.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "platform/Text.h"
@@ -95,8 +94,8 @@ bool RegistryFile::SetString(std::string_view key, std::string_view name, std::s
 
 void RegistryFile::Remove(std::string_view key, std::string_view name) {
   const auto positions = PositionsOfValue(key, name);
-  for (const std::size_t position : positions | std::views::reverse) {
-    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(position));
+  for (auto position = positions.rbegin(); position != positions.rend(); ++position) {
+    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(*position));
   }
 }
 

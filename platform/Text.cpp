@@ -78,6 +78,11 @@ std::string FoldCase(std::string_view text) {
 int CompareIgnoringCase(std::string_view left, std::string_view right) noexcept {
   // Names and identifiers are nearly always ASCII, and are compared for every row and field.
   const std::size_t i = CommonBeginning(left, right);
+  if (i < left.size() && i < right.size()) {
+    const auto leftByte = static_cast<unsigned char>(left[i]);
+    const auto rightByte = static_cast<unsigned char>(right[i]);
+    if (IsAscii(leftByte | rightByte)) return LowerAscii(leftByte) < LowerAscii(rightByte) ? -1 : 1;
+  }
   return CompareCharacters(left.substr(i), right.substr(i));
 }
 

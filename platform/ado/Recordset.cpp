@@ -34,8 +34,12 @@ void Recordset::Open(std::string_view source, std::shared_ptr<Connection> connec
 
 Field Recordset::Fields(std::string_view name) const {
   const auto& columns = Rows().Columns();
-  const auto found =
-      std::find_if(columns.begin(), columns.end(), [name](const Column& each) { return SameName(each.name, name); });
+  // Nearly every caller writes a name as the database does, and asks for every row.
+  auto found = std::find_if(columns.begin(), columns.end(), [name](const Column& each) { return each.name == name; });
+  if (found == columns.end()) {
+    found =
+        std::find_if(columns.begin(), columns.end(), [name](const Column& each) { return SameName(each.name, name); });
+  }
   if (found == columns.end()) {
     ThrowAdoError(ErrorNumber::AdoItemNotFound, fmt::format("There is no field \"{}\".", name));
   }

@@ -9,37 +9,35 @@ namespace quorvel::ado {
 namespace {
 
 constexpr std::size_t kFirstBlock = std::size_t{4} * 1024;
-constexpr std::size_t kLargestBlock = std::size_t{1024} * 1024;
+constexpr std::size_t kLargestBlock = std::size_t{32} * 1024;
 
 }  // namespace
 
-void RowSet::AppendNull() { AppendCell(Kind::Null, 0); }
+void RowSet::AppendNull() { (void)AddCell(Kind::Null); }
 
-void RowSet::AppendBoolean(bool value) { AppendCell(Kind::Boolean, value ? 1 : 0); }
+void RowSet::AppendBoolean(bool value) { AddCell(Kind::Boolean).integer = value ? 1 : 0; }
 
-void RowSet::AppendInteger(std::int64_t value) { AppendCell(Kind::Integer, value); }
+void RowSet::AppendInteger(std::int64_t value) { AddCell(Kind::Integer).integer = value; }
 
-void RowSet::AppendReal(double value) {
-  Cell& cell = m_cells.emplace_back();
-  cell.real = value;
-  cell.kind = Kind::Real;
-}
+void RowSet::AppendReal(double value) { AddCell(Kind::Real).real = value; }
 
-void RowSet::AppendDateTime(DateTime value) { AppendCell(Kind::DateTime, value.time_since_epoch().count()); }
+void RowSet::AppendDateTime(DateTime value) { AddCell(Kind::DateTime).integer = value.time_since_epoch().count(); }
 
 void RowSet::AppendText(std::string_view text) {
   if (text.size() > std::numeric_limits<std::uint32_t>::max()) throw std::length_error("text of 4 GB or more");
   const char* stored = Store(text);
-  Cell& cell = m_cells.emplace_back();
+  Cell& cell = AddCell(Kind::Text);
   cell.text = stored;
   cell.length = static_cast<std::uint32_t>(text.size());
-  cell.kind = Kind::Text;
 }
 
-void RowSet::AppendCell(Kind kind, std::int64_t value) {
-  Cell& cell = m_cells.emplace_back();
-  cell.integer = value;
+RowSet::Cell& RowSet::AddCell(Kind kind) {
+  const std::size_t place = m_cellCount % kCellsPerBlock;
+  if (place == 0) m_cellBlocks.push_back(std::make_unique_for_overwrite<Cell[]>(kCellsPerBlock));
+  Cell& cell = m_cellBlocks.back()[place];
   cell.kind = kind;
+  ++m_cellCount;
+  return cell;
 }
 
 const char* RowSet::Store(std::string_view text) {
@@ -60,7 +58,7 @@ char* RowSet::AddBlock(std::size_t needed) {
   // A text that would leave little of a block gets one of its own, so that the rest of the current one stays in use.
   const bool standsAlone = needed > size / 4;
   const std::size_t allocated = standsAlone ? needed : size;
-  char* place = m_blocks.emplace_back(std::make_unique_for_overwrite<char[]>(allocated)).get();
+  char* place = m_textBlocks.emplace_back(std::make_unique_for_overwrite<char[]>(allocated)).get();
   if (!standsAlone) {
     m_blockSize = size;
     m_free = place + needed;
@@ -96,7 +94,8 @@ std::optional<std::string_view> RowSet::TextAt(std::size_t row, std::size_t colu
 
 const RowSet::Cell& RowSet::CellAt(std::size_t row, std::size_t column) const {
   static_assert(sizeof(Cell) == 16);
-  return m_cells[row * m_columns.size() + column];
+  const std::size_t index = row * m_columns.size() + column;
+  return m_cellBlocks[index / kCellsPerBlock][index % kCellsPerBlock];
 }
 
 }  // namespace quorvel::ado

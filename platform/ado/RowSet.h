@@ -32,9 +32,7 @@ class RowSet {
   void AppendText(std::string_view text);
 
   [[nodiscard]] const std::vector<Column>& Columns() const noexcept { return m_columns; }
-  [[nodiscard]] std::size_t RowCount() const noexcept {
-    return m_columns.empty() ? 0 : m_cells.size() / m_columns.size();
-  }
+  [[nodiscard]] std::size_t RowCount() const noexcept { return m_columns.empty() ? 0 : m_cellCount / m_columns.size(); }
   /// `row` and `column` are 0-based and must exist.
   [[nodiscard]] Value At(std::size_t row, std::size_t column) const;
   /// The text itself, valid as long as the row set; nothing when the cell holds something else.
@@ -51,14 +49,19 @@ class RowSet {
     std::uint32_t length;
     Kind kind;
   };
-  void AppendCell(Kind kind, std::int64_t value);
+  /// Blocks are small enough that the allocator keeps them for the next result: larger ones go back to the
+  /// operating system, and to fault their pages in again costs more than to fill them.
+  static constexpr std::size_t kCellsPerBlock = 1024;
+
+  [[nodiscard]] Cell& AddCell(Kind kind);
   [[nodiscard]] const char* Store(std::string_view text);
   [[nodiscard]] char* AddBlock(std::size_t needed);
   [[nodiscard]] const Cell& CellAt(std::size_t row, std::size_t column) const;
 
   std::vector<Column> m_columns;
-  std::vector<Cell> m_cells;
-  std::vector<std::unique_ptr<char[]>> m_blocks;
+  std::vector<std::unique_ptr<Cell[]>> m_cellBlocks;
+  std::size_t m_cellCount = 0;
+  std::vector<std::unique_ptr<char[]>> m_textBlocks;
   std::size_t m_blockSize = 0;
   char* m_free = nullptr;  ///< unused rest of the current block
   std::size_t m_freeSize = 0;

@@ -115,6 +115,24 @@ TEST_F(EmbeddedStatements, EvaluatesExpressionsAsAServerDoes) {
   }
 }
 
+TEST_F(EmbeddedStatements, TakesLongStatementsAndRefusesBottomlessOnes) {
+  const auto repeated = [](std::string_view piece, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i) text += piece;
+    return text;
+  };
+  EXPECT_THAT(Rows("SELECT 1 AS n WHERE 1 = 1" + repeated(" AND (1 = 1 OR 2 = 1)", 500)), ElementsAre("1"));
+  EXPECT_THAT(Rows("SELECT LEN('a'" + repeated(" + 'b'", 500) + ") AS n"), ElementsAre("501"));
+  EXPECT_THAT(Rows("SELECT 0" + repeated(" - 1 + 3 * 2", 300) + " AS n"), ElementsAre("1500"));
+  for (const char* opening : {"(", "NOT ", "- ", "(SELECT ", "CASE WHEN "}) {
+    EXPECT_THAT(FailureOf(*m_connection, "SELECT " + repeated(opening, 5'000)).Description(),
+                HasSubstr("nested too deeply"));
+  }
+  for (const char* opening : {"BEGIN ", "IF 1 = 1 ", "SELECT * FROM (", "SELECT 1 FROM a JOIN b JOIN "}) {
+    EXPECT_THAT(FailureOf(*m_connection, repeated(opening, 5'000)).Number(), ErrorNumber::DbStatement) << opening;
+  }
+}
+
 TEST_F(EmbeddedStatements, RunsControlFlowAndVariables) {
   EXPECT_THAT(
       Rows("DECLARE @n int = 0, @t varchar(9)\n"

@@ -16,7 +16,6 @@ namespace quorvel {
 namespace {
 
 using registry::Hive;
-using registry::Key;
 
 /// Keeps the warnings of one test.
 class Warnings {

@@ -135,6 +135,7 @@ TEST_F(RegistryStore, WritersInOtherProcessesAndThreadsLoseNothing) {
     if (children.back() == 0) ::_exit(write("process" + std::to_string(p) + "-") ? 0 : 1);
   }
   std::vector<std::jthread> threads;
+  threads.reserve(2);
   for (int t = 0; t < 2; ++t) {
     threads.emplace_back([&write, t] { EXPECT_TRUE(write("thread" + std::to_string(t) + "-")); });
   }

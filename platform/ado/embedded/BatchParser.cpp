@@ -24,6 +24,7 @@ void BatchParser::ParseStatements(Block& block) {
 }
 
 void BatchParser::ParseStatement(Block& block) {
+  const auto guard = m_cursor.EnterNesting();
   if (!m_cursor.IsAny({"SELECT", "SET"})) m_program.onlyReads = false;
   if (!ParseFlow(block) && !ParseData(block) && !ParseDefinition(block)) m_cursor.Fail();
 }

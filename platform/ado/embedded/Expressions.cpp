@@ -23,23 +23,51 @@ std::string SelfComparable(const Expression& left) {
   return left.kind == Kind::Text && !left.isColumn ? left.sql + " COLLATE NOCASE" : left.sql;
 }
 
+std::string Bracketed(const std::string& sql) { return "(" + sql + ")"; }
+
+/// A finished chain of operators, in brackets so that it can be an operand.
+Expression Closed(Expression chain) {
+  if (chain.chain.empty()) return chain;
+  return {Bracketed(chain.sql), chain.kind};
+}
+
+/// `left op right`. Operators of one kind form one chain: brackets round every pair would exceed SQLite's nesting.
+Expression Chained(const Expression& left, const std::string& op, const Expression& right, Kind kind) {
+  const std::string chain = op == "||" ? "text" : op == "&" || op == "|" ? "bits" : "arithmetic";
+  const bool continues = left.chain.empty() || left.chain == chain;
+  return {fmt::format("{} {} {}", continues ? left.sql : Bracketed(left.sql), op, right.sql), kind, false, chain};
+}
+
+/// `+` adds numbers and joins texts; when neither operand tells, the values decide.
+Expression Plus(const Expression& left, const Expression& right) {
+  if (left.kind == Kind::Number || right.kind == Kind::Number) return Chained(left, "+", right, Kind::Number);
+  if (left.kind == Kind::Text || right.kind == Kind::Text) return Chained(left, "||", right, Kind::Text);
+  return {fmt::format("tsql_plus({}, {})", left.sql, right.sql)};
+}
+
 }  // namespace
 
 Expression QueryTranslator::ParseExpression() {
-  Expression left = ParseAnd();
-  while (m_cursor.Accept("OR")) left = {fmt::format("({} OR {})", left.sql, ParseAnd().sql), Kind::Number};
-  return left;
+  const auto guard = m_cursor.EnterNesting();
+  Expression first = ParseAnd();
+  if (!m_cursor.Is("OR")) return first;
+  std::string sql = first.sql;
+  while (m_cursor.Accept("OR")) sql += " OR " + ParseAnd().sql;
+  return {Bracketed(sql), Kind::Number};
 }
 
 Expression QueryTranslator::ParseAnd() {
-  Expression left = ParseNot();
-  while (m_cursor.Accept("AND")) left = {fmt::format("({} AND {})", left.sql, ParseNot().sql), Kind::Number};
-  return left;
+  Expression first = ParseNot();
+  if (!m_cursor.Is("AND")) return first;
+  std::string sql = first.sql;
+  while (m_cursor.Accept("AND")) sql += " AND " + ParseNot().sql;
+  return {Bracketed(sql), Kind::Number};
 }
 
 Expression QueryTranslator::ParseNot() {
-  if (m_cursor.Accept("NOT")) return {fmt::format("(NOT {})", ParseNot().sql), Kind::Number};
-  return ParseComparison();
+  if (!m_cursor.Accept("NOT")) return ParseComparison();
+  const auto guard = m_cursor.EnterNesting();
+  return {fmt::format("(NOT {})", ParseNot().sql), Kind::Number};
 }
 
 Expression QueryTranslator::ParseComparison() {
@@ -86,33 +114,26 @@ Expression QueryTranslator::ParseSum() {
   Expression left = ParseProduct();
   while (m_cursor.IsAny({"+", "-", "&", "|"})) {
     const std::string op = m_cursor.Take().text;
-    const Expression right = ParseProduct();
-    const bool isText = left.kind == Kind::Text || right.kind == Kind::Text;
-    if (op != "+" || left.kind == Kind::Number || right.kind == Kind::Number) {
-      left = {fmt::format("({} {} {})", left.sql, op == "+" && isText ? "||" : op, right.sql),
-              isText ? Kind::Text : Kind::Number};
-    } else if (isText) {
-      left = {fmt::format("({} || {})", left.sql, right.sql), Kind::Text};
-    } else {
-      left = {fmt::format("tsql_plus({}, {})", left.sql, right.sql)};
-    }
+    left = op == "+" ? Plus(left, ParseProduct()) : Chained(left, op, ParseProduct(), Kind::Number);
   }
-  return left;
+  return Closed(std::move(left));
 }
 
 Expression QueryTranslator::ParseProduct() {
   Expression left = ParseUnary();
   while (m_cursor.IsAny({"*", "/", "%"})) {
     const std::string op = m_cursor.Take().text;
-    left = {fmt::format("({} {} {})", left.sql, op, ParseUnary().sql), Kind::Number};
+    left = Chained(left, op, ParseUnary(), Kind::Number);
   }
-  return left;
+  return Closed(std::move(left));
 }
 
 Expression QueryTranslator::ParseUnary() {
+  if (!m_cursor.IsAny({"-", "+"})) return ParsePrimary();
+  const auto guard = m_cursor.EnterNesting();
   if (m_cursor.Accept("-")) return {fmt::format("(- {})", ParseUnary().sql), Kind::Number};
-  if (m_cursor.Accept("+")) return ParseUnary();
-  return ParsePrimary();
+  m_cursor.Take();
+  return ParseUnary();
 }
 
 Expression QueryTranslator::ParsePrimary() {

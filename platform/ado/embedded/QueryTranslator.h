@@ -24,6 +24,7 @@ class QueryTranslator {
     std::string sql;
     Kind kind = Kind::Unknown;
     bool isColumn = false;
+    std::string chain = {};  ///< while operators are being strung together: their kind
   };
 
   /// One item of a select list.

@@ -36,6 +36,7 @@ Query QueryTranslator::Finish(std::string sql) const { return {std::move(sql), {
 
 /// A whole query: cores joined by UNION, ORDER BY, and TOP, which SQLite says at the end.
 Select QueryTranslator::ParseSelect() {
+  const auto guard = m_cursor.EnterNesting();
   m_cursor.Expect("SELECT");
   const bool isDistinct = m_cursor.Accept("DISTINCT");
   if (!isDistinct) m_cursor.Accept("ALL");
@@ -122,6 +123,7 @@ std::string QueryTranslator::ParseTableSource() {
 /// A join after its left operand. When another join stands where ON is due, its ON comes first and the
 /// right operand is that whole join: `a JOIN b JOIN c ON .. ON ..`. SQLite wants brackets for it.
 std::string QueryTranslator::ParseJoinTail(const std::string& left) {
+  const auto guard = m_cursor.EnterNesting();
   if (m_cursor.AcceptAll({"CROSS", "JOIN"})) return fmt::format("{} CROSS JOIN {}", left, ParseTablePrimary());
   std::string kind = m_cursor.IsAny({"INNER", "LEFT", "RIGHT", "FULL"}) ? m_cursor.Take().text : "INNER";
   m_cursor.Accept("OUTER");
@@ -139,6 +141,7 @@ std::string QueryTranslator::ParseJoinTail(const std::string& left) {
 }
 
 std::string QueryTranslator::ParseTablePrimary() {
+  const auto guard = m_cursor.EnterNesting();
   std::string source;
   if (m_cursor.Accept("(")) {
     source = fmt::format("({})", m_cursor.Is("SELECT") ? ParseSelect().Sql() : ParseTableSource());

@@ -91,6 +91,14 @@ std::string TokenCursor::ExpectVariable() {
   return Take().text;
 }
 
+TokenCursor::NestingGuard TokenCursor::EnterNesting() {
+  constexpr int kDeepest = 200;
+  if (m_depth >= kDeepest) {
+    throw DriverError("42000", 191, "Some part of the statement is nested too deeply.", Peek().line);
+  }
+  return NestingGuard(m_depth);
+}
+
 void TokenCursor::Fail() const {
   const Token& token = Peek();
   const std::string what = AtEnd() ? "the end of the batch" : fmt::format("'{}'", token.text);

@@ -34,6 +34,20 @@ class TokenCursor {
   /// Whether the next token can be a name.
   [[nodiscard]] bool IsName(std::size_t ahead = 0) const;
 
+  /// Counts one level of nesting until the guard goes. DriverError when the text is nested deeper than a parser that
+  /// calls itself can follow.
+  class NestingGuard {
+   public:
+    explicit NestingGuard(int& depth) : m_depth(depth) { ++m_depth; }
+    ~NestingGuard() { --m_depth; }
+    NestingGuard(const NestingGuard&) = delete;
+    NestingGuard& operator=(const NestingGuard&) = delete;
+
+   private:
+    int& m_depth;
+  };
+  [[nodiscard]] NestingGuard EnterNesting();
+
   /// "Incorrect syntax near ...", at the next token.
   [[noreturn]] void Fail() const;
   /// A construct that the embedded engine does not take.
@@ -47,6 +61,7 @@ class TokenCursor {
   std::string_view m_batch;
   std::vector<Token> m_tokens;
   std::size_t m_at = 0;
+  int m_depth = 0;
 };
 
 /// `name` as a quoted SQLite identifier.
