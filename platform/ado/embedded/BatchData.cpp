@@ -2,7 +2,6 @@
 #include <fmt/ranges.h>
 
 #include "platform/ado/embedded/BatchParser.h"
-#include "platform/ado/embedded/SqlType.h"
 
 namespace quorvel::ado::embedded {
 
@@ -125,12 +124,7 @@ Program BatchParser::ParseProcedure() {
 }
 
 void BatchParser::ParseParameter() {
-  Variable parameter;
-  parameter.info.name = m_cursor.ExpectVariable();
-  m_cursor.Accept("AS");
-  const SqlType type = ParseType(m_cursor);
-  parameter.info.type = type.type;
-  parameter.info.size = type.size;
+  Variable parameter = ParseVariable();
   if (m_cursor.Accept("=")) {
     const bool isNegative = m_cursor.Accept("-");
     const Token value = m_cursor.Take();

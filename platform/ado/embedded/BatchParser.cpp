@@ -118,16 +118,21 @@ Query BatchParser::ParseScalar() {
   return translator.Finish("SELECT " + expression.sql);
 }
 
+/// Name and type, as DECLARE and a procedure's parameters have them.
+Variable BatchParser::ParseVariable() {
+  Variable variable;
+  variable.info.name = m_cursor.ExpectVariable();
+  m_cursor.Accept("AS");
+  const SqlType type = ParseType(m_cursor);
+  variable.info.type = type.type;
+  variable.info.size = type.size;
+  return variable;
+}
+
 void BatchParser::ParseDeclare(Block& block) {
   do {
     const int line = m_cursor.Peek().line;
-    Variable variable;
-    variable.info.name = m_cursor.ExpectVariable();
-    m_cursor.Accept("AS");
-    const SqlType type = ParseType(m_cursor);
-    variable.info.type = type.type;
-    variable.info.size = type.size;
-    m_program.variables.push_back(std::move(variable));
+    m_program.variables.push_back(ParseVariable());
     if (m_cursor.Accept("=")) block.push_back({line, QueryStep{ParseScalar(), {m_program.variables.size() - 1}}});
   } while (m_cursor.Accept(","));
 }

@@ -38,6 +38,7 @@ class BatchParser {
   void ParseDelete(Block& block);
   void ParseDefineProcedure(Block& block, DefineProcedureStep::Mode mode);
   void ParseParameter();
+  [[nodiscard]] Variable ParseVariable();
   std::vector<std::string> ParseInsertColumns();
   std::string ParseRow(QueryTranslator& translator, const std::string& table, const std::vector<std::string>& columns);
   [[nodiscard]] std::string Dressed(const std::string& sql, const std::string& table,
