@@ -93,9 +93,9 @@ bool RegistryFile::SetString(std::string_view key, std::string_view name, std::s
 }
 
 void RegistryFile::Remove(std::string_view key, std::string_view name) {
-  const auto positions = PositionsOfValue(key, name);
-  for (auto position = positions.rbegin(); position != positions.rend(); ++position) {
-    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(*position));
+  // From the last to the first: what is erased moves only what has been dealt with.
+  for (auto positions = PositionsOfValue(key, name); !positions.empty(); positions.pop_back()) {
+    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(positions.back()));
   }
 }
 
