@@ -25,7 +25,7 @@ void BatchParser::ParseStatements(Block& block) {
 
 void BatchParser::ParseStatement(Block& block) {
   const auto guard = m_cursor.EnterNesting();
-  if (!m_cursor.IsAny({"SELECT", "SET"})) m_program.onlyReads = false;
+  if (!m_cursor.IsAny({"SELECT", "SET", "DECLARE", "IF", "RETURN"})) m_program.onlyReads = false;
   if (!ParseFlow(block) && !ParseData(block) && !ParseDefinition(block)) m_cursor.Fail();
 }
 

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <utility>
 
 #include "platform/Error.h"
 #include "platform/ado/embedded/BatchParser.h"
@@ -28,8 +29,8 @@ class ReadTransaction {
     m_isOpen = true;
   }
   void End() {
-    if (m_isOpen) Run(m_end, "COMMIT");
-    m_isOpen = false;
+    // SQLite ends a transaction by itself after some errors.
+    if (std::exchange(m_isOpen, false) && sqlite3_get_autocommit(m_database) == 0) Run(m_end, "COMMIT");
   }
 
  private:
@@ -118,9 +119,9 @@ void CheckFile(const std::string& path) {
                       "No database file is set: the setting Database must name the file of the embedded engine.");
   }
   if (!std::filesystem::exists(path, error)) {
-    throw DriverError(
-        "08001", 0,
-        fmt::format("The database file {} does not exist{}.", path, error ? " (" + error.message() + ")" : ""));
+    throw DriverError("08001", 0,
+                      fmt::format("The database file {} does not exist{}; 'quorvel init' makes it.", path,
+                                  error ? " (" + error.message() + ")" : ""));
   }
   if (std::filesystem::is_directory(path, error)) {
     throw DriverError("08001", 0, fmt::format("{} is a folder, not a database file.", path));
