@@ -7,8 +7,8 @@
 namespace quorvel {
 namespace {
 
+using test::Caught;
 using test::ContextHolder;
-using test::ErrorOf;
 using test::HasNumber;
 using test::IsError;
 using test::Number;
@@ -131,7 +131,7 @@ TEST_F(LoadTest, ANegativeRightCountsForSomeQuestionsOnly) {
 
 TEST_F(LoadTest, AnUnknownContextEndsItBeforeAnythingElse) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
-  EXPECT_THAT(ErrorOf([&] { context->Load("Nowhere", "C1000", "mjones"); }),
+  EXPECT_THAT(Caught([&] { context->Load("Nowhere", "C1000", "mjones"); }),
               IsError(-1, "RemarkContext.LoadContext", "ContextID [Nowhere] not found"));
   EXPECT_EQ(context->ContextID(), "Nowhere");
   EXPECT_EQ(context->Caption(), "Customer Maintenance");
@@ -142,7 +142,7 @@ TEST_F(LoadTest, AnUnknownContextEndsItBeforeAnythingElse) {
 
 TEST_F(LoadTest, AnUnknownOwnerLeavesAnEmptyList) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
-  EXPECT_THAT(ErrorOf([&] { context->Load("CustInq", "C9999", "mjones"); }),
+  EXPECT_THAT(Caught([&] { context->Load("CustInq", "C9999", "mjones"); }),
               IsError(-1, "RemarkContext.LoadMemos", "OwnerID [C9999] not found"));
   EXPECT_EQ(context->UserID(), "mjones");
   EXPECT_EQ(context->TypeCount(), 2);
@@ -154,19 +154,19 @@ TEST_F(LoadTest, AnUnknownOwnerLeavesAnEmptyList) {
 TEST_F(LoadTest, WhateverKeepsTheOwnerLookupFromRunningReadsTheSame) {
   const auto notLoaded = IsError(-1, "RemarkContext.LoadMemos", "Context has not been loaded");
   const ContextHolder fresh;
-  EXPECT_THAT(ErrorOf([&] { fresh->SetOwnerID("C1044"); }), notLoaded);
+  EXPECT_THAT(Caught([&] { fresh->SetOwnerID("C1044"); }), notLoaded);
   EXPECT_EQ(fresh->OwnerID(), "C1044");
 
   const ContextHolder context("CustMaint", "C1044", "jsmith");
-  EXPECT_THAT(ErrorOf([&] { context->SetOwnerID(std::string(31, 'C')); }), notLoaded);
+  EXPECT_THAT(Caught([&] { context->SetOwnerID(std::string(31, 'C')); }), notLoaded);
   for (const char* procedure : {"", "spNoSuchProcedure", "spTWCqvGetContext"}) {
     m_database.Run(std::string("UPDATE ttwRemarkEntity SET spGetOwnerName = '") + procedure + "'");
     if (std::string(procedure) == "spTWCqvGetContext") {
       // This one runs, but tells no owner: that is no failure to run it.
-      EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "CustMaint", "jsmith"); }),
+      EXPECT_THAT(Caught([&] { context->Load("CustMaint", "CustMaint", "jsmith"); }),
                   HasNumber(ErrorNumber::AdoItemNotFound));
     } else {
-      EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "jsmith"); }), notLoaded) << procedure;
+      EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "jsmith"); }), notLoaded) << procedure;
     }
   }
 }
@@ -202,7 +202,7 @@ TEST_F(LoadTest, AnotherOwnerIDMovesToThatOwner) {
 
 TEST_F(LoadTest, AnotherOwnerKeyOnlyEmptiesTheList) {
   const ContextHolder context;
-  EXPECT_THAT(ErrorOf([&] { context->SetOwnerKey(7); }), HasNumber(ErrorNumber::ObjectNotSet));
+  EXPECT_THAT(Caught([&] { context->SetOwnerKey(7); }), HasNumber(ErrorNumber::ObjectNotSet));
   EXPECT_EQ(context->OwnerKey(), 7);
 
   context->Load("CustMaint", "C1044", "admin");
@@ -217,19 +217,19 @@ TEST_F(LoadTest, AnotherOwnerKeyOnlyEmptiesTheList) {
 
 TEST_F(LoadTest, ErrorsOfTheDatabasePassUnchanged) {
   const ContextHolder context("CustMaint", "C1044", "admin");
-  EXPECT_THAT(ErrorOf([&] { context->Load(std::string(31, 'X'), "C1044", "admin"); }),
+  EXPECT_THAT(Caught([&] { context->Load(std::string(31, 'X'), "C1044", "admin"); }),
               HasNumber(ErrorNumber::AdoDataConversion));
-  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", std::string(31, 'X')); }),
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", std::string(31, 'X')); }),
               HasNumber(ErrorNumber::AdoDataConversion));
 
   m_database.Run("UPDATE ttwRemarkEntity SET AcuityEntityKey = 40000 WHERE RemarkEntityID = 'Customer'");
-  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::Overflow));
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::Overflow));
   EXPECT_EQ(context->EntityKey(), 40000);
   EXPECT_EQ(context->OwnerName(), "Acme Tools");
   EXPECT_EQ(context->MemoCount(), 0);
 
   m_database.Run("DROP PROCEDURE spTWCqvGetUserRights");
-  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "mjones"); }), HasNumber(ErrorNumber::DbStatement));
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "mjones"); }), HasNumber(ErrorNumber::DbStatement));
   EXPECT_EQ(context->UserID(), "mjones");
 }
 
@@ -245,14 +245,14 @@ TEST_F(LoadTest, OddRowsOfTheReadProcedures) {
   m_database.Run(
       "ALTER PROCEDURE spTWCqvGetRemarkTypes @ContextID varchar(30) AS SELECT 'A' AS TypeID, 'First' AS Caption, 0 AS "
       "Priority UNION ALL SELECT 'a', 'Second', 0");
-  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::DuplicateKey));
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::DuplicateKey));
   EXPECT_EQ(context->TypeCount(), 1);
 
   m_database.Run(
       "ALTER PROCEDURE spTWCqvGetContext @ContextID varchar(30) AS SELECT 'New' AS Caption, 501 AS EntityKey, NULL AS "
       "EntityName, 'spGetCustomerName' AS spGetOwnerName, 1 AS GroupByType, 1 AS AllowRowSizing, 9 AS RowHeight, 0 AS "
       "EditBehavior");
-  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::InvalidUseOfNull));
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "admin"); }), HasNumber(ErrorNumber::InvalidUseOfNull));
   EXPECT_EQ(context->Caption(), "New");
   EXPECT_EQ(context->RowHeight(), 2);
 }
@@ -263,7 +263,7 @@ TEST_F(LoadTest, ARefreshThatFailsPartWayKeepsWhatItRead) {
       "ALTER PROCEDURE spTWCqvGetFilteredMemos @ContextID varchar(30), @EntityType smallint, @OwnerKey int AS "
       "SELECT MemoType AS TypeID, MemoKey, DateStamp, UserID, CASE WHEN MemoKey = 3 THEN NULL ELSE MemoText END AS "
       "MemoText FROM tciMemo WHERE OwnerKey = @OwnerKey AND EntityType = @EntityType ORDER BY MemoKey");
-  EXPECT_THAT(ErrorOf([&] { context->RefreshRemarkList(); }), HasNumber(ErrorNumber::InvalidUseOfNull));
+  EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }), HasNumber(ErrorNumber::InvalidUseOfNull));
   ASSERT_EQ(context->MemoCount(), 3);
   EXPECT_EQ(RemarkAt(context, 2).MemoKey(), 2);
   EXPECT_EQ(RemarkAt(context, 3).MemoText(), "");
@@ -272,7 +272,7 @@ TEST_F(LoadTest, ARefreshThatFailsPartWayKeepsWhatItRead) {
 TEST_F(LoadTest, ADatabaseWithoutTheSchemaIsAnErrorThatNamesWhatIsMissing) {
   const test::TestDatabase empty(test::TestDatabase::Content::Empty);
   const ContextHolder context;
-  const Error error = ErrorOf([&] { context->Load("CustMaint", "C1044", "jsmith"); });
+  const Error error = Caught([&] { context->Load("CustMaint", "C1044", "jsmith"); });
   EXPECT_EQ(error.Number(), ErrorNumber::DbStatement);
   EXPECT_THAT(error.Description(), testing::HasSubstr("spTWCqvGetContext"));
 }

@@ -7,8 +7,8 @@
 namespace quorvel {
 namespace {
 
+using test::Caught;
 using test::ContextHolder;
-using test::ErrorOf;
 using test::HasNumber;
 using test::Number;
 using test::RemarkAt;
@@ -31,9 +31,9 @@ TEST(RemarkListTest, ItemSwallowsWhatRemoveRaises) {
   EXPECT_EQ(list.Index(second), 2);
   EXPECT_EQ(list.Index(second->Copy()), 0);
 
-  EXPECT_THAT(ErrorOf([&] { list.Remove(Number(3)); }), HasNumber(ErrorNumber::SubscriptOutOfRange));
-  EXPECT_THAT(ErrorOf([&] { list.Remove(Number(0)); }), HasNumber(ErrorNumber::SubscriptOutOfRange));
-  EXPECT_THAT(ErrorOf([&] { list.Remove("first"); }), HasNumber(ErrorNumber::InvalidCall));
+  EXPECT_THAT(Caught([&] { list.Remove(Number(3)); }), HasNumber(ErrorNumber::SubscriptOutOfRange));
+  EXPECT_THAT(Caught([&] { list.Remove(Number(0)); }), HasNumber(ErrorNumber::SubscriptOutOfRange));
+  EXPECT_THAT(Caught([&] { list.Remove("first"); }), HasNumber(ErrorNumber::InvalidCall));
   EXPECT_FALSE(list.Dirty());
   list.Remove(Number(1));
   EXPECT_EQ(list.Item(Number(1)), second);
@@ -82,8 +82,8 @@ TEST(RemarkListTest, WithoutCollectionsItCountsNothingAndTakesNothing) {
     EXPECT_FALSE(list.Dirty());
     EXPECT_EQ(list.Items(), nullptr);
     list.Save();
-    EXPECT_THAT(ErrorOf([&] { list.Add(); }), HasNumber(ErrorNumber::ObjectNotSet));
-    EXPECT_THAT(ErrorOf([&] { list.Remove(Number(1)); }), HasNumber(ErrorNumber::ObjectNotSet));
+    EXPECT_THAT(Caught([&] { list.Add(); }), HasNumber(ErrorNumber::ObjectNotSet));
+    EXPECT_THAT(Caught([&] { list.Remove(Number(1)); }), HasNumber(ErrorNumber::ObjectNotSet));
     list.Clear();
     AddText(list, "usable again");
     EXPECT_EQ(list.Count(), 1);
@@ -124,7 +124,7 @@ TEST_F(RemarkCommitTest, AFailedInsertKeepsItsKeyAndTheNextTryUpdates) {
   remark->SetMemoText("lost");
   remark->SetUserID(std::string(31, 'x'));
   remark->SetDirty(true);
-  EXPECT_THAT(ErrorOf([&] { m_context->RemarkList()->Save(); }), HasNumber(ErrorNumber::AdoDataConversion));
+  EXPECT_THAT(Caught([&] { m_context->RemarkList()->Save(); }), HasNumber(ErrorNumber::AdoDataConversion));
   EXPECT_EQ(remark->MemoKey(), 2043);
   EXPECT_TRUE(remark->Dirty());
 
@@ -145,7 +145,7 @@ TEST_F(RemarkCommitTest, AnErrorStopsTheSaveAndForgetsNothing) {
   }
   bad->SetUserID(std::string(31, 'x'));
   list.Remove(Number(7));
-  EXPECT_THAT(ErrorOf([&] { list.Save(); }), HasNumber(ErrorNumber::AdoDataConversion));
+  EXPECT_THAT(Caught([&] { list.Save(); }), HasNumber(ErrorNumber::AdoDataConversion));
   EXPECT_FALSE(good->Dirty());
   EXPECT_TRUE(bad->Dirty() && never->Dirty());
   EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'changed'"), "1");

@@ -4,10 +4,10 @@
 
 #include <memory>
 #include <string>
-#include <utility>
 
 #include "platform/Error.h"
 #include "runtime/RemarkContext.h"
+#include "tests/support/Caught.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
 
@@ -30,18 +30,6 @@ class ContextHolder {
  private:
   std::shared_ptr<RemarkContext> m_context = RemarkContext::Create();
 };
-
-/// What `action` throws; fails the test when it throws no Error.
-template <typename Action>
-Error ErrorOf(Action&& action) {
-  try {
-    std::forward<Action>(action)();
-  } catch (const Error& error) {
-    return error;
-  }
-  ADD_FAILURE() << "no error";
-  return {0, "", ""};
-}
 
 /// An Error with that number and source and a description that meets a matcher.
 inline auto IsError(std::int32_t number, const std::string& source, const testing::Matcher<std::string>& description) {

@@ -8,8 +8,8 @@
 namespace quorvel {
 namespace {
 
+using test::Caught;
 using test::ContextHolder;
-using test::ErrorOf;
 using test::HasNumber;
 using test::IsError;
 using test::Number;
@@ -93,7 +93,7 @@ TEST_F(SaveTest, LoadingAgainSavesWhatThePreviousOwnerLeft) {
   // What cannot be saved keeps Load from replacing it.
   context->SetEditBehavior(EditBehavior::AutoSaveOnClose);
   context->AddRemark("Cust.General", "kept", std::string(31, 'u'));
-  EXPECT_THAT(ErrorOf([&] { context->Load("CustMaint", "C1044", "jsmith"); }),
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "jsmith"); }),
               HasNumber(ErrorNumber::AdoDataConversion));
   EXPECT_EQ(context->ContextID(), "CustInq");
   EXPECT_EQ(RemarkAt(context, 2).MemoText(), "kept");
@@ -101,9 +101,9 @@ TEST_F(SaveTest, LoadingAgainSavesWhatThePreviousOwnerLeft) {
 
 TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
   const ContextHolder context("CustMaint", "C1044", "guest");
-  EXPECT_THAT(ErrorOf([&] { context->AddRemark("Ord.Note", "x"); }),
+  EXPECT_THAT(Caught([&] { context->AddRemark("Ord.Note", "x"); }),
               IsError(-1, "RemarkContext.AddRemark", "Illegal remark type for this context"));
-  EXPECT_THAT(ErrorOf([&] { context->AddRemark(Number(5), "x"); }), HasNumber(-1));
+  EXPECT_THAT(Caught([&] { context->AddRemark(Number(5), "x"); }), HasNumber(-1));
   EXPECT_EQ(context->MemoCount(), 0);
 
   // The type's rights are not asked; the author is the logon name, not the user of the context.
@@ -141,7 +141,7 @@ TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
     EXPECT_EQ(MemoCount(), kMemosOfSample);
     // A remark that the host kept no longer knows its owner and must not be filed under none.
     EXPECT_EQ(remark->OwnerKey(), 0);
-    EXPECT_THAT(ErrorOf([&] { remark->Commit(); }), HasNumber(ErrorNumber::ObjectNotSet));
+    EXPECT_THAT(Caught([&] { remark->Commit(); }), HasNumber(ErrorNumber::ObjectNotSet));
 
     context->Load("CustMaint", "C1044", "admin");
     EXPECT_EQ(context->MemoCount(), 7);
@@ -152,9 +152,9 @@ TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
 
 TEST_F(SaveTest, WithoutWindowsAnErrorSaysSo) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
-  EXPECT_THAT(ErrorOf([&] { context->PopupMemos(); }), IsError(-1, "RemarkContext.PopupMemos", HasSubstr("window")));
-  EXPECT_THAT(ErrorOf([&] { context->EditMemos(true); }), IsError(-1, "RemarkContext.EditMemos", HasSubstr("window")));
-  EXPECT_THAT(ErrorOf([&] { context->ViewManager(1); }), IsError(-1, "RemarkContext.ViewManager", HasSubstr("window")));
+  EXPECT_THAT(Caught([&] { context->PopupMemos(); }), IsError(-1, "RemarkContext.PopupMemos", HasSubstr("window")));
+  EXPECT_THAT(Caught([&] { context->EditMemos(true); }), IsError(-1, "RemarkContext.EditMemos", HasSubstr("window")));
+  EXPECT_THAT(Caught([&] { context->ViewManager(1); }), IsError(-1, "RemarkContext.ViewManager", HasSubstr("window")));
 }
 
 TEST_F(SaveTest, WindowsGetTheLoadedContext) {

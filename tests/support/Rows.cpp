@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Caught.h"
 namespace quorvel::test {
 
 std::vector<std::string> RowsOf(ado::Connection& connection, std::string_view batch) {
@@ -19,13 +20,8 @@ std::vector<std::string> RowsOf(ado::Connection& connection, std::string_view ba
 }
 
 Error FailureOf(ado::Connection& connection, std::string_view batch) {
-  try {
-    connection.Execute(batch);
-  } catch (const Error& error) {
-    return error;
-  }
-  ADD_FAILURE() << "no error from: " << batch;
-  return {0, "", ""};
+  SCOPED_TRACE(batch);
+  return Caught([&] { connection.Execute(batch); });
 }
 
 }  // namespace quorvel::test
