@@ -36,8 +36,14 @@ class RatioReporter : public benchmark::ConsoleReporter {
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+  // Ratios need medians, and pairs that are measured in turns; what the command line says comes later and counts.
+  std::vector<const char*> arguments = {argv[0], "--benchmark_repetitions=5", "--benchmark_min_time=0.1",
+                                        "--benchmark_enable_random_interleaving=true",
+                                        "--benchmark_report_aggregates_only=true"};
+  arguments.insert(arguments.end(), argv + 1, argv + argc);
+  auto count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, const_cast<char**>(arguments.data()));
+  if (benchmark::ReportUnrecognizedArguments(count, const_cast<char**>(arguments.data()))) return 2;
   RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   reporter.PrintRatios();

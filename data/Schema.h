@@ -4,8 +4,8 @@
 
 namespace quorvel {
 
-/// The T-SQL scripts of data/schema, as they stand in the source tree; batches end with GO. Running one again
-/// changes nothing.
+/// The T-SQL scripts of data/schema, as they stand in the source tree; batches end with GO. Run again they
+/// leave tables and rows alone and bring the procedures to this version.
 [[nodiscard]] std::string_view SchemaScript() noexcept;
 [[nodiscard]] std::string_view SampleScript() noexcept;
 

@@ -11,16 +11,6 @@
 namespace quorvel {
 namespace {
 
-/// Texts may come from the database: what would steer the terminal is left out.
-std::string Printable(std::string_view text) {
-  std::string printable;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '\n' || c == '\t' || (byte >= 0x20 && byte != 0x7F)) printable += c;
-  }
-  return printable;
-}
-
 /// What a person meant; nothing when it is neither.
 std::optional<PromptAnswer> ReadAnswer(std::string_view line) {
   const std::string_view answer = TrimBlanks(line);

@@ -60,9 +60,19 @@ int CompareCharacters(std::string_view left, std::string_view right) noexcept {
   return static_cast<int>(i < left.size()) - static_cast<int>(j < right.size());
 }
 
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+/// Bytes of the control character at the front; 0 when there is none. A carriage return counts as one, and so do
+/// the two bytes of U+0080 to U+009F, which terminals obey as well.
+std::size_t ControlLength(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  if (byte(0) < 0x20 || byte(0) == 0x7F) return 1;
+  return byte(0) == 0xC2 && text.size() > 1 && byte(1) >= 0x80 && byte(1) < 0xA0 ? 2 : 0;
+}
+
 }  // namespace
 
-std::string_view TrimBlanks(std::string_view text) {
+std::string_view TrimBlanks(std::string_view text) noexcept {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
@@ -94,6 +104,26 @@ std::size_t CountCharacters(std::string_view text) noexcept {
   std::size_t count = 0;
   for (std::size_t position = 0; position < text.size(); ++count) (void)utf::Take(text, position);
   return count;
+}
+
+std::string Printable(std::string_view text) {
+  std::string clean;
+  clean.reserve(text.size());
+  while (!text.empty()) {
+    std::size_t length = ControlLength(text);
+    if (text.starts_with("\r\n")) {
+      text.remove_prefix(1);
+      continue;
+    }
+    if (length == 0 || text[0] == '\n' || text[0] == '\t') {
+      clean += text[0];
+      length = 1;
+    } else {
+      clean += kReplacement;
+    }
+    text.remove_prefix(length);
+  }
+  return clean;
 }
 
 }  // namespace quorvel

@@ -6,7 +6,7 @@
 namespace quorvel {
 
 /// Without leading and trailing blanks (U+0020 only: tabs and line breaks are text).
-[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
+[[nodiscard]] std::string_view TrimBlanks(std::string_view text) noexcept;
 
 /// `text` (UTF-8) with every character folded to lower case, one character for one; bytes that are not UTF-8
 /// stay as they are. Used wherever letter case does not count.
@@ -16,6 +16,10 @@ namespace quorvel {
 /// Ordered by folded code point.
 [[nodiscard]] int CompareIgnoringCase(std::string_view left, std::string_view right) noexcept;
 [[nodiscard]] bool EqualIgnoringCase(std::string_view left, std::string_view right) noexcept;
+
+/// `text` as it may go to a terminal: every control character but line feed and tab, with which one user's text could
+/// take over another user's terminal, becomes U+FFFD; a carriage return before a line feed goes.
+[[nodiscard]] std::string Printable(std::string_view text);
 
 /// Orders texts without regard to letter case; for maps with text keys that are looked up without a copy.
 struct LessIgnoringCase {

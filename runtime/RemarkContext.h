@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "platform/Value.h"
 #include "runtime/EditBehavior.h"
@@ -35,7 +34,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext> {
   [[nodiscard]] const std::string& UserID() const noexcept { return m_userID; }
   [[nodiscard]] const std::string& ContextID() const noexcept { return m_contextID; }
   [[nodiscard]] const std::string& OwnerID() const noexcept { return m_ownerID; }
-  /// An ID that differs in more than letter case saves what is pending (Save(false)) and looks the owner up.
+  /// An ID that differs in more than letter case saves what is pending (Save(false)) and looks the owner up. When the
+  /// look-up fails the ID stays and the list is empty.
   void SetOwnerID(const std::string& ownerID);
   [[nodiscard]] const std::string& Caption() const noexcept { return m_caption; }
   /// The host's number for the kind of owner record.
@@ -77,13 +77,14 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext> {
 
   /// Reads the owner's remarks again, after Save(false). Does nothing without an owner.
   void RefreshRemarkList();
-  /// Writes what is unsaved; without force EditBehavior decides, and may ask.
+  /// Writes what is unsaved; without force EditBehavior decides, and may ask. Where there is nobody to ask, the error
+  /// of Prompts, and everything stays unsaved; so too from whatever calls Save(false).
   void Save(bool bForceSave = false);
   /// Appends a new remark in memory. The type's CanCreate is not asked: the host decides. An empty user means the
   /// logon name. Error -1 when the context has no such type.
   void AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText, const std::string& i_sUserID = {});
 
-  /// Open the windows. Error -1 when there are none.
+  /// Open the windows, with `i_bRefresh` on remarks that were read again. Error -1 when there are no windows.
   void PopupMemos(bool i_bRefresh = false);
   void EditMemos(bool i_bRefresh = false);
   void ViewManager(std::int32_t i_lModal = 0);

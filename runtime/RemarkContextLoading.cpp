@@ -4,6 +4,7 @@
 #include "data/modDatabase.h"
 #include "data/modUserName.h"
 #include "platform/Error.h"
+#include "platform/Text.h"
 #include "platform/ado/Command.h"
 #include "runtime/RemarkContext.h"
 
@@ -13,7 +14,8 @@ namespace {
 constexpr std::int32_t kIdSize = 30;
 
 ado::Parameter Id(const char* name, const std::string& id) {
-  return ado::Command::CreateParameter(name, ado::DataType::VarChar, ado::ParameterDirection::Input, kIdSize, id);
+  return ado::Command::CreateParameter(name, ado::DataType::VarChar, ado::ParameterDirection::Input, kIdSize,
+                                       std::string(TrimBlanks(id)));
 }
 
 ado::Parameter Integer(const char* name, ado::DataType type, std::int32_t number) {
@@ -27,6 +29,14 @@ std::shared_ptr<ado::Recordset> Call(const std::string& procedure, std::vector<a
   command.SetCommandText(procedure);
   for (ado::Parameter& parameter : parameters) command.Append(std::move(parameter));
   return command.Execute();
+}
+
+/// A column that holds an identifier may be of fixed width. Whatever else stands there is left for the look-up to miss.
+Value TrimmedId(const ado::Field& field) {
+  Value value = field.Value();
+  auto* id = std::get_if<std::string>(&value);
+  if (id != nullptr && id->ends_with(' ')) *id = std::string(TrimBlanks(*id));
+  return value;
 }
 
 [[noreturn]] void Fail(const char* source, std::string description) {
@@ -77,7 +87,7 @@ void RemarkContext::LoadRemarkTypes() {
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     auto type = std::make_shared<RemarkType>();
     type->SetContext(shared_from_this());
-    type->SetTypeID(ToText(rows->Fields("TypeID").Value()));
+    type->SetTypeID(std::string(TrimBlanks(ToText(rows->Fields("TypeID").Value()))));
     type->SetCaption(ToText(rows->Fields("Caption").Value()));
     type->SetShowPopup(ToBoolean(rows->Fields("Priority").Value()));
     const std::string key = type->TypeID();
@@ -88,7 +98,7 @@ void RemarkContext::LoadRemarkTypes() {
 void RemarkContext::LoadUserRights() {
   const auto rows = Call("spTWCqvGetUserRights", {Id("@UserID", m_userID)});
   for (; !rows->EndOfFile(); rows->MoveNext()) {
-    const auto& type = m_types->Find(ToText(rows->Fields("TypeID").Value()));
+    const auto type = Item(TrimmedId(rows->Fields("TypeID")));
     if (!type) continue;
     type->SetCanCreate(ToInt32(rows->Fields("CanCreate").Value()));
     type->SetCanRead(ToInt32(rows->Fields("CanRead").Value()));
@@ -124,7 +134,7 @@ void RemarkContext::RefreshRemarkList() {
   const ado::Field userID = rows->Fields("UserID");
   const ado::Field memoText = rows->Fields("MemoText");
   for (; !rows->EndOfFile(); rows->MoveNext()) {
-    const auto type = Item(typeID.Value());
+    const auto type = Item(TrimmedId(typeID));
     if (!type || type->CanRead() <= 0) continue;
     const auto remark = m_remarkList->Add();
     remark->SetRemarkType(type);

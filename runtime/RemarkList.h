@@ -46,7 +46,7 @@ class RemarkList {
   void Save();
 
   /// Takes the remark at a 1-based position out; it is deleted in the database at the next Save. Error 9 for a
-  /// position out of range, 5 for a text, 91 without collections; then nothing changes.
+  /// position out of range, 5 for a text, 13 or 94 for what is no number, 91 without collections; then nothing changes.
   void Remove(const Value& i_vIndexKey);
 
   /// Forgets items and removed remarks without writing; with false the list is left without collections.
@@ -54,7 +54,7 @@ class RemarkList {
 
   /// The items, for walking over them in order; null when the list was left without collections. The collection
   /// is live and may be replaced by Clear and Restore.
-  [[nodiscard]] const std::shared_ptr<Collection>& Items() const noexcept { return m_items; }
+  [[nodiscard]] std::shared_ptr<const Collection> Items() const noexcept { return m_items; }
 
  private:
   std::shared_ptr<Collection> m_items;

@@ -8,7 +8,8 @@ namespace quorvel {
 
 class RemarkContext;
 
-/// The windows that a context opens. A window library fills it in; until then there is none.
+/// The windows that a context opens. A window library fills it in, once per process; until then there is none. What a
+/// window keeps for itself it keeps once per thread.
 class RemarkWindows {
  public:
   virtual ~RemarkWindows() = default;
@@ -24,6 +25,7 @@ class RemarkWindows {
 [[nodiscard]] RemarkWindows& CurrentRemarkWindows(std::string_view source);
 
 /// Puts other windows in force and returns those that were; null takes them away.
+/// Call it before the component is used on a second thread.
 std::shared_ptr<RemarkWindows> ExchangeRemarkWindows(std::shared_ptr<RemarkWindows> windows);
 
 }  // namespace quorvel

@@ -2,10 +2,10 @@
 -- procedure that the component calls.
 --
 -- T-SQL for SQL Server 2012 or later and for the embedded engine: only what both understand. Run it in the host's
--- database; running it again changes nothing but brings the procedures up to date and keeps the grants on them.
+-- database. Run again it leaves tables and rows alone, brings the procedures to this version and keeps the grants on them.
 --
 -- The memo table tciMemo and the branches ttwBranch belong to the host and are made only where there are none. A host
--- whose own tciMemo names its columns differently adapts the procedures that read and write it.
+-- whose own tciMemo names its columns differently adapts the procedures that read and write it, after every run.
 
 SET ANSI_NULLS ON
 GO

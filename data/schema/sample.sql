@@ -2,7 +2,7 @@
 -- users, groups, rights and contexts through which they are seen. All names are made up.
 --
 -- T-SQL like quorvel.sql, which must have run before. The data goes in once, all or nothing: where there are customers
--- already, nothing changes.
+-- already, no row changes. The two owner lookups are brought to this version.
 
 SET ANSI_NULLS ON
 GO

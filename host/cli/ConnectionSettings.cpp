@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <filesystem>
+
 #include "data/modDatabase.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -26,8 +28,6 @@ void WriteSetting(std::string_view name, const std::string& value) {
   }
 }
 
-bool IsEmbedded(std::string_view server) { return EqualIgnoringCase(TrimBlanks(server), ado::kEmbeddedDataSource); }
-
 void RequireSettings(std::string_view source) {
   DBConnect& settings = modDatabase::Settings();
   const bool noServer = TrimBlanks(settings.Server()).empty();
@@ -36,6 +36,15 @@ void RequireSettings(std::string_view source) {
               fmt::format("No database {} is set. Set one first, for example: "
                           "quorvel settings 'Server=(embedded)' Database=remarks.db",
                           noServer ? "server" : "name"));
+}
+
+void RequireDatabase(std::string_view source) {
+  RequireSettings(source);
+  DBConnect& settings = modDatabase::Settings();
+  std::error_code ignored;
+  if (!ado::IsEmbedded(settings.Server()) || std::filesystem::exists(settings.Database(), ignored)) return;
+  throw Error(ErrorNumber::DbUnspecified, std::string(source),
+              fmt::format("The database file {} does not exist; 'quorvel init' makes it", settings.Database()));
 }
 
 }  // namespace quorvel::cli

@@ -24,10 +24,10 @@ using SettingValues = std::array<std::string, kSettingNames.size()>;
 /// Throws Error 110, naming the setting, when it cannot be written.
 void WriteSetting(std::string_view name, const std::string& value);
 
-/// Whether that server is the embedded engine.
-[[nodiscard]] bool IsEmbedded(std::string_view server);
-
 /// Throws Error -1 from `source`, saying what to do, unless the settings name a database to work on.
 void RequireSettings(std::string_view source);
+
+/// RequireSettings, and the embedded engine's file must be there.
+void RequireDatabase(std::string_view source);
 
 }  // namespace quorvel::cli

@@ -48,6 +48,14 @@ std::string SettingsProblem() {
   }
 }
 
+/// Only the embedded engine is built in; any other server would have to be a SQL Server.
+bool CheckEngine(Report& report, const std::string& server) {
+  const bool isBuiltIn = ado::IsEmbedded(server);
+  return report.Check(isBuiltIn ? "engine, embedded" : "engine",
+                      isBuiltIn ? "" : "this build has none for a SQL Server",
+                      "Use the embedded engine: quorvel settings 'Server=(embedded)' Database=FILE");
+}
+
 bool CheckSettings(Report& report) {
   if (!report.Check(fmt::format("settings, kept in {}", registry::StoreLocation()), SettingsProblem(),
                     "Make that file readable and writable for this user, or set QUORVEL_REGISTRY to one that is.")) {
@@ -61,13 +69,12 @@ bool CheckSettings(Report& report) {
   const bool hasDatabase =
       report.Check("database " + OneLine(database), database.empty() ? "none is set" : "",
                    "Set one: quorvel settings Database=NAME, a file's name where the server is (embedded).");
-  return hasServer && hasDatabase;
+  return hasServer && hasDatabase && CheckEngine(report, server);
 }
 
 /// A connection of its own: the component's waits for a server for up to an hour.
 std::shared_ptr<ado::Connection> CheckConnection(Report& report) {
   auto connection = std::make_shared<ado::Connection>();
-  const bool embedded = IsEmbedded(modDatabase::Settings().Server());
   try {
     connection->SetConnectionString(modDatabase::Settings().ConnectionString());
     connection->SetCommandTimeout(std::chrono::seconds(15));
@@ -75,11 +82,10 @@ std::shared_ptr<ado::Connection> CheckConnection(Report& report) {
     report.Check(fmt::format("connection, {}", connection->Describe()), "", "");
     return connection;
   } catch (const Error& error) {
-    report.Check("connection", error.Description(),
-                 embedded ? "See that the file is what 'quorvel settings' says; 'quorvel init' creates one that is not "
-                            "there. Tables and procedures were not checked."
-                          : "See that the server runs and can be reached from here, and that login and password are "
-                            "right ('quorvel settings'). Tables and procedures were not checked.");
+    report.Check(
+        "connection", error.Description(),
+        "See that the file is what 'quorvel settings' says; 'quorvel init' creates one that is not there. Tables "
+        "and procedures were not checked.");
     return nullptr;
   }
 }

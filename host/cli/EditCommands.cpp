@@ -44,19 +44,21 @@ std::shared_ptr<Remark> FindRemark(const RemarkContext& context, std::int32_t in
 
 void RequireCreate(const RemarkContext& context, const RemarkType& type, const std::string& source) {
   if (type.CanCreate() > 0) return;
-  Refuse(source, fmt::format("{} may not create remarks of type {}", context.UserID(), type.TypeID()));
+  Refuse(source,
+         fmt::format("{} may not create remarks of type {}", OneLine(context.UserID()), OneLine(type.TypeID())));
 }
 
 void RequireUpdate(const RemarkContext& context, std::int32_t index, const Remark& remark, const std::string& source) {
   const bool isAuthor = EqualIgnoringCase(TrimBlanks(remark.UserID()), TrimBlanks(context.UserID()));
   if (isAuthor || context.CanUpdate(index)) return;
-  Refuse(source,
-         fmt::format("{} may not change remarks of type {} that others wrote", context.UserID(), remark.TypeID()));
+  Refuse(source, fmt::format("{} may not change remarks of type {} that others wrote", OneLine(context.UserID()),
+                             OneLine(remark.TypeID())));
 }
 
 void RequireDelete(const RemarkContext& context, std::int32_t index, const Remark& remark, const std::string& source) {
   if (context.CanDelete(index)) return;
-  Refuse(source, fmt::format("{} may not delete remarks of type {}", context.UserID(), remark.TypeID()));
+  Refuse(source,
+         fmt::format("{} may not delete remarks of type {}", OneLine(context.UserID()), OneLine(remark.TypeID())));
 }
 
 void PrintWritten(std::string_view verb, const Remark& remark) {

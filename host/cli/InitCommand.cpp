@@ -26,13 +26,13 @@ void ApplyScript(std::string_view what, std::string_view script, std::string_vie
   ado::Connection& connection = *modDatabase::SharedConnection();
   const bool wasThere = TableProblem(connection, lastTable, "*").empty();
   RunScript(connection, what, script);
-  fmt::print("{}: {}\n", what, wasThere ? "found" : "created");
+  fmt::print("{}: {}\n", what, wasThere ? "up to date" : "created");
 }
 
 void RunInit(bool withSample) {
   RequireSettings("quorvel.init");
   DBConnect& settings = modDatabase::Settings();
-  if (IsEmbedded(settings.Server())) MakeEmbeddedFile(settings.Database());
+  if (ado::IsEmbedded(settings.Server())) MakeEmbeddedFile(settings.Database());
   modDatabase::EnsureConnection();
   ApplyScript("Schema", SchemaScript(), "ttwContext");
   if (withSample) ApplyScript("Sample data", SampleScript(), "Customer");

@@ -49,9 +49,8 @@ void PrintRemark(const Remark& remark, std::size_t index, const Columns& columns
   fmt::print("{}{}\n", line, Paragraph(remark.MemoText(), CountCharacters(line), width));
 }
 
-void PrintRemarks(const RemarkContext& context, const RemarkType* type) {
+void PrintRemarks(const RemarkContext& context, const RemarkType* type, const Columns& columns) {
   const auto& remarks = *context.RemarkList()->Items();
-  const Columns columns = Measure(context);
   const std::size_t width = OutputWidth();
   bool isFirst = true;
   for (std::size_t i = 0; i < remarks.size(); ++i) {
@@ -84,10 +83,11 @@ void PrintList(const RemarkContext& context) {
   const std::string owner = OwnerTitle(context);
   fmt::print("{}, {}, as {}\n", owner.empty() ? "No owner" : owner, OneLine(context.Caption()),
              OneLine(context.UserID()));
+  const Columns columns = Measure(context);
   if (context.GroupByType()) {
-    for (const auto& type : context.Types()->All()) PrintRemarks(context, type.get());
+    for (const auto& type : context.Types()->All()) PrintRemarks(context, type.get(), columns);
   } else {
-    PrintRemarks(context, nullptr);
+    PrintRemarks(context, nullptr, columns);
   }
   const auto count = static_cast<std::size_t>(context.MemoCount());
   fmt::print("\n{}, {} to pop up\n", Counted(count, "remark"), context.PopupCount());

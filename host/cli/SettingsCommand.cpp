@@ -10,6 +10,7 @@
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
 #include "platform/Text.h"
+#include "platform/ado/Engine.h"
 
 namespace quorvel::cli {
 namespace {
@@ -41,7 +42,8 @@ void MakeDatabaseAbsolute(Assignments& assignments) {
   SettingValues values = ReadSettings().value_or(SettingValues{});
   for (const auto& [index, value] : assignments) values.at(index) = value;
   const std::string& database = values.at(kDatabaseIndex);
-  if (!IsEmbedded(values.at(kServerIndex)) || database.empty()) return;
+  const bool concernsFile = assignments.contains(kServerIndex) || assignments.contains(kDatabaseIndex);
+  if (!concernsFile || !ado::IsEmbedded(values.at(kServerIndex)) || database.empty()) return;
   assignments[kDatabaseIndex] = std::filesystem::absolute(database).lexically_normal().string();
 }
 
@@ -52,7 +54,8 @@ void PrintSettings() {
     if (i == kPasswordIndex && !shown.empty()) shown = "****";
     fmt::print("{}={}\n", kSettingNames.at(i), shown);
   }
-  fmt::print("{} {}\n", values ? "Kept in" : "Cannot be read by this user:", registry::StoreLocation());
+  fmt::print("{} {}\n",
+             values ? "Kept in" : "Cannot be read, or is not a file of settings:", registry::StoreLocation());
 }
 
 void RunSettings(const std::vector<std::string>& arguments) {

@@ -13,6 +13,7 @@
 #include "platform/Environment.h"
 #include "platform/Error.h"
 #include "platform/RegistryStore.h"
+#include "platform/Text.h"
 
 namespace quorvel::cli {
 namespace {
@@ -57,11 +58,11 @@ void Describe(CLI::App& app) {
 
 void PrintError(std::int32_t number, std::string_view source, std::string_view description) {
   std::fflush(stdout);
-  fmt::print(stderr, "quorvel: error {} at {}: {}\n", number, source, description);
-  if (number == ErrorNumber::RegistryWrite) {
-    fmt::print(stderr, "The settings are kept in {}; this user must be able to read and write it.\n",
-               registry::StoreLocation());
-  }
+  const std::string place = number == ErrorNumber::RegistryWrite
+                                ? fmt::format("; it must be a file of settings that this user can read and write: {}",
+                                              registry::StoreLocation())
+                                : "";
+  fmt::print(stderr, "quorvel: error {} at {}: {}{}\n", number, source, Printable(description), place);
 }
 
 int Run(int argc, const char* const* argv) {

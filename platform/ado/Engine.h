@@ -92,5 +92,7 @@ class Session {
 
 /// The data source that stands for the embedded engine.
 inline constexpr std::string_view kEmbeddedDataSource = "(embedded)";
+/// Whether a data source is that one; letter case and blanks around it do not count.
+[[nodiscard]] bool IsEmbedded(std::string_view dataSource) noexcept;
 
 }  // namespace quorvel::ado

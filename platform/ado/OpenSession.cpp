@@ -5,11 +5,10 @@
 #include "platform/ado/embedded/EmbeddedEngine.h"
 
 namespace quorvel::ado {
-namespace {
 
-bool IsEmbedded(std::string_view dataSource) { return EqualIgnoringCase(TrimBlanks(dataSource), kEmbeddedDataSource); }
-
-}  // namespace
+bool IsEmbedded(std::string_view dataSource) noexcept {
+  return EqualIgnoringCase(TrimBlanks(dataSource), kEmbeddedDataSource);
+}
 
 std::unique_ptr<Session> OpenSession(const ConnectOptions& options) {
   if (IsEmbedded(options.dataSource)) return OpenEmbedded(options);

@@ -19,6 +19,8 @@ TEST_F(CommandLine, HelpSucceedsEverywhereAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel({"lst"}), IsWrongUsage("lst"));
   EXPECT_THAT(Quorvel({"list"}), IsWrongUsage("--context is required"));
   EXPECT_THAT(Quorvel({"add", "--context", "C", "--type", "T", "--text", "x"}), IsWrongUsage("--owner is required"));
+  EXPECT_THAT(Quorvel({"add", "--context", "C", "--owner", "", "--type", "T", "--text", "x"}),
+              IsWrongUsage("an owner"));
   EXPECT_THAT(Quorvel({"run"}), IsWrongUsage("quorvel run --help"));
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "0"})), IsWrongUsage("--index"));
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "one"})), IsWrongUsage("--index"));
@@ -73,7 +75,8 @@ TEST_F(CommandLine, InitCreatesOnceAndThenFinds) {
   const std::string before = RunSql(rows);
   const Outcome second = Quorvel({"init", "--sample"});
   EXPECT_THAT(second, Succeeds());
-  EXPECT_EQ(second.output, "Database file: found " + File("new/test.db") + "\nSchema: found\nSample data: found\n");
+  EXPECT_EQ(second.output,
+            "Database file: found " + File("new/test.db") + "\nSchema: up to date\nSample data: up to date\n");
   EXPECT_EQ(RunSql(rows), before);
 }
 

@@ -27,6 +27,7 @@ TEST_F(CommandLine, EightWritersOfOneFileLoseNothing) {
   for (auto& writer : writers) EXPECT_THAT(writer.get(), Succeeds());
   // The key is the table's primary key, so as many rows as were added are as many distinct keys.
   EXPECT_THAT(RunSql(count), HasSubstr("\n 3642\n"));
+  EXPECT_THAT(RunSql("SELECT MAX(MemoKey) AS Highest FROM tciMemo"), HasSubstr("\n   3642\n"));
   EXPECT_THAT(RunSql("SELECT MemoText FROM tciMemo WHERE MemoText LIKE 'writer %' GROUP BY MemoText"),
               HasSubstr("(1600 rows)"));
 }

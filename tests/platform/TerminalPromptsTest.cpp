@@ -54,7 +54,7 @@ TEST(TerminalPrompts, AsksUntilItUnderstands) {
 TEST(TerminalPrompts, TellsWithoutWaitingAndWithoutSteeringTheTerminal) {
   const Terminal terminal("");
   EXPECT_EQ(Ask(terminal, PromptButtons::Ok), PromptAnswer::Ok);
-  EXPECT_EQ(terminal.Screen(), "Remarks: Save[2J it?\r\n");
+  EXPECT_EQ(terminal.Screen(), "Remarks: Save\xEF\xBF\xBD[2J it?\r\n");
 }
 
 TEST(TerminalPrompts, AnInputBoxTakesOneLine) {

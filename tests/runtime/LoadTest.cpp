@@ -257,6 +257,23 @@ TEST_F(LoadTest, OddRowsOfTheReadProcedures) {
   EXPECT_EQ(context->RowHeight(), 2);
 }
 
+// A host's columns may be of fixed width, and so may the fields of its screens.
+TEST_F(LoadTest, BlanksAroundIdentifiersDoNotCount) {
+  m_database.Run(
+      "ALTER PROCEDURE spTWCqvGetRemarkTypes @ContextID varchar(30) AS SELECT 'Cust.Credit     ' AS TypeID, 'Credit' "
+      "AS "
+      "Caption, 1 AS Priority");
+  m_database.Run(
+      "ALTER PROCEDURE spTWCqvGetUserRights @UserID varchar(30) AS SELECT NULL AS TypeID, 1 AS CanCreate, 1 AS "
+      "CanRead, 1 "
+      "AS CanUpdate, 1 AS CanDelete UNION ALL SELECT 'Cust.Credit ', 1, 1, 1, 1");
+  const std::string blanks(40, ' ');
+  const ContextHolder context("CustMaint" + blanks, " C1044" + blanks, "admin" + blanks);
+  ASSERT_NE(context->Item("cust.credit"), nullptr);
+  EXPECT_EQ(context->Item(Number(1))->CanRead(), 1);
+  EXPECT_EQ(context->MemoCount(), 1);
+}
+
 TEST_F(LoadTest, ARefreshThatFailsPartWayKeepsWhatItRead) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   m_database.Run(

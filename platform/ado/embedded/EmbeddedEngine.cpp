@@ -119,9 +119,9 @@ void CheckFile(const std::string& path) {
                       "No database file is set: the setting Database must name the file of the embedded engine.");
   }
   if (!std::filesystem::exists(path, error)) {
-    throw DriverError("08001", 0,
-                      fmt::format("The database file {} does not exist{}; 'quorvel init' makes it.", path,
-                                  error ? " (" + error.message() + ")" : ""));
+    throw DriverError(
+        "08001", 0,
+        fmt::format("The database file {} does not exist{}.", path, error ? " (" + error.message() + ")" : ""));
   }
   if (std::filesystem::is_directory(path, error)) {
     throw DriverError("08001", 0, fmt::format("{} is a folder, not a database file.", path));

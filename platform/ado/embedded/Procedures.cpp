@@ -76,6 +76,8 @@ void Procedures::Define(const DefineProcedureStep& step) {
   if (step.mode != Mode::Create && !exists) {
     throw DriverError("42S02", 208, fmt::format("Invalid object name '{}'.", step.name));
   }
+  // A script that is run again must not make every connection compile its procedures anew.
+  if (step.mode == Mode::Alter && ReadDefinition(step.name) == step.definition) return;
   // A savepoint nests in whatever transaction is open.
   Execute(m_database, "SAVEPOINT define_procedure");
   try {

@@ -2,8 +2,9 @@
 
 #include <fmt/format.h>
 
-#include <array>
+#include <cerrno>
 #include <limits>
+#include <system_error>
 
 #include "platform/ado/embedded/SqlType.h"
 
@@ -64,6 +65,21 @@ DriverError StatementFailed(const std::string& message) {
   return {"42000", 170, message};
 }
 
+/// What the operating system said to a failed read or write of the file or of the two beside it.
+DriverError FileFailed(sqlite3* database, int resultCode, const std::string& file) {
+  const int cause = database != nullptr ? sqlite3_system_errno(database) : 0;
+  if (cause == ENOSPC || cause == EDQUOT || cause == EFBIG) {
+    return {"HY000", 1105, fmt::format("The disk is full; nothing was written to {}.", file)};
+  }
+  if (cause == EROFS) {
+    return {"HY000", 3906,
+            fmt::format("The database {} stands on a read-only file system and cannot be used there.", file)};
+  }
+  const std::string reason = cause != 0 ? std::generic_category().message(cause) : sqlite3_errstr(resultCode);
+  return {(resultCode & 0xFF) == SQLITE_CANTOPEN ? "08001" : "HY000", resultCode,
+          fmt::format("The database {} or a file beside it cannot be used: {}.", file, reason)};
+}
+
 DriverError Translate(sqlite3* database, int resultCode) {
   const std::string message = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(resultCode);
   const int extended = database != nullptr ? sqlite3_extended_errcode(database) : resultCode;
@@ -84,7 +100,8 @@ DriverError Translate(sqlite3* database, int resultCode) {
     case SQLITE_NOTADB:
       return {"08001", 0, fmt::format("The file {} is not a database of the embedded engine.", file)};
     case SQLITE_CANTOPEN:
-      return {"08001", 0, fmt::format("The database {} or a file beside it cannot be opened.", file)};
+    case SQLITE_IOERR:
+      return FileFailed(database, extended, file);
     case SQLITE_CORRUPT:
       return {"HY000", 824, fmt::format("The database {} is damaged ({}); restore it from a backup.", file, message)};
     case SQLITE_MISMATCH:
