@@ -133,7 +133,12 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
   modWaitCursor::EndWait();
 }
 
-std::string SqlValue(const Value& value) { return IsText(value) ? fmt::format("'{}'", ToText(value)) : ToText(value); }
+std::string SqlValue(const Value& value) {
+  if (IsText(value)) return fmt::format("'{}'", ToText(value));
+  // Flags are columns of numbers: the word True would be taken for a column's name.
+  if (const bool* flag = std::get_if<bool>(&value)) return *flag ? "1" : "0";
+  return ToText(value);
+}
 
 void GetNewID(std::string_view entityName, std::string& id) {
   id.clear();

@@ -53,7 +53,7 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
                  const Value& keyValue, std::string_view keyColumn2 = {}, const Value& keyValue2 = Null{});
 
 /// A value as it is spliced into SQL: a text between single quotes, which are not doubled inside; anything else in
-/// its plain text form. Error 94 for NULL.
+/// its plain text form, a boolean as 1 or 0. Error 94 for NULL.
 [[nodiscard]] std::string SqlValue(const Value& value);
 
 /// Asks the user for a new identifier of at most 30 characters; `id` is empty when the user cancels.

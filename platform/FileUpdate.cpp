@@ -73,7 +73,7 @@ bool Replace(const fs::path& file, const Descriptor& folder, std::string_view co
 fs::path Resolve(const fs::path& path) {
   std::error_code failure;
   fs::path absolute = fs::absolute(path, failure);
-  fs::path resolved = fs::canonical(path, failure);
+  fs::path resolved = fs::weakly_canonical(path, failure);
   return failure ? absolute : resolved;
 }
 

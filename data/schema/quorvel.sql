@@ -1,7 +1,8 @@
 -- Quorvel's tables and stored procedures: the security model (ttw...), the counters that number the memos, and every
 -- procedure that the component calls.
 --
--- T-SQL for SQL Server 2012 or later and for the embedded engine: only what both understand. Run it in the host's
+-- T-SQL for SQL Server 2012 or later and for the embedded engine: only what both understand. Run it as a user whose
+-- default schema is that of the component's login, dbo as a rule: names stand here without a schema. Run it in the host's
 -- database. Run again it leaves tables and rows alone, brings the procedures to this version and keeps the grants on them.
 --
 -- The memo table tciMemo and the branches ttwBranch belong to the host and are made only where there are none. A host
@@ -150,7 +151,8 @@ BEGIN
 END
 GO
 
--- Two types of a context may share a DisplaySeq for a moment: the administration exchanges positions with two updates.
+-- A type belongs only into contexts of its own entity; the administration offers no others. Two types of a context may
+-- share a DisplaySeq for a moment: the administration exchanges positions with two updates.
 IF OBJECT_ID('ttwRemarkContext', 'U') IS NULL
 BEGIN
   CREATE TABLE ttwRemarkContext (
@@ -187,10 +189,12 @@ BEGIN
     TableName varchar(128) NOT NULL CONSTRAINT PK_ttwSurrogateKey PRIMARY KEY,
     LastKey int NOT NULL
   );
+  INSERT INTO ttwSurrogateKey (TableName, LastKey) VALUES ('tciMemo', 0);
 END
 GO
 
--- Administration: adding and deleting. A delete takes the row's links with it, all or nothing.
+-- Administration: adding and deleting. A delete takes the row's links with it, all or nothing; an entity also its types
+-- and contexts. Memos stay.
 
 IF OBJECT_ID('spTWCAddUser', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCAddUser AS SELECT 1 AS Nothing')
@@ -284,7 +288,18 @@ ALTER PROCEDURE spTWCDeleteRemarkEntity
   @RemarkEntityKey int
 AS
 SET NOCOUNT ON
+SET XACT_ABORT ON
+BEGIN TRANSACTION
+DELETE FROM ttwRemarkContext WHERE ContextKey IN
+  (SELECT ContextKey FROM ttwContext WHERE RemarkEntityKey = @RemarkEntityKey)
+DELETE FROM ttwRemarkContext WHERE RemarkTypeKey IN
+  (SELECT RemarkTypeKey FROM ttwRemarkType WHERE RemarkEntityKey = @RemarkEntityKey)
+DELETE FROM ttwRemarkRight WHERE RemarkTypeKey IN
+  (SELECT RemarkTypeKey FROM ttwRemarkType WHERE RemarkEntityKey = @RemarkEntityKey)
+DELETE FROM ttwContext WHERE RemarkEntityKey = @RemarkEntityKey
+DELETE FROM ttwRemarkType WHERE RemarkEntityKey = @RemarkEntityKey
 DELETE FROM ttwRemarkEntity WHERE RemarkEntityKey = @RemarkEntityKey
+COMMIT TRANSACTION
 GO
 
 IF OBJECT_ID('spTWCAddRemarkType', 'P') IS NULL
@@ -542,29 +557,30 @@ SET NOCOUNT ON
 DELETE FROM tciMemo WHERE MemoKey = @MemoKey
 GO
 
--- The update comes first: it holds the table's counter until the end, so that the next caller waits and no key is given
--- twice. The host may have written memos under keys of its own, which are never given again.
+-- A host that numbers its tables with a procedure of this name keeps its own. In ours the update comes first: it holds the
+-- counter until the transaction ends (the caller's, if it has one), so that the next caller waits and no key is given
+-- twice. The host may have written memos under keys of its own, which are never given again; they are looked up without
+-- waiting for writers that have not committed.
 IF OBJECT_ID('spGetNextSurrogateKey', 'P') IS NULL
-  EXEC ('CREATE PROCEDURE spGetNextSurrogateKey AS SELECT 1 AS Nothing')
-GO
-ALTER PROCEDURE spGetNextSurrogateKey
+  EXEC ('CREATE PROCEDURE spGetNextSurrogateKey
   @iTableName varchar(128),
   @oNewKey int OUTPUT
 AS
 SET NOCOUNT ON
 SET XACT_ABORT ON
+DECLARE @message nvarchar(200)
 BEGIN TRANSACTION
 UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName
-IF @@ROWCOUNT = 0
+IF NOT EXISTS (SELECT * FROM ttwSurrogateKey WHERE TableName = @iTableName)
 BEGIN
-  INSERT INTO ttwSurrogateKey (TableName, LastKey)
-  SELECT RTRIM(@iTableName), 0
-  WHERE NOT EXISTS (SELECT * FROM ttwSurrogateKey WITH (UPDLOCK, HOLDLOCK) WHERE TableName = @iTableName)
-  UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName
+  ROLLBACK TRANSACTION
+  SET @message = N''There is no counter in ttwSurrogateKey for the table '' + @iTableName
+  RAISERROR (@message, 16, 1)
+  RETURN
 END
-IF @iTableName = 'tciMemo'
-  UPDATE ttwSurrogateKey SET LastKey = (SELECT MAX(MemoKey) + 1 FROM tciMemo)
-  WHERE TableName = @iTableName AND LastKey <= (SELECT MAX(MemoKey) FROM tciMemo)
+IF @iTableName = ''tciMemo''
+  UPDATE ttwSurrogateKey SET LastKey = (SELECT MAX(MemoKey) + 1 FROM tciMemo WITH (NOLOCK))
+  WHERE TableName = @iTableName AND LastKey <= (SELECT MAX(MemoKey) FROM tciMemo WITH (NOLOCK))
 SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName
-COMMIT TRANSACTION
+COMMIT TRANSACTION')
 GO

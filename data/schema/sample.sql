@@ -62,11 +62,11 @@ IF EXISTS (SELECT * FROM Customer) RETURN
 SET NOCOUNT ON
 SET XACT_ABORT ON
 
--- The keys of the remarks follow on from this one.
+BEGIN TRANSACTION
+
+-- The keys of the remarks follow on from this one; nobody else is given one before the end.
 DECLARE @firstMemo int
 EXEC spGetNextSurrogateKey @iTableName = 'tciMemo', @oNewKey = @firstMemo OUTPUT
-
-BEGIN TRANSACTION
 
 INSERT INTO Customer (CustKey, CustID, CustName) VALUES
   (1, 'C1000', N'Alder Creek Hardware'),

@@ -66,7 +66,7 @@ class Session {
  public:
   virtual ~Session() = default;
 
-  /// How long a statement may wait or run before SQLSTATE HYT00.
+  /// How long a statement may wait for others before SQLSTATE HYT00; 0 means without end.
   virtual void SetCommandTimeout(std::chrono::seconds timeout) = 0;
 
   /// Runs one T-SQL batch. Statements before a failing one keep their effect, as on a server.

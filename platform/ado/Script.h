@@ -13,7 +13,8 @@ struct Batch {
 };
 
 /// Cuts a script at its lines that hold nothing but GO (any case, blanks and a comment after it allowed);
-/// a GO inside a comment or a quoted text does not count. Empty batches are left out.
+/// a GO inside a comment or a quoted text does not count, and a GO with a repeat
+/// count is not taken. Empty batches are left out.
 [[nodiscard]] std::vector<Batch> SplitBatches(std::string_view script);
 
 }  // namespace quorvel::ado

@@ -94,6 +94,31 @@ TEST(EmbeddedFaults, AKilledWriterLosesOnlyWhatItHadNotCommitted) {
   EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM ttwRight"), "2");
 }
 
+// To define a procedure is to write, and writers wait for each other.
+TEST(EmbeddedFaults, ProgramsThatDefineProceduresAtOnceWaitForEachOther) {
+  const TestDatabase database(TestDatabase::Content::Schema);
+  database.Run("CREATE PROCEDURE spShared AS SELECT 0 AS n");
+  std::vector<pid_t> programs;
+  for (int program = 0; program < 4; ++program) {
+    programs.push_back(fork());
+    if (programs.back() != 0) continue;
+    try {
+      const auto connection = database.Connect();
+      for (int i = 0; i < 20; ++i) {
+        connection->Execute("ALTER PROCEDURE spShared AS SELECT " + std::to_string(100 * program + i) + " AS n");
+      }
+      _exit(0);
+    } catch (...) {
+      _exit(1);
+    }
+  }
+  for (const pid_t program : programs) {
+    int status = 1;
+    waitpid(program, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+}
+
 // A limit on the size of files stands for a full disk: the system refuses the write in the same place.
 TEST(EmbeddedFaults, AFullDiskIsAnErrorAndKeepsWhatWasSaved) {
   const TestDatabase database(TestDatabase::Content::Schema);

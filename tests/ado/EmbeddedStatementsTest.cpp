@@ -109,6 +109,7 @@ TEST_F(EmbeddedStatements, EvaluatesExpressionsAsAServerDoes) {
       {"'it''s [not] a -- comment'", "it's [not] a -- comment"},
       {"-(-3)", "3"},
       {"REPLICATE('ab', 3)", "ababab"},
+      {"NULLIF('a', 'A')", "NULL"},
   };
   for (const auto& [expression, expected] : table) {
     EXPECT_THAT(Rows(std::string("SELECT ") + expression + " AS Result"), ElementsAre(expected)) << expression;
@@ -140,6 +141,10 @@ TEST_F(EmbeddedStatements, RunsControlFlowAndVariables) {
            "IF NOT EXISTS (SELECT * FROM Customer WHERE CustID = 'nobody') SELECT @n AS n, @t AS t\n"
            "RETURN SELECT 'never'"),
       ElementsAre("5|three"));
+  EXPECT_THAT(Rows("DECLARE @g int UPDATE ttwGroup SET Comments = 'x' SELECT @g = GroupKey FROM ttwGroup WHERE GroupID "
+                   "= 'nobody' "
+                   "IF @@ROWCOUNT = 0 SELECT 'none' AS Found ELSE SELECT 'some' AS Found"),
+              ElementsAre("none"));
   EXPECT_THAT(Rows("SELECT TOP (2) RemarkTypeID FROM ttwRemarkType ORDER BY RemarkTypeID DESC"),
               ElementsAre("Ord.Ship", "Ord.Note"));
   EXPECT_THAT(Rows("SELECT 1 AS a UNION SELECT 1 UNION ALL SELECT 2 ORDER BY a DESC"), ElementsAre("2", "1"));
@@ -174,6 +179,10 @@ TEST_F(EmbeddedStatements, NamesWhatIsWrongAndWhere) {
        ErrorNumber::DbUnspecified, "GroupID holds at most 30 characters", 1},
       {"UPDATE ttwContext SET RowHeight = 'tall'", ErrorNumber::DbUnspecified, "RowHeight holds whole numbers", 1},
       {"UPDATE ttwContext SET GroupByType = 70000", ErrorNumber::DbUnspecified, "GroupByType holds whole numbers", 1},
+      {"SELECT CAST('abc' AS int)", ErrorNumber::DbStatement, "Conversion failed when converting 'abc'", 1},
+      {"SELECT CONVERT(smallint, 70000)", ErrorNumber::DbStatement, "Arithmetic overflow: 70000", 1},
+      {"SELECT DATEADD(year, 9000000000, '2026-01-01')", ErrorNumber::DbStatement, "caused an overflow", 1},
+      {"SELECT DATEADD(day, 999999999, '2026-01-01')", ErrorNumber::DbStatement, "caused an overflow", 1},
       {"UPDATE tciMemo SET DateStamp = 'yesterday'", ErrorNumber::DbStatement, "Conversion failed", 1},
   };
   for (const Case& c : table) {

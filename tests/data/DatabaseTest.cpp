@@ -153,7 +153,7 @@ TEST(SqlValue, QuotesTextsWithoutDoubling) {
   EXPECT_EQ(modDatabase::SqlValue(std::string("O'Brien")), "'O'Brien'");
   EXPECT_EQ(modDatabase::SqlValue(std::string()), "''");
   EXPECT_EQ(modDatabase::SqlValue(std::int64_t{-12}), "-12");
-  EXPECT_EQ(modDatabase::SqlValue(true), "True");
+  EXPECT_EQ(modDatabase::SqlValue(true), "1");
   EXPECT_EQ(modDatabase::SqlValue(1.5), "1.5");
   EXPECT_EQ(Caught([] { static_cast<void>(modDatabase::SqlValue(Null{})); }).Number(), ErrorNumber::InvalidUseOfNull);
 }

@@ -124,13 +124,13 @@ TEST_F(SchemaTest, ADeleteTakesTheLinksAlong) {
   EXPECT_EQ(Count("tciMemo WHERE MemoType = 'Cust.AR.Coll' AND OwnerKey = 45"), "2");
 }
 
-TEST_F(SchemaTest, AnEntityInUseIsNotDeleted) {
-  EXPECT_EQ(FailureOf("spTWCDeleteRemarkEntity", {{"@RemarkEntityKey", Number(Key("ttwRemarkEntity", "Order"))}}),
-            ErrorNumber::DbIntegrity);
-  EXPECT_EQ(Count("ttwRemarkEntity"), "2");
-  ExecSP("spTWCAddRemarkEntity", {{"@RemarkEntityID", "Vendor"}});
-  ExecSP("spTWCDeleteRemarkEntity", {{"@RemarkEntityKey", Number(Key("ttwRemarkEntity", "Vendor"))}});
-  EXPECT_EQ(Count("ttwRemarkEntity"), "2");
+TEST_F(SchemaTest, AnEntityTakesItsTypesAndContextsAlongButNoMemo) {
+  const std::string memos = Count("tciMemo");
+  ExecSP("spTWCDeleteRemarkEntity", {{"@RemarkEntityKey", Number(Key("ttwRemarkEntity", "Order"))}});
+  EXPECT_EQ(Count("ttwRemarkEntity"), "1");
+  EXPECT_EQ(Count("ttwRemarkType"), "4");
+  EXPECT_EQ(Count("ttwContext"), "2");
+  EXPECT_EQ(Count("tciMemo"), memos);
 }
 
 TEST_F(SchemaTest, ADeleteThatIsRefusedTakesNothing) {
@@ -251,8 +251,9 @@ TEST_F(SchemaTest, KeysAreNeverGivenTwice) {
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 5001);
   m_database.Run("DELETE FROM tciMemo");
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("TCIMEMO"), 5002);
-  EXPECT_EQ(modDatabase::GetNextSurrogateKey("SalesOrder"), 1);
-  EXPECT_EQ(modDatabase::GetNextSurrogateKey("SalesOrder"), 2);
+  m_database.Run("INSERT INTO ttwSurrogateKey (TableName, LastKey) VALUES ('SalesOrder', 20)");
+  EXPECT_EQ(modDatabase::GetNextSurrogateKey("SalesOrder"), 21);
+  EXPECT_THROW((void)modDatabase::GetNextSurrogateKey("Customer"), Error) << "a counter must be there first";
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 5003);
 }
 

@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <limits>
 #include <utility>
 
 #include "platform/Error.h"
@@ -55,8 +57,10 @@ class EmbeddedSession final : public Session {
         m_reading(m_database.Get()) {}
 
   void SetCommandTimeout(std::chrono::seconds timeout) override {
-    const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(timeout).count();
-    sqlite3_busy_timeout(m_database.Get(), static_cast<int>(milliseconds));
+    // ADO's 0 means without end, SQLite's means not at all.
+    constexpr std::chrono::seconds kLongest{std::numeric_limits<int>::max() / 1000};
+    const auto wait = timeout.count() <= 0 ? kLongest : std::min(timeout, kLongest);
+    sqlite3_busy_timeout(m_database.Get(), static_cast<int>(wait.count()) * 1000);
   }
 
   Result Execute(std::string_view batch) override {
@@ -179,6 +183,7 @@ void CreateEmbeddedDatabase(const std::string& path) {
   try {
     if (error) throw DriverError("08001", error.value(), error.message());
     const DatabaseHandle database = OpenFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    sqlite3_busy_timeout(database.Get(), 60'000);
     Execute(database.Get(), "PRAGMA journal_mode = WAL");
   } catch (const DriverError& failure) {
     throw Error(ErrorNumber::DbUnspecified, "Quorvel.Embedded",

@@ -157,7 +157,7 @@ Expression QueryTranslator::ParsePrimary() {
 
 Expression QueryTranslator::ParseVariable() {
   const std::string name = m_cursor.Take().text;
-  if (EqualIgnoringCase(name, "@@ROWCOUNT")) return {"changes()", Kind::Number};
+  if (EqualIgnoringCase(name, "@@ROWCOUNT")) return {"tsql_rowcount()", Kind::Number};
   if (EqualIgnoringCase(name, "@@IDENTITY")) return {"last_insert_rowid()", Kind::Number};
   if (EqualIgnoringCase(name, "@@ERROR")) return {"0", Kind::Number};
   const std::size_t index = FindVariable(name);

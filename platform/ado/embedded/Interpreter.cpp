@@ -66,6 +66,15 @@ Frame MakeFrame(const Program& procedure, std::span<const std::optional<Value>> 
   return frame;
 }
 
+Interpreter::Interpreter(sqlite3* database, Procedures& procedures) : m_database(database), m_procedures(procedures) {
+  const auto rowCount = [](sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
+    sqlite3_result_int64(context, *static_cast<std::int64_t*>(sqlite3_user_data(context)));
+  };
+  const int code = sqlite3_create_function_v2(database, "tsql_rowcount", 0, SQLITE_UTF8, &m_rowCount, rowCount, nullptr,
+                                              nullptr, nullptr);
+  if (code != SQLITE_OK) ThrowDriverError(database, code);
+}
+
 std::optional<RowSet> Interpreter::Run(const Program& program, Frame& frame) {
   if (m_depth >= kDeepestNesting) {
     throw DriverError("42000", 217,
@@ -113,8 +122,10 @@ sqlite3_stmt* Interpreter::Begin(const Query& query, const Frame& frame) {
 Interpreter::Flow Interpreter::Do(const QueryStep& step, Running& running) {
   sqlite3_stmt* statement = Begin(step.query, running.frame);
   const ResetGuard guard(statement);
+  std::int64_t rowsRead = 0;
   if (!step.targets.empty()) {
-    while (Advance(m_database, statement)) Assign(statement, step.targets, running);
+    for (; Advance(m_database, statement); ++rowsRead) Assign(statement, step.targets, running);
+    m_rowCount = rowsRead;
     return Flow::Next;
   }
   const bool isResult = sqlite3_column_count(statement) > 0 && !running.rows.has_value();
@@ -123,7 +134,9 @@ Interpreter::Flow Interpreter::Do(const QueryStep& step, Running& running) {
   if (isResult) running.rows.emplace(DescribeColumns(statement));
   for (; hasRow; hasRow = Advance(m_database, statement)) {
     if (isResult) AppendRow(statement, *running.rows);
+    ++rowsRead;
   }
+  m_rowCount = sqlite3_column_count(statement) > 0 ? rowsRead : sqlite3_changes(m_database);
   return Flow::Next;
 }
 

@@ -23,7 +23,8 @@ using Frame = std::vector<Value>;
 /// transaction back and ends the batch.
 class Interpreter {
  public:
-  Interpreter(sqlite3* database, Procedures& procedures) : m_database(database), m_procedures(procedures) {}
+  /// Also registers tsql_rowcount() on the database, which must not run statements after the interpreter is gone.
+  Interpreter(sqlite3* database, Procedures& procedures);
 
   /// Runs a program with its variables in `frame` and returns its first result set.
   std::optional<RowSet> Run(const Program& program, Frame& frame);
@@ -55,8 +56,9 @@ class Interpreter {
 
   sqlite3* m_database;
   Procedures& m_procedures;
-  int m_transactions = 0;  ///< how deep BEGIN TRANSACTION is nested
-  int m_depth = 0;         ///< how deep calls are nested
+  std::int64_t m_rowCount = 0;  ///< rows that the last query read or changed: @@ROWCOUNT
+  int m_transactions = 0;       ///< how deep BEGIN TRANSACTION is nested
+  int m_depth = 0;              ///< how deep calls are nested
 };
 
 }  // namespace quorvel::ado::embedded

@@ -78,13 +78,16 @@ void Procedures::Define(const DefineProcedureStep& step) {
   }
   // A script that is run again must not make every connection compile its procedures anew.
   if (step.mode == Mode::Alter && ReadDefinition(step.name) == step.definition) return;
-  // A savepoint nests in whatever transaction is open.
-  Execute(m_database, "SAVEPOINT define_procedure");
+  // A writer from the beginning: one that begins as a reader can be refused at once, however long it would wait. In a
+  // transaction of the batch's own a savepoint nests.
+  const bool isOwn = sqlite3_get_autocommit(m_database) != 0;
+  Execute(m_database, isOwn ? "BEGIN IMMEDIATE" : "SAVEPOINT define_procedure");
   try {
     Store(step);
-    Execute(m_database, "RELEASE define_procedure");
+    Execute(m_database, isOwn ? "COMMIT" : "RELEASE define_procedure");
   } catch (...) {
-    sqlite3_exec(m_database, "ROLLBACK TO define_procedure; RELEASE define_procedure", nullptr, nullptr, nullptr);
+    sqlite3_exec(m_database, isOwn ? "ROLLBACK" : "ROLLBACK TO define_procedure; RELEASE define_procedure", nullptr,
+                 nullptr, nullptr);
     throw;
   }
 }

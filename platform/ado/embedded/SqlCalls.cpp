@@ -27,7 +27,7 @@ constexpr std::array<KnownFunction, 20> kFunctions = {{
     {"SYSDATETIME", 0, "tsql_now()", Kind::Unknown},
     {"SCOPE_IDENTITY", 0, "last_insert_rowid()", Kind::Number},
     {"ISNULL", 2, "ifnull({0}, {1})", Kind::Unknown},
-    {"NULLIF", 2, "nullif({0}, {1})", Kind::Unknown},
+    {"NULLIF", 2, "nullif({0}, {1} COLLATE NOCASE)", Kind::Unknown},
     {"RTRIM", 1, "rtrim({0})", Kind::Text},
     {"LTRIM", 1, "ltrim({0})", Kind::Text},
     {"LEN", 1, "length(rtrim({0}))", Kind::Number},
@@ -113,6 +113,10 @@ Expression QueryTranslator::ParseCast(bool typeFirst) {
   }
   m_cursor.Expect(")");
   if (type.type == DataType::DBTimeStamp) return {fmt::format("tsql_datetime({})", value.sql)};
+  IntegerRange range{};
+  if (FindIntegerRange(type, range)) {
+    return {fmt::format("tsql_int({}, {}, {})", value.sql, range.lowest, range.highest), Kind::Number};
+  }
   if (!IsTextType(type.type)) {
     return {fmt::format("CAST({} AS {})", value.sql, type.type == DataType::Double ? "REAL" : "INTEGER"), Kind::Number};
   }

@@ -2,7 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
+#include <optional>
 #include <string>
 
 #include "platform/DateTime.h"
@@ -67,41 +70,73 @@ void PlusFunction(sqlite3_context* context, int count, sqlite3_value** values) {
   }
 }
 
+/// A unit of DATEADD by its names; a length of 0 goes by months.
+struct DateUnit {
+  std::string_view name;
+  std::string_view shortName;
+  std::chrono::milliseconds length;
+  int months;
+};
+constexpr std::array<DateUnit, 8> kDateUnits = {{{"millisecond", "ms", std::chrono::milliseconds(1), 0},
+                                                 {"second", "ss", std::chrono::seconds(1), 0},
+                                                 {"minute", "mi", std::chrono::minutes(1), 0},
+                                                 {"hour", "hh", std::chrono::hours(1), 0},
+                                                 {"day", "dd", std::chrono::days(1), 0},
+                                                 {"week", "wk", std::chrono::weeks(1), 0},
+                                                 {"month", "mm", std::chrono::milliseconds(0), 1},
+                                                 {"year", "yy", std::chrono::milliseconds(0), 12}}};
+
+DateTime AddMonths(DateTime moment, int months) {
+  const auto midnight = std::chrono::floor<std::chrono::days>(moment);
+  std::chrono::year_month_day date{midnight};
+  date += std::chrono::months(months);
+  if (!date.ok()) date = date.year() / date.month() / std::chrono::last;
+  return std::chrono::local_days{date} + (moment - midnight);
+}
+
+/// Nothing when the result is no date of the years 1 to 9999.
+std::optional<DateTime> AddUnits(DateTime moment, const DateUnit& unit, sqlite3_int64 number) {
+  constexpr std::chrono::milliseconds kLongest = std::chrono::years(10'000);
+  const sqlite3_int64 most = unit.months == 0 ? kLongest / unit.length : 120'000 / unit.months;
+  if (number > most || number < -most) return std::nullopt;
+  const DateTime result = unit.months == 0 ? moment + unit.length * std::int64_t{number}
+                                           : AddMonths(moment, unit.months * static_cast<int>(number));
+  const std::chrono::year_month_day date{std::chrono::floor<std::chrono::days>(result)};
+  if (date.year() < std::chrono::year{1} || date.year() > std::chrono::year{9999}) return std::nullopt;
+  return result;
+}
+
 /// tsql_dateadd(unit, number, date)
 void DateAddFunction(sqlite3_context* context, int count, sqlite3_value** values) {
-  using namespace std::chrono;
   if (AnyNull(count, values)) return;
   const auto moment = ParseDateTime(TextOf(values[2]));
   if (!moment) return FailConversion(context);
-  const std::string_view unit = TextOf(values[0]);
-  const int number = sqlite3_value_int(values[1]);
-  const auto midnight = floor<days>(*moment);
-  const auto shiftMonths = [&](int byMonths) {
-    year_month_day date{midnight};
-    date += months(byMonths);
-    if (!date.ok()) date = date.year() / date.month() / last;
-    return local_days{date} + (*moment - midnight);
-  };
-  DateTime result = *moment;
-  if (unit == "millisecond" || unit == "ms")
-    result += milliseconds(number);
-  else if (unit == "second" || unit == "ss" || unit == "s")
-    result += seconds(number);
-  else if (unit == "minute" || unit == "mi" || unit == "n")
-    result += minutes(number);
-  else if (unit == "hour" || unit == "hh")
-    result += hours(number);
-  else if (unit == "day" || unit == "dd" || unit == "d")
-    result += days(number);
-  else if (unit == "week" || unit == "wk" || unit == "ww")
-    result += weeks(number);
-  else if (unit == "month" || unit == "mm" || unit == "m")
-    result = shiftMonths(number);
-  else if (unit == "year" || unit == "yy" || unit == "yyyy")
-    result = shiftMonths(12 * number);
-  else
-    return sqlite3_result_error(context, fmt::format("'{}' is not a recognized dateadd option.", unit).c_str(), -1);
-  ReturnText(context, FormatDateTime(result));
+  const std::string_view name = TextOf(values[0]);
+  const auto* unit = std::find_if(kDateUnits.begin(), kDateUnits.end(),
+                                  [&](const DateUnit& each) { return each.name == name || each.shortName == name; });
+  if (unit == kDateUnits.end()) {
+    return sqlite3_result_error(context, fmt::format("'{}' is not a recognized dateadd option.", name).c_str(), -1);
+  }
+  const auto result = AddUnits(*moment, *unit, sqlite3_value_int64(values[1]));
+  if (!result) {
+    return sqlite3_result_error(context, "Adding a value to a 'datetime' column caused an overflow.", -1);
+  }
+  ReturnText(context, FormatDateTime(*result));
+}
+
+/// tsql_int(value, lowest, highest): a cast to a whole number, which SQLite's own would make of anything.
+void IntFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+  if (sqlite3_value_numeric_type(values[0]) == SQLITE_TEXT) {
+    return sqlite3_result_error(
+        context, fmt::format("Conversion failed when converting '{}' to a whole number.", TextOf(values[0])).c_str(),
+        -1);
+  }
+  const sqlite3_int64 number = sqlite3_value_int64(values[0]);
+  if (number < sqlite3_value_int64(values[1]) || number > sqlite3_value_int64(values[2])) {
+    return sqlite3_result_error(context, fmt::format("Arithmetic overflow: {} does not fit.", number).c_str(), -1);
+  }
+  sqlite3_result_int64(context, number);
 }
 
 /// tsql_object_id(name, 'U' | 'P' | NULL): some number when there is such a table or procedure, else NULL.
@@ -142,7 +177,7 @@ void RegisterFunctions(sqlite3* database) {
   for (const auto& [name, arguments, flags, function] :
        {Registered{"tsql_now", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &NowFunction},
         Registered{"tsql_datetime", 1, kPure, &DateTimeFunction}, Registered{"tsql_plus", 2, kPure, &PlusFunction},
-        Registered{"tsql_dateadd", 3, kPure, &DateAddFunction},
+        Registered{"tsql_dateadd", 3, kPure, &DateAddFunction}, Registered{"tsql_int", 3, kPure, &IntFunction},
         Registered{"tsql_object_id", 2, SQLITE_UTF8, &ObjectIdFunction}}) {
     const int code =
         sqlite3_create_function_v2(database, name, arguments, flags, nullptr, function, nullptr, nullptr, nullptr);

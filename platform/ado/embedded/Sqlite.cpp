@@ -59,6 +59,7 @@ DriverError StatementFailed(const std::string& message) {
   if (message.starts_with(kNoTable)) {
     return {"42S02", 208, fmt::format("Invalid object name '{}'.", After(message, kNoTable))};
   }
+  if (message.ends_with(" already exists")) return {"42S01", 2714, message};
   if (message.starts_with(kNoColumn)) {
     return {"42S22", 207, fmt::format("Invalid column name '{}'.", After(message, kNoColumn))};
   }
@@ -94,6 +95,12 @@ DriverError Translate(sqlite3* database, int resultCode) {
     case SQLITE_LOCKED:
       return {"HYT00", 0, fmt::format("Timeout expired: another program kept the database {} locked.", file)};
     case SQLITE_READONLY:
+      if (extended != SQLITE_READONLY) {
+        return {"HY000", 3906,
+                fmt::format("The database {} cannot be used: this user must be able to write to its folder, "
+                            "where two files stand beside it.",
+                            file)};
+      }
       return {"HY000", 3906, fmt::format("The database {} is read-only here; nothing was written.", file)};
     case SQLITE_FULL:
       return {"HY000", 1105, fmt::format("The disk is full; nothing was written to {}.", file)};
