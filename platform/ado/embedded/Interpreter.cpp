@@ -131,13 +131,23 @@ Interpreter::Flow Interpreter::Do(const QueryStep& step, Running& running) {
   const bool isResult = sqlite3_column_count(statement) > 0 && !running.rows.has_value();
   bool hasRow = Advance(m_database, statement);
   // Described only now: the first step compiles the statement anew when a table was changed.
-  if (isResult) running.rows.emplace(DescribeColumns(statement));
+  if (isResult) running.rows.emplace(ColumnsOf(step.query));
   for (; hasRow; hasRow = Advance(m_database, statement)) {
     if (isResult) AppendRow(statement, *running.rows);
     ++rowsRead;
   }
   m_rowCount = sqlite3_column_count(statement) > 0 ? rowsRead : sqlite3_changes(m_database);
   return Flow::Next;
+}
+
+/// Described anew only when SQLite has compiled the statement anew.
+const std::vector<Column>& Interpreter::ColumnsOf(const Query& query) {
+  const int compilation = sqlite3_stmt_status(query.statement.Get(), SQLITE_STMTSTATUS_REPREPARE, 0);
+  if (compilation != query.compilation) {
+    query.columns = DescribeColumns(query.statement.Get());
+    query.compilation = compilation;
+  }
+  return query.columns;
 }
 
 void Interpreter::Assign(sqlite3_stmt* statement, const std::vector<std::size_t>& targets, Running& running) {

@@ -50,6 +50,7 @@ class Interpreter {
   Flow Do(const DefineProcedureStep& step, Running& running);
 
   [[nodiscard]] sqlite3_stmt* Begin(const Query& query, const Frame& frame);
+  [[nodiscard]] static const std::vector<Column>& ColumnsOf(const Query& query);
   void Assign(sqlite3_stmt* statement, const std::vector<std::size_t>& targets, Running& running);
   [[nodiscard]] Value Evaluate(const Query& query, const Running& running);
   void RollBack() noexcept;

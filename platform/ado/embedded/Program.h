@@ -23,6 +23,8 @@ struct Query {
   std::string sql;
   std::vector<std::size_t> variables;  ///< that it reads
   mutable StatementHandle statement;
+  mutable std::vector<Column> columns = {};  ///< of its result, as of the compilation counted here
+  mutable int compilation = -1;
 };
 
 /// CoerceToParameter for a variable inside a batch: its errors are those of the database.
