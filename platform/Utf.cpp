@@ -10,6 +10,9 @@ constexpr char32_t kFirstHigh = 0xD800;
 constexpr char32_t kFirstLow = 0xDC00;
 constexpr char32_t kPastSurrogates = 0xE000;
 constexpr char32_t kFirstPair = 0x10000;
+constexpr char32_t kReplacement = 0xFFFD;
+
+constexpr bool IsSurrogate(char32_t character) { return character >= kFirstHigh && character < kPastSurrogates; }
 
 /// The smallest character of each length in bytes: longer forms of a smaller one are no UTF-8.
 constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
@@ -31,8 +34,17 @@ char32_t Decode(std::string_view bytes) noexcept {
     if ((byte & 0xC0U) != 0x80U) return kStrayByte;
     character = character << 6U | (byte & 0x3FU);
   }
-  const bool surrogate = character >= kFirstHigh && character < kPastSurrogates;
-  return character < kSmallest[bytes.size()] || surrogate ? kStrayByte : character;
+  return character < kSmallest[bytes.size()] || IsSurrogate(character) ? kStrayByte : character;
+}
+
+/// The character at `position`, which moves past it; half a pair stands for itself.
+char32_t TakeWide(std::u16string_view text, std::size_t& position) noexcept {
+  const char32_t first = text[position++];
+  if (first < kFirstHigh || first >= kFirstLow || position == text.size()) return first;
+  const char32_t low = text[position];
+  if (low < kFirstLow || low >= kPastSurrogates) return first;
+  ++position;
+  return kFirstPair + ((first - kFirstHigh) << 10U) + (low - kFirstLow);
 }
 
 }  // namespace
@@ -81,17 +93,20 @@ std::optional<std::u16string> ToUtf16(std::string_view text) {
 std::optional<std::string> ToUtf8(std::u16string_view text) {
   std::string narrow;
   narrow.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char32_t character = text[i];
-    if (character >= kFirstHigh && character < kPastSurrogates) {
-      const char32_t low = i + 1 < text.size() ? text[i + 1] : 0;
-      if (character >= kFirstLow || low < kFirstLow || low >= kPastSurrogates) return std::nullopt;
-      character = kFirstPair + ((character - kFirstHigh) << 10U) + (low - kFirstLow);
-      ++i;
-    }
+  for (std::size_t position = 0; position < text.size();) {
+    const char32_t character = TakeWide(text, position);
+    if (IsSurrogate(character)) return std::nullopt;
     Append(narrow, character);
   }
   return narrow;
+}
+
+void AppendUtf8(std::string& narrow, std::u16string_view text) {
+  narrow.reserve(narrow.size() + text.size());
+  for (std::size_t position = 0; position < text.size();) {
+    const char32_t character = TakeWide(text, position);
+    Append(narrow, IsSurrogate(character) ? kReplacement : character);
+  }
 }
 
 }  // namespace quorvel::utf

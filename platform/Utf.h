@@ -22,4 +22,8 @@ void Append(std::string& text, char32_t taken);
 [[nodiscard]] std::optional<std::u16string> ToUtf16(std::string_view text);
 [[nodiscard]] std::optional<std::string> ToUtf8(std::u16string_view text);
 
+/// Appends a text that a database keeps without minding whether it is well formed: half a surrogate pair becomes
+/// U+FFFD.
+void AppendUtf8(std::string& narrow, std::u16string_view text);
+
 }  // namespace quorvel::utf

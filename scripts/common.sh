@@ -2,10 +2,10 @@
 # Sourced by demo and check: which packages of the distribution they need, how to get the missing ones, and how to build.
 
 # shellcheck disable=SC2034  # the sourcing scripts pick from the lists
-BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev libfmt-dev libcli11-dev nlohmann-json3-dev
+BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev
   libgtest-dev libgmock-dev libbenchmark-dev)
 # shellcheck disable=SC2034
-CHECK_PACKAGES=(git clang-format clang-tidy shellcheck)
+CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy shellcheck)
 
 # step TEXT: says what comes next.
 step() { printf '\n== %s\n' "$*"; }

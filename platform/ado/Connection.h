@@ -88,7 +88,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
 /// Reads an OLE DB connection string: pairs `key=value` between semicolons, the first `=` parts them,
 /// blanks round keys and values are dropped, a value may stand in single or double quotes (doubled inside).
 /// Keys are matched without regard to letter case; the last of equal keys counts. Keys read: Data Source
-/// (Server), Initial Catalog (Database), User ID (UID), Password (PWD); others are ignored.
+/// (Server), Initial Catalog (Database), User ID (UID), Password (PWD), and for SQL Server Driver, Encrypt and
+/// TrustServerCertificate; others are ignored.
 /// adErrInvalidArgument for a pair without `=`.
 [[nodiscard]] ConnectOptions ParseConnectionString(std::string_view text);
 

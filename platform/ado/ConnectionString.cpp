@@ -16,7 +16,7 @@ struct Keyword {
   std::string ConnectOptions::*option;
 };
 
-constexpr std::array<Keyword, 8> kKeywords{{
+constexpr std::array kKeywords = std::to_array<Keyword>({
     {"Data Source", &ConnectOptions::dataSource},
     {"Server", &ConnectOptions::dataSource},
     {"Initial Catalog", &ConnectOptions::initialCatalog},
@@ -25,7 +25,11 @@ constexpr std::array<Keyword, 8> kKeywords{{
     {"UID", &ConnectOptions::userId},
     {"Password", &ConnectOptions::password},
     {"PWD", &ConnectOptions::password},
-}};
+    {"Driver", &ConnectOptions::driver},
+    {"Encrypt", &ConnectOptions::encrypt},
+    {"TrustServerCertificate", &ConnectOptions::trustServerCertificate},
+    {"Trust Server Certificate", &ConnectOptions::trustServerCertificate},
+});
 
 /// Reads the pairs one after the other. Its errors give places, never the text: that may be a password.
 class PairReader {

@@ -42,6 +42,9 @@ struct ConnectOptions {
   std::string initialCatalog;
   std::string userId;
   std::string password;
+  std::string driver;                  ///< the ODBC driver to use; empty: the best one installed
+  std::string encrypt;                 ///< as the driver takes it; empty: the driver's default
+  std::string trustServerCertificate;  ///< likewise
   std::chrono::seconds connectionTimeout{15};
   std::chrono::seconds commandTimeout{30};
 };

@@ -3,6 +3,7 @@
 #include "platform/Text.h"
 #include "platform/ado/Engine.h"
 #include "platform/ado/embedded/EmbeddedEngine.h"
+#include "platform/ado/odbc/OdbcEngine.h"
 
 namespace quorvel::ado {
 
@@ -12,12 +13,12 @@ bool IsEmbedded(std::string_view dataSource) noexcept {
 
 std::unique_ptr<Session> OpenSession(const ConnectOptions& options) {
   if (IsEmbedded(options.dataSource)) return OpenEmbedded(options);
-  const std::string_view server = TrimBlanks(options.dataSource);
-  const std::string reason = server.empty() ? "No database server is set."
-                                            : fmt::format("This build cannot reach the SQL Server \"{}\".", server);
-  throw DriverError("08001", 0,
-                    fmt::format("{} Set the server to \"{}\" and the database to the path of a database file.", reason,
-                                kEmbeddedDataSource));
+  if (!TrimBlanks(options.dataSource).empty()) return OpenOdbc(options);
+  throw DriverError(
+      "08001", 0,
+      fmt::format("No database server is set. Set the server to the name of a SQL Server, or to \"{}\" and "
+                  "the database to the path of a database file.",
+                  kEmbeddedDataSource));
 }
 
 std::string_view SourceOfEngine(std::string_view dataSource) noexcept {

@@ -1,0 +1,203 @@
+#include "platform/ado/odbc/ColumnReader.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "platform/Utf.h"
+#include "platform/ado/odbc/Timestamp.h"
+#include "platform/ado/odbc/WideText.h"
+
+namespace quorvel::ado::odbc {
+namespace {
+
+/// The longest text, in UTF-16 units, that a bound cell has room for: SQL Server's varchar goes up to 8000 units,
+/// what is declared with (max) beyond.
+constexpr SQLULEN kLongestBound = 8000;
+/// Units of one piece of a long text: most memos are one piece.
+constexpr std::size_t kPiece = 16 * 1024;
+/// An exact number of that many digits fits 64 bits.
+constexpr SQLULEN kDigitsOfInteger = 18;
+
+// SQL Server's own types, by the numbers of its drivers' documentation.
+constexpr SQLSMALLINT kXml = -152;
+constexpr SQLSMALLINT kVariant = -150;
+constexpr SQLSMALLINT kTime = -154;
+constexpr SQLSMALLINT kTimestampOffset = -155;
+/// Room for the textual form of the short ones among them.
+constexpr SQLULEN kShortForm = 64;
+
+template <typename Number>
+Number Read(const std::byte* cell) {
+  Number number;
+  std::memcpy(&number, cell, sizeof number);
+  return number;
+}
+
+}  // namespace
+
+ColumnReader::ColumnReader(Statement& statement, SQLUSMALLINT number) : m_statement(statement), m_number(number) {
+  std::array<SQLWCHAR, 256> name{};
+  SQLSMALLINT nameLength = 0;
+  SQLSMALLINT sqlType = 0;
+  SQLULEN size = 0;
+  SQLSMALLINT digits = 0;
+  SQLSMALLINT nullable = 0;
+  statement.Call(api::DescribeCol, number, name.data(), static_cast<SQLSMALLINT>(name.size()), &nameLength, &sqlType,
+                 &size, &digits, &nullable);
+  m_column.name = FromWide(name.data(), std::min(static_cast<std::size_t>(nameLength), name.size() - 1));
+  Plan(sqlType, size, digits);
+}
+
+void ColumnReader::Plan(SQLSMALLINT sqlType, SQLULEN size, SQLSMALLINT digits) {
+  switch (sqlType) {
+    case SQL_BIT:
+      return PlanNumber(Form::Boolean, DataType::Boolean);
+    case SQL_TINYINT:
+    case SQL_SMALLINT:
+      return PlanNumber(Form::Integer, DataType::SmallInt);
+    case SQL_INTEGER:
+      return PlanNumber(Form::Integer, DataType::Integer);
+    case SQL_BIGINT:
+      return PlanNumber(Form::Integer, DataType::BigInt);
+    case SQL_DECIMAL:
+    case SQL_NUMERIC:
+      if (digits == 0 && size <= kDigitsOfInteger) return PlanNumber(Form::Integer, DataType::BigInt);
+      return PlanNumber(Form::Real, DataType::Double);
+    case SQL_REAL:
+    case SQL_FLOAT:
+    case SQL_DOUBLE:
+      return PlanNumber(Form::Real, DataType::Double);
+    case SQL_DATE:
+    case SQL_TIMESTAMP:
+    case SQL_TYPE_DATE:
+    case SQL_TYPE_TIMESTAMP:
+      return PlanNumber(Form::DateTime, DataType::DBTimeStamp);
+    case SQL_CHAR:
+    case SQL_VARCHAR:
+      return PlanText(DataType::VarChar, size);
+    case SQL_LONGVARCHAR:
+      return PlanText(DataType::LongVarChar, 0);
+    case SQL_WLONGVARCHAR:
+    case kXml:
+    case kVariant:
+    case SQL_LONGVARBINARY:
+      return PlanText(DataType::LongVarWChar, 0);
+    case SQL_TIME:
+    case SQL_TYPE_TIME:
+    case SQL_GUID:
+    case kTime:
+    case kTimestampOffset:
+      return PlanText(DataType::VarWChar, kShortForm);
+    default:
+      return PlanText(DataType::VarWChar, size);
+  }
+}
+
+void ColumnReader::PlanText(DataType type, SQLULEN size) {
+  const bool isLong = size == 0 || size > kLongestBound;
+  if (isLong) type = type == DataType::VarChar ? DataType::LongVarChar : DataType::LongVarWChar;
+  m_column.type = type;
+  m_form = Form::Text;
+  m_width = isLong ? 0 : (size + 1) * sizeof(SQLWCHAR);
+}
+
+void ColumnReader::PlanNumber(Form form, DataType type) {
+  m_column.type = type;
+  m_form = form;
+  m_width = form == Form::Boolean ? 1 : form == Form::DateTime ? sizeof(SQL_TIMESTAMP_STRUCT) : sizeof(SQLBIGINT);
+}
+
+SQLSMALLINT ColumnReader::ClientType() const noexcept {
+  switch (m_form) {
+    case Form::Integer:
+      return SQL_C_SBIGINT;
+    case Form::Real:
+      return SQL_C_DOUBLE;
+    case Form::Boolean:
+      return SQL_C_BIT;
+    case Form::DateTime:
+      return SQL_C_TYPE_TIMESTAMP;
+    case Form::Text:
+      break;
+  }
+  return SQL_C_WCHAR;
+}
+
+void ColumnReader::Bind(std::size_t rows) {
+  m_cells.resize(rows * m_width);
+  m_lengths.resize(rows);
+  m_statement.Call(api::BindCol, m_number, ClientType(), static_cast<SQLPOINTER>(m_cells.data()),
+                   static_cast<SQLLEN>(m_width), m_lengths.data());
+  m_isBound = true;
+}
+
+void ColumnReader::AppendTo(RowSet& rows, std::size_t row) {
+  if (m_isBound) return AppendCell(rows, m_cells.data() + row * m_width, m_lengths[row]);
+  if (m_width == 0) return AppendPieces(rows);
+  m_cells.resize(m_width);
+  SQLLEN length = SQL_NULL_DATA;
+  (void)GetData(m_cells.data(), m_width, length);
+  AppendCell(rows, m_cells.data(), length);
+}
+
+SQLRETURN ColumnReader::GetData(SQLPOINTER buffer, std::size_t bytes, SQLLEN& length) {
+  // Not through Call: that more of a text is to come is no message for anybody.
+  const SQLRETURN code =
+      api::GetData(m_statement.Get(), m_number, ClientType(), buffer, static_cast<SQLLEN>(bytes), &length);
+  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) m_statement.Fail(api::GetData.Name());
+  return code;
+}
+
+void ColumnReader::AppendCell(RowSet& rows, const std::byte* cell, SQLLEN length) const {
+  if (length == SQL_NULL_DATA) return rows.AppendNull();
+  switch (m_form) {
+    case Form::Integer:
+      return rows.AppendInteger(Read<SQLBIGINT>(cell));
+    case Form::Real:
+      return rows.AppendReal(Read<SQLDOUBLE>(cell));
+    case Form::Boolean:
+      return rows.AppendBoolean(Read<SQLCHAR>(cell) != 0);
+    case Form::DateTime:
+      return rows.AppendDateTime(FromTimestamp(Read<SQL_TIMESTAMP_STRUCT>(cell)));
+    case Form::Text:
+      return AppendText(rows, cell, length);
+  }
+}
+
+void ColumnReader::AppendText(RowSet& rows, const std::byte* cell, SQLLEN length) const {
+  const std::size_t room = m_width - sizeof(SQLWCHAR);
+  if (length < 0 || static_cast<std::size_t>(length) > room) {
+    throw DriverError("22001", 0,
+                      fmt::format("Column {} holds a longer text than the {} characters that the driver announced.",
+                                  m_column.name, room / sizeof(SQLWCHAR)));
+  }
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the buffer was bound as wide characters.
+  const auto* text = reinterpret_cast<const SQLWCHAR*>(cell);
+  rows.AppendText(FromWide(text, static_cast<std::size_t>(length) / sizeof(SQLWCHAR)));
+}
+
+void ColumnReader::AppendPieces(RowSet& rows) {
+  m_cells.resize(kPiece * sizeof(SQLWCHAR));
+  const auto* piece = reinterpret_cast<const SQLWCHAR*>(m_cells.data());
+  constexpr std::size_t kRoom = (kPiece - 1) * sizeof(SQLWCHAR);
+  std::u16string whole;
+  SQLLEN length = SQL_NULL_DATA;
+  SQLRETURN code = GetData(m_cells.data(), m_cells.size(), length);
+  if (length == SQL_NULL_DATA) return rows.AppendNull();
+  while (code != SQL_NO_DATA) {
+    const bool isLast = length >= 0 && static_cast<std::size_t>(length) <= kRoom;
+    const std::size_t units = (isLast ? static_cast<std::size_t>(length) : kRoom) / sizeof(SQLWCHAR);
+    if (isLast && whole.empty()) return rows.AppendText(FromWide(piece, units));
+    whole.append(reinterpret_cast<const char16_t*>(piece), units);
+    if (isLast) break;
+    code = GetData(m_cells.data(), m_cells.size(), length);
+  }
+  std::string text;
+  utf::AppendUtf8(text, whole);
+  rows.AppendText(text);
+}
+
+}  // namespace quorvel::ado::odbc

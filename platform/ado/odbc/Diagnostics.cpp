@@ -1,0 +1,97 @@
+#include "platform/ado/odbc/Diagnostics.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "platform/ado/odbc/WideText.h"
+
+namespace quorvel::ado::odbc {
+namespace {
+
+constexpr SQLSMALLINT kUsualMessage = 1024;
+/// SQL Server's own fields of a record: the procedure that it speaks of, and the line in that or in the batch.
+constexpr SQLSMALLINT kProcedureField = -1153;
+constexpr SQLSMALLINT kLineField = -1154;
+
+bool IsWarning(const Diagnostic& record) { return record.sqlState.starts_with("01"); }
+
+/// Asked of every driver; those that have no such field refuse.
+bool IsOfProcedure(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number) {
+  std::array<SQLWCHAR, 130> name{};
+  SQLSMALLINT bytes = 0;
+  const SQLRETURN code =
+      api::GetDiagField(handleType, handle, number, kProcedureField, static_cast<SQLPOINTER>(name.data()),
+                        static_cast<SQLSMALLINT>(sizeof name), &bytes);
+  return SQL_SUCCEEDED(code) && name.front() != 0;
+}
+
+int LineOf(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number) {
+  SQLINTEGER line = 0;
+  SQLSMALLINT length = 0;
+  // The standard's word for the size of an integer field, and the one that FreeTDS wants instead.
+  for (const SQLSMALLINT size : {SQLSMALLINT{SQL_IS_INTEGER}, SQLSMALLINT{sizeof line}}) {
+    const SQLRETURN code =
+        api::GetDiagField(handleType, handle, number, kLineField, static_cast<SQLPOINTER>(&line), size, &length);
+    if (!SQL_SUCCEEDED(code)) continue;
+    return IsOfProcedure(handleType, handle, number) ? 0 : std::max(static_cast<int>(line), 0);
+  }
+  return 0;
+}
+
+/// False behind the last record.
+bool ReadRecord(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number, Diagnostic& record) {
+  std::array<SQLWCHAR, SQL_SQLSTATE_SIZE + 1> state{};
+  std::u16string text(kUsualMessage, u'\0');
+  SQLINTEGER native = 0;
+  SQLSMALLINT length = 0;
+  const auto read = [&] {
+    return api::GetDiagRec(handleType, handle, number, state.data(), &native, Wide(text),
+                           static_cast<SQLSMALLINT>(text.size()), &length);
+  };
+  SQLRETURN code = read();
+  if (SQL_SUCCEEDED(code) && static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0)) >= text.size()) {
+    text.resize(static_cast<std::size_t>(length) + 1);
+    code = read();
+  }
+  if (!SQL_SUCCEEDED(code)) return false;
+  text.resize(std::min(text.size(), static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0))));
+  record.sqlState = FromWide(state.data(), SQL_SQLSTATE_SIZE);
+  record.nativeError = native;
+  record.message = WithoutPrefixes(FromWide(Wide(text), text.size()));
+  record.line = LineOf(handleType, handle, number);
+  return true;
+}
+
+}  // namespace
+
+std::vector<Diagnostic> ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle) {
+  std::vector<Diagnostic> records;
+  Diagnostic record;
+  for (SQLSMALLINT number = 1; ReadRecord(handleType, handle, number, record); ++number) {
+    records.push_back(std::move(record));
+  }
+  return records;
+}
+
+DriverError FailureOf(SQLSMALLINT handleType, SQLHANDLE handle, std::string_view function) {
+  std::vector<Diagnostic> records = ReadDiagnostics(handleType, handle);
+  std::stable_partition(records.begin(), records.end(), [](const Diagnostic& record) { return !IsWarning(record); });
+  if (records.empty() || IsWarning(records.front())) {
+    records.insert(records.begin(),
+                   {"HY000", 0, fmt::format("The ODBC call {} failed and the driver gave no reason.", function), 0});
+  }
+  return DriverError(std::move(records));
+}
+
+std::string_view WithoutPrefixes(std::string_view message) noexcept {
+  while (message.starts_with('[')) {
+    const auto end = message.find(']');
+    if (end == std::string_view::npos) break;
+    message.remove_prefix(end + 1);
+  }
+  return message;
+}
+
+}  // namespace quorvel::ado::odbc

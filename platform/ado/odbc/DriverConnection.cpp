@@ -1,0 +1,69 @@
+#include "platform/ado/odbc/DriverConnection.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "platform/ado/odbc/Drivers.h"
+#include "platform/ado/odbc/WideText.h"
+
+namespace quorvel::ado::odbc {
+namespace {
+
+/// Whoever reads one record of the failure must learn from it who could not be reached through what, and the reason
+/// with it: drivers put a general "unable to connect" before the server's own word.
+DriverError Located(const DriverError& failure, const ConnectOptions& options, std::string_view driver) {
+  std::vector<Diagnostic> records = failure.Records();
+  std::stable_partition(records.begin(), records.end(),
+                        [](const Diagnostic& record) { return record.sqlState == "28000"; });
+  if (records.size() > 1 && records.front().nativeError == 0) {
+    records.front().message += ": " + records[1].message;
+  }
+  const std::string database = options.initialCatalog.empty() ? "" : ", database " + options.initialCatalog;
+  for (Diagnostic& record : records) {
+    record.message += fmt::format(" (server {}{}, ODBC driver {})", options.dataSource, database, driver);
+  }
+  return DriverError(std::move(records));
+}
+
+}  // namespace
+
+DriverConnection::DriverConnection(const ConnectOptions& options)
+    : m_environment(MakeEnvironment()), m_connection(MakeConnection(m_environment)) {
+  const std::string driver = ChooseDriver(options.driver, InstalledDrivers(m_environment.Get()));
+  try {
+    Connect(options, driver);
+  } catch (const DriverError& failure) {
+    throw Located(failure, options, driver);
+  }
+}
+
+DriverConnection::~DriverConnection() {
+  if (m_isConnected) api::Disconnect.Release(m_connection.Get());
+}
+
+void DriverConnection::Connect(const ConnectOptions& options, const std::string& driver) {
+  Require(api::SetConnectAttr, SQL_HANDLE_DBC, Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(options.connectionTimeout),
+          SQLINTEGER{SQL_IS_UINTEGER});
+  std::u16string text = ToWide(OdbcConnectionString(options, driver));
+  Require(api::DriverConnect, SQL_HANDLE_DBC, Get(), SQLHWND{nullptr}, Wide(text),
+          static_cast<SQLSMALLINT>(text.size()), static_cast<SQLWCHAR*>(nullptr), SQLSMALLINT{0},
+          static_cast<SQLSMALLINT*>(nullptr), SQLUSMALLINT{SQL_DRIVER_NOPROMPT});
+  m_isConnected = true;
+  SQLUINTEGER extensions = 0;
+  Require(api::GetInfo, SQL_HANDLE_DBC, Get(), SQLUSMALLINT{SQL_GETDATA_EXTENSIONS},
+          static_cast<SQLPOINTER>(&extensions), SQLSMALLINT{sizeof extensions}, static_cast<SQLSMALLINT*>(nullptr));
+  m_readsAnyColumn = (extensions & SQL_GD_ANY_COLUMN) != 0;
+}
+
+std::string DriverConnection::TextInfo(SQLUSMALLINT item) const {
+  std::array<SQLWCHAR, 256> text{};
+  SQLSMALLINT bytes = 0;
+  const SQLRETURN code =
+      api::GetInfo(Get(), item, static_cast<SQLPOINTER>(text.data()), static_cast<SQLSMALLINT>(sizeof text), &bytes);
+  if (!SQL_SUCCEEDED(code) || bytes < 0) return {};
+  return FromWide(text.data(), std::min(static_cast<std::size_t>(bytes) / sizeof(SQLWCHAR), text.size() - 1));
+}
+
+}  // namespace quorvel::ado::odbc

@@ -1,0 +1,160 @@
+#include "platform/ado/odbc/ParameterBuffer.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/ado/odbc/Timestamp.h"
+#include "platform/ado/odbc/WideText.h"
+
+namespace quorvel::ado::odbc {
+namespace {
+
+/// What the drivers of SQL Server take for "no limit".
+constexpr SQLULEN kUnlimited = 0;
+/// Units of room for an output text without a limit.
+constexpr std::size_t kLongOutput = 64 * 1024;
+/// A `datetime`: "yyyy-mm-dd hh:mm:ss.fff".
+constexpr SQLULEN kDateTimeSize = 23;
+constexpr SQLSMALLINT kDateTimeDigits = 3;
+
+struct Binding {
+  SQLSMALLINT clientType;
+  SQLSMALLINT sqlType;
+  std::size_t width;  ///< bytes; 0 for texts
+};
+
+Binding BindingOf(DataType type) {
+  switch (type) {
+    case DataType::SmallInt:
+      return {SQL_C_SLONG, SQL_SMALLINT, sizeof(SQLINTEGER)};
+    case DataType::Integer:
+      return {SQL_C_SLONG, SQL_INTEGER, sizeof(SQLINTEGER)};
+    case DataType::BigInt:
+      return {SQL_C_SBIGINT, SQL_BIGINT, sizeof(SQLBIGINT)};
+    case DataType::Double:
+      return {SQL_C_DOUBLE, SQL_DOUBLE, sizeof(SQLDOUBLE)};
+    case DataType::Boolean:
+      return {SQL_C_BIT, SQL_BIT, sizeof(SQLCHAR)};
+    case DataType::DBTimeStamp:
+      return {SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT)};
+    case DataType::VarChar:
+      return {SQL_C_WCHAR, SQL_VARCHAR, 0};
+    case DataType::LongVarChar:
+      return {SQL_C_WCHAR, SQL_LONGVARCHAR, 0};
+    case DataType::LongVarWChar:
+      return {SQL_C_WCHAR, SQL_WLONGVARCHAR, 0};
+    default:
+      return {SQL_C_WCHAR, SQL_WVARCHAR, 0};
+  }
+}
+
+template <typename Number>
+Number Read(const std::vector<std::byte>& bytes) {
+  Number number;
+  std::memcpy(&number, bytes.data(), sizeof number);
+  return number;
+}
+
+}  // namespace
+
+ParameterBuffer::ParameterBuffer(const Argument& argument) : m_info(argument.parameter) {
+  const Binding binding = BindingOf(m_info.type);
+  m_clientType = binding.clientType;
+  m_sqlType = binding.sqlType;
+  if (binding.width != 0) m_bytes.resize(binding.width);
+  if (binding.width == 0) m_size = m_info.size > 0 ? static_cast<SQLULEN>(m_info.size) : kUnlimited;
+  if (m_info.type == DataType::DBTimeStamp) {
+    m_size = kDateTimeSize;
+    m_digits = kDateTimeDigits;
+  }
+  if (argument.value && !IsNull(*argument.value)) Fill(*argument.value);
+  if (!argument.value && m_info.direction == ParameterDirection::Input) m_length = SQL_DEFAULT_PARAM;
+  if (m_info.direction != ParameterDirection::Input) MakeRoom();
+}
+
+void ParameterBuffer::Fill(const Value& value) {
+  switch (m_clientType) {
+    case SQL_C_SLONG:
+      return FillNumber(SQLINTEGER{ToInt32(value)});
+    case SQL_C_SBIGINT:
+      return FillNumber(static_cast<SQLBIGINT>(ToInt64(value)));
+    case SQL_C_DOUBLE:
+      return FillNumber(SQLDOUBLE{ToDouble(value)});
+    case SQL_C_BIT:
+      return FillNumber(static_cast<SQLCHAR>(ToBoolean(value) ? 1 : 0));
+    case SQL_C_TYPE_TIMESTAMP:
+      return FillNumber(ToTimestamp(ToDateTime(value)));
+    default:
+      return FillText(ToText(value));
+  }
+}
+
+template <typename Number>
+void ParameterBuffer::FillNumber(Number number) {
+  std::memcpy(m_bytes.data(), &number, sizeof number);
+  m_length = sizeof number;
+}
+
+void ParameterBuffer::FillText(const std::string& text) {
+  const std::u16string wide = ToWide(text);
+  m_bytes.resize(wide.size() * sizeof(char16_t));
+  std::memcpy(m_bytes.data(), wide.data(), m_bytes.size());
+  m_length = static_cast<SQLLEN>(m_bytes.size());
+}
+
+void ParameterBuffer::MakeRoom() {
+  if (m_clientType != SQL_C_WCHAR) return;
+  const std::size_t units = m_size == kUnlimited ? kLongOutput : m_size;
+  m_bytes.resize(std::max(m_bytes.size(), (units + 1) * sizeof(SQLWCHAR)));
+}
+
+void ParameterBuffer::Bind(Statement& statement, SQLUSMALLINT number) {
+  // Drivers mind a null pointer even where there is nothing to read.
+  if (m_bytes.empty()) m_bytes.resize(sizeof(SQLWCHAR));
+  statement.Call(api::BindParameter, number, IoType(), m_clientType, m_sqlType, m_size, m_digits,
+                 static_cast<SQLPOINTER>(m_bytes.data()), static_cast<SQLLEN>(m_bytes.size()), &m_length);
+}
+
+SQLSMALLINT ParameterBuffer::IoType() const noexcept {
+  switch (m_info.direction) {
+    case ParameterDirection::Input:
+      return SQL_PARAM_INPUT;
+    case ParameterDirection::InputOutput:
+      return SQL_PARAM_INPUT_OUTPUT;
+    default:
+      return SQL_PARAM_OUTPUT;
+  }
+}
+
+Value ParameterBuffer::Output() const {
+  if (m_length == SQL_NULL_DATA) return Null{};
+  switch (m_clientType) {
+    case SQL_C_SLONG:
+      return std::int64_t{Read<SQLINTEGER>(m_bytes)};
+    case SQL_C_SBIGINT:
+      return std::int64_t{Read<SQLBIGINT>(m_bytes)};
+    case SQL_C_DOUBLE:
+      return Read<SQLDOUBLE>(m_bytes);
+    case SQL_C_BIT:
+      return Read<SQLCHAR>(m_bytes) != 0;
+    case SQL_C_TYPE_TIMESTAMP:
+      return FromTimestamp(Read<SQL_TIMESTAMP_STRUCT>(m_bytes));
+    default:
+      return OutputText();
+  }
+}
+
+Value ParameterBuffer::OutputText() const {
+  const std::size_t room = m_bytes.size() - sizeof(SQLWCHAR);
+  if (m_length < 0 || static_cast<std::size_t>(m_length) > room) {
+    throw DriverError("22001", 0,
+                      fmt::format("The output parameter {} holds a longer text than the {} characters it has room for.",
+                                  m_info.name, room / sizeof(SQLWCHAR)));
+  }
+  return FromWide(reinterpret_cast<const SQLWCHAR*>(m_bytes.data()),
+                  static_cast<std::size_t>(m_length) / sizeof(SQLWCHAR));
+}
+
+}  // namespace quorvel::ado::odbc

@@ -1,0 +1,44 @@
+#include "platform/ado/odbc/ProcedureCall.h"
+
+#include <algorithm>
+#include <deque>
+#include <string>
+
+#include "platform/ado/odbc/ParameterBuffer.h"
+#include "platform/ado/odbc/ProcedureCatalog.h"
+#include "platform/ado/odbc/ResultReader.h"
+
+namespace quorvel::ado::odbc {
+namespace {
+
+bool IsLeftOut(const Argument& argument) {
+  return !argument.value && argument.parameter.direction == ParameterDirection::Input;
+}
+
+std::string CallText(std::string_view procedure, std::size_t count) {
+  std::string text = "{? = call " + RequireProcedureName(procedure).Quoted();
+  for (std::size_t i = 0; i < count; ++i) text += i == 0 ? "(?" : ", ?";
+  return text + (count == 0 ? "}" : ")}");
+}
+
+}  // namespace
+
+Result CallProcedure(Statement& statement, std::string_view procedure, std::span<Argument> arguments) {
+  const auto lastGiven = std::find_if_not(arguments.rbegin(), arguments.rend(), IsLeftOut);
+  const std::span<Argument> sent = arguments.first(static_cast<std::size_t>(arguments.rend() - lastGiven));
+
+  const Argument returnValue{{"@RETURN_VALUE", DataType::Integer, ParameterDirection::Output, 0}, std::nullopt};
+  std::deque<ParameterBuffer> buffers;
+  buffers.emplace_back(returnValue);
+  for (const Argument& argument : sent) buffers.emplace_back(argument);
+  for (std::size_t i = 0; i < buffers.size(); ++i) buffers[i].Bind(statement, static_cast<SQLUSMALLINT>(i + 1));
+
+  statement.Execute(CallText(procedure, sent.size()));
+  Result result = ReadResults(statement);
+  for (std::size_t i = 0; i < sent.size(); ++i) {
+    if (sent[i].parameter.direction != ParameterDirection::Input) sent[i].value = buffers[i + 1].Output();
+  }
+  return result;
+}
+
+}  // namespace quorvel::ado::odbc

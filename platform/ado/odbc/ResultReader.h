@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/ado/Engine.h"
+#include "platform/ado/odbc/Statement.h"
+
+namespace quorvel::ado::odbc {
+
+/// Reads the open result set of a statement to its end. DriverError when a row cannot be had: a part of a result is
+/// never given for the whole.
+[[nodiscard]] RowSet ReadRows(Statement& statement);
+
+/// Goes through everything that an executed statement gave, up to the end: keeps the first result set, passes over
+/// the others and over row counts. A statement of the batch that failed does not keep those after it from running;
+/// the DriverError at the end holds the records of all.
+[[nodiscard]] Result ReadResults(Statement& statement);
+
+}  // namespace quorvel::ado::odbc

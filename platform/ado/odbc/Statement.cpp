@@ -1,0 +1,31 @@
+#include "platform/ado/odbc/Statement.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/ado/odbc/WideText.h"
+
+namespace quorvel::ado::odbc {
+
+Statement::Statement(const DriverConnection& connection, std::chrono::seconds timeout)
+    : m_connection(connection), m_handle(MakeStatement(connection.Get())) {
+  SetAttribute(SQL_ATTR_QUERY_TIMEOUT, AsPointer(timeout), SQL_IS_UINTEGER);
+}
+
+void Statement::Fail(std::string_view function) {
+  std::vector<Diagnostic> records = FailureOf(SQL_HANDLE_STMT, Get(), function).Records();
+  std::move(m_messages.begin(), m_messages.end(), std::back_inserter(records));
+  throw DriverError(std::move(records));
+}
+
+void Statement::Execute(std::string_view text) {
+  std::u16string wide = ToWide(text);
+  Call(api::ExecDirect, Wide(wide), static_cast<SQLINTEGER>(wide.size()));
+}
+
+void Statement::KeepMessages() {
+  auto messages = ReadDiagnostics(SQL_HANDLE_STMT, Get());
+  std::move(messages.begin(), messages.end(), std::back_inserter(m_messages));
+}
+
+}  // namespace quorvel::ado::odbc

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <chrono>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/ado/odbc/DriverConnection.h"
+
+namespace quorvel::ado::odbc {
+
+/// One statement on its way: executed once, its results read to the end, then thrown away. Keeps the messages
+/// that come with successful calls.
+class Statement {
+ public:
+  /// `timeout` limits each execution; 0 is without end.
+  Statement(const DriverConnection& connection, std::chrono::seconds timeout);
+
+  [[nodiscard]] const DriverConnection& Connection() const noexcept { return m_connection; }
+  [[nodiscard]] SQLHSTMT Get() const noexcept { return m_handle.Get(); }
+
+  /// Calls `function` on the statement. DriverError when it fails: the records of the failure, then the messages
+  /// before it.
+  template <auto Function, typename... Arguments>
+  SQLRETURN Call(const Api<Function>& function, Arguments... arguments) {
+    const SQLRETURN code = function(Get(), arguments...);
+    if (code == SQL_SUCCESS_WITH_INFO) KeepMessages();
+    if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) Fail(function.Name());
+    return code;
+  }
+
+  /// Throws the failure of the call just made.
+  [[noreturn]] void Fail(std::string_view function);
+
+  void SetAttribute(SQLINTEGER attribute, SQLPOINTER value, SQLINTEGER length = SQL_IS_POINTER) {
+    Call(api::SetStmtAttr, attribute, value, length);
+  }
+  void Execute(std::string_view text);
+
+  [[nodiscard]] std::vector<Diagnostic> TakeMessages() { return std::move(m_messages); }
+
+ private:
+  void KeepMessages();
+
+  const DriverConnection& m_connection;
+  StatementHandle m_handle;
+  std::vector<Diagnostic> m_messages;
+};
+
+}  // namespace quorvel::ado::odbc
