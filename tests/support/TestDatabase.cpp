@@ -1,14 +1,12 @@
 #include "tests/support/TestDatabase.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <map>
 
 #include "data/Schema.h"
-#include "data/modDatabase.h"
-#include "data/modRegistry.h"
 #include "platform/ado/Script.h"
 #include "platform/ado/embedded/EmbeddedEngine.h"
+#include "tests/support/TestSettings.h"
 
 namespace quorvel::test {
 namespace {
@@ -37,20 +35,10 @@ const std::string& Template(TestDatabase::Content content) {
 
 TestDatabase::TestDatabase(Content content) : m_registry("QUORVEL_REGISTRY", m_folder.File("settings.reg")) {
   std::filesystem::copy_file(Template(content), DatabaseFile());
-  WriteSettings();
-  modDatabase::Settings().Reload();
-  modDatabase::OpenConnection();
+  UseSettings(ado::kEmbeddedDataSource, DatabaseFile());
 }
 
 TestDatabase::~TestDatabase() = default;
-
-void TestDatabase::WriteSettings() const {
-  const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
-  if (!key || !key->SetString(modRegistry::kServer, ado::kEmbeddedDataSource) ||
-      !key->SetString(modRegistry::kDatabase, DatabaseFile())) {
-    std::abort();
-  }
-}
 
 std::string TestDatabase::ConnectionString() const {
   return "Data Source=(embedded); Initial Catalog=" + DatabaseFile();

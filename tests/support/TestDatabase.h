@@ -31,7 +31,6 @@ class TestDatabase {
   [[nodiscard]] std::string Ask(std::string_view query) const;
 
  private:
-  void WriteSettings() const;
   TemporaryFolder m_folder;
   ScopedVariable m_registry;
 };

@@ -1,0 +1,209 @@
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+#include "data/modDatabase.h"
+#include "platform/ado/odbc/CallSeam.h"
+#include "runtime/RemarkContext.h"
+#include "tests/runtime/RuntimeTest.h"
+#include "tests/support/ServedDatabase.h"
+
+// The component on a server, reached over the network through the driver manager and a real driver.
+namespace quorvel {
+namespace {
+
+using modDatabase::ExecSP;
+using modDatabase::LoadRst;
+using modDatabase::SharedConnection;
+using test::Caught;
+using test::ContextHolder;
+using test::RemarkAt;
+using testing::AnyOf;
+using testing::Each;
+using testing::ElementsAre;
+using testing::Eq;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+
+constexpr const char* kMemosOfSample = "2042";
+constexpr int kMemosOfOwner = 7;
+
+class ServerTest : public testing::Test {
+ protected:
+  [[nodiscard]] test::StandInServer& Server() { return m_database.Server(); }
+  [[nodiscard]] std::string MemoCount() const { return m_database.File().Ask("SELECT COUNT(*) FROM tciMemo"); }
+
+  test::PromptsGuard m_prompts;
+  test::ServedDatabase m_database;
+};
+
+void AddRemark(const ContextHolder& context, const std::string& text) {
+  context->AddRemark("Cust.General", text, "admin");
+}
+
+TEST_F(ServerTest, AskedOnlyWhatIsNeeded) {
+  {
+    const ContextHolder warmUp("CustMaint", "C1044", "admin");
+    AddRemark(warmUp, "the first asks for the procedures' parameters");
+    warmUp->Save(true);
+  }
+  Server().ForgetRequests();
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  EXPECT_THAT(Server().Requests(),
+              ElementsAre("call spTWCqvGetContext", "call spTWCqvGetRemarkTypes", "call spTWCqvGetUserRights",
+                          "call spGetCustomerName", "call spTWCqvGetFilteredMemos"));
+  Server().ForgetRequests();
+  AddRemark(context, "one");
+  AddRemark(context, "two");
+  context->Save(true);
+  EXPECT_THAT(Server().Requests(), ElementsAre("call spGetNextSurrogateKey", "call spTWCqvAddRemark",
+                                               "call spGetNextSurrogateKey", "call spTWCqvAddRemark"));
+  EXPECT_EQ(Server().Logins(), 1);
+}
+
+TEST_F(ServerTest, LoadRstReplacesALostConnectionOnce) {
+  Server().DropConnections();
+  const auto groups = LoadRst("SELECT GroupID FROM ttwGroup");
+  ASSERT_TRUE(groups);
+  EXPECT_FALSE(groups->EndOfFile());
+  EXPECT_EQ(Server().Logins(), 2);
+
+  Server().DropAmidRows(1);
+  const auto memos = LoadRst("SELECT MemoKey, MemoText FROM tciMemo");
+  ASSERT_TRUE(memos);
+  EXPECT_EQ(std::to_string(memos->RecordCount()), kMemosOfSample);
+  EXPECT_EQ(Server().Logins(), 3);
+  EXPECT_THAT(m_prompts->shown, IsEmpty());
+}
+
+TEST_F(ServerTest, NothingIsSentTwice) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  AddRemark(context, "its answer gets lost");
+  // The discoveries of both procedures come first; then the key; then the remark.
+  Server().DropAfterRequest(4);
+  EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
+  EXPECT_EQ(MemoCount(), "2043");
+  Server().ForgetRequests();
+  EXPECT_EQ(Caught([&] {
+              ExecSP("spTWCAddGroup", {{"@GroupID", std::string("Late")}});
+            }).Number(),
+            ErrorNumber::DbUnspecified);
+  EXPECT_THAT(Server().Requests(), IsEmpty());
+  EXPECT_EQ(Server().Logins(), 1);
+  EXPECT_EQ(MemoCount(), "2043");
+
+  Server().DropAmidRows(1);
+  modDatabase::OpenConnection();
+  const ContextHolder other;
+  EXPECT_NE(Caught([&] { other->Load("CustMaint", "C1044", "admin"); }).Number(), 0) << "half a result";
+}
+
+TEST_F(ServerTest, LoadRstShowsEveryRecordOfTheServer) {
+  using Part = test::StandInServer::Part;
+  const std::string sql = "SELECT Everything";
+  Server().AnswerWith(sql, {{Part::Kind::Error, {"42000", 50001, "first reason", 3}, 0, {}, {}},
+                            {Part::Kind::Error, {"42000", 50002, "second reason", 4}, 0, {}, {}},
+                            {Part::Kind::Message, {"01000", 0, "and a word", 5}, 0, {}, {}}});
+  EXPECT_EQ(LoadRst(sql), nullptr);
+  ASSERT_THAT(m_prompts->shown, SizeIs(1));
+  const std::string& report = m_prompts->shown[0].text;
+  EXPECT_THAT(report, StartsWith("first reason\r\nSQL=SELECT Everything\r\nAdditional Information:\r\n"));
+  for (const char* record : {"ErrMsg 0: first reason\r\n", "ErrMsg 0: second reason\r\n", "ErrMsg 0: and a word\r\n"}) {
+    EXPECT_THAT(report, HasSubstr(record));
+  }
+}
+
+TEST_F(ServerTest, LoadRstTakesAWarningForAFailure) {
+  using Part = test::StandInServer::Part;
+  Server().AnswerWith("SELECT 1", {{Part::Kind::Message, {"01000", 0, "mind this", 1}, 0, {}, {}},
+                                   {Part::Kind::Rows, {}, 0, {{"n", ado::DataType::Integer}}, {{std::int64_t{1}}}}});
+  EXPECT_EQ(LoadRst("SELECT 1"), nullptr);
+  ASSERT_THAT(m_prompts->shown, SizeIs(1));
+  EXPECT_EQ(m_prompts->shown[0].text, "Unknown error in LoadRst\r\nAdditional Information:\r\nErrMsg 0: mind this\r\n");
+}
+
+TEST_F(ServerTest, AStatementThatTakesTooLongEndsInATimeout) {
+  SharedConnection()->SetCommandTimeout(std::chrono::seconds(1));
+  Server().DelayAnswers(std::chrono::seconds(5));
+  EXPECT_EQ(Caught([] { SharedConnection()->Execute("SELECT GroupID FROM ttwGroup"); }).Number(),
+            ErrorNumber::DbTimeout);
+}
+
+TEST_F(ServerTest, ParameterNamesMayComeInLowerCase) {
+  Server().UseLowerCaseNames();
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  AddRemark(context, "named without regard to case");
+  context->Save(true);
+  EXPECT_EQ(MemoCount(), "2043");
+}
+
+/// Lets the `n`th ODBC call fail.
+class FailingCall : public ado::odbc::CallObserver {
+ public:
+  explicit FailingCall(int number) : m_left(number), m_before(ado::odbc::Observe(this)) {}
+  ~FailingCall() override { ado::odbc::Observe(m_before); }
+  FailingCall(const FailingCall&) = delete;
+  FailingCall& operator=(const FailingCall&) = delete;
+
+  bool Allows(std::string_view function) override {
+    if (--m_left != 0) return true;
+    failed = function;
+    return false;
+  }
+  std::string failed;
+
+ private:
+  int m_left;
+  ado::odbc::CallObserver* m_before;
+};
+
+/// Connects, loads, changes one remark and adds one; the error that ends it, if any.
+std::optional<Error> LoadAndSave(int& loaded) {
+  const ContextHolder context;
+  try {
+    modDatabase::OpenConnection();
+    context->Load("CustMaint", "C1044", "admin");
+    loaded = context->RemarkList()->Count();
+    RemarkAt(context, 1).SetMemoText("changed");
+    RemarkAt(context, 1).SetDirty(true);
+    AddRemark(context, "added");
+    context->Save(true);
+    return std::nullopt;
+  } catch (const Error& error) {
+    return error;
+  }
+}
+
+TEST_F(ServerTest, WhicheverCallFailsTheErrorTellsAndNothingIsHalf) {
+  std::vector<std::string> silent;
+  int number = 0;
+  for (std::string failed = "the first"; !failed.empty();) {
+    m_database.File().Run("DELETE FROM tciMemo WHERE MemoText = 'added'");
+    int loaded = 0;
+    std::optional<Error> error;
+    {
+      FailingCall failing(++number);
+      error = LoadAndSave(loaded);
+      failed = failing.failed;
+    }
+    ASSERT_TRUE(loaded == 0 || loaded == kMemosOfOwner) << loaded << ", call " << number << " " << failed;
+    const bool isAdded = MemoCount() != kMemosOfSample;
+    if (error) {
+      // What keeps the owner's lookup from running is always told in the same words.
+      EXPECT_THAT(error->Description(), AnyOf(HasSubstr(failed), Eq("Context has not been loaded"))) << number;
+    } else {
+      EXPECT_TRUE(isAdded) << number << failed;
+      silent.push_back(failed);
+    }
+  }
+  EXPECT_GT(number, 100);
+  // Giving back a handle and asking for a line number are all that may fail without a word.
+  EXPECT_THAT(silent, Each(AnyOf("SQLFreeHandle", "SQLDisconnect", "SQLGetDiagField", "SQLGetDiagRec", "")));
+}
+
+}  // namespace
+}  // namespace quorvel

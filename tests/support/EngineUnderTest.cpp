@@ -1,0 +1,102 @@
+#include "tests/support/EngineUnderTest.h"
+
+#include <fmt/format.h>
+
+#include <cstdlib>
+#include <random>
+
+#include "platform/Error.h"
+#include "platform/ado/embedded/EmbeddedEngine.h"
+
+namespace quorvel::test {
+namespace {
+
+constexpr const char* kServerVariable = "QUORVEL_TEST_SQLSERVER";
+
+std::string ServerString() {
+  const char* value = std::getenv(kServerVariable);
+  return value == nullptr ? "" : value;
+}
+
+}  // namespace
+
+std::string NameOf(EngineKind kind) {
+  switch (kind) {
+    case EngineKind::Embedded:
+      return "Embedded";
+    case EngineKind::SqliteDriver:
+      return "SqliteDriver";
+    case EngineKind::StandIn:
+      return "StandIn";
+    case EngineKind::SqlServer:
+      break;
+  }
+  return "SqlServer";
+}
+
+std::string WhyNot(EngineKind kind) {
+  if (kind != EngineKind::SqlServer || !ServerString().empty()) return {};
+  return fmt::format("{} names no server: nothing was tested on a real one", kServerVariable);
+}
+
+EngineUnderTest::EngineUnderTest(EngineKind kind) : m_kind(kind) {
+  if (kind == EngineKind::Embedded || kind == EngineKind::StandIn) {
+    ado::CreateEmbeddedDatabase(m_folder.File("engine.db"));
+  }
+  if (kind == EngineKind::StandIn) m_standIn = std::make_unique<StandInServer>(m_folder.File("engine.db"));
+}
+
+EngineUnderTest::~EngineUnderTest() {
+  for (auto drop = m_drops.rbegin(); drop != m_drops.rend(); ++drop) {
+    try {
+      Connect()->Execute(*drop);
+    } catch (const Error&) {  // NOLINT(bugprone-empty-catch): the test never came to make it.
+    }
+  }
+}
+
+std::string EngineUnderTest::ConnectionString() const {
+  switch (m_kind) {
+    case EngineKind::Embedded:
+      return "Data Source=(embedded); Initial Catalog=" + m_folder.File("engine.db");
+    case EngineKind::SqliteDriver:
+      return "Data Source=a file; Driver=SQLite3; Initial Catalog=" + m_folder.File("driver.db");
+    case EngineKind::StandIn:
+      return fmt::format("Data Source={}; Initial Catalog=Ledger; User ID={}; Password=\"{}\"; Driver=FreeTDS",
+                         m_standIn->Address(), StandInServer::kUser, StandInServer::kPassword);
+    case EngineKind::SqlServer:
+      break;
+  }
+  return ServerString();
+}
+
+std::shared_ptr<ado::Connection> EngineUnderTest::Connect() const {
+  auto connection = std::make_shared<ado::Connection>();
+  connection->SetConnectionString(ConnectionString());
+  connection->Open();
+  return connection;
+}
+
+std::string_view EngineUnderTest::LongText() const noexcept { return SpeaksTransactSql() ? "nvarchar(max)" : "text"; }
+
+std::string EngineUnderTest::Literal(std::string_view text) const {
+  std::string literal = SpeaksTransactSql() ? "N'" : "'";
+  for (const char c : text) {
+    literal += c;
+    if (c == '\'') literal += c;
+  }
+  return literal + "'";
+}
+
+std::string EngineUnderTest::Table(std::string_view name) { return Claim("TABLE", name); }
+
+std::string EngineUnderTest::Procedure(std::string_view name) { return Claim("PROCEDURE", name); }
+
+std::string EngineUnderTest::Claim(std::string_view kind, std::string_view name) {
+  static const auto kRun = std::random_device{}();
+  std::string claimed = fmt::format("QvTest_{}_{:08x}", name, kRun);
+  m_drops.push_back(fmt::format("DROP {} {}", kind, claimed));
+  return claimed;
+}
+
+}  // namespace quorvel::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/tds/StandInServer.h"
+#include "tests/support/tds/TdsReader.h"
+#include "tests/support/tds/TdsWriter.h"
+
+namespace quorvel::test::tds {
+
+/// Runs what one client asks on the database file and writes the answers.
+class StandInSession {
+ public:
+  explicit StandInSession(const std::string& databaseFile);
+
+  void RunBatch(std::string_view batch, Writer& answer);
+  void RunCall(const Call& call, bool lowerCaseNames, Writer& answer);
+
+ private:
+  void DescribeColumns(const Call& call, bool lowerCaseNames, Writer& answer);
+  void DescribeProcedures(const Call& call, Writer& answer);
+  void CallProcedure(const Call& call, Writer& answer);
+
+  std::unique_ptr<ado::Session> m_session;
+};
+
+/// An answer that a test wrote itself.
+void WriteParts(const std::vector<StandInServer::Part>& parts, Writer& answer);
+
+}  // namespace quorvel::test::tds

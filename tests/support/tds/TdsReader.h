@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Value.h"
+
+namespace quorvel::test::tds {
+
+/// One message of a client, put together from its packets.
+struct Message {
+  std::uint8_t type = 0;
+  std::string bytes;
+};
+
+/// Takes the fields of a message off its front; numbers are little-endian. Throws std::out_of_range behind the end.
+class Reader {
+ public:
+  explicit Reader(std::string_view bytes) : m_rest(bytes) {}
+
+  [[nodiscard]] bool AtEnd() const noexcept { return m_rest.empty(); }
+  [[nodiscard]] std::string_view Bytes(std::size_t count);
+  template <typename Number>
+  [[nodiscard]] Number Take() {
+    const std::string_view bytes = Bytes(sizeof(Number));
+    std::uint64_t number = 0;
+    for (std::size_t i = bytes.size(); i-- > 0;) number = number << 8U | static_cast<unsigned char>(bytes[i]);
+    return static_cast<Number>(number);
+  }
+  /// UTF-8 of so many UTF-16 units.
+  [[nodiscard]] std::string Text(std::size_t units);
+  [[nodiscard]] std::string RestAsText() { return Text(m_rest.size() / 2); }
+  /// The headers before a batch or a call.
+  void SkipHeaders();
+
+ private:
+  std::string_view m_rest;
+};
+
+/// What a client asks to log in with.
+struct Login {
+  std::string user;
+  std::string password;
+  std::string database;
+};
+[[nodiscard]] Login ReadLogin(std::string_view message);
+
+/// A remote procedure call.
+struct Call {
+  struct Parameter {
+    std::string name;
+    bool isOutput = false;
+    std::optional<Value> value;  ///< nothing: the procedure's default
+  };
+  std::string procedure;
+  std::vector<Parameter> parameters;
+};
+[[nodiscard]] Call ReadCall(std::string_view message);
+
+}  // namespace quorvel::test::tds

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+
+namespace quorvel::test::tds {
+
+/// The protocol's data types that clients send or get.
+enum class Type : std::uint8_t {
+  Text = 0x23,
+  IntN = 0x26,
+  DateTime2 = 0x2A,
+  Int4 = 0x38,
+  NText = 0x63,
+  BitN = 0x68,
+  FloatN = 0x6D,
+  DateTimeN = 0x6F,
+  VarChar = 0xA7,
+  Char = 0xAF,
+  NVarChar = 0xE7,
+  NChar = 0xEF,
+};
+
+/// Latin1_General_CI_AS.
+inline constexpr std::array<char, 5> kCollation = {0x09, 0x04, '\xD0', 0x00, 0x34};
+
+/// Day 0 of a `datetime`; its time counts in 1/300 s.
+inline constexpr std::chrono::local_days kDayZero{std::chrono::year{1900} / 1 / 1};
+
+}  // namespace quorvel::test::tds

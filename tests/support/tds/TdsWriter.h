@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/ado/Engine.h"
+
+namespace quorvel::test::tds {
+
+/// Writes the tokens of an answer, one after the other.
+class Writer {
+ public:
+  void DatabaseChanged(std::string_view database);
+  void LoggedIn();
+  /// An error, or with class 10 or less a message.
+  void Message(const ado::Diagnostic& diagnostic, std::uint8_t severity);
+  void Rows(const ado::RowSet& rows);
+  void ReturnStatus(std::int32_t status);
+  void ReturnValue(std::uint16_t ordinal, std::string_view name, const ado::Column& type, const Value& value);
+
+  enum class Last : std::uint8_t { InBatch = 0xFD, InProcedure = 0xFF, OfProcedure = 0xFE };
+  struct DoneFlags {
+    bool more = false;
+    bool error = false;
+    bool attention = false;
+  };
+  void Done(Last kind, DoneFlags flags, std::optional<std::int64_t> count = std::nullopt);
+
+  [[nodiscard]] const std::string& Bytes() const noexcept { return m_bytes; }
+
+ private:
+  template <typename Number>
+  void Put(Number number);
+  void PutShortText(std::string_view text);  ///< its length in one byte
+  void PutColumn(const ado::Column& column, bool isLong);
+  void PutValue(const ado::Column& column, bool isLong, const Value& value);
+  void PutText(std::string_view text, bool isLong);
+  void PutLengthAt(std::size_t place);
+  void Change(std::uint8_t what, std::string_view now);
+
+  std::string m_bytes;
+};
+
+/// What a client gets before its login: no encryption to be had.
+[[nodiscard]] std::string PreLoginAnswer();
+
+}  // namespace quorvel::test::tds
