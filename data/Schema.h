@@ -8,5 +8,7 @@ namespace quorvel {
 /// leave tables and rows alone and bring the procedures to this version.
 [[nodiscard]] std::string_view SchemaScript() noexcept;
 [[nodiscard]] std::string_view SampleScript() noexcept;
+/// The role that holds what the component's login needs. For a SQL Server only.
+[[nodiscard]] std::string_view GrantsScript() noexcept;
 
 }  // namespace quorvel

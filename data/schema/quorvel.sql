@@ -4,6 +4,7 @@
 -- T-SQL for SQL Server 2012 or later and for the embedded engine: only what both understand. Run it as a user whose
 -- default schema is that of the component's login, dbo as a rule: names stand here without a schema. Run it in the host's
 -- database. Run again it leaves tables and rows alone, brings the procedures to this version and keeps the grants on them.
+-- What the component's login needs is in grants.sql.
 --
 -- The memo table tciMemo and the branches ttwBranch belong to the host and are made only where there are none. A host
 -- whose own tciMemo names its columns differently adapts the procedures that read and write it, after every run.
@@ -195,6 +196,10 @@ GO
 
 -- Administration: adding and deleting. A delete takes the row's links with it, all or nothing; an entity also its types
 -- and contexts. Memos stay.
+--
+-- SET XACT_ABORT ON stands where there is a transaction: without it an error would not end it, and a caller that gives up
+-- waiting would leave it open. A single statement undoes itself, and whether its failure ends a transaction of the
+-- caller's is for the caller to say.
 
 IF OBJECT_ID('spTWCAddUser', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCAddUser AS SELECT 1 AS Nothing')
@@ -280,7 +285,6 @@ SET NOCOUNT ON
 INSERT INTO ttwRemarkEntity (RemarkEntityID) VALUES (RTRIM(@RemarkEntityID))
 GO
 
--- An entity's types and contexts are no mere links: while it has any, the foreign keys refuse.
 IF OBJECT_ID('spTWCDeleteRemarkEntity', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCDeleteRemarkEntity AS SELECT 1 AS Nothing')
 GO
@@ -559,8 +563,10 @@ GO
 
 -- A host that numbers its tables with a procedure of this name keeps its own. In ours the update comes first: it holds the
 -- counter until the transaction ends (the caller's, if it has one), so that the next caller waits and no key is given
--- twice. The host may have written memos under keys of its own, which are never given again; they are looked up without
--- waiting for writers that have not committed.
+-- twice. The level is READ COMMITTED whatever the caller's is, for under SNAPSHOT the one that waited would fail with an
+-- update conflict; a server puts the caller's level back by itself. An unknown table is refused before the transaction
+-- begins, so that no rollback of ours ends one of the caller's. The host may have written memos under keys of its own,
+-- which are never given again; they are looked up without waiting for writers that have not committed.
 IF OBJECT_ID('spGetNextSurrogateKey', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spGetNextSurrogateKey
   @iTableName varchar(128),
@@ -568,16 +574,16 @@ IF OBJECT_ID('spGetNextSurrogateKey', 'P') IS NULL
 AS
 SET NOCOUNT ON
 SET XACT_ABORT ON
+SET TRANSACTION ISOLATION LEVEL READ COMMITTED
 DECLARE @message nvarchar(200)
-BEGIN TRANSACTION
-UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName
 IF NOT EXISTS (SELECT * FROM ttwSurrogateKey WHERE TableName = @iTableName)
 BEGIN
-  ROLLBACK TRANSACTION
   SET @message = N''There is no counter in ttwSurrogateKey for the table '' + @iTableName
   RAISERROR (@message, 16, 1)
   RETURN
 END
+BEGIN TRANSACTION
+UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName
 IF @iTableName = ''tciMemo''
   UPDATE ttwSurrogateKey SET LastKey = (SELECT MAX(MemoKey) + 1 FROM tciMemo WITH (NOLOCK))
   WHERE TableName = @iTableName AND LastKey <= (SELECT MAX(MemoKey) FROM tciMemo WITH (NOLOCK))

@@ -1,8 +1,9 @@
 -- Sample data for Quorvel: a small wholesaler's customers and orders with the remarks that its clerks wrote, and the
 -- users, groups, rights and contexts through which they are seen. All names are made up.
 --
--- T-SQL like quorvel.sql, which must have run before. The data goes in once, all or nothing: where there are customers
--- already, no row changes. The two owner lookups are brought to this version.
+-- T-SQL like quorvel.sql, which must have run before. For a database to try things out in, not for a host's own: it makes
+-- tables Customer and SalesOrder. The data goes in once, all or nothing: where there are customers already, no row
+-- changes. Tables and procedures that bear these names already stay as they are.
 
 SET ANSI_NULLS ON
 GO
@@ -34,27 +35,23 @@ END
 GO
 
 IF OBJECT_ID('spGetCustomerName', 'P') IS NULL
-  EXEC ('CREATE PROCEDURE spGetCustomerName AS SELECT 1 AS Nothing')
-GO
-ALTER PROCEDURE spGetCustomerName
+  EXEC ('CREATE PROCEDURE spGetCustomerName
   @OwnerID varchar(30)
 AS
 SET NOCOUNT ON
-SELECT CustKey AS OwnerKey, CustName AS OwnerName FROM Customer WHERE CustID = RTRIM(@OwnerID)
+SELECT CustKey AS OwnerKey, CustName AS OwnerName FROM Customer WHERE CustID = RTRIM(@OwnerID)')
 GO
 
 -- An order goes by its customer's name.
 IF OBJECT_ID('spGetOrderName', 'P') IS NULL
-  EXEC ('CREATE PROCEDURE spGetOrderName AS SELECT 1 AS Nothing')
-GO
-ALTER PROCEDURE spGetOrderName
+  EXEC ('CREATE PROCEDURE spGetOrderName
   @OwnerID varchar(30)
 AS
 SET NOCOUNT ON
 SELECT o.OrderKey AS OwnerKey, c.CustName AS OwnerName
 FROM SalesOrder o
 INNER JOIN Customer c ON c.CustKey = o.CustKey
-WHERE o.OrderID = RTRIM(@OwnerID)
+WHERE o.OrderID = RTRIM(@OwnerID)')
 GO
 
 IF EXISTS (SELECT * FROM Customer) RETURN

@@ -7,7 +7,6 @@
 #include "data/modDatabase.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "platform/ado/Engine.h"
 
 namespace quorvel::cli {
 
@@ -36,6 +35,15 @@ void RequireSettings(std::string_view source) {
               fmt::format("No database {} is set. Set one first, for example: "
                           "quorvel settings 'Server=(embedded)' Database=remarks.db",
                           noServer ? "server" : "name"));
+}
+
+std::shared_ptr<ado::Connection> ConnectForSetUp(std::chrono::seconds commandTimeout) {
+  auto connection = std::make_shared<ado::Connection>();
+  connection->SetConnectionString(modDatabase::Settings().ConnectionString());
+  connection->SetConnectionTimeout(std::chrono::seconds(15));
+  connection->SetCommandTimeout(commandTimeout);
+  connection->Open();
+  return connection;
 }
 
 void RequireDatabase(std::string_view source) {

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <array>
+#include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "data/modRegistry.h"
+#include "platform/ado/Connection.h"
 
 namespace quorvel::cli {
 
@@ -26,6 +29,10 @@ void WriteSetting(std::string_view name, const std::string& value);
 
 /// Throws Error -1 from `source`, saying what to do, unless the settings name a database to work on.
 void RequireSettings(std::string_view source);
+
+/// An open connection by the settings for setting a database up and looking after it: it gives a server 15 seconds to
+/// answer, where the component's own connection waits for up to an hour. Throws what Open throws.
+[[nodiscard]] std::shared_ptr<ado::Connection> ConnectForSetUp(std::chrono::seconds commandTimeout);
 
 /// RequireSettings, and the embedded engine's file must be there.
 void RequireDatabase(std::string_view source);

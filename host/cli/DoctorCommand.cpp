@@ -1,13 +1,18 @@
 #include <CLI/App.hpp>
 #include <chrono>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "data/modDatabase.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
 #include "host/cli/ExpectedSchema.h"
+#include "host/cli/Permissions.h"
+#include "host/cli/Report.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -16,28 +21,14 @@ namespace quorvel::cli {
 namespace {
 
 constexpr std::string_view kRunInit = "Run 'quorvel init' to create what is missing.";
+constexpr std::string_view kAskAdministrator =
+    "A DBA runs 'quorvel init --grants': it creates what is missing and the role QuorvelUser, of which the login must "
+    "be a member.";
 
-/// Prints each check as it is made and counts the failures.
-class Report {
- public:
-  /// One check; it failed when `problem` is not empty, and then `remedy` says what to do.
-  bool Check(std::string_view what, const std::string& problem, std::string_view remedy) {
-    ++m_checks;
-    if (problem.empty()) {
-      fmt::print("ok    {}\n", TrimBlanks(what));
-      return true;
-    }
-    ++m_failures;
-    fmt::print("FAIL  {}: {}\n      {}\n", TrimBlanks(what), problem, remedy);
-    return false;
-  }
-  [[nodiscard]] std::size_t Checks() const noexcept { return m_checks; }
-  [[nodiscard]] std::size_t Failures() const noexcept { return m_failures; }
+bool IsEmbedded() { return ado::IsEmbedded(modDatabase::Settings().Server()); }
 
- private:
-  std::size_t m_checks = 0;
-  std::size_t m_failures = 0;
-};
+/// What to do about an object that is missing; on a server one that is there may be hidden from the login.
+std::string_view SchemaRemedy() { return IsEmbedded() ? kRunInit : kAskAdministrator; }
 
 std::string SettingsProblem() {
   try {
@@ -46,14 +37,6 @@ std::string SettingsProblem() {
   } catch (const Error& error) {
     return error.Description();
   }
-}
-
-/// Only the embedded engine is built in; any other server would have to be a SQL Server.
-bool CheckEngine(Report& report, const std::string& server) {
-  const bool isBuiltIn = ado::IsEmbedded(server);
-  return report.Check(isBuiltIn ? "engine, embedded" : "engine",
-                      isBuiltIn ? "" : "this build has none for a SQL Server",
-                      "Use the embedded engine: quorvel settings 'Server=(embedded)' Database=FILE");
 }
 
 bool CheckSettings(Report& report) {
@@ -69,65 +52,122 @@ bool CheckSettings(Report& report) {
   const bool hasDatabase =
       report.Check("database " + OneLine(database), database.empty() ? "none is set" : "",
                    "Set one: quorvel settings Database=NAME, a file's name where the server is (embedded).");
-  return hasServer && hasDatabase && CheckEngine(report, server);
+  return hasServer && hasDatabase;
 }
 
-/// A connection of its own: the component's waits for a server for up to an hour.
+std::string_view ConnectionRemedy() {
+  if (IsEmbedded()) {
+    return "See that the file is what 'quorvel settings' says; 'quorvel init' creates one that is not there. Tables "
+           "and procedures were not checked.";
+  }
+  return "See that an ODBC driver for SQL Server is installed, that server, database, login and password are what "
+         "'quorvel settings' says, and that this machine reaches the server (docs/database.md). Tables and procedures "
+         "were not checked.";
+}
+
 std::shared_ptr<ado::Connection> CheckConnection(Report& report) {
-  auto connection = std::make_shared<ado::Connection>();
   try {
-    connection->SetConnectionString(modDatabase::Settings().ConnectionString());
-    connection->SetCommandTimeout(std::chrono::seconds(15));
-    connection->Open();
+    auto connection = ConnectForSetUp(std::chrono::seconds(15));
     report.Check(fmt::format("connection, {}", connection->Describe()), "", "");
     return connection;
   } catch (const Error& error) {
-    report.Check(
-        "connection", error.Description(),
-        "See that the file is what 'quorvel settings' says; 'quorvel init' creates one that is not there. Tables "
-        "and procedures were not checked.");
+    report.Check("connection", error.Description(), ConnectionRemedy());
     return nullptr;
+  }
+}
+
+/// On a server the component's login need not see the table itself: its procedures do.
+void CheckMemoTable(Report& report, ado::Connection& connection) {
+  if (IsEmbedded()) {
+    report.Check(fmt::format("table {}", kMemoTable), TableProblem(connection, kMemoTable, "*"), kRunInit);
+  } else {
+    report.Check(fmt::format("table {}, read by a procedure", kMemoTable),
+                 BatchProblem(connection, "EXEC spTWCqvGetFilteredMemos '', 0, 0"), kAskAdministrator);
   }
 }
 
 void CheckSchema(Report& report, ado::Connection& connection) {
   for (const ExpectedTable& table : ExpectedTables()) {
-    report.Check(fmt::format("table {}", table.name), TableProblem(connection, table.name, table.columns), kRunInit);
+    report.Check(fmt::format("table {}", table.name), TableProblem(connection, table.name, table.columns),
+                 SchemaRemedy());
   }
+  CheckMemoTable(report, connection);
   for (const ExpectedProcedure& procedure : ExpectedProcedures()) {
     report.Check(fmt::format("procedure {} ({})", procedure.name, procedure.parameters),
-                 ProcedureProblem(connection, procedure.name, procedure.parameters), kRunInit);
+                 ProcedureProblem(connection, procedure.name, procedure.parameters), SchemaRemedy());
   }
 }
 
-void CheckOwnerProcedure(Report& report, ado::Connection& connection, const std::string& entity,
+/// One kind of permission that the login needs.
+struct PermissionCheck {
+  std::string_view what;
+  std::vector<Permission> needed;
+  std::string_view remedy;
+};
+
+void CheckPermission(Report& report, ado::Connection& connection, const PermissionCheck& check) {
+  const PermissionAnswer answer = AskPermissions(connection, check.needed);
+  if (!answer.missing.empty()) {
+    report.Check(check.what, fmt::format("missing on {}", fmt::join(answer.missing, ", ")), check.remedy);
+  } else if (!answer.unknown.empty()) {
+    Report::Skip(check.what, fmt::format("the server does not tell for {}", fmt::join(answer.unknown, ", ")));
+  } else {
+    report.Check(check.what, "", "");
+  }
+}
+
+void CheckPermissions(Report& report, ado::Connection& connection, std::vector<Permission> ownerProcedures) {
+  try {
+    for (const PermissionCheck& check :
+         {PermissionCheck{"permission EXECUTE, procedures", ProcedurePermissions(), kAskAdministrator},
+          PermissionCheck{"permission SELECT, tables", TablePermissions(), kAskAdministrator},
+          PermissionCheck{"permission UPDATE, columns", ColumnPermissions(), kAskAdministrator},
+          PermissionCheck{"permission EXECUTE, owner procedures", std::move(ownerProcedures),
+                          "A DBA grants each: GRANT EXECUTE ON NAME TO QuorvelUser"}}) {
+      CheckPermission(report, connection, check);
+    }
+  } catch (const Error& error) {
+    Report::Skip("permissions of the login", fmt::format("could not be checked: {}", error.Description()));
+  }
+}
+
+/// True when the procedure is there.
+bool CheckOwnerProcedure(Report& report, ado::Connection& connection, const std::string& entity,
                          const std::string& procedure) {
   const std::string what = fmt::format("owner procedure {}, entity {}", OneLine(procedure), OneLine(entity));
   const std::string problem =
       procedure.empty() ? "the entity names none" : ProcedureProblem(connection, procedure, "@OwnerID");
-  report.Check(what, problem,
-               "The host application must create it, and ttwRemarkEntity.spGetOwnerName must hold its name.");
+  return report.Check(what, problem,
+                      "The host application must create it, and ttwRemarkEntity.spGetOwnerName must hold its name.");
 }
 
-void CheckOwnerProcedures(Report& report, ado::Connection& connection) {
+/// The permissions that the login needs on those that are there.
+std::vector<Permission> CheckOwnerProcedures(Report& report, ado::Connection& connection) {
+  std::vector<Permission> needed;
   try {
     const auto entities = connection.Execute("SELECT RemarkEntityID, spGetOwnerName FROM ttwRemarkEntity");
     for (; !entities->EndOfFile(); entities->MoveNext()) {
-      CheckOwnerProcedure(report, connection, modDatabase::FieldText(entities->Fields("RemarkEntityID")),
-                          std::string(TrimBlanks(modDatabase::FieldText(entities->Fields("spGetOwnerName")))));
+      const std::string procedure(TrimBlanks(modDatabase::FieldText(entities->Fields("spGetOwnerName"))));
+      const bool isThere = CheckOwnerProcedure(report, connection,
+                                               modDatabase::FieldText(entities->Fields("RemarkEntityID")), procedure);
+      if (isThere) needed.push_back({"EXECUTE", procedure, ""});
     }
   } catch (const Error& error) {
-    report.Check("owner procedures", error.Description(), kRunInit);
+    report.Check("owner procedures", error.Description(), SchemaRemedy());
   }
+  return needed;
+}
+
+void CheckDatabase(Report& report, ado::Connection& connection) {
+  CheckSchema(report, connection);
+  std::vector<Permission> ownerProcedures = CheckOwnerProcedures(report, connection);
+  if (!IsEmbedded()) CheckPermissions(report, connection, std::move(ownerProcedures));
 }
 
 void RunDoctor() {
   Report report;
   if (CheckSettings(report)) {
-    if (const auto connection = CheckConnection(report)) {
-      CheckSchema(report, *connection);
-      CheckOwnerProcedures(report, *connection);
-    }
+    if (const auto connection = CheckConnection(report)) CheckDatabase(report, *connection);
   }
   if (report.Failures() == 0) {
     fmt::print("\n{} passed: this machine can load remarks.\n", Counted(report.Checks(), "check"));

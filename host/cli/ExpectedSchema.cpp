@@ -10,24 +10,26 @@
 namespace quorvel::cli {
 namespace {
 
-// tciMemo is the host's table and reached through procedures only: its columns may bear any names.
 constexpr std::array kTables = {
-    ExpectedTable{"ttwUser", "UserKey, UserID, LastName, FirstName, BranchID, IsActive"},
-    ExpectedTable{"ttwGroup", "GroupKey, GroupID, Caption, Comments"},
-    ExpectedTable{"ttwGroupMember", "GroupKey, UserKey"},
-    ExpectedTable{"ttwRight", "RightKey, RightID, Caption, Comments"},
-    ExpectedTable{"ttwRightAssignment", "GroupKey, RightKey"},
+    ExpectedTable{"ttwUser", "UserKey, UserID, LastName, FirstName, BranchID, IsActive",
+                  "FirstName, LastName, BranchID, IsActive"},
+    ExpectedTable{"ttwGroup", "GroupKey, GroupID, Caption, Comments", "Caption, Comments"},
+    ExpectedTable{"ttwGroupMember", "GroupKey, UserKey", ""},
+    ExpectedTable{"ttwRight", "RightKey, RightID, Caption, Comments", "Caption, Comments"},
+    ExpectedTable{"ttwRightAssignment", "GroupKey, RightKey", ""},
     ExpectedTable{"ttwRemarkEntity",
-                  "RemarkEntityKey, RemarkEntityID, Caption, spGetOwnerName, AcuityEntityKey, Comments"},
-    ExpectedTable{"ttwRemarkType", "RemarkTypeKey, RemarkTypeID, Caption, RemarkEntityKey, Comments"},
-    ExpectedTable{"ttwRemarkRight",
-                  "RemarkRightKey, RemarkTypeKey, GroupKey, CanCreate, CanRead, CanUpdate, CanDelete"},
+                  "RemarkEntityKey, RemarkEntityID, Caption, spGetOwnerName, AcuityEntityKey, Comments",
+                  "Caption, Comments, spGetOwnerName, AcuityEntityKey"},
+    ExpectedTable{"ttwRemarkType", "RemarkTypeKey, RemarkTypeID, Caption, RemarkEntityKey, Comments",
+                  "Caption, Comments"},
+    ExpectedTable{"ttwRemarkRight", "RemarkRightKey, RemarkTypeKey, GroupKey, CanCreate, CanRead, CanUpdate, CanDelete",
+                  "CanCreate, CanRead, CanUpdate, CanDelete"},
     ExpectedTable{"ttwContext",
                   "ContextKey, ContextID, Caption, RemarkEntityKey, Comments, GroupByType, RowHeight, AllowRowSizing, "
-                  "EditBehavior"},
-    ExpectedTable{"ttwRemarkContext", "ContextKey, RemarkTypeKey, DisplaySeq, Priority"},
-    ExpectedTable{"ttwBranch", "BranchID, BranchName, WhseKey, ShipMethKey, SalesTerritoryKey, SalesAcctKey"},
-    ExpectedTable{"tciMemo", "*"},
+                  "EditBehavior",
+                  "Caption, Comments, RowHeight, AllowRowSizing, GroupByType, EditBehavior"},
+    ExpectedTable{"ttwRemarkContext", "ContextKey, RemarkTypeKey, DisplaySeq, Priority", "DisplaySeq, Priority"},
+    ExpectedTable{"ttwBranch", "BranchID, BranchName, WhseKey, ShipMethKey, SalesTerritoryKey, SalesAcctKey", ""},
 };
 
 constexpr std::string_view kRemark = "@MemoKey, @MemoType, @EntityType, @OwnerKey, @MemoText, @UserID";
@@ -80,13 +82,17 @@ std::span<const ExpectedTable> ExpectedTables() { return kTables; }
 
 std::span<const ExpectedProcedure> ExpectedProcedures() { return kProcedures; }
 
-std::string TableProblem(ado::Connection& connection, std::string_view table, std::string_view columns) {
+std::string BatchProblem(ado::Connection& connection, std::string_view batch) {
   try {
-    connection.Execute(fmt::format("SELECT {} FROM {} WHERE 1 = 0", columns, table));
+    connection.Execute(batch);
     return {};
   } catch (const Error& error) {
     return error.Description();
   }
+}
+
+std::string TableProblem(ado::Connection& connection, std::string_view table, std::string_view columns) {
+  return BatchProblem(connection, fmt::format("SELECT {} FROM {} WHERE 1 = 0", columns, table));
 }
 
 std::string ProcedureProblem(ado::Connection& connection, std::string_view procedure, std::string_view parameters) {

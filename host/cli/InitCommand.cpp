@@ -1,4 +1,5 @@
 #include <CLI/App.hpp>
+#include <chrono>
 #include <filesystem>
 #include <memory>
 
@@ -10,6 +11,7 @@
 #include "host/cli/ConnectionSettings.h"
 #include "host/cli/ExpectedSchema.h"
 #include "host/cli/ScriptRunner.h"
+#include "host/cli/Table.h"
 #include "platform/Error.h"
 #include "platform/ado/embedded/EmbeddedEngine.h"
 
@@ -22,29 +24,77 @@ void MakeEmbeddedFile(const std::string& file) {
   fmt::print("Database file: {} {}\n", wasThere ? "found" : "created", file);
 }
 
-void ApplyScript(std::string_view what, std::string_view script, std::string_view lastTable) {
-  ado::Connection& connection = *modDatabase::SharedConnection();
+struct InitOptions {
+  bool withSample = false;
+  bool withGrants = false;
+};
+
+constexpr std::string_view kLoginAdvice =
+    "\n  The login must be one that may create tables and procedures, a member of db_owner as a rule; a DBA can also "
+    "run "
+    "the scripts of data/schema.";
+
+/// On a server nearly everything that our scripts can fail with comes of a login that may not do what they do.
+bool IsRefusal(const Error& error) {
+  return !ado::IsEmbedded(modDatabase::Settings().Server()) &&
+         (error.Number() == ErrorNumber::DbStatement || error.Number() == ErrorNumber::DbObjectNotFound);
+}
+
+void ApplyScript(ado::Connection& connection, std::string_view what, std::string_view script,
+                 const ScriptOutput& output = {}) {
+  try {
+    RunScript(connection, what, script, output);
+  } catch (const Error& error) {
+    if (!IsRefusal(error)) throw;
+    throw Error(error.Number(), error.Source(), fmt::format("{}{}", error.Description(), kLoginAdvice));
+  }
+}
+
+void CreateMissing(ado::Connection& connection, std::string_view what, std::string_view script,
+                   std::string_view lastTable) {
   const bool wasThere = TableProblem(connection, lastTable, "*").empty();
-  RunScript(connection, what, script);
+  ApplyScript(connection, what, script);
   fmt::print("{}: {}\n", what, wasThere ? "up to date" : "created");
 }
 
-void RunInit(bool withSample) {
-  RequireSettings("quorvel.init");
+void Grant(ado::Connection& connection) {
+  ScriptOutput output;
+  output.rows = [](ado::Recordset& rows) {
+    if (rows.EndOfFile()) return;
+    fmt::print("Yet to be run, after a look at each name:\n\n");
+    PrintTable(rows);
+  };
+  ApplyScript(connection, "Grants", GrantsScript(), output);
+  fmt::print(
+      "Grants: given to the role QuorvelUser; make the component's login a member:\n"
+      "  ALTER ROLE QuorvelUser ADD MEMBER [login]\n");
+}
+
+void RunInit(const InitOptions& options) {
+  const std::string source = "quorvel.init";
+  RequireSettings(source);
   DBConnect& settings = modDatabase::Settings();
-  if (ado::IsEmbedded(settings.Server())) MakeEmbeddedFile(settings.Database());
-  modDatabase::EnsureConnection();
-  ApplyScript("Schema", SchemaScript(), "ttwContext");
-  if (withSample) ApplyScript("Sample data", SampleScript(), "Customer");
+  const bool isEmbedded = ado::IsEmbedded(settings.Server());
+  if (options.withGrants && isEmbedded) {
+    throw Error(ErrorNumber::Component, source,
+                "The embedded engine has no users to grant anything to; --grants is for a SQL Server");
+  }
+  if (isEmbedded) MakeEmbeddedFile(settings.Database());
+  const auto connection = ConnectForSetUp(std::chrono::seconds(60));
+  CreateMissing(*connection, "Schema", SchemaScript(), "ttwContext");
+  if (options.withSample) CreateMissing(*connection, "Sample data", SampleScript(), "Customer");
+  if (options.withGrants) Grant(*connection);
 }
 
 }  // namespace
 
 void AddInitCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("init", "Create the tables and procedures that are missing");
-  auto withSample = std::make_shared<bool>(false);
-  command->add_flag("--sample", *withSample, "Add sample customers, users, rights and remarks");
-  command->group("Set up")->callback([withSample] { RunInit(*withSample); });
+  auto options = std::make_shared<InitOptions>();
+  command->add_flag("--sample", options->withSample, "Add sample customers, users, rights and remarks");
+  command->add_flag("--grants", options->withGrants,
+                    "On a SQL Server, make the role QuorvelUser with\nwhat the component's login needs");
+  command->group("Set up")->callback([options] { RunInit(*options); });
 }
 
 }  // namespace quorvel::cli

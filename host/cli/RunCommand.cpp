@@ -1,14 +1,15 @@
 #include <CLI/App.hpp>
+#include <chrono>
 #include <memory>
 
 #include <fmt/format.h>
 
-#include "data/modDatabase.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
 #include "host/cli/Input.h"
 #include "host/cli/ScriptRunner.h"
 #include "host/cli/Table.h"
+#include "platform/Text.h"
 
 namespace quorvel::cli {
 namespace {
@@ -17,13 +18,15 @@ void RunFile(const std::string& file) {
   const std::string source = "quorvel.run";
   RequireSettings(source);
   const std::string script = ReadWhole(file, source);
-  modDatabase::EnsureConnection();
+  const auto connection = ConnectForSetUp(std::chrono::seconds(60));
   std::size_t tables = 0;
-  const std::size_t batches = RunScript(*modDatabase::SharedConnection(), file == "-" ? "standard input" : file, script,
-                                        [&tables](ado::Recordset& rows) {
-                                          if (tables++ > 0) fmt::print("\n");
-                                          PrintTable(rows);
-                                        });
+  ScriptOutput output;
+  output.rows = [&tables](ado::Recordset& rows) {
+    if (tables++ > 0) fmt::print("\n");
+    PrintTable(rows);
+  };
+  output.message = [](const std::string& text) { fmt::print("{}\n", Printable(text)); };
+  const std::size_t batches = RunScript(*connection, file == "-" ? "standard input" : file, script, output);
   if (tables == 0) fmt::print("{}\n", batches == 1 ? "1 batch run" : fmt::format("{} batches run", batches));
 }
 
@@ -33,9 +36,9 @@ void AddRunCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("run", "Run a T-SQL script on the database");
   auto file = std::make_shared<std::string>();
   command
-      ->add_option(
-          "file", *file,
-          "The script, its batches ended by GO; - reads the standard input.\nOf each batch the first result is shown.")
+      ->add_option("file", *file,
+                   "The script, its batches ended by GO; - reads the standard input.\nOf each batch the first result "
+                   "and all messages are shown.")
       ->required();
   command->group("Set up")->callback([file] { RunFile(*file); });
 }

@@ -255,6 +255,27 @@ TEST_F(SchemaTest, KeysAreNeverGivenTwice) {
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("SalesOrder"), 21);
   EXPECT_THROW((void)modDatabase::GetNextSurrogateKey("Customer"), Error) << "a counter must be there first";
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 5003);
+  m_database.Run("UPDATE ttwSurrogateKey SET LastKey = 2147483647 WHERE TableName = 'SalesOrder'");
+  EXPECT_THROW((void)modDatabase::GetNextSurrogateKey("SalesOrder"), Error);
+  EXPECT_EQ(m_database.Ask("SELECT LastKey FROM ttwSurrogateKey WHERE TableName = 'SalesOrder'"), "2147483647");
+}
+
+// What only a server would notice: a count of rows that comes back as a result, a transaction that an error leaves
+// open.
+TEST(SchemaScripts, EveryProcedureKeepsQuietAndEndsItsTransactions) {
+  std::size_t procedures = 0;
+  for (const std::string_view script : {SchemaScript(), SampleScript()}) {
+    for (const ado::Batch& batch : ado::SplitBatches(script)) {
+      const std::string text(batch.text);
+      if (text.find(" PROCEDURE ") == std::string::npos || text.find("AS Nothing") != std::string::npos) continue;
+      ++procedures;
+      EXPECT_THAT(text, testing::HasSubstr("AS\nSET NOCOUNT ON\n"));
+      if (text.find("BEGIN TRANSACTION") == std::string::npos) continue;
+      EXPECT_LT(text.find("SET XACT_ABORT ON\n"), text.find("BEGIN TRANSACTION")) << text;
+      EXPECT_EQ(text.find("ROLLBACK"), std::string::npos) << text;
+    }
+  }
+  EXPECT_EQ(procedures, 30U);
 }
 
 }  // namespace

@@ -80,6 +80,14 @@ TEST_F(CommandLine, InitCreatesOnceAndThenFinds) {
   EXPECT_EQ(RunSql(rows), before);
 }
 
+TEST_F(CommandLine, TheEmbeddedEngineHasNobodyToGrantTo) {
+  ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("new.db")}), Succeeds());
+  EXPECT_THAT(Quorvel({"init", "--grants"}),
+              Fails("-1 at quorvel.init: The embedded engine has no users to grant anything to; --grants is for a SQL "
+                    "Server"));
+  EXPECT_FALSE(std::filesystem::exists(File("new.db")));
+}
+
 TEST_F(CommandLine, AFileThatIsNoDatabaseIsLeftAlone) {
   const std::string content = "Dear diary, this is not a database.\n" + std::string(4096, 'x');
   std::ofstream(File("diary.txt")) << content;

@@ -1,0 +1,22 @@
+#include "host/cli/Report.h"
+
+#include <fmt/format.h>
+
+#include "platform/Text.h"
+
+namespace quorvel::cli {
+
+bool Report::Check(std::string_view what, std::string_view problem, std::string_view remedy) {
+  ++m_checks;
+  if (problem.empty()) {
+    fmt::print("ok    {}\n", TrimBlanks(what));
+    return true;
+  }
+  ++m_failures;
+  fmt::print("FAIL  {}: {}\n      {}\n", TrimBlanks(what), problem, remedy);
+  return false;
+}
+
+void Report::Skip(std::string_view what, std::string_view reason) { fmt::print("?     {}: {}\n", what, reason); }
+
+}  // namespace quorvel::cli

@@ -1,0 +1,130 @@
+// The command line against a server. The server is a stand-in, reached through a real driver.
+
+#include "data/Schema.h"
+#include "host/cli/Permissions.h"
+#include "platform/ado/Script.h"
+#include "platform/ado/embedded/EmbeddedEngine.h"
+#include "tests/host/CommandLine.h"
+#include "tests/support/tds/StandInServer.h"
+
+namespace quorvel::test {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using Part = StandInServer::Part;
+
+Part Message(const char* text) { return {Part::Kind::Message, {"01000", 0, text, 1}, 0, {}, {}}; }
+Part Failure(std::int32_t number, const char* text, int line) {
+  return {Part::Kind::Error, {"42000", number, text, line}, 0, {}, {}};
+}
+/// The answer to a permission query: held as `held` says, every other one is.
+Part Permissions(std::size_t count, std::size_t place, const Value& held) {
+  Part part{Part::Kind::Rows, {}, 0, {{"Place", ado::DataType::Integer}, {"Held", ado::DataType::Integer}}, {}};
+  for (std::size_t i = 0; i < count; ++i) {
+    part.rows.push_back({static_cast<std::int64_t>(i), i == place ? held : Value{std::int64_t{1}}});
+  }
+  return part;
+}
+
+class OnServer : public CommandLine {
+ protected:
+  void SetUp() override {
+    ASSERT_THAT(Quorvel({"settings", "Server=" + m_server.Address(), "Database=Ledger; Driver=FreeTDS",
+                         "UserId=" + std::string(StandInServer::kUser),
+                         "Password=\"" + std::string(StandInServer::kPassword) + "\""}),
+                Succeeds());
+  }
+  std::string MakeFile() {
+    ado::CreateEmbeddedDatabase(File("server.db"));
+    return File("server.db");
+  }
+  void Answer(const std::vector<cli::Permission>& needed, std::size_t place, const Value& held) {
+    m_server.AnswerWith(cli::PermissionQuery(needed), {Permissions(needed.size(), place, held)});
+  }
+
+  StandInServer m_server{MakeFile()};
+};
+
+TEST_F(OnServer, ADatabaseIsSetUpCheckedAndUsed) {
+  const Outcome made = Quorvel({"init", "--sample"});
+  EXPECT_THAT(made, Succeeds());
+  EXPECT_EQ(made.output, "Schema: created\nSample data: created\n");
+  EXPECT_EQ(Quorvel({"init", "--sample"}).output, "Schema: up to date\nSample data: up to date\n");
+
+  // A server that knows no HAS_PERMS_BY_NAME is no worse for it.
+  const Outcome checked = Quorvel({"doctor"});
+  EXPECT_THAT(checked, Succeeds());
+  EXPECT_THAT(checked.output,
+              AllOf(HasSubstr("ok    connection, "), HasSubstr("ok    table tciMemo, read by a procedure\n"),
+                    HasSubstr("ok    procedure spGetNextSurrogateKey (@iTableName, @oNewKey OUTPUT)\n"),
+                    HasSubstr("?     permissions of the login: could not be checked: "), Not(HasSubstr("FAIL"))));
+
+  EXPECT_EQ(RunSql("SELECT CustName FROM Customer WHERE CustID = 'C1043'\nGO\nUPDATE ttwGroup SET Caption = 'x'\n"),
+            "CustName\n------------------\nSøndergaard Møbler\n(1 row)\n");
+  EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.General", "--text", "Pays in €."})), Succeeds());
+  const Outcome listed = Quorvel(OnAcme({"list"}));
+  EXPECT_THAT(listed, Succeeds());
+  EXPECT_THAT(listed.output, AllOf(HasSubstr("Acme Tools [C1044]"), HasSubstr("Pays in €.")));
+}
+
+TEST_F(OnServer, TheDoctorNamesWhatTheLoginMayNot) {
+  ASSERT_THAT(Quorvel({"init", "--sample"}), Succeeds());
+  Answer(cli::ProcedurePermissions(), 4, std::int64_t{0});
+  Answer(cli::TablePermissions(), 0, Null{});
+  Answer(cli::ColumnPermissions(), 3, std::int64_t{0});
+  Answer({{"EXECUTE", "spGetCustomerName", ""}, {"EXECUTE", "spGetOrderName", ""}}, 1, std::int64_t{0});
+  const Outcome outcome = Quorvel({"doctor"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.output,
+              AllOf(HasSubstr("FAIL  permission EXECUTE, procedures: missing on spTWCqvAddRemark\n"),
+                    HasSubstr("quorvel init --grants"),
+                    HasSubstr("?     permission SELECT, tables: the server does not tell for ttwUser\n"),
+                    HasSubstr("FAIL  permission UPDATE, columns: missing on ttwUser (IsActive)\n"),
+                    HasSubstr("FAIL  permission EXECUTE, owner procedures: missing on spGetOrderName\n")));
+  EXPECT_THAT(outcome.errors, HasSubstr(" at quorvel.doctor: 3 of "));
+}
+
+TEST_F(OnServer, GrantsGiveTheRoleItsRightsAndListTheOwnerLookups) {
+  for (const ado::Batch& batch : ado::SplitBatches(GrantsScript())) {
+    m_server.AnswerWith(std::string(batch.text), {});
+    if (batch.text.find("OwnerLookups") == std::string_view::npos) continue;
+    m_server.AnswerWith(std::string(batch.text), {{Part::Kind::Rows,
+                                                   {},
+                                                   0,
+                                                   {{"OwnerLookups", ado::DataType::VarWChar}},
+                                                   {{"GRANT EXECUTE ON spGetOrderName TO QuorvelUser"}}}});
+  }
+  const Outcome outcome = Quorvel({"init", "--grants"});
+  EXPECT_THAT(outcome, Succeeds());
+  EXPECT_THAT(outcome.output, AllOf(HasSubstr("GRANT EXECUTE ON spGetOrderName TO QuorvelUser\n(1 row)\n"),
+                                    HasSubstr("ALTER ROLE QuorvelUser ADD MEMBER")));
+}
+
+TEST_F(OnServer, AScriptsMessagesAreShownAndItsErrorsPlaced) {
+  m_server.AnswerWith("PRINT 'Done'", {Message("Half way"), Message("Done")});
+  EXPECT_EQ(RunSql("PRINT 'Done'"), "Half way\nDone\n1 batch run\n");
+  m_server.AnswerWith("DROP TABLE a\nDROP TABLE b", {Failure(3701, "No a.", 1), Failure(3701, "No b.", 2)});
+  EXPECT_THAT(Quorvel({"run", "-"}, "PRINT 'Done'\nGO\nDROP TABLE a\nDROP TABLE b").errors,
+              HasSubstr("standard input, batch 2, line 3: No a.\n  line 4: No b.\n"));
+
+  const auto batches = ado::SplitBatches(SchemaScript());
+  m_server.AnswerWith(std::string(batches[2].text),
+                      {Failure(262, "CREATE TABLE permission denied in database 'Ledger'.", 3)});
+  const Outcome refused = Quorvel({"init"});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.errors, AllOf(HasSubstr("Schema, batch 3, "), HasSubstr("CREATE TABLE permission denied"),
+                                    HasSubstr("may create tables and procedures")));
+}
+
+TEST_F(OnServer, ALoginThatIsRefusedIsNamedByTheDoctorWithTheServerAndTheDriver) {
+  ASSERT_THAT(Quorvel({"settings", "Password=wrong"}), Succeeds());
+  const Outcome outcome = Quorvel({"doctor"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.output, AllOf(HasSubstr("FAIL  connection: "), HasSubstr(m_server.Address()),
+                                    HasSubstr("FreeTDS"), HasSubstr("server, database, login and password")));
+}
+
+}  // namespace
+}  // namespace quorvel::test
