@@ -1,6 +1,8 @@
 #include "platform/Utf.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace quorvel::utf {
 namespace {
@@ -103,7 +105,15 @@ std::optional<std::string> ToUtf8(std::u16string_view text) {
 
 void AppendUtf8(std::string& narrow, std::u16string_view text) {
   narrow.reserve(narrow.size() + text.size());
+  const auto isBeyondAscii = [](char16_t unit) { return unit >= kSmallest[2]; };
   for (std::size_t position = 0; position < text.size();) {
+    const std::u16string_view rest = text.substr(position);
+    const auto end = std::find_if(rest.begin(), rest.end(), isBeyondAscii);
+    // Most texts are ASCII from end to end.
+    std::transform(rest.begin(), end, std::back_inserter(narrow),
+                   [](char16_t unit) { return static_cast<char>(unit); });
+    position += static_cast<std::size_t>(end - rest.begin());
+    if (position == text.size()) break;
     const char32_t character = TakeWide(text, position);
     Append(narrow, IsSurrogate(character) ? kReplacement : character);
   }

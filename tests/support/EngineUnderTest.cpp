@@ -92,9 +92,13 @@ std::string EngineUnderTest::Table(std::string_view name) { return Claim("TABLE"
 
 std::string EngineUnderTest::Procedure(std::string_view name) { return Claim("PROCEDURE", name); }
 
-std::string EngineUnderTest::Claim(std::string_view kind, std::string_view name) {
+std::string EngineUnderTest::UniqueName(std::string_view name) {
   static const auto kRun = std::random_device{}();
-  std::string claimed = fmt::format("QvTest_{}_{:08x}", name, kRun);
+  return fmt::format("QvTest_{}_{:08x}", name, kRun);
+}
+
+std::string EngineUnderTest::Claim(std::string_view kind, std::string_view name) {
+  std::string claimed = UniqueName(name);
   m_drops.push_back(fmt::format("DROP {} {}", kind, claimed));
   return claimed;
 }

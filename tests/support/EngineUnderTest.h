@@ -45,7 +45,9 @@ class EngineUnderTest {
   [[nodiscard]] std::string_view LongText() const noexcept;
   [[nodiscard]] std::string Literal(std::string_view text) const;
 
-  /// A name that nothing else in the database bears.
+  /// A name that nothing else on the server bears; whatever gets it is the test's to drop.
+  [[nodiscard]] static std::string UniqueName(std::string_view name);
+  /// The same for what is dropped in the end.
   [[nodiscard]] std::string Table(std::string_view name);
   [[nodiscard]] std::string Procedure(std::string_view name);
 

@@ -1,0 +1,179 @@
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include <mutex>
+#include <regex>
+#include <set>
+#include <thread>
+
+#include "data/Schema.h"
+#include "data/modDatabase.h"
+#include "platform/ado/Script.h"
+#include "tests/runtime/RuntimeTest.h"
+#include "tests/support/EngineUnderTest.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestSettings.h"
+
+// The scripts on a server, and the component on what they made.
+namespace quorvel {
+namespace {
+
+using test::ContextHolder;
+using test::EngineKind;
+using test::RemarkAt;
+
+/// Everything the scripts make, in their order: "TABLE name" or "PROCEDURE name".
+std::vector<std::string> ObjectsOfTheScripts() {
+  std::vector<std::string> objects;
+  static const std::regex kCreate("CREATE ((?:TABLE|PROCEDURE) \\w+)");
+  for (const std::string_view script : {SchemaScript(), SampleScript()}) {
+    std::regex_iterator<std::string_view::const_iterator> match(script.begin(), script.end(), kCreate);
+    for (; match != decltype(match){}; ++match) objects.push_back((*match)[1]);
+  }
+  return objects;
+}
+
+std::string NameIn(const std::string& object) { return object.substr(object.find(' ') + 1); }
+
+std::string Quoted(const std::string& value) { return value.empty() ? value : fmt::format("\"{}\"", value); }
+
+/// The scripts bring their own names, so they run in a database of their own; where the login may not create one, in
+/// the one that was named, as long as nothing in it bears those names.
+class ServerScriptTest : public testing::TestWithParam<EngineKind> {
+ protected:
+  void SetUp() override {
+    if (const std::string reason = test::WhyNot(GetParam()); !reason.empty()) GTEST_SKIP() << reason;
+    m_engine = std::make_unique<test::EngineUnderTest>(GetParam());
+    m_database = ado::ParseConnectionString(m_engine->ConnectionString()).initialCatalog;
+    if (GetParam() == EngineKind::SqlServer && !MakeScratchDatabase() && IsAnythingThere()) {
+      m_engine.reset();
+      GTEST_SKIP() << "the login may not create a database, and the one it was given holds objects of the component";
+    }
+    Connect(m_scratch.empty() ? m_database : m_scratch);
+  }
+
+  void TearDown() override {
+    if (!m_engine) return;
+    if (!m_scratch.empty()) {
+      Connect(m_database);
+      modDatabase::SharedConnection()->Execute("DROP DATABASE " + m_scratch);
+    } else if (GetParam() == EngineKind::SqlServer) {
+      auto objects = ObjectsOfTheScripts();
+      for (auto object = objects.rbegin(); object != objects.rend(); ++object) Drop(*object);
+    }
+  }
+
+  /// An object that a failed script never came to make is no reason to leave the others.
+  static void Drop(const std::string& object) {
+    try {
+      modDatabase::SharedConnection()->Execute("DROP " + object);
+    } catch (const Error& error) {
+      ADD_FAILURE() << object << ": " << error.Description();
+    }
+  }
+
+  static void RunScripts() {
+    for (const std::string_view script : {SchemaScript(), SampleScript()}) {
+      for (const ado::Batch& batch : ado::SplitBatches(script)) {
+        modDatabase::SharedConnection()->Execute(batch.text);
+      }
+    }
+  }
+
+ private:
+  bool MakeScratchDatabase() {
+    const std::string name = test::EngineUnderTest::UniqueName("Scratch");
+    try {
+      m_engine->Connect()->Execute("CREATE DATABASE " + name);
+    } catch (const Error&) {
+      return false;
+    }
+    m_scratch = name;
+    return true;
+  }
+
+  [[nodiscard]] bool IsAnythingThere() const {
+    const auto connection = m_engine->Connect();
+    for (const std::string& object : ObjectsOfTheScripts()) {
+      const auto rows = test::RowsOf(*connection, fmt::format("SELECT OBJECT_ID('{}')", NameIn(object)));
+      if (rows != std::vector<std::string>{"NULL"}) return true;
+    }
+    return false;
+  }
+
+  void Connect(const std::string& database) {
+    const ado::ConnectOptions options = ado::ParseConnectionString(m_engine->ConnectionString());
+    std::string catalog = database;
+    if (!options.driver.empty()) catalog += "; Driver=" + options.driver;
+    if (!options.encrypt.empty()) catalog += "; Encrypt=" + options.encrypt;
+    if (!options.trustServerCertificate.empty()) {
+      catalog += "; TrustServerCertificate=" + options.trustServerCertificate;
+    }
+    test::UseSettings(options.dataSource, catalog, Quoted(options.userId), Quoted(options.password));
+  }
+
+  test::TemporaryFolder m_folder;
+  test::ScopedVariable m_registry{"QUORVEL_REGISTRY", m_folder.File("settings.reg")};
+  std::unique_ptr<test::EngineUnderTest> m_engine;
+  std::string m_database;
+  std::string m_scratch;
+};
+
+INSTANTIATE_TEST_SUITE_P(Servers, ServerScriptTest, testing::Values(EngineKind::StandIn, EngineKind::SqlServer),
+                         [](const auto& each) { return test::NameOf(each.param); });
+
+/// The keys that several callers at once draw, each on a connection of its own, half of them in snapshot isolation.
+std::multiset<std::int32_t> DrawKeys(int callers, int keys) {
+  std::mutex mutex;
+  std::multiset<std::int32_t> drawn;
+  std::vector<std::jthread> threads;
+  const auto draw = [&](const char* level) {
+    modDatabase::OpenConnection();
+    modDatabase::SharedConnection()->Execute(fmt::format("SET TRANSACTION ISOLATION LEVEL {}", level));
+    for (int i = 0; i < keys; ++i) {
+      const std::int32_t key = modDatabase::GetNextSurrogateKey("tciMemo");
+      const std::lock_guard lock(mutex);
+      drawn.insert(key);
+    }
+  };
+  for (int caller = 0; caller < callers; ++caller) {
+    threads.emplace_back([&draw, caller] {
+      try {
+        draw(caller % 2 == 0 ? "SNAPSHOT" : "READ COMMITTED");
+      } catch (const Error& error) {
+        ADD_FAILURE() << error.Description();
+      }
+    });
+  }
+  threads.clear();
+  return drawn;
+}
+
+TEST_P(ServerScriptTest, SetsUpADatabaseOnWhichTheComponentWorks) {
+  RunScripts();
+  RunScripts();
+  {
+    const ContextHolder context("CustMaint", "C1044", "admin");
+    const std::int32_t before = context->MemoCount();
+    EXPECT_GT(before, 0);
+    context->AddRemark("Cust.General", "  O'Brien: \U0001F600 " + std::string(5000, 'x') + "  ", "admin");
+    RemarkAt(context, 1).SetMemoText("changed");
+    RemarkAt(context, 1).SetDirty(true);
+    context->Save(true);
+
+    const ContextHolder again("CustMaint", "C1044", "admin");
+    EXPECT_EQ(again->MemoCount(), before + 1);
+    std::set<std::string> texts;
+    for (std::int32_t i = 1; i <= again->MemoCount(); ++i) texts.insert(RemarkAt(again, i).MemoText());
+    EXPECT_TRUE(texts.contains("changed"));
+    EXPECT_TRUE(texts.contains("O'Brien: \U0001F600 " + std::string(5000, 'x')));
+  }
+  EXPECT_EQ(test::Caught([] { const ContextHolder nowhere("NoSuchPlace", "C1044", "admin"); }).Description(),
+            "ContextID [NoSuchPlace] not found");
+
+  const auto keys = DrawKeys(4, 25);
+  EXPECT_EQ(std::set<std::int32_t>(keys.begin(), keys.end()).size(), 100U);
+}
+
+}  // namespace
+}  // namespace quorvel
