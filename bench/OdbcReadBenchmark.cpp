@@ -77,6 +77,7 @@ class BareOdbc {
     SQLHSTMT statement = SQL_NULL_HANDLE;
     SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &statement);
     SQLULEN fetched = 0;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): ODBC takes small integers in the place of pointers.
     SQLSetStmtAttr(statement, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(kRows), 0);
     SQLSetStmtAttr(statement, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);
     std::string query = kRead;

@@ -199,6 +199,18 @@ TEST_P(TransactSqlTest, ProceduresTellTheirParametersAndTakeValues) {
   EXPECT_EQ(ToText(rows->Fields("Day").Value()), "2024-02-29 23:59:58.997");
   EXPECT_TRUE(ToText(rows->Fields("Long").Value()) == text) << ToText(rows->Fields("Long").Value()).size();
 
+  Command declared = Procedure(name);
+  const auto append = [&declared](const char* parameter, DataType type, std::int32_t size, const Value& value) {
+    declared.Append(Command::CreateParameter(parameter, type, ParameterDirection::Input, size, value));
+  };
+  append("@Total", DataType::Integer, 0, Null{});
+  append("@A", DataType::Integer, 0, std::int64_t{1});
+  append("@B", DataType::SmallInt, 0, std::int64_t{1});
+  append("@Note", DataType::VarWChar, 30, "");
+  append("@When", DataType::DBTimeStamp, 0, Null{});
+  append("@Long", DataType::VarWChar, 0, text);
+  EXPECT_TRUE(ToText(declared.Execute()->Fields("Long").Value()) == text) << "declared without a size";
+
   Command brief = Procedure("dbo." + name);
   brief.Parameters("A").SetValue(1);
   brief.Parameters("B").SetValue(Null{});

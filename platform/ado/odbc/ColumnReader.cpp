@@ -91,6 +91,10 @@ void ColumnReader::Plan(SQLSMALLINT sqlType, SQLULEN size, SQLSMALLINT digits) {
     case kTime:
     case kTimestampOffset:
       return PlanText(DataType::VarWChar, kShortForm);
+    case SQL_BINARY:
+    case SQL_VARBINARY:
+      // As text each byte becomes two digits.
+      return PlanText(DataType::VarWChar, 2 * size);
     default:
       return PlanText(DataType::VarWChar, size);
   }

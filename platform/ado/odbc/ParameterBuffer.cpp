@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 #include "platform/ado/odbc/Timestamp.h"
 #include "platform/ado/odbc/WideText.h"
@@ -13,6 +14,8 @@ namespace {
 
 /// What the drivers of SQL Server take for "no limit".
 constexpr SQLULEN kUnlimited = 0;
+/// The most that nvarchar(n) takes; a varchar beyond it loses nothing by going as a long one.
+constexpr std::int32_t kLongestShort = 4000;
 /// Units of room for an output text without a limit.
 constexpr std::size_t kLongOutput = 64 * 1024;
 /// A `datetime`: "yyyy-mm-dd hh:mm:ss.fff".
@@ -25,7 +28,8 @@ struct Binding {
   std::size_t width;  ///< bytes; 0 for texts
 };
 
-Binding BindingOf(DataType type) {
+/// A text without a limit goes as one of the long types: FreeTDS cuts a short one without a size.
+Binding BindingOf(DataType type, bool hasLimit) {
   switch (type) {
     case DataType::SmallInt:
       return {SQL_C_SLONG, SQL_SMALLINT, sizeof(SQLINTEGER)};
@@ -40,13 +44,10 @@ Binding BindingOf(DataType type) {
     case DataType::DBTimeStamp:
       return {SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT)};
     case DataType::VarChar:
-      return {SQL_C_WCHAR, SQL_VARCHAR, 0};
     case DataType::LongVarChar:
-      return {SQL_C_WCHAR, SQL_LONGVARCHAR, 0};
-    case DataType::LongVarWChar:
-      return {SQL_C_WCHAR, SQL_WLONGVARCHAR, 0};
+      return {SQL_C_WCHAR, hasLimit ? SQLSMALLINT{SQL_VARCHAR} : SQLSMALLINT{SQL_LONGVARCHAR}, 0};
     default:
-      return {SQL_C_WCHAR, SQL_WVARCHAR, 0};
+      return {SQL_C_WCHAR, hasLimit ? SQLSMALLINT{SQL_WVARCHAR} : SQLSMALLINT{SQL_WLONGVARCHAR}, 0};
   }
 }
 
@@ -60,11 +61,12 @@ Number Read(const std::vector<std::byte>& bytes) {
 }  // namespace
 
 ParameterBuffer::ParameterBuffer(const Argument& argument) : m_info(argument.parameter) {
-  const Binding binding = BindingOf(m_info.type);
+  const bool hasLimit = m_info.size > 0 && m_info.size <= kLongestShort;
+  const Binding binding = BindingOf(m_info.type, hasLimit);
   m_clientType = binding.clientType;
   m_sqlType = binding.sqlType;
   if (binding.width != 0) m_bytes.resize(binding.width);
-  if (binding.width == 0) m_size = m_info.size > 0 ? static_cast<SQLULEN>(m_info.size) : kUnlimited;
+  if (binding.width == 0) m_size = hasLimit ? static_cast<SQLULEN>(m_info.size) : kUnlimited;
   if (m_info.type == DataType::DBTimeStamp) {
     m_size = kDateTimeSize;
     m_digits = kDateTimeDigits;
@@ -99,8 +101,8 @@ void ParameterBuffer::FillNumber(Number number) {
 
 void ParameterBuffer::FillText(const std::string& text) {
   const std::u16string wide = ToWide(text);
-  m_bytes.resize(wide.size() * sizeof(char16_t));
-  std::memcpy(m_bytes.data(), wide.data(), m_bytes.size());
+  const auto bytes = std::as_bytes(std::span(wide));
+  m_bytes.assign(bytes.begin(), bytes.end());
   m_length = static_cast<SQLLEN>(m_bytes.size());
 }
 
