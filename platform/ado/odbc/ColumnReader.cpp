@@ -17,7 +17,7 @@ namespace {
 /// what is declared with (max) beyond.
 constexpr SQLULEN kLongestBound = 8000;
 /// Units of one piece of a long text: most memos are one piece.
-constexpr std::size_t kPiece = 16 * 1024;
+constexpr std::size_t kPiece = std::size_t{16} * 1024;
 /// An exact number of that many digits fits 64 bits.
 constexpr SQLULEN kDigitsOfInteger = 18;
 

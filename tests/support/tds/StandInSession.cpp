@@ -123,6 +123,19 @@ std::vector<ado::Column> ParameterColumns() {
           {"SS_DATA_TYPE", small}};
 }
 
+/// A result behind which more comes.
+void WriteRows(const ado::RowSet& rows, Writer::Last last, Writer& answer) {
+  answer.Rows(rows);
+  answer.Done(last, {.more = true}, static_cast<std::int64_t>(rows.RowCount()));
+}
+
+/// The answer of a catalog procedure.
+void WriteCatalog(const ado::RowSet& rows, Writer& answer) {
+  WriteRows(rows, Writer::Last::InProcedure, answer);
+  answer.ReturnStatus(0);
+  answer.Done(Writer::Last::OfProcedure, {});
+}
+
 }  // namespace
 
 StandInSession::StandInSession(const std::string& databaseFile) {
@@ -170,10 +183,7 @@ void StandInSession::DescribeColumns(const Call& call, bool lowerCaseNames, Writ
     }
   } catch (const ado::DriverError&) {  // NOLINT(bugprone-empty-catch): no such procedure has no rows.
   }
-  answer.Rows(rows);
-  answer.Done(Writer::Last::InProcedure, {.more = true}, static_cast<std::int64_t>(rows.RowCount()));
-  answer.ReturnStatus(0);
-  answer.Done(Writer::Last::OfProcedure, {});
+  WriteCatalog(rows, answer);
 }
 
 void StandInSession::DescribeProcedures(const Call& call, Writer& answer) {
@@ -186,10 +196,7 @@ void StandInSession::DescribeProcedures(const Call& call, Writer& answer) {
     for (const std::string& text : {std::string("Ledger"), std::string("dbo"), name + ";1"}) rows.AppendText(text);
   } catch (const ado::DriverError&) {  // NOLINT(bugprone-empty-catch): no such procedure has no rows.
   }
-  answer.Rows(rows);
-  answer.Done(Writer::Last::InProcedure, {.more = true}, static_cast<std::int64_t>(rows.RowCount()));
-  answer.ReturnStatus(0);
-  answer.Done(Writer::Last::OfProcedure, {});
+  WriteCatalog(rows, answer);
 }
 
 void StandInSession::CallProcedure(const Call& call, Writer& answer) {
@@ -210,10 +217,7 @@ void StandInSession::CallProcedure(const Call& call, Writer& answer) {
     place->value = given.value;
   }
   const ado::Result result = m_session->Call(call.procedure, arguments);
-  if (result.rows) {
-    answer.Rows(*result.rows);
-    answer.Done(Writer::Last::InProcedure, {.more = true}, static_cast<std::int64_t>(result.rows->RowCount()));
-  }
+  if (result.rows) WriteRows(*result.rows, Writer::Last::InProcedure, answer);
   answer.ReturnStatus(0);
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
     const ParameterInfo& info = arguments[i].parameter;
@@ -240,8 +244,7 @@ void WriteParts(const std::vector<StandInServer::Part>& parts, Writer& answer) {
         if (const auto* number = std::get_if<std::int64_t>(&value)) rows.AppendInteger(*number);
       }
     }
-    answer.Rows(rows);
-    answer.Done(Writer::Last::InBatch, {.more = true}, static_cast<std::int64_t>(rows.RowCount()));
+    WriteRows(rows, Writer::Last::InBatch, answer);
   }
   answer.Done(Writer::Last::InBatch, {.error = hasFailed});
 }
