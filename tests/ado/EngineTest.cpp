@@ -15,7 +15,6 @@ using test::EngineKind;
 using test::EngineUnderTest;
 using test::FailureOf;
 using test::RowsOf;
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;

@@ -17,7 +17,7 @@ constexpr SQLULEN kUnlimited = 0;
 /// The most that nvarchar(n) takes; a varchar beyond it loses nothing by going as a long one.
 constexpr std::int32_t kLongestShort = 4000;
 /// Units of room for an output text without a limit.
-constexpr std::size_t kLongOutput = 64 * 1024;
+constexpr std::size_t kLongOutput = std::size_t{64} * 1024;
 /// A `datetime`: "yyyy-mm-dd hh:mm:ss.fff".
 constexpr SQLULEN kDateTimeSize = 23;
 constexpr SQLSMALLINT kDateTimeDigits = 3;
