@@ -1,6 +1,8 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <list>
 #include <mutex>
 #include <regex>
 #include <set>
@@ -59,7 +61,8 @@ class ServerScriptTest : public testing::TestWithParam<EngineKind> {
       modDatabase::SharedConnection()->Execute("DROP DATABASE " + m_scratch);
     } else if (GetParam() == EngineKind::SqlServer) {
       auto objects = ObjectsOfTheScripts();
-      for (auto object = objects.rbegin(); object != objects.rend(); ++object) Drop(*object);
+      std::reverse(objects.begin(), objects.end());
+      for (const std::string& object : objects) Drop(object);
     }
   }
 
@@ -126,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(Servers, ServerScriptTest, testing::Values(EngineKind::
 std::multiset<std::int32_t> DrawKeys(int callers, int keys) {
   std::mutex mutex;
   std::multiset<std::int32_t> drawn;
-  std::vector<std::jthread> threads;
+  std::list<std::jthread> threads;
   const auto draw = [&](const char* level) {
     modDatabase::OpenConnection();
     modDatabase::SharedConnection()->Execute(fmt::format("SET TRANSACTION ISOLATION LEVEL {}", level));

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 
@@ -47,9 +48,10 @@ EngineUnderTest::EngineUnderTest(EngineKind kind) : m_kind(kind) {
 }
 
 EngineUnderTest::~EngineUnderTest() {
-  for (auto drop = m_drops.rbegin(); drop != m_drops.rend(); ++drop) {
+  std::reverse(m_drops.begin(), m_drops.end());
+  for (const std::string& drop : m_drops) {
     try {
-      Connect()->Execute(*drop);
+      Connect()->Execute(drop);
     } catch (const Error&) {  // NOLINT(bugprone-empty-catch): the test never came to make it.
     }
   }

@@ -88,7 +88,7 @@ void AppendParameter(ado::RowSet& rows, const std::string& procedure, const Para
   rows.AppendInteger(type.odbc);
   rows.AppendText(type.name);
   rows.AppendInteger(type.precision);
-  rows.AppendInteger(type.precision * 2);
+  rows.AppendInteger(std::int64_t{type.precision} * 2);
   for (int i = 0; i < 2; ++i) rows.AppendNull();
   rows.AppendInteger(1);
   for (int i = 0; i < 5; ++i) rows.AppendNull();
