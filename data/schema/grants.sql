@@ -7,8 +7,7 @@
 -- tables have the same owner. Make the component's login a user of the database and a member of the role:
 --
 --   CREATE USER app FOR LOGIN app
---   ALTER ROLE QuorvelUser ADD MEMBER app         (SQL Server 2012 and later)
---   EXEC sp_addrolemember 'QuorvelUser', 'app'    (any version)
+--   ALTER ROLE QuorvelUser ADD MEMBER app
 
 IF NOT EXISTS (SELECT * FROM sys.database_principals WHERE name = 'QuorvelUser' AND type = 'R')
   CREATE ROLE QuorvelUser

@@ -76,25 +76,43 @@ std::shared_ptr<ado::Connection> CheckConnection(Report& report) {
   }
 }
 
+/// A lost connection says nothing of what was to be checked.
+struct LostConnection {
+  std::string reason;
+};
+
+void RequireConnection(const ado::Connection& connection, const std::string& problem) {
+  const bool isLost = !connection.Errors().empty() && connection.Errors().front().sqlState.starts_with("08");
+  if (isLost) throw LostConnection{problem};
+}
+
+/// One check of something in the database.
+bool CheckObject(Report& report, const ado::Connection& connection, std::string_view what, const std::string& problem,
+                 std::string_view remedy) {
+  if (!problem.empty()) RequireConnection(connection, problem);
+  return report.Check(what, problem, remedy);
+}
+
 /// On a server the component's login need not see the table itself: its procedures do.
 void CheckMemoTable(Report& report, ado::Connection& connection) {
   if (IsEmbedded()) {
-    report.Check(fmt::format("table {}", kMemoTable), TableProblem(connection, kMemoTable, "*"), kRunInit);
+    CheckObject(report, connection, fmt::format("table {}", kMemoTable), TableProblem(connection, kMemoTable, "*"),
+                kRunInit);
   } else {
-    report.Check(fmt::format("table {}, read by a procedure", kMemoTable),
-                 BatchProblem(connection, "EXEC spTWCqvGetFilteredMemos '', 0, 0"), kAskAdministrator);
+    CheckObject(report, connection, fmt::format("table {}, read by a procedure", kMemoTable),
+                BatchProblem(connection, "EXEC spTWCqvGetFilteredMemos '', 0, 0"), kAskAdministrator);
   }
 }
 
 void CheckSchema(Report& report, ado::Connection& connection) {
   for (const ExpectedTable& table : ExpectedTables()) {
-    report.Check(fmt::format("table {}", table.name), TableProblem(connection, table.name, table.columns),
-                 SchemaRemedy());
+    CheckObject(report, connection, fmt::format("table {}", table.name),
+                TableProblem(connection, table.name, table.columns), SchemaRemedy());
   }
   CheckMemoTable(report, connection);
   for (const ExpectedProcedure& procedure : ExpectedProcedures()) {
-    report.Check(fmt::format("procedure {} ({})", procedure.name, procedure.parameters),
-                 ProcedureProblem(connection, procedure.name, procedure.parameters), SchemaRemedy());
+    CheckObject(report, connection, fmt::format("procedure {} ({})", procedure.name, procedure.parameters),
+                ProcedureProblem(connection, procedure.name, procedure.parameters), SchemaRemedy());
   }
 }
 
@@ -127,6 +145,7 @@ void CheckPermissions(Report& report, ado::Connection& connection, std::vector<P
       CheckPermission(report, connection, check);
     }
   } catch (const Error& error) {
+    RequireConnection(connection, error.Description());
     Report::Skip("permissions of the login", fmt::format("could not be checked: {}", error.Description()));
   }
 }
@@ -137,8 +156,8 @@ bool CheckOwnerProcedure(Report& report, ado::Connection& connection, const std:
   const std::string what = fmt::format("owner procedure {}, entity {}", OneLine(procedure), OneLine(entity));
   const std::string problem =
       procedure.empty() ? "the entity names none" : ProcedureProblem(connection, procedure, "@OwnerID");
-  return report.Check(what, problem,
-                      "The host application must create it, and ttwRemarkEntity.spGetOwnerName must hold its name.");
+  return CheckObject(report, connection, what, problem,
+                     "The host application must create it, and ttwRemarkEntity.spGetOwnerName must hold its name.");
 }
 
 /// The permissions that the login needs on those that are there.
@@ -153,15 +172,20 @@ std::vector<Permission> CheckOwnerProcedures(Report& report, ado::Connection& co
       if (isThere) needed.push_back({"EXECUTE", procedure, ""});
     }
   } catch (const Error& error) {
-    report.Check("owner procedures", error.Description(), SchemaRemedy());
+    CheckObject(report, connection, "owner procedures", error.Description(), SchemaRemedy());
   }
   return needed;
 }
 
 void CheckDatabase(Report& report, ado::Connection& connection) {
-  CheckSchema(report, connection);
-  std::vector<Permission> ownerProcedures = CheckOwnerProcedures(report, connection);
-  if (!IsEmbedded()) CheckPermissions(report, connection, std::move(ownerProcedures));
+  try {
+    CheckSchema(report, connection);
+    std::vector<Permission> ownerProcedures = CheckOwnerProcedures(report, connection);
+    if (!IsEmbedded()) CheckPermissions(report, connection, std::move(ownerProcedures));
+  } catch (const LostConnection& lost) {
+    report.Check("connection", fmt::format("it was lost: {}", lost.reason),
+                 "See that server and network stay up, and run this again. What follows was not checked.");
+  }
 }
 
 void RunDoctor() {

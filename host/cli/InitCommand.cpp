@@ -30,9 +30,7 @@ struct InitOptions {
 };
 
 constexpr std::string_view kLoginAdvice =
-    "\n  The login must be one that may create tables and procedures, a member of db_owner as a rule; a DBA can also "
-    "run "
-    "the scripts of data/schema.";
+    "\n  If the login may not do this, run it as a member of db_owner, or have a DBA run the scripts of data/schema.";
 
 /// On a server nearly everything that our scripts can fail with comes of a login that may not do what they do.
 bool IsRefusal(const Error& error) {

@@ -73,7 +73,10 @@ void AddSettingsCommand(CLI::App& app) {
   command->add_option("setting", *arguments,
                       "Server=, Database=, UserId= or Password= followed by the value.\n"
                       "The server (embedded) is a database file on this machine, named\n"
-                      "by Database; any other name is a SQL Server.");
+                      "by Database; any other name is a SQL Server. For that one a value\n"
+                      "with a semicolon stands in quotes, as in 'Password=\"a;b\"', and\n"
+                      "Driver= and Encrypt= may follow another value, as in\n"
+                      "'Database=Ledger; Encrypt=yes'.");
   command->group("Set up")->callback([arguments] { RunSettings(*arguments); });
 }
 

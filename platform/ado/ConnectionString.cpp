@@ -31,6 +31,13 @@ constexpr std::array kKeywords = std::to_array<Keyword>({
     {"Trust Server Certificate", &ConnectOptions::trustServerCertificate},
 });
 
+/// Null for a key that is not known.
+const Keyword* FindKeyword(std::string_view key) {
+  const auto found = std::find_if(kKeywords.begin(), kKeywords.end(),
+                                  [key](const Keyword& known) { return EqualIgnoringCase(known.name, key); });
+  return found == kKeywords.end() ? nullptr : &*found;
+}
+
 /// Reads the pairs one after the other. Its errors give places, never the text: that may be a password.
 class PairReader {
  public:
@@ -45,7 +52,7 @@ class PairReader {
     key = TrimBlanks(m_text.substr(m_at, equals - m_at));
     m_at = std::min(m_text.find_first_not_of(' ', equals + 1), m_text.size());
     const bool isQuoted = m_at < m_text.size() && (m_text[m_at] == '"' || m_text[m_at] == '\'');
-    value = isQuoted ? QuotedValue(m_text[m_at]) : PlainValue();
+    value = isQuoted ? QuotedValue(key, m_text[m_at]) : PlainValue();
     return true;
   }
 
@@ -57,12 +64,18 @@ class PairReader {
     return std::string(value);
   }
 
-  std::string QuotedValue(char quote) {
+  /// A key that is not known may be a piece of a password that a semicolon has split.
+  static std::string Named(std::string_view key) {
+    const Keyword* keyword = FindKeyword(key);
+    return keyword == nullptr ? "value" : fmt::format("value of {}", keyword->name);
+  }
+
+  std::string QuotedValue(std::string_view key, char quote) {
     std::string value;
     auto next = m_at + 1;
     while (true) {
       const auto end = m_text.find(quote, next);
-      if (end == std::string_view::npos) Fail("there is no closing quote for the value");
+      if (end == std::string_view::npos) Fail(fmt::format("there is no closing quote for the {}", Named(key)));
       value += m_text.substr(next, end - next);
       next = end + 1;
       if (next == m_text.size() || m_text[next] != quote) break;
@@ -70,7 +83,8 @@ class PairReader {
       ++next;
     }
     next = std::min(m_text.find_first_not_of(' ', next), m_text.size());
-    if (next < m_text.size() && m_text[next] != ';') Fail("there is text behind the closing quote of the value");
+    if (next < m_text.size() && m_text[next] != ';')
+      Fail(fmt::format("there is text behind the closing quote of the {}", Named(key)));
     m_at = next;
     return value;
   }
@@ -93,9 +107,7 @@ ConnectOptions ParseConnectionString(std::string_view text) {
   std::string key;
   std::string value;
   while (pairs.Next(key, value)) {
-    const auto* keyword = std::find_if(kKeywords.begin(), kKeywords.end(),
-                                       [&](const Keyword& known) { return EqualIgnoringCase(known.name, key); });
-    if (keyword != kKeywords.end()) options.*(keyword->option) = std::move(value);
+    if (const Keyword* keyword = FindKeyword(key)) options.*(keyword->option) = std::move(value);
   }
   return options;
 }

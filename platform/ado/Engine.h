@@ -53,7 +53,7 @@ struct ConnectOptions {
 struct Argument {
   ParameterInfo parameter;
   /// The value sent and, after the call, the value of an output parameter. Nothing means "not given":
-  /// the procedure's default applies.
+  /// the procedure's default applies. A server gets NULL for an output parameter that is not given.
   std::optional<Value> value;
 };
 

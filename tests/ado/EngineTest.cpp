@@ -129,6 +129,11 @@ TEST_P(EngineTest, AFailedStatementLeavesTheConnectionUsable) {
   EXPECT_THAT(m_connection->Errors(), Not(IsEmpty()));
   EXPECT_NE(FailureOf(*m_connection, "SELECT * FROM QvTest_NoSuchTable").Number(), 0);
   EXPECT_NE(FailureOf(*m_connection, "SELEC 1").Number(), 0);
+  using namespace std::string_view_literals;
+  EXPECT_NE(FailureOf(*m_connection, "SELECT 1\0 + 'not sent'"sv).Number(), 0);
+  const bool keepsBytes = GetParam() == EngineKind::Embedded;
+  EXPECT_TRUE(keepsBytes || FailureOf(*m_connection, "SELECT '\xFF'").Number() != 0) << "not UTF-8";
+  EXPECT_FALSE(m_connection->Execute("")->IsOpen());
   EXPECT_THAT(Rows(fmt::format("SELECT n FROM {}", table)), ElementsAre("1"));
 }
 
@@ -231,11 +236,16 @@ TEST_P(TransactSqlTest, WrongCallsAreErrorsOfTheCall) {
   EXPECT_EQ(test::Caught([&] { command.Execute(); }).Number(), ErrorNumber::DbStatement) << "@n is required";
   command.Parameters("@n").SetValue(7);
   EXPECT_EQ(ToInt32(command.Execute()->Fields("n").Value()), 7);
+  m_connection->Execute(fmt::format("ALTER PROCEDURE {} @other int AS SELECT @other AS n", name));
+  Command changed = Procedure(name);
+  EXPECT_EQ(test::Caught([&] { (void)changed.Parameters("@n"); }).Number(), ErrorNumber::AdoItemNotFound);
 
   for (const std::string_view nobody : {"QvTest_NoSuchProcedure", "no such procedure", "[open", "a.b.c.d", ""}) {
     Command missing = Procedure(std::string(nobody));
     const Error error = test::Caught([&] { (void)missing.Parameters("@n"); });
     EXPECT_EQ(error.Number(), ErrorNumber::DbStatement) << nobody;
+    const bool isName = nobody.starts_with("QvTest");
+    EXPECT_TRUE(!isName || error.Description() == "Could not find stored procedure 'QvTest_NoSuchProcedure'.");
     EXPECT_EQ(test::Caught([&] { (void)Procedure(std::string(nobody)).Execute(); }).Number(), ErrorNumber::DbStatement)
         << nobody;
   }

@@ -49,6 +49,14 @@ TEST(OdbcDrivers, EachGetsItsOwnConnectionString) {
             "PWD={a}}b;c};APP=Quorvel");
   EXPECT_THAT(OdbcConnectionString(options, "FreeTDS"),
               AllOf(HasSubstr("Encryption=require"), HasSubstr("PWD={a}b;c}")));
+  options.password = "x};UID=sa;y={";
+  EXPECT_THAT(MessageOf([&] { (void)OdbcConnectionString(options, "FreeTDS"); }), HasSubstr("another password"));
+  options.password.clear();
+  for (const char* server : {"SQL1,", "SQL1,0", "SQL1,65536", "SQL1,1433abc", "SQL1,-1"}) {
+    options.dataSource = server;
+    EXPECT_THAT(MessageOf([&] { (void)OdbcConnectionString(options, "FreeTDS"); }), HasSubstr("port")) << server;
+  }
+  options.dataSource = "SQL1";
   // What is not understood must not end in a connection without encryption.
   options.encrypt = "ja";
   EXPECT_THAT(MessageOf([&] { (void)OdbcConnectionString(options, "FreeTDS"); }), HasSubstr("not ja"));
@@ -74,6 +82,7 @@ TEST(OdbcProcedureName, IsReadAsASqlServerReadsIt) {
 TEST(OdbcMessages, LoseTheNamesInFrontOfThem) {
   EXPECT_EQ(WithoutPrefixes("[Microsoft][ODBC Driver 18 for SQL Server][SQL Server]Invalid object name 'a[1]'."),
             "Invalid object name 'a[1]'.");
+  EXPECT_EQ(WithoutPrefixes("[FreeTDS][SQL Server][Customer] is not [Owner]"), "[Customer] is not [Owner]");
   EXPECT_EQ(WithoutPrefixes("[open"), "[open");
 }
 

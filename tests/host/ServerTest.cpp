@@ -115,13 +115,24 @@ TEST_F(OnServer, AScriptsMessagesAreShownAndItsErrorsPlaced) {
   const Outcome refused = Quorvel({"init"});
   EXPECT_EQ(refused.status, 1);
   EXPECT_THAT(refused.errors, AllOf(HasSubstr("Schema, batch 3, "), HasSubstr("CREATE TABLE permission denied"),
-                                    HasSubstr("may create tables and procedures")));
+                                    HasSubstr("a member of db_owner")));
+}
+
+TEST_F(OnServer, TheDoctorTellsALostConnectionFromWhatIsMissing) {
+  ASSERT_THAT(Quorvel({"init", "--sample"}), Succeeds());
+  for (const int request : {1, 20, 44}) {
+    m_server.DropAtRequest(request);
+    const Outcome outcome = Quorvel({"doctor"});
+    EXPECT_EQ(outcome.status, 1) << request;
+    EXPECT_THAT(outcome.output, AllOf(HasSubstr("FAIL  connection: it was lost: "), Not(HasSubstr("init --grants"))));
+  }
 }
 
 TEST_F(OnServer, ALoginThatIsRefusedIsNamedByTheDoctorWithTheServerAndTheDriver) {
   ASSERT_THAT(Quorvel({"settings", "Password=wrong"}), Succeeds());
   const Outcome outcome = Quorvel({"doctor"});
   EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(Quorvel(OnAcme({"list"})).errors, HasSubstr("error -2147217843 at Quorvel.ODBC: Login failed"));
   EXPECT_THAT(outcome.output, AllOf(HasSubstr("FAIL  connection: "), HasSubstr(m_server.Address()),
                                     HasSubstr("FreeTDS"), HasSubstr("server, database, login and password")));
 }

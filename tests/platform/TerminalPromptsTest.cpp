@@ -1,6 +1,7 @@
 #include "platform/TerminalPrompts.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <pty.h>
 #include <unistd.h>
 
@@ -28,9 +29,16 @@ class Terminal {
   [[nodiscard]] TerminalPrompts Prompts() const { return {m_program, m_program}; }
   /// What the person sees, the typed characters with it.
   [[nodiscard]] std::string Screen() const {
+    std::string screen;
     std::array<char, 4096> buffer{};
-    const auto count = ::read(m_person, buffer.data(), buffer.size());
-    return {buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0};
+    pollfd more{m_person, POLLIN, 0};
+    do {
+      const auto count = ::read(m_person, buffer.data(), buffer.size());
+      if (count <= 0) break;
+      screen.append(buffer.data(), static_cast<std::size_t>(count));
+      // The system hands on what was written in pieces of its own choice.
+    } while (::poll(&more, 1, 200) > 0);
+    return screen;
   }
 
  private:

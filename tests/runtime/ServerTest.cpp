@@ -86,6 +86,7 @@ TEST_F(ServerTest, NothingIsSentTwice) {
   Server().DropAfterRequest(4);
   EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
   EXPECT_EQ(MemoCount(), "2043");
+  EXPECT_EQ(SharedConnection()->Errors().at(0).sqlState, "08S01");
   Server().ForgetRequests();
   EXPECT_EQ(Caught([&] {
               ExecSP("spTWCAddGroup", {{"@GroupID", std::string("Late")}});
@@ -114,6 +115,25 @@ TEST_F(ServerTest, LoadRstShowsEveryRecordOfTheServer) {
   for (const char* record : {"ErrMsg 0: first reason\r\n", "ErrMsg 0: second reason\r\n", "ErrMsg 0: and a word\r\n"}) {
     EXPECT_THAT(report, HasSubstr(record));
   }
+}
+
+TEST_F(ServerTest, EveryFailureOfABatchIsKept) {
+  using Part = test::StandInServer::Part;
+  const Part rows{Part::Kind::Rows, {}, 0, {{"n", ado::DataType::Integer}}, {{std::int64_t{1}}}};
+  const Part count{Part::Kind::RowCount, {}, 3, {}, {}};
+  const auto failure = [](const char* text) { return Part{Part::Kind::Error, {"42000", 50001, text, 1}, 0, {}, {}}; };
+  Server().AnswerWith("EXEC Many", {{Part::Kind::Message, {"01000", 0, "a word", 1}, 0, {}, {}},
+                                    rows,
+                                    failure("first"),
+                                    count,
+                                    failure("second"),
+                                    rows,
+                                    failure("third")});
+  EXPECT_EQ(Caught([] { SharedConnection()->Execute("EXEC Many"); }).Description(), "first");
+  std::vector<std::string> told;
+  for (const auto& record : SharedConnection()->Errors()) told.push_back(record.description);
+  EXPECT_THAT(told, testing::IsSupersetOf({"first", "second", "third"}));
+  EXPECT_THAT(told, Each(testing::Not(IsEmpty())));
 }
 
 TEST_F(ServerTest, LoadRstTakesAWarningForAFailure) {

@@ -15,6 +15,12 @@ constexpr SQLSMALLINT kUsualMessage = 1024;
 constexpr SQLSMALLINT kProcedureField = -1153;
 constexpr SQLSMALLINT kLineField = -1154;
 
+/// FreeTDS files the end of a connection under 01000: reading, writing, a dead connection, an end in the middle.
+bool IsLostConnection(std::int32_t number) {
+  constexpr std::array<std::int32_t, 4> kNumbers = {20004, 20006, 20017, 20047};
+  return std::find(kNumbers.begin(), kNumbers.end(), number) != kNumbers.end();
+}
+
 bool IsWarning(const Diagnostic& record) { return record.sqlState.starts_with("01"); }
 
 /// Asked of every driver; those that have no such field refuse.
@@ -78,17 +84,23 @@ std::vector<Diagnostic> ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle
 DriverError FailureOf(SQLSMALLINT handleType, SQLHANDLE handle, std::string_view function) {
   std::vector<Diagnostic> records = ReadDiagnostics(handleType, handle);
   std::stable_partition(records.begin(), records.end(), [](const Diagnostic& record) { return !IsWarning(record); });
-  if (records.empty() || IsWarning(records.front())) {
-    records.insert(records.begin(),
-                   {"HY000", 0, fmt::format("The ODBC call {} failed and the driver gave no reason.", function), 0});
+  if (records.empty()) {
+    records.push_back({"HY000", 0, fmt::format("The ODBC call {} failed and the driver gave no reason.", function), 0});
+  } else if (Diagnostic& first = records.front(); IsWarning(first)) {
+    first.sqlState = IsLostConnection(first.nativeError) ? "08S01" : "HY000";
+    first.message += fmt::format(" (ODBC call {})", function);
   }
   return DriverError(std::move(records));
 }
 
 std::string_view WithoutPrefixes(std::string_view message) noexcept {
-  while (message.starts_with('[')) {
+  // Behind the server's name the message is the server's own, brackets and all.
+  constexpr std::string_view kServer = "[SQL Server]";
+  bool isServers = false;
+  while (message.starts_with('[') && !isServers) {
     const auto end = message.find(']');
     if (end == std::string_view::npos) break;
+    isServers = message.starts_with(kServer);
     message.remove_prefix(end + 1);
   }
   return message;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "platform/ado/odbc/Drivers.h"
 #include "platform/ado/odbc/WideText.h"
@@ -11,10 +12,20 @@
 namespace quorvel::ado::odbc {
 namespace {
 
+/// SQL Server's errors of a login: unknown or wrong password, not trusted, disabled, locked, expired, to be changed.
+/// Some drivers file them under 42000.
+bool IsLoginFailure(std::int32_t number) {
+  constexpr std::array<std::int32_t, 6> kNumbers = {18452, 18456, 18470, 18486, 18487, 18488};
+  return std::find(kNumbers.begin(), kNumbers.end(), number) != kNumbers.end();
+}
+
 /// Whoever reads one record of the failure must learn from it who could not be reached through what, and the reason
 /// with it: drivers put a general "unable to connect" before the server's own word.
 DriverError Located(const DriverError& failure, const ConnectOptions& options, std::string_view driver) {
   std::vector<Diagnostic> records = failure.Records();
+  for (Diagnostic& record : records) {
+    if (IsLoginFailure(record.nativeError)) record.sqlState = "28000";
+  }
   std::stable_partition(records.begin(), records.end(),
                         [](const Diagnostic& record) { return record.sqlState == "28000"; });
   if (records.size() > 1 && records.front().nativeError == 0) {
@@ -47,6 +58,9 @@ void DriverConnection::Connect(const ConnectOptions& options, const std::string&
   Require(api::SetConnectAttr, SQL_HANDLE_DBC, Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(options.connectionTimeout),
           SQLINTEGER{SQL_IS_UINTEGER});
   std::u16string text = ToWide(OdbcConnectionString(options, driver));
+  if (text.size() > std::numeric_limits<SQLSMALLINT>::max()) {
+    throw DriverError("HY090", 0, "The settings of the connection are too long.");
+  }
   Require(api::DriverConnect, SQL_HANDLE_DBC, Get(), SQLHWND{nullptr}, Wide(text),
           static_cast<SQLSMALLINT>(text.size()), static_cast<SQLWCHAR*>(nullptr), SQLSMALLINT{0},
           static_cast<SQLSMALLINT*>(nullptr), SQLUSMALLINT{SQL_DRIVER_NOPROMPT});

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 #include "platform/Text.h"
 #include "platform/ado/odbc/Handles.h"
@@ -47,8 +48,15 @@ std::string Quoted(std::string_view value) {
 }
 
 /// FreeTDS takes a closing brace inside braces as it stands, doubled or not, so it gets braces only where a value
-/// would otherwise end too early.
+/// would otherwise end too early; and it ends the value at a brace before a semicolon.
 std::string QuotedForFreeTds(std::string_view value) {
+  if (value.find("};") != std::string_view::npos ||
+      (value.find(';') != std::string_view::npos && value.ends_with('}'))) {
+    throw DriverError(
+        "HY024", 0,
+        "The ODBC driver FreeTDS cannot be given a value that holds a closing brace with a semicolon behind "
+        "it, or a semicolon and a closing brace at its end. Choose another password.");
+  }
   const bool isPlain =
       value.find(';') == std::string_view::npos && !value.starts_with('{') && TrimBlanks(value) == value;
   return isPlain ? std::string(value) : fmt::format("{{{}}}", value);
@@ -82,6 +90,12 @@ std::string_view FreeTdsEncryption(std::string_view encrypt) {
   throw DriverError(
       "HY024", 0,
       fmt::format("Encrypt takes yes or no (or true, mandatory, strict, false, optional), not {}.", encrypt));
+}
+
+bool IsPort(std::string_view text) {
+  unsigned port = 0;
+  const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), port);
+  return code == std::errc{} && end == text.data() + text.size() && port >= 1 && port <= 65535;
 }
 
 void AddFreeTds(StringBuilder& text, const ConnectOptions& options) {
@@ -131,7 +145,8 @@ std::string ChooseDriver(std::string_view wanted, const std::vector<std::string>
   for (const std::string_view known : kKnownDrivers) {
     if (const std::string* driver = Find(known, installed)) return *driver;
   }
-  ThrowNoDriver(fmt::format("There is no ODBC driver for SQL Server on this machine: install one of {}.",
+  ThrowNoDriver(fmt::format("There is no ODBC driver for SQL Server on this machine: install one of {} (Debian: the "
+                            "package tdsodbc).",
                             fmt::join(kKnownDrivers, ", ")),
                 installed);
 }
@@ -143,6 +158,10 @@ ServerAddress ParseServerAddress(std::string_view dataSource) {
   ServerAddress address;
   if (const auto comma = rest.rfind(','); comma != std::string_view::npos) {
     address.port = TrimBlanks(rest.substr(comma + 1));
+    if (!IsPort(address.port)) {
+      throw DriverError("HY024", 0,
+                        fmt::format("The port in the server {} must be a number from 1 to 65535.", dataSource));
+    }
     rest = rest.substr(0, comma);
   }
   const auto backslash = rest.find('\\');

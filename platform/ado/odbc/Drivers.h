@@ -17,7 +17,7 @@ namespace quorvel::ado::odbc {
 [[nodiscard]] std::string ChooseDriver(std::string_view wanted, const std::vector<std::string>& installed);
 
 /// A Data Source in its parts: "host", "host\instance", "host,port", with "tcp:" before it or not. A port makes
-/// the instance's name idle.
+/// the instance's name idle. DriverError HY024 when it is none.
 struct ServerAddress {
   std::string host;
   std::string instance;  ///< empty for the default one
@@ -25,7 +25,8 @@ struct ServerAddress {
 };
 [[nodiscard]] ServerAddress ParseServerAddress(std::string_view dataSource);
 
-/// The connection string by which that driver reaches the server of `options`.
+/// The connection string by which that driver reaches the server of `options`. DriverError HY024 for a value that the
+/// driver cannot be given.
 [[nodiscard]] std::string OdbcConnectionString(const ConnectOptions& options, std::string_view driver);
 
 }  // namespace quorvel::ado::odbc

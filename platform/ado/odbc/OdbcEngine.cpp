@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "platform/ado/odbc/DriverConnection.h"
 #include "platform/ado/odbc/ProcedureCall.h"
 #include "platform/ado/odbc/ProcedureCatalog.h"
@@ -12,6 +14,13 @@ namespace {
 
 using namespace odbc;
 
+/// CREATE, ALTER and DROP PROCEDURE; PROC is the short form.
+bool MayChangeProcedures(std::string_view batch) {
+  constexpr std::string_view kWord = "proc";
+  return std::search(batch.begin(), batch.end(), kWord.begin(), kWord.end(),
+                     [](char have, char want) { return have == want || have == want - 'a' + 'A'; }) != batch.end();
+}
+
 class OdbcSession final : public Session {
  public:
   explicit OdbcSession(const ConnectOptions& options)
@@ -20,6 +29,8 @@ class OdbcSession final : public Session {
   void SetCommandTimeout(std::chrono::seconds timeout) override { m_timeout = timeout; }
 
   Result Execute(std::string_view batch) override {
+    if (batch.empty()) return {};
+    if (MayChangeProcedures(batch)) m_catalog.Forget();
     Statement statement(m_connection, m_timeout);
     statement.Execute(batch);
     return ReadResults(statement);

@@ -1,5 +1,7 @@
 #include "platform/ado/odbc/ProcedureCall.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <deque>
 #include <string>
@@ -21,6 +23,21 @@ std::string CallText(std::string_view procedure, std::size_t count) {
   return text + (count == 0 ? "}" : ")}");
 }
 
+/// Not every driver knows ODBC's default parameter, and none says more than its SQLSTATE.
+void Execute(Statement& statement, std::string_view procedure, std::span<const Argument> sent) {
+  try {
+    statement.Execute(CallText(procedure, sent.size()));
+  } catch (const DriverError& failure) {
+    const auto leftOut = std::find_if(sent.begin(), sent.end(), IsLeftOut);
+    if (failure.Records().front().sqlState != "07S01" || leftOut == sent.end()) throw;
+    throw DriverError(
+        "07S01", 0,
+        fmt::format("Parameter {} of {} was given no value but one behind it was, and this ODBC driver can "
+                    "leave out parameters only at the end; nothing was sent.",
+                    leftOut->parameter.name, procedure));
+  }
+}
+
 }  // namespace
 
 Result CallProcedure(Statement& statement, std::string_view procedure, std::span<Argument> arguments) {
@@ -33,7 +50,7 @@ Result CallProcedure(Statement& statement, std::string_view procedure, std::span
   for (const Argument& argument : sent) buffers.emplace_back(argument);
   for (std::size_t i = 0; i < buffers.size(); ++i) buffers[i].Bind(statement, static_cast<SQLUSMALLINT>(i + 1));
 
-  statement.Execute(CallText(procedure, sent.size()));
+  Execute(statement, procedure, sent);
   Result result = ReadResults(statement);
   for (std::size_t i = 0; i < sent.size(); ++i) {
     if (sent[i].parameter.direction != ParameterDirection::Input) sent[i].value = buffers[i + 1].Output();

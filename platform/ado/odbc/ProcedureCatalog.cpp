@@ -21,6 +21,8 @@ constexpr std::size_t kType = 5;
 constexpr std::size_t kSize = 7;
 constexpr std::size_t kOrdinal = 17;
 
+/// Bytes of the longest identifier: 128 UTF-16 units.
+constexpr std::size_t kLongestName = std::size_t{128} * 3;
 /// A text parameter beyond that is one without a limit.
 constexpr std::int64_t kLongestText = 8000;
 
@@ -115,7 +117,8 @@ RowSet AskCatalog(Statement& statement, const Api<Function>& function, const Pro
 
 ProcedureName RequireProcedureName(std::string_view procedure) {
   auto name = ParseProcedureName(procedure);
-  if (!name) ThrowNotFound(procedure);
+  const auto isTooLong = [](const std::string& part) { return part.size() > kLongestName; };
+  if (!name || isTooLong(name->catalog) || isTooLong(name->schema) || isTooLong(name->name)) ThrowNotFound(procedure);
   return std::move(*name);
 }
 

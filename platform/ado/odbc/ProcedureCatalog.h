@@ -22,6 +22,8 @@ class ProcedureCatalog {
   [[nodiscard]] const std::vector<ParameterInfo>& ParametersOf(std::string_view procedure,
                                                                std::chrono::seconds timeout);
 
+  void Forget() noexcept { m_known.clear(); }
+
  private:
   [[nodiscard]] std::vector<ParameterInfo> Ask(const ProcedureName& procedure, std::chrono::seconds timeout) const;
   [[nodiscard]] bool Exists(const ProcedureName& procedure, std::chrono::seconds timeout) const;

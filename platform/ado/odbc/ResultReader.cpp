@@ -79,12 +79,13 @@ bool MayGoOnAfter(const Diagnostic& failure) {
   return failure.nativeError != 0 && !failure.sqlState.starts_with("08") && !failure.sqlState.starts_with("HYT");
 }
 
-/// Goes to the next result; false behind the last one. What a failed statement said is added to `failures`.
-bool HasNext(Statement& statement, std::vector<Diagnostic>& failures) {
+/// Takes one step through the results; false when there is nothing more to be had. What failed is added to `failures`.
+template <typename Step>
+bool Try(const Step& step, std::vector<Diagnostic>& failures) {
   // A driver that repeats itself must not hold the caller for ever.
   constexpr std::size_t kMostRecords = 1000;
   try {
-    return statement.Call(api::MoreResults) != SQL_NO_DATA;
+    return step();
   } catch (const DriverError& failure) {
     std::copy(failure.Records().begin(), failure.Records().end(), std::back_inserter(failures));
     return MayGoOnAfter(failure.Records().front()) && failures.size() < kMostRecords;
@@ -98,10 +99,13 @@ RowSet ReadRows(Statement& statement) { return BlockReader(statement, CountColum
 Result ReadResults(Statement& statement) {
   Result result;
   std::vector<Diagnostic> failures;
-  do {
+  const auto readRows = [&] {
     const bool isWanted = !result.rows && failures.empty();
     if (isWanted && CountColumns(statement) > 0) result.rows = ReadRows(statement);
-  } while (HasNext(statement, failures));
+    return true;
+  };
+  const auto hasNext = [&statement] { return statement.Call(api::MoreResults) != SQL_NO_DATA; };
+  while (Try(readRows, failures) && Try(hasNext, failures)) continue;
   if (!failures.empty()) throw DriverError(std::move(failures));
   result.messages = statement.TakeMessages();
   return result;

@@ -14,11 +14,16 @@ Statement::Statement(const DriverConnection& connection, std::chrono::seconds ti
 
 void Statement::Fail(std::string_view function) {
   std::vector<Diagnostic> records = FailureOf(SQL_HANDLE_STMT, Get(), function).Records();
-  std::move(m_messages.begin(), m_messages.end(), std::back_inserter(records));
+  std::vector<Diagnostic> messages = TakeMessages();
+  std::move(messages.begin(), messages.end(), std::back_inserter(records));
   throw DriverError(std::move(records));
 }
 
 void Statement::Execute(std::string_view text) {
+  // A driver would send what stands before it, which may be another statement altogether.
+  if (text.find('\0') != std::string_view::npos) {
+    throw DriverError("42000", 0, "The statement holds a NUL character; nothing was sent.");
+  }
   std::u16string wide = ToWide(text);
   Call(api::ExecDirect, Wide(wide), static_cast<SQLINTEGER>(wide.size()));
 }

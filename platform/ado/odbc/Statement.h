@@ -35,9 +35,10 @@ class Statement {
   void SetAttribute(SQLINTEGER attribute, SQLPOINTER value, SQLINTEGER length = SQL_IS_POINTER) {
     Call(api::SetStmtAttr, attribute, value, length);
   }
+  /// DriverError 42000 when the text holds a NUL character.
   void Execute(std::string_view text);
 
-  [[nodiscard]] std::vector<Diagnostic> TakeMessages() { return std::move(m_messages); }
+  [[nodiscard]] std::vector<Diagnostic> TakeMessages() { return std::exchange(m_messages, {}); }
 
  private:
   void KeepMessages();

@@ -157,8 +157,10 @@ void StandInSession::RunBatch(std::string_view batch, Writer& answer) {
 }
 
 void StandInSession::RunCall(const Call& call, bool lowerCaseNames, Writer& answer) {
-  if (call.procedure == "sp_sproc_columns") return DescribeColumns(call, lowerCaseNames, answer);
-  if (call.procedure == "sp_stored_procedures") return DescribeProcedures(call, answer);
+  // Drivers put dots before the names of catalog procedures, in the place of database and owner.
+  const std::string_view name = std::string_view(call.procedure).substr(call.procedure.rfind('.') + 1);
+  if (name == "sp_sproc_columns") return DescribeColumns(call, lowerCaseNames, answer);
+  if (name == "sp_stored_procedures") return DescribeProcedures(call, answer);
   try {
     CallProcedure(call, answer);
   } catch (const ado::DriverError& failure) {
