@@ -6,7 +6,8 @@
 -- database. Run again it leaves tables and rows alone, brings the procedures to this version and keeps the grants on them.
 -- What the component's login needs is in grants.sql.
 --
--- The memo table tciMemo and the branches ttwBranch belong to the host and are made only where there are none. A host
+-- The memo table tciMemo and the branches ttwBranch belong to the host, be they tables, views or synonyms, and are made
+-- only where there are none. A host
 -- whose own tciMemo names its columns differently adapts the procedures that read and write it, after every run.
 
 SET ANSI_NULLS ON
@@ -14,7 +15,7 @@ GO
 SET QUOTED_IDENTIFIER ON
 GO
 
-IF OBJECT_ID('ttwBranch', 'U') IS NULL
+IF OBJECT_ID('ttwBranch') IS NULL
 BEGIN
   CREATE TABLE ttwBranch (
     BranchID varchar(30) NOT NULL CONSTRAINT PK_ttwBranch PRIMARY KEY,
@@ -168,7 +169,7 @@ END
 GO
 
 -- A memo is tied to its type by the type's identifier, so that it outlives the type.
-IF OBJECT_ID('tciMemo', 'U') IS NULL
+IF OBJECT_ID('tciMemo') IS NULL
 BEGIN
   CREATE TABLE tciMemo (
     MemoKey int NOT NULL CONSTRAINT PK_tciMemo PRIMARY KEY,
@@ -190,8 +191,11 @@ BEGIN
     TableName varchar(128) NOT NULL CONSTRAINT PK_ttwSurrogateKey PRIMARY KEY,
     LastKey int NOT NULL
   );
-  INSERT INTO ttwSurrogateKey (TableName, LastKey) VALUES ('tciMemo', 0);
 END
+GO
+
+IF NOT EXISTS (SELECT * FROM ttwSurrogateKey WHERE TableName = 'tciMemo')
+  INSERT INTO ttwSurrogateKey (TableName, LastKey) VALUES ('tciMemo', 0);
 GO
 
 -- Administration: adding and deleting. A delete takes the row's links with it, all or nothing; an entity also its types
@@ -566,7 +570,8 @@ GO
 -- twice. The level is READ COMMITTED whatever the caller's is, for under SNAPSHOT the one that waited would fail with an
 -- update conflict; a server puts the caller's level back by itself. An unknown table is refused before the transaction
 -- begins, so that no rollback of ours ends one of the caller's. The host may have written memos under keys of its own,
--- which are never given again; they are looked up without waiting for writers that have not committed.
+-- which are never given again; they are looked up without waiting for writers that have not committed, and once only: the
+-- next look may see less, and the counter never goes back.
 IF OBJECT_ID('spGetNextSurrogateKey', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spGetNextSurrogateKey
   @iTableName varchar(128),
@@ -576,6 +581,7 @@ SET NOCOUNT ON
 SET XACT_ABORT ON
 SET TRANSACTION ISOLATION LEVEL READ COMMITTED
 DECLARE @message nvarchar(200)
+DECLARE @highest int
 IF NOT EXISTS (SELECT * FROM ttwSurrogateKey WHERE TableName = @iTableName)
 BEGIN
   SET @message = N''There is no counter in ttwSurrogateKey for the table '' + @iTableName
@@ -585,8 +591,10 @@ END
 BEGIN TRANSACTION
 UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName
 IF @iTableName = ''tciMemo''
-  UPDATE ttwSurrogateKey SET LastKey = (SELECT MAX(MemoKey) + 1 FROM tciMemo WITH (NOLOCK))
-  WHERE TableName = @iTableName AND LastKey <= (SELECT MAX(MemoKey) FROM tciMemo WITH (NOLOCK))
+BEGIN
+  SELECT @highest = MAX(MemoKey) FROM tciMemo WITH (NOLOCK)
+  UPDATE ttwSurrogateKey SET LastKey = @highest + 1 WHERE TableName = @iTableName AND LastKey <= @highest
+END
 SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName
 COMMIT TRANSACTION')
 GO

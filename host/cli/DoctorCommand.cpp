@@ -155,7 +155,7 @@ bool CheckOwnerProcedure(Report& report, ado::Connection& connection, const std:
                          const std::string& procedure) {
   const std::string what = fmt::format("owner procedure {}, entity {}", OneLine(procedure), OneLine(entity));
   const std::string problem =
-      procedure.empty() ? "the entity names none" : ProcedureProblem(connection, procedure, "@OwnerID");
+      procedure.empty() ? "the entity names none" : OwnerProcedureProblem(connection, procedure);
   return CheckObject(report, connection, what, problem,
                      "The host application must create it, and ttwRemarkEntity.spGetOwnerName must hold its name.");
 }

@@ -105,4 +105,14 @@ std::string ProcedureProblem(ado::Connection& connection, std::string_view proce
   }
 }
 
+std::string OwnerProcedureProblem(ado::Connection& connection, std::string_view procedure) {
+  try {
+    const auto found = connection.DiscoverParameters(procedure);
+    if (!found.empty() && ado::SameName(found.front().name, "@OwnerID")) return {};
+    return fmt::format("it takes ({}) and not (@OwnerID)", Describe(found));
+  } catch (const Error& error) {
+    return error.Description();
+  }
+}
+
 }  // namespace quorvel::cli

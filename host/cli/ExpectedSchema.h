@@ -36,5 +36,7 @@ struct ExpectedProcedure {
 /// What is wrong with a procedure of that name; the empty text when it takes exactly those parameters.
 [[nodiscard]] std::string ProcedureProblem(ado::Connection& connection, std::string_view procedure,
                                            std::string_view parameters);
+/// The same for an owner lookup: it takes @OwnerID; what it may take behind that is between the host and its defaults.
+[[nodiscard]] std::string OwnerProcedureProblem(ado::Connection& connection, std::string_view procedure);
 
 }  // namespace quorvel::cli

@@ -38,7 +38,7 @@ void AddRunCommand(CLI::App& app) {
   command
       ->add_option("file", *file,
                    "The script, its batches ended by GO; - reads the standard input.\nOf each batch the first result "
-                   "and all messages are shown.")
+                   "and a server's messages are shown.")
       ->required();
   command->group("Set up")->callback([file] { RunFile(*file); });
 }

@@ -11,8 +11,7 @@ namespace quorvel::ado::odbc {
 namespace {
 
 constexpr SQLSMALLINT kUsualMessage = 1024;
-/// SQL Server's own fields of a record: the procedure that it speaks of, and the line in that or in the batch.
-constexpr SQLSMALLINT kProcedureField = -1153;
+/// SQL Server's own field of a record: the line of the batch, or of the procedure that the error came from.
 constexpr SQLSMALLINT kLineField = -1154;
 
 /// FreeTDS files the end of a connection under 01000: reading, writing, a dead connection, an end in the middle.
@@ -21,18 +20,11 @@ bool IsLostConnection(std::int32_t number) {
   return std::find(kNumbers.begin(), kNumbers.end(), number) != kNumbers.end();
 }
 
+constexpr std::string_view kNoReason = "failed and the driver gave no reason.";
+
 bool IsWarning(const Diagnostic& record) { return record.sqlState.starts_with("01"); }
 
 /// Asked of every driver; those that have no such field refuse.
-bool IsOfProcedure(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number) {
-  std::array<SQLWCHAR, 130> name{};
-  SQLSMALLINT bytes = 0;
-  const SQLRETURN code =
-      api::GetDiagField(handleType, handle, number, kProcedureField, static_cast<SQLPOINTER>(name.data()),
-                        static_cast<SQLSMALLINT>(sizeof name), &bytes);
-  return SQL_SUCCEEDED(code) && name.front() != 0;
-}
-
 int LineOf(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number) {
   SQLINTEGER line = 0;
   SQLSMALLINT length = 0;
@@ -41,7 +33,7 @@ int LineOf(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number) {
     const SQLRETURN code =
         api::GetDiagField(handleType, handle, number, kLineField, static_cast<SQLPOINTER>(&line), size, &length);
     if (!SQL_SUCCEEDED(code)) continue;
-    return IsOfProcedure(handleType, handle, number) ? 0 : std::max(static_cast<int>(line), 0);
+    return std::max(static_cast<int>(line), 0);
   }
   return 0;
 }
@@ -85,12 +77,16 @@ DriverError FailureOf(SQLSMALLINT handleType, SQLHANDLE handle, std::string_view
   std::vector<Diagnostic> records = ReadDiagnostics(handleType, handle);
   std::stable_partition(records.begin(), records.end(), [](const Diagnostic& record) { return !IsWarning(record); });
   if (records.empty()) {
-    records.push_back({"HY000", 0, fmt::format("The ODBC call {} failed and the driver gave no reason.", function), 0});
+    records.push_back({"HY000", 0, fmt::format("The ODBC call {} {}", function, kNoReason), 0});
   } else if (Diagnostic& first = records.front(); IsWarning(first)) {
     first.sqlState = IsLostConnection(first.nativeError) ? "08S01" : "HY000";
     first.message += fmt::format(" (ODBC call {})", function);
   }
   return DriverError(std::move(records));
+}
+
+bool IsMadeUp(const Diagnostic& record) noexcept {
+  return record.nativeError == 0 && record.message.ends_with(kNoReason);
 }
 
 std::string_view WithoutPrefixes(std::string_view message) noexcept {

@@ -16,6 +16,9 @@ namespace quorvel::ado::odbc {
 /// function when the driver gave no reason.
 [[nodiscard]] DriverError FailureOf(SQLSMALLINT handleType, SQLHANDLE handle, std::string_view function);
 
+/// Whether a record is that one.
+[[nodiscard]] bool IsMadeUp(const Diagnostic& record) noexcept;
+
 /// `message` without the names in brackets that drivers and the driver manager put before it.
 [[nodiscard]] std::string_view WithoutPrefixes(std::string_view message) noexcept;
 

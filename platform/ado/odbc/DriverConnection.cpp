@@ -41,12 +41,13 @@ DriverError Located(const DriverError& failure, const ConnectOptions& options, s
 }  // namespace
 
 DriverConnection::DriverConnection(const ConnectOptions& options)
-    : m_environment(MakeEnvironment()), m_connection(MakeConnection(m_environment)) {
-  const std::string driver = ChooseDriver(options.driver, InstalledDrivers(m_environment.Get()));
+    : m_environment(MakeEnvironment()),
+      m_connection(MakeConnection(m_environment)),
+      m_driver(ChooseDriver(options.driver, InstalledDrivers(m_environment.Get()))) {
   try {
-    Connect(options, driver);
+    Connect(options);
   } catch (const DriverError& failure) {
-    throw Located(failure, options, driver);
+    throw Located(failure, options, m_driver);
   }
 }
 
@@ -54,13 +55,15 @@ DriverConnection::~DriverConnection() {
   if (m_isConnected) api::Disconnect.Release(m_connection.Get());
 }
 
-void DriverConnection::Connect(const ConnectOptions& options, const std::string& driver) {
+void DriverConnection::Connect(const ConnectOptions& options) {
   Require(api::SetConnectAttr, SQL_HANDLE_DBC, Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(options.connectionTimeout),
           SQLINTEGER{SQL_IS_UINTEGER});
-  std::u16string text = ToWide(OdbcConnectionString(options, driver));
+  std::u16string text = ToWide(OdbcConnectionString(options, m_driver));
   if (text.size() > std::numeric_limits<SQLSMALLINT>::max()) {
     throw DriverError("HY090", 0, "The settings of the connection are too long.");
   }
+  // What a server says while it connects ("Changed database context ...") is told nobody: the caller would find it
+  // among the connection's Errors behind its first statement and take it for that one's.
   Require(api::DriverConnect, SQL_HANDLE_DBC, Get(), SQLHWND{nullptr}, Wide(text),
           static_cast<SQLSMALLINT>(text.size()), static_cast<SQLWCHAR*>(nullptr), SQLSMALLINT{0},
           static_cast<SQLSMALLINT*>(nullptr), SQLUSMALLINT{SQL_DRIVER_NOPROMPT});

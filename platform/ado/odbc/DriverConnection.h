@@ -19,16 +19,19 @@ class DriverConnection {
 
   [[nodiscard]] SQLHDBC Get() const noexcept { return m_connection.Get(); }
 
+  /// The name by which the driver is installed.
+  [[nodiscard]] const std::string& Driver() const noexcept { return m_driver; }
   /// What the driver says of itself or of the server; empty where it says nothing.
   [[nodiscard]] std::string TextInfo(SQLUSMALLINT item) const;
   /// Whether SQLGetData reads any column and not just those behind the last bound one.
   [[nodiscard]] bool ReadsAnyColumn() const noexcept { return m_readsAnyColumn; }
 
  private:
-  void Connect(const ConnectOptions& options, const std::string& driver);
+  void Connect(const ConnectOptions& options);
 
   EnvironmentHandle m_environment;
   ConnectionHandle m_connection;
+  std::string m_driver;
   bool m_isConnected = false;
   bool m_readsAnyColumn = false;
 };

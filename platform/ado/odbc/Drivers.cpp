@@ -86,7 +86,7 @@ std::string_view FreeTdsEncryption(std::string_view encrypt) {
                        [encrypt](std::string_view word) { return EqualIgnoringCase(encrypt, word); });
   };
   if (isOneOf({"yes", "true", "mandatory", "strict"})) return "require";
-  if (isOneOf({"", "no", "false", "optional"})) return "request";
+  if (isOneOf({"no", "false", "optional"})) return "request";
   throw DriverError(
       "HY024", 0,
       fmt::format("Encrypt takes yes or no (or true, mandatory, strict, false, optional), not {}.", encrypt));
@@ -109,7 +109,7 @@ void AddFreeTds(StringBuilder& text, const ConnectOptions& options) {
   // The version is the highest that the server is offered; texts travel in Unicode from this one on.
   text.Add("TDS_Version", "7.4");
   text.Add("ClientCharset", "UTF-8");
-  text.Add("Encryption", FreeTdsEncryption(options.encrypt));
+  if (!options.encrypt.empty()) text.Add("Encryption", FreeTdsEncryption(options.encrypt));
 }
 
 void AddMicrosoft(StringBuilder& text, const ConnectOptions& options, std::string_view driver) {

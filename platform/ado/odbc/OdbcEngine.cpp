@@ -32,7 +32,7 @@ class OdbcSession final : public Session {
     if (batch.empty()) return {};
     if (MayChangeProcedures(batch)) m_catalog.Forget();
     Statement statement(m_connection, m_timeout);
-    statement.Execute(batch);
+    statement.ExecuteUnread(batch);
     return ReadResults(statement);
   }
 
@@ -46,9 +46,10 @@ class OdbcSession final : public Session {
   }
 
   [[nodiscard]] std::string Describe() const override {
-    return fmt::format("{} {} on {}, ODBC driver {} {}", m_connection.TextInfo(SQL_DBMS_NAME),
+    return fmt::format("{} {} on {}, ODBC driver {} ({} {})", m_connection.TextInfo(SQL_DBMS_NAME),
                        m_connection.TextInfo(SQL_DBMS_VER), m_connection.TextInfo(SQL_SERVER_NAME),
-                       m_connection.TextInfo(SQL_DRIVER_NAME), m_connection.TextInfo(SQL_DRIVER_VER));
+                       m_connection.Driver(), m_connection.TextInfo(SQL_DRIVER_NAME),
+                       m_connection.TextInfo(SQL_DRIVER_VER));
   }
 
  private:

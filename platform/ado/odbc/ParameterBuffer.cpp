@@ -12,8 +12,6 @@
 namespace quorvel::ado::odbc {
 namespace {
 
-/// What the drivers of SQL Server take for "no limit".
-constexpr SQLULEN kUnlimited = 0;
 /// The most that nvarchar(n) takes; a varchar beyond it loses nothing by going as a long one.
 constexpr std::int32_t kLongestShort = 4000;
 /// Units of room for an output text without a limit.
@@ -60,13 +58,13 @@ Number Read(const std::vector<std::byte>& bytes) {
 
 }  // namespace
 
-ParameterBuffer::ParameterBuffer(const Argument& argument) : m_info(argument.parameter) {
-  const bool hasLimit = m_info.size > 0 && m_info.size <= kLongestShort;
-  const Binding binding = BindingOf(m_info.type, hasLimit);
+ParameterBuffer::ParameterBuffer(const Argument& argument)
+    : m_info(argument.parameter), m_hasLimit(m_info.size > 0 && m_info.size <= kLongestShort) {
+  const Binding binding = BindingOf(m_info.type, m_hasLimit);
   m_clientType = binding.clientType;
   m_sqlType = binding.sqlType;
   if (binding.width != 0) m_bytes.resize(binding.width);
-  if (binding.width == 0) m_size = hasLimit ? static_cast<SQLULEN>(m_info.size) : kUnlimited;
+  if (binding.width == 0) m_size = m_hasLimit ? static_cast<SQLULEN>(m_info.size) : 1;
   if (m_info.type == DataType::DBTimeStamp) {
     m_size = kDateTimeSize;
     m_digits = kDateTimeDigits;
@@ -104,12 +102,13 @@ void ParameterBuffer::FillText(const std::string& text) {
   const auto bytes = std::as_bytes(std::span(wide));
   m_bytes.assign(bytes.begin(), bytes.end());
   m_length = static_cast<SQLLEN>(m_bytes.size());
+  if (!m_hasLimit) m_size = std::max<SQLULEN>(wide.size(), 1);
 }
 
 void ParameterBuffer::MakeRoom() {
   if (m_clientType != SQL_C_WCHAR) return;
-  const std::size_t units = m_size == kUnlimited ? kLongOutput : m_size;
-  m_bytes.resize(std::max(m_bytes.size(), (units + 1) * sizeof(SQLWCHAR)));
+  if (!m_hasLimit) m_size = std::max<SQLULEN>(m_size, kLongOutput);
+  m_bytes.resize(std::max(m_bytes.size(), (m_size + 1) * sizeof(SQLWCHAR)));
 }
 
 void ParameterBuffer::Bind(Statement& statement, SQLUSMALLINT number) {

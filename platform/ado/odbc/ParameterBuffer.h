@@ -32,7 +32,8 @@ class ParameterBuffer {
   const ParameterInfo& m_info;
   SQLSMALLINT m_clientType = SQL_C_WCHAR;
   SQLSMALLINT m_sqlType = SQL_WVARCHAR;
-  SQLULEN m_size = 0;
+  bool m_hasLimit;     ///< of a text
+  SQLULEN m_size = 0;  ///< in characters; for a text without a limit what this value needs
   SQLSMALLINT m_digits = 0;
   std::vector<std::byte> m_bytes;
   SQLLEN m_length = SQL_NULL_DATA;

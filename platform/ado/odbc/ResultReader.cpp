@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <deque>
 #include <iterator>
+#include <memory>
 
 #include "platform/ado/odbc/ColumnReader.h"
 
@@ -24,7 +25,12 @@ class BlockReader {
     std::vector<Column> columns;
     for (const ColumnReader& column : m_columns) columns.push_back(column.Description());
     RowSet rows(std::move(columns));
-    while (m_statement.Call(api::Fetch) != SQL_NO_DATA) AppendBlock(rows);
+    // A block that is not full is the last one. To fetch behind it would lose what the server says there.
+    bool isFull = true;
+    while (isFull && m_statement.Call(api::Fetch) != SQL_NO_DATA) {
+      AppendBlock(rows);
+      isFull = m_fetched >= m_blockRows;
+    }
     return rows;
   }
 
@@ -87,14 +93,19 @@ bool Try(const Step& step, std::vector<Diagnostic>& failures) {
   try {
     return step();
   } catch (const DriverError& failure) {
-    std::copy(failure.Records().begin(), failure.Records().end(), std::back_inserter(failures));
+    std::copy_if(failure.Records().begin(), failure.Records().end(), std::back_inserter(failures),
+                 [&failures](const Diagnostic& record) { return failures.empty() || !IsMadeUp(record); });
     return MayGoOnAfter(failure.Records().front()) && failures.size() < kMostRecords;
   }
 }
 
 }  // namespace
 
-RowSet ReadRows(Statement& statement) { return BlockReader(statement, CountColumns(statement)).ReadAll(); }
+RowSet ReadRows(Statement& statement) {
+  const auto reader = std::make_shared<BlockReader>(statement, CountColumns(statement));
+  statement.Keep(reader);
+  return reader->ReadAll();
+}
 
 Result ReadResults(Statement& statement) {
   Result result;
@@ -106,9 +117,10 @@ Result ReadResults(Statement& statement) {
   };
   const auto hasNext = [&statement] { return statement.Call(api::MoreResults) != SQL_NO_DATA; };
   while (Try(readRows, failures) && Try(hasNext, failures)) continue;
-  if (!failures.empty()) throw DriverError(std::move(failures));
   result.messages = statement.TakeMessages();
-  return result;
+  if (failures.empty()) return result;
+  std::move(result.messages.begin(), result.messages.end(), std::back_inserter(failures));
+  throw DriverError(std::move(failures));
 }
 
 }  // namespace quorvel::ado::odbc

@@ -10,8 +10,9 @@ namespace quorvel::ado::odbc {
 [[nodiscard]] RowSet ReadRows(Statement& statement);
 
 /// Goes through everything that an executed statement gave, up to the end: keeps the first result set, passes over
-/// the others and over row counts. A statement of the batch that failed does not keep those after it from running;
-/// the DriverError at the end holds the records of all.
+/// the others and over row counts. A failure on the way does not end it: the DriverError at the end holds the records
+/// of all. (Where the very first statement failed there is nothing to go through: Execute has thrown already, and a
+/// driver manager lets nobody ask for what came behind.)
 [[nodiscard]] Result ReadResults(Statement& statement);
 
 }  // namespace quorvel::ado::odbc

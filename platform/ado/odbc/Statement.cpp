@@ -9,7 +9,7 @@ namespace quorvel::ado::odbc {
 
 Statement::Statement(const DriverConnection& connection, std::chrono::seconds timeout)
     : m_connection(connection), m_handle(MakeStatement(connection.Get())) {
-  SetAttribute(SQL_ATTR_QUERY_TIMEOUT, AsPointer(timeout), SQL_IS_UINTEGER);
+  SetOptionalAttribute(SQL_ATTR_QUERY_TIMEOUT, AsPointer(timeout));
 }
 
 void Statement::Fail(std::string_view function) {
@@ -19,6 +19,11 @@ void Statement::Fail(std::string_view function) {
   throw DriverError(std::move(records));
 }
 
+void Statement::ExecuteUnread(std::string_view text) {
+  SetOptionalAttribute(SQL_ATTR_NOSCAN, AsPointer(SQLULEN{SQL_NOSCAN_ON}));
+  Execute(text);
+}
+
 void Statement::Execute(std::string_view text) {
   // A driver would send what stands before it, which may be another statement altogether.
   if (text.find('\0') != std::string_view::npos) {
@@ -26,6 +31,14 @@ void Statement::Execute(std::string_view text) {
   }
   std::u16string wide = ToWide(text);
   Call(api::ExecDirect, Wide(wide), static_cast<SQLINTEGER>(wide.size()));
+}
+
+void Statement::SetOptionalAttribute(SQLINTEGER attribute, SQLPOINTER value) {
+  const SQLRETURN code = api::SetStmtAttr(Get(), attribute, value, SQLINTEGER{SQL_IS_UINTEGER});
+  if (SQL_SUCCEEDED(code)) return;
+  const DriverError failure = FailureOf(SQL_HANDLE_STMT, Get(), api::SetStmtAttr.Name());
+  // Drivers refuse under various SQLSTATEs, but they say so.
+  if (IsMadeUp(failure.Records().front())) throw failure;
 }
 
 void Statement::KeepMessages() {

@@ -37,6 +37,8 @@ class StandInServer::Implementation {
   explicit Implementation(std::string databaseFile)
       : m_databaseFile(std::move(databaseFile)), m_listener(tds::Listen()) {
     m_port = tds::PortOf(m_listener.Get());
+    answers["SELECT SCHEMA_NAME()"] = {
+        {Part::Kind::Rows, {}, 0, {{"", ado::DataType::VarWChar}}, {{std::string("dbo")}}}};
     m_acceptor = std::thread([this] { Accept(); });
   }
 
@@ -81,17 +83,15 @@ class StandInServer::Implementation {
     while (true) {
       tds::Socket client(::accept(m_listener.Get(), nullptr, nullptr));
       if (!client) return;
+      // Known before its thread runs: whoever ends every connection must not miss one that is just being made.
       const std::lock_guard lock(m_mutex);
+      m_open.push_back(client.Get());
       m_threads.emplace_back(
           [this, socket = std::make_shared<tds::Socket>(std::move(client))] { Serve(socket->Get()); });
     }
   }
 
   void Serve(int socket) {
-    {
-      const std::lock_guard lock(m_mutex);
-      m_open.push_back(socket);
-    }
     try {
       if (LogIn(socket)) AnswerRequests(socket);
     } catch (const std::exception& error) {
@@ -174,7 +174,7 @@ class StandInServer::Implementation {
     if (treatment.fault == Fault::DropAfterRequest) return false;
     const bool isWhole = treatment.fault == Fault::None;
     const std::string_view bytes = answer.Bytes();
-    tds::Send(socket, isWhole ? bytes : bytes.substr(0, bytes.size() / 2), isWhole);
+    tds::Send(socket, isWhole ? bytes : bytes.substr(0, answer.AmidRows()), isWhole);
     return isWhole;
   }
 

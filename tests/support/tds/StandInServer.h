@@ -60,7 +60,7 @@ class StandInServer {
     std::vector<ado::Column> columns;               ///< Rows
     std::vector<std::vector<quorvel::Value>> rows;  ///< Rows
   };
-  /// From now on a batch with exactly this text, or a call of a procedure of this name, gets that answer.
+  /// From now on that request, written as Requests() gives it, gets that answer.
   void AnswerWith(std::string request, std::vector<Part> answer);
 
   /// Gives parameter names in lower case, as some servers do.

@@ -129,6 +129,15 @@ void WriteRows(const ado::RowSet& rows, Writer::Last last, Writer& answer) {
   answer.Done(last, {.more = true}, static_cast<std::int64_t>(rows.RowCount()));
 }
 
+void Append(ado::RowSet& rows, const Value& value) {
+  if (IsNull(value)) rows.AppendNull();
+  if (IsText(value)) rows.AppendText(ToText(value));
+  if (const auto* flag = std::get_if<bool>(&value)) rows.AppendBoolean(*flag);
+  if (const auto* number = std::get_if<std::int64_t>(&value)) rows.AppendInteger(*number);
+  if (const auto* real = std::get_if<double>(&value)) rows.AppendReal(*real);
+  if (const auto* time = std::get_if<DateTime>(&value)) rows.AppendDateTime(*time);
+}
+
 /// The answer of a catalog procedure.
 void WriteCatalog(const ado::RowSet& rows, Writer& answer) {
   WriteRows(rows, Writer::Last::InProcedure, answer);
@@ -159,9 +168,9 @@ void StandInSession::RunBatch(std::string_view batch, Writer& answer) {
 void StandInSession::RunCall(const Call& call, bool lowerCaseNames, Writer& answer) {
   // Drivers put dots before the names of catalog procedures, in the place of database and owner.
   const std::string_view name = std::string_view(call.procedure).substr(call.procedure.rfind('.') + 1);
-  if (name == "sp_sproc_columns") return DescribeColumns(call, lowerCaseNames, answer);
-  if (name == "sp_stored_procedures") return DescribeProcedures(call, answer);
   try {
+    if (name == "sp_sproc_columns") return DescribeColumns(call, lowerCaseNames, answer);
+    if (name == "sp_stored_procedures") return DescribeProcedures(call, answer);
     CallProcedure(call, answer);
   } catch (const ado::DriverError& failure) {
     WriteFailure(failure, answer);
@@ -172,33 +181,41 @@ void StandInSession::RunCall(const Call& call, bool lowerCaseNames, Writer& answ
 void StandInSession::DescribeColumns(const Call& call, bool lowerCaseNames, Writer& answer) {
   constexpr int kOutput = 2;  // a server gives OUTPUT parameters as input and output
   constexpr int kReturnValue = 5;
-  const std::string name = TextArgument(call, "@procedure_name", 0);
   ado::RowSet rows(ParameterColumns());
-  try {
-    const auto parameters = m_session->DiscoverParameters(name);
+  for (const std::string& name : ProceduresLike(TextArgument(call, "@procedure_name", 0))) {
     AppendParameter(rows, name, {"@RETURN_VALUE", DataType::Integer, {}, 0}, kReturnValue, 0);
     int ordinal = 0;
-    for (ParameterInfo info : parameters) {
+    for (ParameterInfo info : m_session->DiscoverParameters(name)) {
       if (lowerCaseNames) info.name = FoldCase(info.name);
       const bool isInput = info.direction == ado::ParameterDirection::Input;
       AppendParameter(rows, name, info, isInput ? 1 : kOutput, ++ordinal);
     }
-  } catch (const ado::DriverError&) {  // NOLINT(bugprone-empty-catch): no such procedure has no rows.
   }
   WriteCatalog(rows, answer);
 }
 
 void StandInSession::DescribeProcedures(const Call& call, Writer& answer) {
-  const std::string name = TextArgument(call, "@sp_name", 0);
   ado::RowSet rows({{"PROCEDURE_QUALIFIER", DataType::VarWChar},
                     {"PROCEDURE_OWNER", DataType::VarWChar},
                     {"PROCEDURE_NAME", DataType::VarWChar}});
-  try {
-    (void)m_session->DiscoverParameters(name);
+  for (const std::string& name : ProceduresLike(TextArgument(call, "@sp_name", 0))) {
     for (const std::string& text : {std::string("Ledger"), std::string("dbo"), name + ";1"}) rows.AppendText(text);
-  } catch (const ado::DriverError&) {  // NOLINT(bugprone-empty-catch): no such procedure has no rows.
   }
   WriteCatalog(rows, answer);
+}
+
+/// To a server the name in a question of the catalog is a pattern: an underscore stands for any character.
+std::vector<std::string> StandInSession::ProceduresLike(std::string_view pattern) {
+  std::string quoted;
+  for (const char c : pattern) quoted.append(c == '\'' ? 2 : 1, c);
+  std::vector<std::string> names;
+  try {
+    const ado::Result found = m_session->Execute(
+        fmt::format("SELECT Name FROM quorvel_procedure WHERE Name LIKE N'{}' ORDER BY Name", quoted));
+    for (std::size_t row = 0; row < found.rows->RowCount(); ++row) names.emplace_back(*found.rows->TextAt(row, 0));
+  } catch (const ado::DriverError&) {  // NOLINT(bugprone-empty-catch): the table is made with the first procedure.
+  }
+  return names;
 }
 
 void StandInSession::CallProcedure(const Call& call, Writer& answer) {
@@ -208,6 +225,7 @@ void StandInSession::CallProcedure(const Call& call, Writer& answer) {
     throw ado::DriverError("42000", 8144,
                            fmt::format("Procedure or function {} has too many arguments specified.", call.procedure));
   }
+  std::vector<std::size_t> places;
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
     const auto& given = call.parameters[i];
     auto place = arguments.begin() + static_cast<std::ptrdiff_t>(i);
@@ -217,14 +235,15 @@ void StandInSession::CallProcedure(const Call& call, Writer& answer) {
       if (place == arguments.end()) throw ado::DriverError("42000", 8145, given.name + " is not a parameter.");
     }
     place->value = given.value;
+    places.push_back(static_cast<std::size_t>(place - arguments.begin()));
   }
   const ado::Result result = m_session->Call(call.procedure, arguments);
   if (result.rows) WriteRows(*result.rows, Writer::Last::InProcedure, answer);
   answer.ReturnStatus(0);
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
-    const ParameterInfo& info = arguments[i].parameter;
+    const auto& [info, value] = arguments[places[i]];
     if (!call.parameters[i].isOutput || info.direction == ado::ParameterDirection::Input) continue;
-    answer.ReturnValue(static_cast<std::uint16_t>(i), info.name, {"", info.type}, arguments[i].value.value_or(Null{}));
+    answer.ReturnValue(static_cast<std::uint16_t>(i), info.name, {"", info.type}, value.value_or(Null{}));
   }
   answer.Done(Writer::Last::OfProcedure, {});
 }
@@ -240,11 +259,7 @@ void WriteParts(const std::vector<StandInServer::Part>& parts, Writer& answer) {
     if (part.kind != Kind::Rows) continue;
     ado::RowSet rows(part.columns);
     for (const auto& row : part.rows) {
-      for (const Value& value : row) {
-        if (IsNull(value)) rows.AppendNull();
-        if (IsText(value)) rows.AppendText(ToText(value));
-        if (const auto* number = std::get_if<std::int64_t>(&value)) rows.AppendInteger(*number);
-      }
+      for (const Value& value : row) Append(rows, value);
     }
     WriteRows(rows, Writer::Last::InBatch, answer);
   }

@@ -22,6 +22,7 @@ class StandInSession {
   void DescribeColumns(const Call& call, bool lowerCaseNames, Writer& answer);
   void DescribeProcedures(const Call& call, Writer& answer);
   void CallProcedure(const Call& call, Writer& answer);
+  [[nodiscard]] std::vector<std::string> ProceduresLike(std::string_view pattern);
 
   std::unique_ptr<ado::Session> m_session;
 };

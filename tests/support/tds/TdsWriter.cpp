@@ -44,13 +44,17 @@ ado::Column Typed(const ado::RowSet& rows, std::size_t index) {
   return column;
 }
 
+bool IsLong(DataType type) { return type == DataType::LongVarChar || type == DataType::LongVarWChar; }
+
+bool IsLong(std::string_view text) { return text.size() > kLongestShort && ToWide(text).size() > kLongestShort; }
+
 bool IsLong(const ado::RowSet& rows, std::size_t index, DataType type) {
-  if (type == DataType::LongVarChar || type == DataType::LongVarWChar) return true;
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+  bool isLong = IsLong(type);
+  for (std::size_t row = 0; !isLong && row < rows.RowCount(); ++row) {
     const auto text = rows.TextAt(row, index);
-    if (text && text->size() > kLongestShort && ToWide(*text).size() > kLongestShort) return true;
+    isLong = text && IsLong(*text);
   }
-  return false;
+  return isLong;
 }
 
 }  // namespace
@@ -130,10 +134,12 @@ void Writer::Rows(const ado::RowSet& rows) {
     PutColumn(columns[i], isLong[i]);
     PutShortText(columns[i].name);
   }
+  m_rowsBegin = m_bytes.size();
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     Put(kRow);
     for (std::size_t i = 0; i < columns.size(); ++i) PutValue(columns[i], isLong[i], rows.At(row, i));
   }
+  m_rowsEnd = m_bytes.size();
 }
 
 void Writer::ReturnStatus(std::int32_t status) {
@@ -146,8 +152,9 @@ void Writer::ReturnValue(std::uint16_t ordinal, std::string_view name, const ado
   Put(ordinal);
   PutShortText(name);
   Put(std::uint8_t{1});
-  PutColumn(type, false);
-  PutValue(type, false, value);
+  const bool isLong = IsLong(type.type) || (IsText(value) && IsLong(ToText(value)));
+  PutColumn(type, isLong);
+  PutValue(type, isLong, value);
 }
 
 void Writer::PutColumn(const ado::Column& column, bool isLong) {

@@ -29,6 +29,8 @@ class Writer {
   void Done(Last kind, DoneFlags flags, std::optional<std::int64_t> count = std::nullopt);
 
   [[nodiscard]] const std::string& Bytes() const noexcept { return m_bytes; }
+  /// How many bytes reach to the middle of the last result set's rows.
+  [[nodiscard]] std::size_t AmidRows() const noexcept { return (m_rowsBegin + m_rowsEnd) / 2; }
 
  private:
   template <typename Number>
@@ -41,6 +43,8 @@ class Writer {
   void Change(std::uint8_t what, std::string_view now);
 
   std::string m_bytes;
+  std::size_t m_rowsBegin = 0;
+  std::size_t m_rowsEnd = 0;
 };
 
 /// What a client gets before its login: no encryption to be had.
