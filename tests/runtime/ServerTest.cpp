@@ -100,6 +100,11 @@ TEST_F(ServerTest, NothingIsSentTwice) {
   EXPECT_EQ(Server().Logins(), 1);
   EXPECT_EQ(MemoCount(), "2043");
 
+  modDatabase::OpenConnection();
+  Server().DropConnections();
+  EXPECT_THAT(Caught([] { SharedConnection()->Execute("SELECT 1"); }).Description(), HasSubstr("is lost"));
+  EXPECT_EQ(SharedConnection()->Errors().at(0).sqlState, "08S01");
+
   Server().DropAmidRows(1);
   modDatabase::OpenConnection();
   const ContextHolder other;

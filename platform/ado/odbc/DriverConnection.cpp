@@ -74,6 +74,13 @@ void DriverConnection::Connect(const ConnectOptions& options) {
   m_readsAnyColumn = (extensions & SQL_GD_ANY_COLUMN) != 0;
 }
 
+bool DriverConnection::IsDead() const {
+  SQLUINTEGER isDead = SQL_CD_FALSE;
+  const SQLRETURN code = api::GetConnectAttr(Get(), SQL_ATTR_CONNECTION_DEAD, static_cast<SQLPOINTER>(&isDead),
+                                             SQLINTEGER{sizeof isDead}, static_cast<SQLINTEGER*>(nullptr));
+  return SQL_SUCCEEDED(code) && isDead == SQL_CD_TRUE;
+}
+
 std::string DriverConnection::TextInfo(SQLUSMALLINT item) const {
   std::array<SQLWCHAR, 256> text{};
   SQLSMALLINT bytes = 0;

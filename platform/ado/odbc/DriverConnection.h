@@ -23,6 +23,8 @@ class DriverConnection {
   [[nodiscard]] const std::string& Driver() const noexcept { return m_driver; }
   /// What the driver says of itself or of the server; empty where it says nothing.
   [[nodiscard]] std::string TextInfo(SQLUSMALLINT item) const;
+  /// Whether the driver has found out that the connection is gone.
+  [[nodiscard]] bool IsDead() const;
   /// Whether SQLGetData reads any column and not just those behind the last bound one.
   [[nodiscard]] bool ReadsAnyColumn() const noexcept { return m_readsAnyColumn; }
 

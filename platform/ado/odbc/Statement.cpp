@@ -14,6 +14,11 @@ Statement::Statement(const DriverConnection& connection, std::chrono::seconds ti
 
 void Statement::Fail(std::string_view function) {
   std::vector<Diagnostic> records = FailureOf(SQL_HANDLE_STMT, Get(), function).Records();
+  // FreeTDS says no more than "Unknown error" when the connection went while nobody looked.
+  if (Diagnostic& first = records.front(); first.sqlState == "HY000" && m_connection.IsDead()) {
+    first.sqlState = "08S01";
+    first.message += " The connection to the server is lost.";
+  }
   std::vector<Diagnostic> messages = TakeMessages();
   std::move(messages.begin(), messages.end(), std::back_inserter(records));
   throw DriverError(std::move(records));
@@ -38,7 +43,7 @@ void Statement::SetOptionalAttribute(SQLINTEGER attribute, SQLPOINTER value) {
   if (SQL_SUCCEEDED(code)) return;
   const DriverError failure = FailureOf(SQL_HANDLE_STMT, Get(), api::SetStmtAttr.Name());
   // Drivers refuse under various SQLSTATEs, but they say so.
-  if (IsMadeUp(failure.Records().front())) throw failure;
+  if (IsMadeUp(failure.Records().front())) throw DriverError(failure);
 }
 
 void Statement::KeepMessages() {
