@@ -63,8 +63,8 @@ struct Result {
   std::vector<Diagnostic> messages;  ///< warnings of a run that succeeded
 };
 
-/// One open session of a database engine. Everything it throws is a DriverError. A session is used by one
-/// thread at a time, and nothing of it stays open between two calls: no cursor, no read transaction.
+/// One open session of a database engine. Everything it throws is a DriverError. One thread uses
+/// it at a time, and nothing of it stays open between two calls: no cursor, no read transaction.
 class Session {
  public:
   virtual ~Session() = default;

@@ -127,7 +127,8 @@ class ServerScriptTest : public testing::TestWithParam<EngineKind> {
 INSTANTIATE_TEST_SUITE_P(Servers, ServerScriptTest, testing::Values(EngineKind::StandIn, EngineKind::SqlServer),
                          [](const auto& each) { return test::NameOf(each.param); });
 
-/// The keys that several callers at once draw, each on a connection of its own, half of them in snapshot isolation.
+/// The keys that several callers at once draw, each on a connection of its own, half of them from a session that is set
+/// to snapshot isolation.
 std::multiset<std::int32_t> DrawKeys(int callers, int keys) {
   std::mutex mutex;
   std::multiset<std::int32_t> drawn;

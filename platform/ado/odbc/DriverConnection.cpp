@@ -51,10 +51,6 @@ DriverConnection::DriverConnection(const ConnectOptions& options)
   }
 }
 
-DriverConnection::~DriverConnection() {
-  if (m_isConnected) api::Disconnect.Release(m_connection.Get());
-}
-
 void DriverConnection::Connect(const ConnectOptions& options) {
   Require(api::SetConnectAttr, SQL_HANDLE_DBC, Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(options.connectionTimeout),
           SQLINTEGER{SQL_IS_UINTEGER});
@@ -67,7 +63,6 @@ void DriverConnection::Connect(const ConnectOptions& options) {
   Require(api::DriverConnect, SQL_HANDLE_DBC, Get(), SQLHWND{nullptr}, Wide(text),
           static_cast<SQLSMALLINT>(text.size()), static_cast<SQLWCHAR*>(nullptr), SQLSMALLINT{0},
           static_cast<SQLSMALLINT*>(nullptr), SQLUSMALLINT{SQL_DRIVER_NOPROMPT});
-  m_isConnected = true;
   SQLUINTEGER extensions = 0;
   Require(api::GetInfo, SQL_HANDLE_DBC, Get(), SQLUSMALLINT{SQL_GETDATA_EXTENSIONS},
           static_cast<SQLPOINTER>(&extensions), SQLSMALLINT{sizeof extensions}, static_cast<SQLSMALLINT*>(nullptr));

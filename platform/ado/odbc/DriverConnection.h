@@ -13,7 +13,6 @@ class DriverConnection {
   /// Connects, trying for at most `options.connectionTimeout`. DriverError when no driver is installed, the server
   /// cannot be reached or refuses; each record's message then names driver and server.
   explicit DriverConnection(const ConnectOptions& options);
-  ~DriverConnection();
   DriverConnection(const DriverConnection&) = delete;
   DriverConnection& operator=(const DriverConnection&) = delete;
 
@@ -34,7 +33,6 @@ class DriverConnection {
   EnvironmentHandle m_environment;
   ConnectionHandle m_connection;
   std::string m_driver;
-  bool m_isConnected = false;
   bool m_readsAnyColumn = false;
 };
 

@@ -10,7 +10,11 @@ template <SQLSMALLINT HandleType>
 struct HandleTraits {
   using Type = SQLHANDLE;
   static Type Invalid() noexcept { return SQL_NULL_HANDLE; }
-  static void Close(Type handle) noexcept { api::FreeHandle.Release(HandleType, handle); }
+  static void Close(Type handle) noexcept {
+    // A driver manager keeps a handle that is still connected, and the connection with it.
+    if constexpr (HandleType == SQL_HANDLE_DBC) api::Disconnect.Release(handle);
+    api::FreeHandle.Release(HandleType, handle);
+  }
 };
 
 using EnvironmentHandle = UniqueHandle<HandleTraits<SQL_HANDLE_ENV>>;

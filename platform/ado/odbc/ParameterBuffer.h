@@ -8,7 +8,8 @@
 
 namespace quorvel::ado::odbc {
 
-/// The memory of one argument of a call: bound before the call, read after it. It must stay where it is until then.
+/// The memory of one argument of a call: bound before the call, read after it. It must stay where it is for the life of
+/// the statement.
 class ParameterBuffer {
  public:
   /// DriverError 22021 when a text is not well-formed UTF-8.
@@ -29,7 +30,7 @@ class ParameterBuffer {
   [[nodiscard]] Value OutputText() const;
   [[nodiscard]] SQLSMALLINT IoType() const noexcept;
 
-  const ParameterInfo& m_info;
+  ParameterInfo m_info;
   SQLSMALLINT m_clientType = SQL_C_WCHAR;
   SQLSMALLINT m_sqlType = SQL_WVARCHAR;
   bool m_hasLimit;     ///< of a text

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <memory>
 #include <string>
 
 #include "platform/ado/odbc/ParameterBuffer.h"
@@ -45,7 +46,9 @@ Result CallProcedure(Statement& statement, std::string_view procedure, std::span
   const std::span<Argument> sent = arguments.first(static_cast<std::size_t>(arguments.rend() - lastGiven));
 
   const Argument returnValue{{"@RETURN_VALUE", DataType::Integer, ParameterDirection::Output, 0}, std::nullopt};
-  std::deque<ParameterBuffer> buffers;
+  const auto kept = std::make_shared<std::deque<ParameterBuffer>>();
+  statement.Keep(kept);
+  std::deque<ParameterBuffer>& buffers = *kept;
   buffers.emplace_back(returnValue);
   for (const Argument& argument : sent) buffers.emplace_back(argument);
   for (std::size_t i = 0; i < buffers.size(); ++i) buffers[i].Bind(statement, static_cast<SQLUSMALLINT>(i + 1));
