@@ -7,8 +7,8 @@
 -- What the component's login needs is in grants.sql.
 --
 -- The memo table tciMemo and the branches ttwBranch belong to the host, be they tables, views or synonyms, and are made
--- only where there are none. A host
--- whose own tciMemo names its columns differently adapts the procedures that read and write it, after every run.
+-- only where there are none. A host whose own tciMemo names its columns differently adapts the procedures that read and
+-- write it, after every run.
 
 SET ANSI_NULLS ON
 GO
