@@ -4,18 +4,15 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "platform/Utf.h"
+#include "platform/ado/odbc/SqlTypes.h"
 #include "platform/ado/odbc/Timestamp.h"
 #include "platform/ado/odbc/WideText.h"
 
 namespace quorvel::ado::odbc {
 namespace {
 
-/// The longest text, in UTF-16 units, that a bound cell has room for: SQL Server's varchar goes up to 8000 units,
-/// what is declared with (max) beyond.
-constexpr SQLULEN kLongestBound = 8000;
 /// Units of one piece of a long text: most memos are one piece.
 constexpr std::size_t kPiece = std::size_t{16} * 1024;
 /// An exact number of that many digits fits 64 bits.
@@ -29,11 +26,25 @@ constexpr SQLSMALLINT kTimestampOffset = -155;
 /// Room for the textual form of the short ones among them.
 constexpr SQLULEN kShortForm = 64;
 
-template <typename Number>
-Number Read(const std::byte* cell) {
-  Number number;
-  std::memcpy(&number, cell, sizeof number);
-  return number;
+/// How many UTF-16 units a value takes as a text; 0 when there is no telling.
+SQLULEN UnitsAsText(SQLSMALLINT sqlType, SQLULEN size) {
+  switch (sqlType) {
+    case kXml:
+    case kVariant:
+      return 0;
+    case SQL_TIME:
+    case SQL_TYPE_TIME:
+    case SQL_GUID:
+    case kTime:
+    case kTimestampOffset:
+      return kShortForm;
+    case SQL_BINARY:
+    case SQL_VARBINARY:
+      // Each byte becomes two digits.
+      return 2 * size;
+    default:
+      return size;
+  }
 }
 
 }  // namespace
@@ -52,66 +63,32 @@ ColumnReader::ColumnReader(Statement& statement, SQLUSMALLINT number) : m_statem
 }
 
 void ColumnReader::Plan(SQLSMALLINT sqlType, SQLULEN size, SQLSMALLINT digits) {
-  switch (sqlType) {
-    case SQL_BIT:
-      return PlanNumber(Form::Boolean, DataType::Boolean);
-    case SQL_TINYINT:
-    case SQL_SMALLINT:
-      return PlanNumber(Form::Integer, DataType::SmallInt);
-    case SQL_INTEGER:
-      return PlanNumber(Form::Integer, DataType::Integer);
-    case SQL_BIGINT:
-      return PlanNumber(Form::Integer, DataType::BigInt);
-    case SQL_DECIMAL:
-    case SQL_NUMERIC:
-      if (digits == 0 && size <= kDigitsOfInteger) return PlanNumber(Form::Integer, DataType::BigInt);
-      return PlanNumber(Form::Real, DataType::Double);
-    case SQL_REAL:
-    case SQL_FLOAT:
-    case SQL_DOUBLE:
-      return PlanNumber(Form::Real, DataType::Double);
-    case SQL_DATE:
-    case SQL_TIMESTAMP:
-    case SQL_TYPE_DATE:
-    case SQL_TYPE_TIMESTAMP:
-      return PlanNumber(Form::DateTime, DataType::DBTimeStamp);
-    case SQL_CHAR:
-    case SQL_VARCHAR:
-      return PlanText(DataType::VarChar, size);
-    case SQL_LONGVARCHAR:
-      return PlanText(DataType::LongVarChar, 0);
-    case SQL_WLONGVARCHAR:
-    case kXml:
-    case kVariant:
-    case SQL_LONGVARBINARY:
-      return PlanText(DataType::LongVarWChar, 0);
-    case SQL_TIME:
-    case SQL_TYPE_TIME:
-    case SQL_GUID:
-    case kTime:
-    case kTimestampOffset:
-      return PlanText(DataType::VarWChar, kShortForm);
-    case SQL_BINARY:
-    case SQL_VARBINARY:
-      // As text each byte becomes two digits.
-      return PlanText(DataType::VarWChar, 2 * size);
+  const bool isExact = sqlType == SQL_DECIMAL || sqlType == SQL_NUMERIC;
+  const SQLULEN units = UnitsAsText(sqlType, size);
+  m_column.type = DataTypeOf(sqlType, units);
+  if (isExact && digits == 0 && size <= kDigitsOfInteger) m_column.type = DataType::BigInt;
+  switch (m_column.type) {
+    case DataType::SmallInt:
+    case DataType::Integer:
+    case DataType::BigInt:
+      return SetForm(Form::Integer, sizeof(SQLBIGINT));
+    case DataType::Double:
+      return SetForm(Form::Real, sizeof(SQLDOUBLE));
+    case DataType::Boolean:
+      return SetForm(Form::Boolean, sizeof(SQLCHAR));
+    case DataType::DBTimeStamp:
+      return SetForm(Form::DateTime, sizeof(SQL_TIMESTAMP_STRUCT));
+    case DataType::LongVarChar:
+    case DataType::LongVarWChar:
+      return SetForm(Form::Text, 0);
     default:
-      return PlanText(DataType::VarWChar, size);
+      return SetForm(Form::Text, (units + 1) * sizeof(SQLWCHAR));
   }
 }
 
-void ColumnReader::PlanText(DataType type, SQLULEN size) {
-  const bool isLong = size == 0 || size > kLongestBound;
-  if (isLong) type = type == DataType::VarChar ? DataType::LongVarChar : DataType::LongVarWChar;
-  m_column.type = type;
-  m_form = Form::Text;
-  m_width = isLong ? 0 : (size + 1) * sizeof(SQLWCHAR);
-}
-
-void ColumnReader::PlanNumber(Form form, DataType type) {
-  m_column.type = type;
+void ColumnReader::SetForm(Form form, std::size_t width) {
   m_form = form;
-  m_width = form == Form::Boolean ? 1 : form == Form::DateTime ? sizeof(SQL_TIMESTAMP_STRUCT) : sizeof(SQLBIGINT);
+  m_width = width;
 }
 
 SQLSMALLINT ColumnReader::ClientType() const noexcept {
@@ -159,13 +136,13 @@ void ColumnReader::AppendCell(RowSet& rows, const std::byte* cell, SQLLEN length
   if (length == SQL_NULL_DATA) return rows.AppendNull();
   switch (m_form) {
     case Form::Integer:
-      return rows.AppendInteger(Read<SQLBIGINT>(cell));
+      return rows.AppendInteger(ReadAs<SQLBIGINT>(cell));
     case Form::Real:
-      return rows.AppendReal(Read<SQLDOUBLE>(cell));
+      return rows.AppendReal(ReadAs<SQLDOUBLE>(cell));
     case Form::Boolean:
-      return rows.AppendBoolean(Read<SQLCHAR>(cell) != 0);
+      return rows.AppendBoolean(ReadAs<SQLCHAR>(cell) != 0);
     case Form::DateTime:
-      return rows.AppendDateTime(FromTimestamp(Read<SQL_TIMESTAMP_STRUCT>(cell)));
+      return rows.AppendDateTime(FromTimestamp(ReadAs<SQL_TIMESTAMP_STRUCT>(cell)));
     case Form::Text:
       return AppendText(rows, cell, length);
   }

@@ -29,8 +29,7 @@ class ColumnReader {
   enum class Form { Integer, Real, Boolean, DateTime, Text };
 
   void Plan(SQLSMALLINT sqlType, SQLULEN size, SQLSMALLINT digits);
-  void PlanText(DataType type, SQLULEN size);
-  void PlanNumber(Form form, DataType type);
+  void SetForm(Form form, std::size_t width);
   [[nodiscard]] SQLSMALLINT ClientType() const noexcept;
   [[nodiscard]] SQLRETURN GetData(SQLPOINTER buffer, std::size_t bytes, SQLLEN& length);
   void AppendCell(RowSet& rows, const std::byte* cell, SQLLEN length) const;

@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 
 #include "platform/ado/odbc/CallSeam.h"
@@ -66,6 +68,14 @@ inline constexpr Api<SQLSetEnvAttr> SetEnvAttr{"SQLSetEnvAttr"};
 inline constexpr Api<SQLSetStmtAttrW> SetStmtAttr{"SQLSetStmtAttr"};
 
 }  // namespace api
+
+/// What a driver wrote into a buffer of bytes.
+template <typename Number>
+[[nodiscard]] Number ReadAs(const std::byte* bytes) noexcept {
+  Number number;
+  std::memcpy(&number, bytes, sizeof number);
+  return number;
+}
 
 /// ODBC takes small integers in the place of pointers.
 [[nodiscard]] inline SQLPOINTER AsPointer(SQLULEN number) noexcept {

@@ -49,13 +49,6 @@ Binding BindingOf(DataType type, bool hasLimit) {
   }
 }
 
-template <typename Number>
-Number Read(const std::vector<std::byte>& bytes) {
-  Number number;
-  std::memcpy(&number, bytes.data(), sizeof number);
-  return number;
-}
-
 }  // namespace
 
 ParameterBuffer::ParameterBuffer(const Argument& argument)
@@ -133,15 +126,15 @@ Value ParameterBuffer::Output() const {
   if (m_length == SQL_NULL_DATA) return Null{};
   switch (m_clientType) {
     case SQL_C_SLONG:
-      return std::int64_t{Read<SQLINTEGER>(m_bytes)};
+      return std::int64_t{ReadAs<SQLINTEGER>(m_bytes.data())};
     case SQL_C_SBIGINT:
-      return std::int64_t{Read<SQLBIGINT>(m_bytes)};
+      return std::int64_t{ReadAs<SQLBIGINT>(m_bytes.data())};
     case SQL_C_DOUBLE:
-      return Read<SQLDOUBLE>(m_bytes);
+      return ReadAs<SQLDOUBLE>(m_bytes.data());
     case SQL_C_BIT:
-      return Read<SQLCHAR>(m_bytes) != 0;
+      return ReadAs<SQLCHAR>(m_bytes.data()) != 0;
     case SQL_C_TYPE_TIMESTAMP:
-      return FromTimestamp(Read<SQL_TIMESTAMP_STRUCT>(m_bytes));
+      return FromTimestamp(ReadAs<SQL_TIMESTAMP_STRUCT>(m_bytes.data()));
     default:
       return OutputText();
   }

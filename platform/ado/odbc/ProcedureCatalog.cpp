@@ -7,6 +7,7 @@
 #include <set>
 
 #include "platform/ado/odbc/ResultReader.h"
+#include "platform/ado/odbc/SqlTypes.h"
 #include "platform/ado/odbc/WideText.h"
 
 namespace quorvel::ado::odbc {
@@ -23,8 +24,6 @@ constexpr std::size_t kOrdinal = 17;
 
 /// Bytes of the longest identifier: 128 UTF-16 units.
 constexpr std::size_t kLongestName = std::size_t{128} * 3;
-/// A text parameter beyond that is one without a limit.
-constexpr std::int64_t kLongestText = 8000;
 
 [[noreturn]] void ThrowNotFound(std::string_view procedure) {
   throw DriverError("42000", 2812, fmt::format("Could not find stored procedure '{}'.", procedure));
@@ -55,47 +54,15 @@ std::vector<std::size_t> RowsOf(const RowSet& rows, const ProcedureName& procedu
   return found;
 }
 
-DataType TypeOf(std::int64_t sqlType, bool isLong) {
-  switch (sqlType) {
-    case SQL_BIT:
-      return DataType::Boolean;
-    case SQL_TINYINT:
-    case SQL_SMALLINT:
-      return DataType::SmallInt;
-    case SQL_INTEGER:
-      return DataType::Integer;
-    case SQL_BIGINT:
-      return DataType::BigInt;
-    case SQL_DECIMAL:
-    case SQL_NUMERIC:
-    case SQL_REAL:
-    case SQL_FLOAT:
-    case SQL_DOUBLE:
-      return DataType::Double;
-    case SQL_DATE:
-    case SQL_TIMESTAMP:
-    case SQL_TYPE_DATE:
-    case SQL_TYPE_TIMESTAMP:
-      return DataType::DBTimeStamp;
-    case SQL_CHAR:
-    case SQL_VARCHAR:
-      return isLong ? DataType::LongVarChar : DataType::VarChar;
-    case SQL_LONGVARCHAR:
-      return DataType::LongVarChar;
-    default:
-      return isLong || sqlType == SQL_WLONGVARCHAR ? DataType::LongVarWChar : DataType::VarWChar;
-  }
-}
-
 ParameterDirection DirectionOf(std::int64_t columnType) {
   if (columnType == SQL_PARAM_OUTPUT) return ParameterDirection::Output;
   return columnType == SQL_PARAM_INPUT_OUTPUT ? ParameterDirection::InputOutput : ParameterDirection::Input;
 }
 
 ParameterInfo ParameterAt(const RowSet& rows, std::size_t row) {
-  const std::int64_t size = NumberAt(rows, row, kSize);
-  const bool isLong = size <= 0 || size > kLongestText;
-  ParameterInfo info{TextAt(rows, row, kName), TypeOf(NumberAt(rows, row, kType), isLong),
+  const std::int64_t size = std::max<std::int64_t>(NumberAt(rows, row, kSize), 0);
+  const auto sqlType = static_cast<SQLSMALLINT>(NumberAt(rows, row, kType));
+  ParameterInfo info{TextAt(rows, row, kName), DataTypeOf(sqlType, static_cast<SQLULEN>(size)),
                      DirectionOf(NumberAt(rows, row, kDirection)), 0};
   const bool hasLimit = info.type == DataType::VarChar || info.type == DataType::VarWChar;
   if (hasLimit) info.size = static_cast<std::int32_t>(size);
