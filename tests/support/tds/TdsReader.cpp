@@ -32,7 +32,7 @@ std::string TakeChunks(Reader& reader) {
   return bytes;
 }
 
-Value TakeShortText(Reader& reader, bool isWide) {
+Value TakeText(Reader& reader, bool isWide) {
   const auto limit = reader.Take<std::uint16_t>();
   (void)reader.Bytes(kCollation.size());
   std::string bytes;
@@ -44,15 +44,6 @@ Value TakeShortText(Reader& reader, bool isWide) {
     if (length == kNullText) return Null{};
     bytes = reader.Bytes(length);
   }
-  return isWide ? FromUcs2(bytes) : FromLatin(bytes);
-}
-
-Value TakeLongText(Reader& reader, bool isWide) {
-  (void)reader.Take<std::uint32_t>();
-  (void)reader.Bytes(kCollation.size());
-  const auto length = reader.Take<std::int32_t>();
-  if (length < 0) return Null{};
-  const std::string_view bytes = reader.Bytes(static_cast<std::size_t>(length));
   return isWide ? FromUcs2(bytes) : FromLatin(bytes);
 }
 
@@ -75,13 +66,6 @@ Value TakeReal(Reader& reader, std::size_t size) {
   if (size == 0) return Null{};
   if (size == 4) return double{std::bit_cast<float>(reader.Take<std::uint32_t>())};
   return std::bit_cast<double>(reader.Take<std::uint64_t>());
-}
-
-Value TakeDateTime(Reader& reader, std::size_t size) {
-  if (size == 0) return Null{};
-  const auto day = reader.Take<std::int32_t>();
-  const auto ticks = reader.Take<std::uint32_t>();
-  return DateTime{kDayZero + days{day} + milliseconds{(std::int64_t{ticks} * 10 + 1) / 3}};
 }
 
 /// A time in units of 10 to the power of -scale seconds, then a day counted from the year 1.
@@ -115,24 +99,15 @@ Value TakeTyped(Reader& reader) {
     }
     case Type::FloatN:
       return TakeReal(reader, size());
-    case Type::DateTimeN:
-      return TakeDateTime(reader, size());
     case Type::DateTime2:
       return TakeDateTime2(reader);
-    case Type::Int4:
-      return TakeInteger(reader, 4);
     case Type::NVarChar:
-    case Type::NChar:
-      return TakeShortText(reader, true);
+      return TakeText(reader, true);
     case Type::VarChar:
-    case Type::Char:
-      return TakeShortText(reader, false);
-    case Type::NText:
-      return TakeLongText(reader, true);
-    case Type::Text:
-      return TakeLongText(reader, false);
+      return TakeText(reader, false);
+    default:
+      throw std::out_of_range("a parameter's type that the stand-in does not know");
   }
-  throw std::out_of_range("a parameter's type that the stand-in does not know");
 }
 
 }  // namespace

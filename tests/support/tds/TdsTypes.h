@@ -8,18 +8,13 @@ namespace quorvel::test::tds {
 
 /// The protocol's data types that clients send or get.
 enum class Type : std::uint8_t {
-  Text = 0x23,
   IntN = 0x26,
   DateTime2 = 0x2A,
-  Int4 = 0x38,
-  NText = 0x63,
   BitN = 0x68,
   FloatN = 0x6D,
   DateTimeN = 0x6F,
   VarChar = 0xA7,
-  Char = 0xAF,
   NVarChar = 0xE7,
-  NChar = 0xEF,
 };
 
 /// Latin1_General_CI_AS.
