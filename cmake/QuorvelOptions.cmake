@@ -8,6 +8,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # GCC 12 takes inlined std::string concatenation for overlapping copies.
   target_compile_options(quorvel_options INTERFACE -Wno-restrict)
 endif()
+if(WIN32)
+  target_compile_definitions(quorvel_options INTERFACE UNICODE _UNICODE NOMINMAX)
+endif()
 if(QUORVEL_WARNINGS_AS_ERRORS)
   target_compile_options(quorvel_options INTERFACE -Werror)
 endif()

@@ -6,6 +6,7 @@
 
 #include "data/modWaitCursor.h"
 #include "platform/Error.h"
+#include "platform/PerThread.h"
 #include "platform/Prompts.h"
 #include "platform/Text.h"
 #include "platform/ado/Command.h"
@@ -22,11 +23,6 @@ struct State {
   std::shared_ptr<ado::Connection> connection;
   DBConnect settings;
 };
-
-State& ThreadState() {
-  thread_local State state;
-  return state;
-}
 
 ado::Command ProcedureCall(std::string_view procName) {
   ado::Command command;
@@ -71,7 +67,7 @@ void EnsureConnection() {
 
 void OpenConnection() {
   const auto connection = std::make_shared<ado::Connection>();
-  ThreadState().connection = connection;
+  PerThread<State>().connection = connection;
   connection->SetConnectionString(Settings().ConnectionString());
   connection->SetCursorLocation(ado::CursorLocation::Client);
   connection->SetMode(ado::ConnectMode::ReadWrite);
@@ -81,9 +77,9 @@ void OpenConnection() {
   connection->Open({}, {}, ado::kUnspecified);
 }
 
-const std::shared_ptr<ado::Connection>& SharedConnection() { return ThreadState().connection; }
+const std::shared_ptr<ado::Connection>& SharedConnection() { return PerThread<State>().connection; }
 
-DBConnect& Settings() { return ThreadState().settings; }
+DBConnect& Settings() { return PerThread<State>().settings; }
 
 std::shared_ptr<ado::Recordset> LoadRst(std::string_view sql) {
   Attempt attempt = TryToOpen(sql);

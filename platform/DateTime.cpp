@@ -1,7 +1,8 @@
 #include "platform/DateTime.h"
 
 #include <array>
-#include <ctime>
+
+#include "platform/OperatingSystem.h"
 
 namespace quorvel {
 namespace {
@@ -103,16 +104,7 @@ std::optional<milliseconds> ScanTime(Scanner& scanner) {
 
 }  // namespace
 
-DateTime Now() {
-  const auto now = std::chrono::floor<milliseconds>(std::chrono::system_clock::now());
-  const auto wholeSeconds = std::chrono::floor<std::chrono::seconds>(now);
-  const std::time_t seconds = wholeSeconds.time_since_epoch().count();
-  std::tm local{};
-  ::localtime_r(&seconds, &local);
-  const auto date = std::chrono::year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday;
-  return std::chrono::local_days(date) + std::chrono::hours(local.tm_hour) + std::chrono::minutes(local.tm_min) +
-         std::chrono::seconds(local.tm_sec) + (now - wholeSeconds);
-}
+DateTime Now() { return os::LocalNow(); }
 
 std::string FormatDateTime(DateTime value, char separator) {
   const auto day = std::chrono::floor<days>(value);

@@ -1,17 +1,11 @@
 #include "platform/Environment.h"
 
-#include <pwd.h>
-#include <syslog.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstdlib>
 #include <mutex>
 #include <utility>
-#include <vector>
 
 #include "Version.h"
+#include "platform/OperatingSystem.h"
 
 namespace quorvel {
 namespace {
@@ -26,36 +20,13 @@ WarningSink& Sink() {
   return sink;
 }
 
-/// The log belongs to the whole process: its name for the process stays, so the source stands in the text.
-void WriteSystemLog(std::string_view message) {
-  std::string line(kApplicationName);
-  line.append(": ").append(message);
-  // An entry is one line; a daemon would show line breaks as octal codes.
-  std::ranges::replace_if(
-      line, [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  ::syslog(LOG_USER | LOG_WARNING, "%s", line.c_str());
-}
-
-std::string LogonName() {
-  std::vector<char> buffer(1024);
-  passwd entry{};
-  passwd* found = nullptr;
-  while (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) == ERANGE) {
-    buffer.resize(buffer.size() * 2);
-  }
-  return found != nullptr ? found->pw_name : "";
-}
-
 }  // namespace
 
-std::string EnvironmentVariable(const char* name) {
-  const char* value = std::getenv(name);
-  return value != nullptr ? value : "";
-}
+std::string EnvironmentVariable(const char* name) { return os::Variable(name).value_or(""); }
 
 bool ReadLogonName(std::span<char> buffer) noexcept {
   try {
-    const std::string name = LogonName();
+    const std::string name = os::LogonName();
     if (name.empty() || name.size() + 1 > buffer.size()) return false;
     std::ranges::copy_n(name.c_str(), static_cast<std::ptrdiff_t>(name.size() + 1), buffer.begin());
     return true;
@@ -70,7 +41,7 @@ void LogWarning(std::string_view message) noexcept {
     if (Sink().receive) {
       Sink().receive(message);
     } else {
-      WriteSystemLog(message);
+      os::WriteWarning(message);
     }
   } catch (...) {  // NOLINT(bugprone-empty-catch): a warning that cannot be logged must not become an error
   }

@@ -1,15 +1,15 @@
 #include "platform/TerminalPrompts.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
-
-#include <cerrno>
 
 #include "platform/Error.h"
 #include "platform/Text.h"
 
 namespace quorvel {
 namespace {
+
+constexpr int kStandardInput = 0;
+constexpr int kStandardError = 2;
 
 /// What a person meant; nothing when it is neither.
 std::optional<PromptAnswer> ReadAnswer(std::string_view line) {
@@ -21,7 +21,7 @@ std::optional<PromptAnswer> ReadAnswer(std::string_view line) {
 
 }  // namespace
 
-TerminalPrompts::TerminalPrompts() : TerminalPrompts(STDIN_FILENO, STDERR_FILENO) {}
+TerminalPrompts::TerminalPrompts() : TerminalPrompts(kStandardInput, kStandardError) {}
 
 PromptAnswer TerminalPrompts::ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
                                           PromptIcon /*icon*/) {
@@ -45,32 +45,9 @@ std::optional<std::string> TerminalPrompts::AskText(std::string_view prompt, std
 void TerminalPrompts::SetPointer(PointerShape /*shape*/) noexcept {}
 
 void TerminalPrompts::RequireTerminal(std::string_view text, std::string_view title) const {
-  if (::isatty(m_input) == 1 && ::isatty(m_output) == 1) return;
+  if (HasTerminal()) return;
   throw Error(ErrorNumber::Component, "Quorvel.Prompts",
               fmt::format("There is no terminal to show a message on: \"{}\": {}", title, text));
-}
-
-void TerminalPrompts::Write(std::string_view text) const {
-  const std::string printable = Printable(text);
-  for (std::size_t written = 0; written < printable.size();) {
-    const auto count = ::write(m_output, printable.data() + written, printable.size() - written);
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return;
-    written += static_cast<std::size_t>(count);
-  }
-}
-
-std::optional<std::string> TerminalPrompts::ReadLine() const {
-  // Byte by byte: what follows the line is the host's to read.
-  std::string line;
-  while (true) {
-    char byte = 0;
-    const auto count = ::read(m_input, &byte, 1);
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return line.empty() ? std::nullopt : std::optional(line);
-    if (byte == '\n') return line;
-    line += byte;
-  }
 }
 
 }  // namespace quorvel

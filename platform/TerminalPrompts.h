@@ -7,8 +7,9 @@
 namespace quorvel {
 
 /// Prompts on the terminal: texts go to standard error, answers come from standard input, and standard output
-/// is left to the program. A message with an OK button does not wait. The end of input answers a question with No
-/// and cancels an input box. Without a terminal on both every prompt throws Error -1 from "Quorvel.Prompts".
+/// is left to the program. On Windows the terminal is the console. A message with an OK button does not wait. The end
+/// of input answers a question with No and cancels an input box. Without a terminal on both every prompt throws Error
+/// -1 from "Quorvel.Prompts".
 class TerminalPrompts : public Prompts {
  public:
   TerminalPrompts();
@@ -22,6 +23,7 @@ class TerminalPrompts : public Prompts {
 
  private:
   void RequireTerminal(std::string_view text, std::string_view title) const;
+  [[nodiscard]] bool HasTerminal() const;
   void Write(std::string_view text) const;
   [[nodiscard]] std::optional<std::string> ReadLine() const;
 

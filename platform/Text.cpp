@@ -1,20 +1,12 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <clocale>
-#include <cwctype>
 
+#include "platform/LowerCase.h"
 #include "platform/Utf.h"
 
 namespace quorvel {
 namespace {
-
-/// The lower case of a character beyond ASCII. The host's own locale must not matter, and is left alone.
-char32_t LowerCase(char32_t character) noexcept {
-  static const locale_t unicode = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  if (unicode == nullptr) return character;
-  return static_cast<char32_t>(::towlower_l(static_cast<std::wint_t>(character), unicode));
-}
 
 constexpr bool IsAscii(unsigned byte) { return byte < 0x80; }
 

@@ -5,12 +5,13 @@
 #include <string>
 
 #include "platform/DateTime.h"
+#include "runtime/Publishable.h"
 #include "runtime/RemarkType.h"
 
 namespace quorvel {
 
 /// One remark: a row of the host's memo table. Writing a property never sets Dirty: whoever edits a remark does.
-class Remark {
+class Remark : public Publishable {
  public:
   [[nodiscard]] const std::shared_ptr<quorvel::RemarkType>& RemarkType() const noexcept { return m_remarkType; }
   void SetRemarkType(std::shared_ptr<quorvel::RemarkType> type) noexcept { m_remarkType = std::move(type); }

@@ -6,6 +6,7 @@
 
 #include "platform/Value.h"
 #include "runtime/EditBehavior.h"
+#include "runtime/Publishable.h"
 #include "runtime/RemarkList.h"
 #include "runtime/RemarkType.h"
 #include "runtime/RemarkTypes.h"
@@ -18,7 +19,7 @@ namespace quorvel {
 /// Create it, use it and let go of it on one thread; call Dispose before letting go, since its types refer back
 /// to it. Errors of its own carry number -1 and a source of class, point and operation; database errors pass
 /// through unchanged.
-class RemarkContext : public std::enable_shared_from_this<RemarkContext> {
+class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public Publishable {
   struct Private {};
 
  public:

@@ -5,12 +5,13 @@
 #include <vector>
 
 #include "platform/Value.h"
+#include "runtime/Publishable.h"
 #include "runtime/Remark.h"
 
 namespace quorvel {
 
 /// The remarks of one owner, those that wait to be deleted, and a snapshot of both for undo.
-class RemarkList {
+class RemarkList : public Publishable {
  public:
   using Collection = std::vector<std::shared_ptr<Remark>>;
 

@@ -4,12 +4,14 @@
 #include <memory>
 #include <string>
 
+#include "runtime/Publishable.h"
+
 namespace quorvel {
 
 class RemarkContext;
 
 /// One kind of remark, with the current user's rights on it. Plain data; used on the thread that made it.
-class RemarkType {
+class RemarkType : public Publishable {
  public:
   /// The context that loaded the type; null after its Dispose. A strong reference: the cycle is broken by
   /// RemarkContext::Dispose.

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/Error.h"
+#include "platform/OperatingSystem.h"
 #include "platform/ado/embedded/BatchParser.h"
 #include "platform/ado/embedded/Interpreter.h"
 #include "platform/ado/embedded/Procedures.h"
@@ -122,12 +123,13 @@ void CheckFile(const std::string& path) {
     throw DriverError("08001", 0,
                       "No database file is set: the setting Database must name the file of the embedded engine.");
   }
-  if (!std::filesystem::exists(path, error)) {
+  const std::filesystem::path file = os::PathOf(path);
+  if (!std::filesystem::exists(file, error)) {
     throw DriverError(
         "08001", 0,
-        fmt::format("The database file {} does not exist{}.", path, error ? " (" + error.message() + ")" : ""));
+        fmt::format("The database file {} does not exist{}.", path, error ? " (" + os::Explain(error) + ")" : ""));
   }
-  if (std::filesystem::is_directory(path, error)) {
+  if (std::filesystem::is_directory(file, error)) {
     throw DriverError("08001", 0, fmt::format("{} is a folder, not a database file.", path));
   }
 }
@@ -176,12 +178,12 @@ std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
 }
 
 void CreateEmbeddedDatabase(const std::string& path) {
-  const std::filesystem::path file(path);
+  const std::filesystem::path file = os::PathOf(path);
   std::error_code error;
   if (std::filesystem::exists(file, error)) return;
   if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), error);
   try {
-    if (error) throw DriverError("08001", error.value(), error.message());
+    if (error) throw DriverError("08001", error.value(), os::Explain(error));
     const DatabaseHandle database = OpenFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     sqlite3_busy_timeout(database.Get(), 60'000);
     Execute(database.Get(), "PRAGMA journal_mode = WAL");

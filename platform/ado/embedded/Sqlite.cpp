@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
-#include <cerrno>
 #include <limits>
 #include <system_error>
 
+#include "platform/OperatingSystem.h"
 #include "platform/ado/embedded/SqlType.h"
 
 namespace quorvel::ado::embedded {
@@ -68,15 +68,15 @@ DriverError StatementFailed(const std::string& message) {
 
 /// What the operating system said to a failed read or write of the file or of the two beside it.
 DriverError FileFailed(sqlite3* database, int resultCode, const std::string& file) {
-  const int cause = database != nullptr ? sqlite3_system_errno(database) : 0;
-  if (cause == ENOSPC || cause == EDQUOT || cause == EFBIG) {
+  const std::error_code cause(database != nullptr ? sqlite3_system_errno(database) : 0, std::system_category());
+  if (os::IsOutOfSpace(cause)) {
     return {"HY000", 1105, fmt::format("The disk is full; nothing was written to {}.", file)};
   }
-  if (cause == EROFS) {
+  if (cause == std::errc::read_only_file_system) {
     return {"HY000", 3906,
             fmt::format("The database {} stands on a read-only file system and cannot be used there.", file)};
   }
-  const std::string reason = cause != 0 ? std::generic_category().message(cause) : sqlite3_errstr(resultCode);
+  const std::string reason = cause ? os::Explain(cause) : sqlite3_errstr(resultCode);
   return {(resultCode & 0xFF) == SQLITE_CANTOPEN ? "08001" : "HY000", resultCode,
           fmt::format("The database {} or a file beside it cannot be used: {}.", file, reason)};
 }

@@ -101,7 +101,7 @@ void ParameterBuffer::FillText(const std::string& text) {
 void ParameterBuffer::MakeRoom() {
   if (m_clientType != SQL_C_WCHAR) return;
   if (!m_hasLimit) m_size = std::max<SQLULEN>(m_size, kLongOutput);
-  m_bytes.resize(std::max(m_bytes.size(), (m_size + 1) * sizeof(SQLWCHAR)));
+  m_bytes.resize(std::max<std::size_t>(m_bytes.size(), (m_size + 1) * sizeof(SQLWCHAR)));
 }
 
 void ParameterBuffer::Bind(Statement& statement, SQLUSMALLINT number) {

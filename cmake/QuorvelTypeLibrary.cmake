@@ -1,0 +1,26 @@
+# The type library is made from the IDL by widl. What it imports comes from Wine's development package, because
+# mingw-w64 brings the headers of the system's interfaces and not their IDL and library files.
+find_program(QUORVEL_WIDL ${QUORVEL_WINDOWS_TRIPLE}-widl)
+find_path(QUORVEL_SYSTEM_IDL oaidl.idl
+  PATHS /usr/include/wine/wine/windows /usr/include/wine/windows NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+find_path(QUORVEL_SYSTEM_TYPE_LIBRARIES stdole2.tlb
+  PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows /usr/lib/wine/x86_64-windows
+  NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+if(NOT QUORVEL_WIDL)
+  message(FATAL_ERROR "There is no ${QUORVEL_WINDOWS_TRIPLE}-widl: install mingw-w64-tools.")
+endif()
+if(NOT QUORVEL_SYSTEM_IDL)
+  message(FATAL_ERROR "There is no oaidl.idl: install libwine-dev, or set QUORVEL_SYSTEM_IDL to its folder.")
+endif()
+if(NOT QUORVEL_SYSTEM_TYPE_LIBRARIES)
+  message(FATAL_ERROR "There is no stdole2.tlb: install libwine, or set QUORVEL_SYSTEM_TYPE_LIBRARIES to its folder.")
+endif()
+
+# quorvel_type_library(<output> <idl>): a rule that makes a type library for the machine that is built for.
+function(quorvel_type_library output idl)
+  add_custom_command(
+    OUTPUT ${output}
+    COMMAND ${QUORVEL_WIDL} -t -I ${QUORVEL_SYSTEM_IDL} -L ${QUORVEL_SYSTEM_TYPE_LIBRARIES} -o ${output} ${idl}
+    DEPENDS ${idl}
+    VERBATIM)
+endfunction()

@@ -1,0 +1,21 @@
+# What both Windows toolchains share. Set before: QUORVEL_WINDOWS_ARCHITECTURE (x64 or x86) and QUORVEL_WINDOWS_TRIPLE.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_CXX_COMPILER ${QUORVEL_WINDOWS_TRIPLE}-g++-posix)
+set(CMAKE_RC_COMPILER ${QUORVEL_WINDOWS_TRIPLE}-windres)
+
+# One file to register, nothing of the compiler's beside it.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
+
+execute_process(
+  COMMAND ${CMAKE_CURRENT_LIST_DIR}/../scripts/windows-libraries --where ${QUORVEL_WINDOWS_ARCHITECTURE}
+  OUTPUT_VARIABLE libraries OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+if(NOT EXISTS ${libraries}/sqlite OR NOT EXISTS ${libraries}/fmt)
+  message(FATAL_ERROR "Run scripts/windows-libraries ${QUORVEL_WINDOWS_ARCHITECTURE} first: it builds the libraries.")
+endif()
+set(CMAKE_FIND_ROOT_PATH
+  /usr/${QUORVEL_WINDOWS_TRIPLE} ${libraries}/sqlite ${libraries}/fmt ${libraries}/wx)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "platform/com/Dispatch.h"
+#include "platform/com/Variant.h"
+
+namespace quorvel::com {
+
+/// The arguments of one call by name, put in the member's order and converted to its types. What needs no conversion
+/// is borrowed from the caller.
+class Arguments {
+ public:
+  /// The longest list of parameters that a member may have.
+  static constexpr std::size_t kMaximum = 4;
+
+  /// On failure `argumentInError` (may be null) is the position in the caller's own array.
+  HRESULT Take(const Member& member, const DISPPARAMS& given, LCID locale, UINT* argumentInError) noexcept;
+
+  [[nodiscard]] VARIANT* Values() noexcept { return m_values.data(); }
+
+ private:
+  /// Finds for each parameter the caller's argument: a position in the caller's array, or none.
+  HRESULT Match(const Member& member, const DISPPARAMS& given, UINT* argumentInError) noexcept;
+  HRESULT Convert(const VARIANT& given, const ArgumentType& wanted, LCID locale, std::size_t position) noexcept;
+  HRESULT ConvertObject(const VARIANT& given, const ArgumentType& wanted, std::size_t position) noexcept;
+  void SetDefault(const Parameter& parameter, const ArgumentType& wanted, std::size_t position) noexcept;
+
+  std::array<const VARIANT*, kMaximum> m_given{};
+  std::array<VARIANT, kMaximum> m_values{};
+  std::array<OwnedVariant, kMaximum> m_converted;
+};
+
+}  // namespace quorvel::com

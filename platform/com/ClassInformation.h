@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/com/Com.h"
+
+#ifdef _WIN32
+
+#include <ocidl.h>
+
+#include "platform/com/TypeLibrary.h"
+
+namespace quorvel::com {
+
+/// What tells scripts and designers the class of an object. Its IUnknown is that of the object it is a part of.
+class ClassInformation : public IProvideClassInfo {
+ public:
+  explicit ClassInformation(REFCLSID classId) noexcept : m_classId(classId) {}
+
+  HRESULT QUORVEL_CALL GetClassInfo(ITypeInfo** info) noexcept override {
+    if (info == nullptr) return E_POINTER;
+    *info = nullptr;
+    return TypeInfoOf(m_classId, info);
+  }
+
+ protected:
+  ~ClassInformation() = default;
+  /// The part with that interface, or null.
+  void* Find(REFIID riid) noexcept {
+    return riid == IID_IProvideClassInfo ? static_cast<IProvideClassInfo*>(this) : nullptr;
+  }
+
+ private:
+  const GUID& m_classId;
+};
+
+}  // namespace quorvel::com
+
+#else
+
+namespace quorvel::com {
+
+/// Elsewhere there is no type information.
+class ClassInformation {
+ public:
+  explicit ClassInformation(REFCLSID /*classId*/) noexcept {}
+
+ protected:
+  static void* Find(REFIID /*riid*/) noexcept { return nullptr; }
+};
+
+}  // namespace quorvel::com
+
+#endif

@@ -1,0 +1,36 @@
+#include "platform/com/Date.h"
+
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+
+#include "platform/Error.h"
+
+namespace quorvel::com {
+namespace {
+
+constexpr std::int64_t kDay = 86'400'000;   // milliseconds
+constexpr double kFirstDay = -657434;       // 0100-01-01
+constexpr double kBehindLastDay = 2958466;  // 10000-01-01
+
+}  // namespace
+
+DATE ToDate(DateTime value) {
+  const std::int64_t passed = (value - kZeroDate).count();
+  const std::int64_t day = passed >= 0 ? passed / kDay : -((-passed + kDay - 1) / kDay);
+  const double fraction = static_cast<double>(passed - day * kDay) / static_cast<double>(kDay);
+  const auto whole = static_cast<double>(day);
+  if (whole < kFirstDay || whole >= kBehindLastDay) ThrowOverflow();
+  // The time of day counts forwards on days before the first one, too.
+  return whole >= 0 ? whole + fraction : whole - fraction;
+}
+
+DateTime FromDate(DATE date) {
+  if (!(date > kFirstDay - 1 && date < kBehindLastDay)) ThrowOverflow();
+  const double whole = std::trunc(date);
+  const double fraction = std::abs(date - whole);
+  return kZeroDate + std::chrono::milliseconds(static_cast<std::int64_t>(whole) * kDay +
+                                               std::llround(fraction * static_cast<double>(kDay)));
+}
+
+}  // namespace quorvel::com

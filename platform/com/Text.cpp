@@ -1,0 +1,69 @@
+#include "platform/com/Text.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+#include "platform/Utf.h"
+
+namespace quorvel::com {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kFirstOfTwo = 0x10000;
+
+BSTR Allocate(std::size_t length) {
+  if (length > static_cast<std::size_t>(std::numeric_limits<INT>::max())) throw std::bad_alloc();
+  BSTR text = SysAllocStringLen(nullptr, static_cast<UINT>(length));
+  if (text == nullptr) throw std::bad_alloc();
+  return text;
+}
+
+char32_t TakeCharacter(std::string_view text, std::size_t& position) noexcept {
+  const char32_t taken = utf::Take(text, position);
+  return utf::IsCharacter(taken) ? taken : kReplacement;
+}
+
+std::size_t CountUnits(std::string_view text) noexcept {
+  std::size_t units = 0;
+  for (std::size_t position = 0; position < text.size();) units += TakeCharacter(text, position) < kFirstOfTwo ? 1 : 2;
+  return units;
+}
+
+void Widen(std::string_view text, OLECHAR* target) noexcept {
+  for (std::size_t position = 0; position < text.size();) {
+    const char32_t character = TakeCharacter(text, position);
+    if (character < kFirstOfTwo) {
+      *target++ = static_cast<OLECHAR>(character);
+    } else {
+      *target++ = static_cast<OLECHAR>(0xD800 + ((character - kFirstOfTwo) >> 10));
+      *target++ = static_cast<OLECHAR>(0xDC00 + ((character - kFirstOfTwo) & 0x3FF));
+    }
+  }
+}
+
+}  // namespace
+
+BSTR ToBstr(std::string_view text) {
+  // Most texts are plain, and then every byte is a character.
+  const bool plain = std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  const BSTR wide = Allocate(plain ? text.size() : CountUnits(text));
+  if (plain) {
+    std::ranges::transform(text, wide, [](char c) { return static_cast<OLECHAR>(c); });
+  } else {
+    Widen(text, wide);
+  }
+  return wide;
+}
+
+std::string FromBstr(BSTR text) { return FromWide(Name(text, SysStringLen(text))); }
+
+std::string FromWide(Name text) {
+  std::string narrow;
+  narrow.reserve(text.size());
+  // Both are UTF-16 units; only their names differ between the platforms.
+  utf::AppendUtf8(narrow, {reinterpret_cast<const char16_t*>(text.data()), text.size()});
+  return narrow;
+}
+
+}  // namespace quorvel::com

@@ -1,0 +1,61 @@
+#include "platform/OperatingSystem.h"
+
+#include <pwd.h>
+#include <syslog.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <vector>
+
+#include "platform/Environment.h"
+
+namespace quorvel::os {
+
+std::optional<std::string> Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
+}
+
+std::string LogonName() {
+  std::vector<char> buffer(1024);
+  passwd entry{};
+  passwd* found = nullptr;
+  while (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) == ERANGE) {
+    buffer.resize(buffer.size() * 2);
+  }
+  return found != nullptr ? found->pw_name : "";
+}
+
+/// The log belongs to the whole process: its name for the process stays, so the source stands in the text.
+void WriteWarning(std::string_view message) {
+  std::string line(kApplicationName);
+  line.append(": ").append(message);
+  // An entry is one line; a daemon would show line breaks as octal codes.
+  std::ranges::replace_if(
+      line, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  ::syslog(LOG_USER | LOG_WARNING, "%s", line.c_str());
+}
+
+DateTime LocalNow() {
+  const auto now = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
+  const auto wholeSeconds = std::chrono::floor<std::chrono::seconds>(now);
+  const std::time_t seconds = wholeSeconds.time_since_epoch().count();
+  std::tm local{};
+  ::localtime_r(&seconds, &local);
+  const auto date = std::chrono::year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday;
+  return std::chrono::local_days(date) + std::chrono::hours(local.tm_hour) + std::chrono::minutes(local.tm_min) +
+         std::chrono::seconds(local.tm_sec) + (now - wholeSeconds);
+}
+
+std::string Explain(const std::error_code& error) { return error.message(); }
+
+bool IsOutOfSpace(const std::error_code& error) {
+  return error.value() == ENOSPC || error.value() == EDQUOT || error.value() == EFBIG;
+}
+
+std::filesystem::path PathOf(std::string_view name) { return name; }
+
+}  // namespace quorvel::os

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "platform/Error.h"
+#include "platform/com/Enumerator.h"
+#include "runtime/published/Interfaces.h"
+
+namespace quorvel::published {
+
+/// An enumerator over the runtime objects that `objects(*owner)` gives at each moment; it keeps the owner, which may
+/// meanwhile have been replaced where it came from. Error 91 without an owner.
+template <typename Owner, typename Objects>
+[[nodiscard]] IUnknown* EnumerateObjects(std::shared_ptr<Owner> owner, Objects objects) {
+  if (!owner) ThrowObjectNotSet();
+  return com::MakeEnumerator({[owner, objects] { return std::invoke(objects, *owner).size(); },
+                              [owner, objects](std::size_t position) -> IDispatch* {
+                                return Publish(std::invoke(objects, *owner)[position]);
+                              }});
+}
+
+}  // namespace quorvel::published

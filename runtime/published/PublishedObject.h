@@ -1,0 +1,177 @@
+#pragma once
+
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "platform/DateTime.h"
+#include "platform/Environment.h"
+#include "platform/Error.h"
+#include "platform/Value.h"
+#include "platform/com/ClassInformation.h"
+#include "platform/com/Date.h"
+#include "platform/com/Dispatch.h"
+#include "platform/com/ErrorInfo.h"
+#include "platform/com/Object.h"
+#include "platform/com/Pointer.h"
+#include "platform/com/Text.h"
+#include "platform/com/TypeLibrary.h"
+#include "platform/com/Variant.h"
+#include "runtime/published/Classes.h"
+#include "runtime/published/Interfaces.h"
+
+namespace quorvel::published {
+
+/// What the runtime gives, as the boundary carries it.
+[[nodiscard]] inline LONG ToHost(std::int32_t number) { return number; }
+[[nodiscard]] inline VARIANT_BOOL ToHost(bool flag) { return flag ? VARIANT_TRUE : VARIANT_FALSE; }
+[[nodiscard]] inline BSTR ToHost(const std::string& text) { return com::ToBstr(text); }
+[[nodiscard]] inline DATE ToHost(DateTime date) { return com::ToDate(date); }
+[[nodiscard]] inline IUnknown* ToHost(IUnknown* object) { return object; }
+template <typename Object>
+[[nodiscard]] auto ToHost(const std::shared_ptr<Object>& object) {
+  return Publish(object);
+}
+
+/// What a host passed by reference. Error E_POINTER when it passed nothing.
+template <typename T>
+[[nodiscard]] T& Required(T* argument) {
+  if (argument == nullptr) {
+    throw Error(E_POINTER, std::string(kApplicationName),
+                "A null pointer was passed where a value by reference belongs");
+  }
+  return *argument;
+}
+
+/// The position or key that a host passed to look something up. What cannot be one finds nothing, as NULL does.
+[[nodiscard]] inline Value IndexOf(const VARIANT& indexKey) noexcept {
+  try {
+    return com::ToValue(indexKey);
+  } catch (...) {
+    return Null{};
+  }
+}
+
+// Interfaces have no destructor; objects are deleted by their own Release only.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+/// The common part of the four published classes: IUnknown, IDispatch over the class's member table, and what every
+/// operation does around its one line, which gets the runtime object. It stands for one runtime object and is the only
+/// one that does.
+///
+/// Released on the thread that made it. Asked for its own class identifier, which no interface has, it
+/// gives itself: that is how an object of this component is told from any other.
+template <typename Interface, typename Object>
+class PublishedObject : public Interface, public ISupportErrorInfo, public com::ClassInformation {
+ public:
+  PublishedObject(const PublishedClass& description, std::shared_ptr<Object> object) noexcept
+      : com::ClassInformation(description.classId), m_class(description), m_object(std::move(object)) {
+    m_object->SetPublished(this);
+  }
+  PublishedObject(const PublishedObject&) = delete;
+  PublishedObject& operator=(const PublishedObject&) = delete;
+  virtual ~PublishedObject() { m_object->SetPublished(nullptr); }
+
+  using Base = PublishedObject;
+
+  [[nodiscard]] const std::shared_ptr<Object>& RuntimeObject() const noexcept { return m_object; }
+
+  HRESULT QUORVEL_CALL QueryInterface(REFIID riid, void** object) noexcept override {
+    if (object == nullptr) return E_POINTER;
+    *object = Find(riid);
+    if (*object == nullptr) return E_NOINTERFACE;
+    m_references.Add();
+    return S_OK;
+  }
+  ULONG QUORVEL_CALL AddRef() noexcept override { return m_references.Add(); }
+  ULONG QUORVEL_CALL Release() noexcept override {
+    const ULONG left = m_references.Remove();
+    if (left == 0) delete this;
+    return left;
+  }
+
+  HRESULT QUORVEL_CALL GetTypeInfoCount(UINT* count) noexcept override {
+    if (count == nullptr) return E_POINTER;
+    *count = com::TypeInfoCount();
+    return S_OK;
+  }
+  HRESULT QUORVEL_CALL GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** info) noexcept override {
+    if (info == nullptr) return E_POINTER;
+    *info = nullptr;
+    return index == 0 ? com::TypeInfoOf(m_class.interfaceId, info) : DISP_E_BADINDEX;
+  }
+  HRESULT QUORVEL_CALL GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID /*locale*/,
+                                     DISPID* ids) noexcept override {
+    return com::FindNames(m_class.members, riid, names, count, ids);
+  }
+  HRESULT QUORVEL_CALL Invoke(DISPID member, REFIID riid, LCID locale, WORD flags, DISPPARAMS* arguments,
+                              VARIANT* result, EXCEPINFO* exception, UINT* argumentInError) noexcept override {
+    return com::InvokeMember(*this, m_class.members, member, riid, locale, flags, arguments, result, exception,
+                             argumentInError);
+  }
+
+  HRESULT QUORVEL_CALL InterfaceSupportsErrorInfo(REFIID riid) noexcept override {
+    return riid == m_class.interfaceId ? S_OK : S_FALSE;
+  }
+
+ protected:
+  /// The body of an operation that delivers what `read` returns.
+  template <typename Result, typename Read>
+  [[nodiscard]] HRESULT Deliver(Result* result, Read read) const noexcept {
+    if (result == nullptr) return E_POINTER;
+    *result = {};
+    return com::Guarded(m_class.interfaceId,
+                        [&] { *result = static_cast<Result>(ToHost(std::invoke(read, *m_object))); });
+  }
+  /// The body of an operation without result.
+  template <typename Work>
+  [[nodiscard]] HRESULT Perform(Work work) const noexcept {
+    return com::Guarded(m_class.interfaceId, [&] { std::invoke(work, *m_object); });
+  }
+
+ private:
+  void* Find(REFIID riid) noexcept {
+    if (riid == IID_IUnknown || riid == IID_IDispatch || riid == m_class.interfaceId)
+      return static_cast<Interface*>(this);
+    if (riid == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
+    if (riid == m_class.classId) return this;
+    return com::ClassInformation::Find(riid);
+  }
+
+  com::ServerLock m_lock;
+  com::ReferenceCount m_references;
+  const PublishedClass& m_class;
+  std::shared_ptr<Object> m_object;
+};
+
+#pragma GCC diagnostic pop
+
+/// The published object for a runtime object, made where there is none yet.
+template <typename Class, typename Object>
+[[nodiscard]] Class* PublishAs(const PublishedClass& description, const std::shared_ptr<Object>& object) {
+  if (!object) return nullptr;
+  if (object->Published() == nullptr) return new Class(description, object);
+  auto* published = static_cast<typename Class::Base*>(object->Published());
+  published->AddRef();
+  return static_cast<Class*>(published);
+}
+
+/// The runtime object behind a host's object of the class; error 13 for any other object.
+template <typename Class, typename Object>
+[[nodiscard]] std::shared_ptr<Object> UnpublishAs(const PublishedClass& description, IUnknown* object) {
+  if (object == nullptr) return nullptr;
+  const auto own = com::Query<typename Class::Base>(object, description.classId);
+  if (own) return own->RuntimeObject();
+  throw Error(
+      ErrorNumber::TypeMismatch, std::string(kApplicationName),
+      fmt::format("This object is no {0} of this component, or it belongs to another thread: pass a {0} that the "
+                  "component gave",
+                  com::FromWide(description.name)));
+}
+
+}  // namespace quorvel::published

@@ -1,0 +1,62 @@
+#include <quorvel/quorvel.h>
+
+#include <algorithm>
+#include <string>
+
+#include "platform/Text.h"
+#include "platform/com/ErrorInfo.h"
+#include "platform/com/Pointer.h"
+#include "platform/com/Text.h"
+#include "platform/com/ThreadErrors.h"
+#include "runtime/published/ClassObjects.h"
+#include "runtime/published/Classes.h"
+
+#define QUORVEL_EXPORT __attribute__((visibility("default")))
+
+namespace quorvel::published {
+namespace {
+
+HRESULT ThreadErrorsObject(REFIID riid, void** object) noexcept {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  try {
+    // Not guarded as operations are: that would take away the error that the caller comes for.
+    return com::Pointer<IThreadErrors>(com::MakeThreadErrors())->QueryInterface(riid, object);
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
+}
+
+/// The class with the programmatic identifier `progId`; null when hosts may not create one.
+const PublishedClass* FindClass(LPCOLESTR progId) {
+  const std::string wanted = com::FromWide(progId);
+  const auto classes = Classes();
+  const auto found = std::ranges::find_if(classes, [&](const PublishedClass& c) {
+    return c.create != nullptr && EqualIgnoringCase(wanted, com::FromWide(kLibraryName) + '.' + com::FromWide(c.name));
+  });
+  return found != classes.end() ? &*found : nullptr;
+}
+
+}  // namespace
+}  // namespace quorvel::published
+
+using namespace quorvel::published;
+
+extern "C" QUORVEL_EXPORT HRESULT DllGetClassObject(REFCLSID rclsid, REFIID riid, void** object) {
+  return rclsid == CLSID_ThreadErrors ? ThreadErrorsObject(riid, object) : ClassObject(rclsid, riid, object);
+}
+
+extern "C" QUORVEL_EXPORT HRESULT DllCanUnloadNow() { return CanUnload() ? S_OK : S_FALSE; }
+
+extern "C" QUORVEL_EXPORT HRESULT QuorvelCreate(LPCOLESTR progId, REFIID riid, void** object) {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  if (progId == nullptr) return E_INVALIDARG;
+  HRESULT result = S_OK;
+  const HRESULT created = quorvel::com::Guarded(riid, [&] {
+    const PublishedClass* found = FindClass(progId);
+    result = found != nullptr ? quorvel::com::Pointer<IDispatch>(found->create())->QueryInterface(riid, object)
+                              : CO_E_CLASSSTRING;
+  });
+  return FAILED(created) ? created : result;
+}
