@@ -5,7 +5,10 @@
 BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev
   libgtest-dev libgmock-dev libbenchmark-dev)
 # shellcheck disable=SC2034
-CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy shellcheck)
+CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy shellcheck pkgconf file)
+# shellcheck disable=SC2034
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine64 wine xvfb xauth
+  googletest dpkg-dev tcl)
 
 # step TEXT: says what comes next.
 step() { printf '\n== %s\n' "$*"; }

@@ -1,34 +1,58 @@
 #include <quorvel/quorvel.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <stdexcept>
 #include <string>
 
 using namespace Quorvel;
 
-/// A text that the component delivered; a path is the shortest way from UTF-16 to what std::cout takes.
+/// Frees a text of the component's and gives it in the program's own encoding; a path knows the way from UTF-16.
 std::string Take(BSTR text) {
   const std::filesystem::path path(std::basic_string<OLECHAR>(text, SysStringLen(text)));
   SysFreeString(text);
   return path.string();
 }
 
-/// Throws what the component says of a call that failed.
+/// Ends the program with what the component says of a call that failed.
 void Check(HRESULT result) {
   if (SUCCEEDED(result)) return;
   IErrorInfo* error = nullptr;
   BSTR description = nullptr;
   if (GetErrorInfo(0, &error) == S_OK) error->GetDescription(&description);
-  throw std::runtime_error("error " + std::to_string(result) + ": " + Take(description));
+  std::cerr << "error " << result << ": " << Take(description) << '\n';
+  std::exit(1);
 }
 
-int main() try {
+int main() {
+#ifdef _WIN32
+  CoInitialize(nullptr);
+#endif
   _RemarkContext* context = nullptr;
   Check(QuorvelCreate(OLESTR("Quorvel.RemarkContext"), IID__RemarkContext, reinterpret_cast<void**>(&context)));
-  Check(context->Load(SysAllocString(OLESTR("CustMaint")), SysAllocString(OLESTR("C1044")), SysAllocString(OLESTR("jsmith"))));
-  return 0;
-} catch (const std::exception& error) {
-  std::cerr << error.what() << '\n';
-  return 1;
+  BSTR place = SysAllocString(OLESTR("CustMaint"));
+  BSTR owner = SysAllocString(OLESTR("C1044"));
+  BSTR user = SysAllocString(OLESTR("jsmith"));
+  Check(context->Load(place, owner, user));
+  for (BSTR text : {place, owner, user}) SysFreeString(text);
+
+  _RemarkList* list = nullptr;
+  LONG count = 0;
+  Check(context->get_RemarkList(&list));
+  Check(list->get_Count(&count));
+  VARIANT index;
+  VariantInit(&index);
+  index.vt = VT_I4;
+  for (index.lVal = 1; index.lVal <= count; ++index.lVal) {
+    _Remark* remark = nullptr;
+    BSTR caption = nullptr, text = nullptr;
+    Check(list->get_Item(&index, &remark));
+    Check(remark->get_TypeCaption(&caption));
+    Check(remark->get_MemoText(&text));
+    std::cout << Take(caption) << ": " << Take(text) << '\n';
+    remark->Release();
+  }
+  list->Release();
+  Check(context->Dispose());
+  context->Release();
 }

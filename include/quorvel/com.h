@@ -14,6 +14,7 @@
 #include <oaidl.h>
 #include <oleauto.h>
 #define QUORVEL_CALL STDMETHODCALLTYPE
+namespace Quorvel {}
 
 #else
 

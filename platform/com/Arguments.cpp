@@ -19,6 +19,8 @@ bool IsOmitted(const VARIANT* value) noexcept {
 
 HRESULT Arguments::Match(const Member& member, const DISPPARAMS& given, UINT* argumentInError) noexcept {
   const std::size_t count = member.parameters.size();
+  if (given.cArgs > 0 && given.rgvarg == nullptr) return E_POINTER;
+  if (given.cNamedArgs > 0 && given.rgdispidNamedArgs == nullptr) return E_POINTER;
   if (given.cNamedArgs > given.cArgs || given.cArgs > count) return DISP_E_BADPARAMCOUNT;
   for (UINT index = 0; index < given.cNamedArgs; ++index) {
     const DISPID name = given.rgdispidNamedArgs[index];

@@ -10,6 +10,10 @@
 
 namespace quorvel::com {
 
+// The system's interfaces have no destructor.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
 /// What tells scripts and designers the class of an object. Its IUnknown is that of the object it is a part of.
 class ClassInformation : public IProvideClassInfo {
  public:
@@ -31,6 +35,8 @@ class ClassInformation : public IProvideClassInfo {
  private:
   const GUID& m_classId;
 };
+
+#pragma GCC diagnostic pop
 
 }  // namespace quorvel::com
 

@@ -29,8 +29,11 @@ DateTime FromDate(DATE date) {
   if (!(date > kFirstDay - 1 && date < kBehindLastDay)) ThrowOverflow();
   const double whole = std::trunc(date);
   const double fraction = std::abs(date - whole);
-  return kZeroDate + std::chrono::milliseconds(static_cast<std::int64_t>(whole) * kDay +
-                                               std::llround(fraction * static_cast<double>(kDay)));
+  const std::int64_t passed =
+      static_cast<std::int64_t>(whole) * kDay + std::llround(fraction * static_cast<double>(kDay));
+  // Rounding may lead out of the last day.
+  if (passed >= static_cast<std::int64_t>(kBehindLastDay) * kDay) ThrowOverflow();
+  return kZeroDate + std::chrono::milliseconds(passed);
 }
 
 }  // namespace quorvel::com

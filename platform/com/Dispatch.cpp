@@ -16,6 +16,7 @@ OLECHAR Fold(OLECHAR character) noexcept {
 }
 
 bool IsNamed(Name name, LPCOLESTR wanted) noexcept {
+  if (wanted == nullptr) return false;
   for (const OLECHAR character : name) {
     if (Fold(character) != Fold(*wanted)) return false;
     ++wanted;
@@ -38,6 +39,8 @@ bool Answers(const Member& member, WORD flags) noexcept {
   const auto kind = static_cast<WORD>(member.kind);
   // Callers by name do not know which properties take objects.
   if (member.kind == MemberKind::PutRef) return (flags & kAssignments) != 0;
+  // Some script engines ask for an enumerator as one calls a method.
+  if (member.id == DISPID_NEWENUM && (flags & DISPATCH_METHOD) != 0) return true;
   return (flags & kind) != 0;
 }
 

@@ -1,6 +1,7 @@
 #include "platform/com/Enumerator.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "platform/com/ErrorInfo.h"
@@ -66,7 +67,7 @@ HRESULT Enumerator::Skip(ULONG count) noexcept {
 HRESULT Enumerator::Clone(IEnumVARIANT** copy) noexcept {
   if (copy == nullptr) return E_POINTER;
   *copy = nullptr;
-  return Guarded(IID_IEnumVARIANT, [&] { *copy = new Enumerator(m_source, m_position); });
+  return Guarded(IID_IEnumVARIANT, [&] { *copy = std::make_unique<Enumerator>(m_source, m_position).release(); });
 }
 
 }  // namespace

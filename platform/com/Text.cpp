@@ -30,6 +30,14 @@ std::size_t CountUnits(std::string_view text) noexcept {
   return units;
 }
 
+/// Most texts are plain: every byte is a character. Looking at all bytes without stopping early is what the compiler
+/// can do many at a time.
+bool IsPlain(std::string_view text) noexcept {
+  unsigned char bits = 0;
+  for (const char c : text) bits |= static_cast<unsigned char>(c);
+  return bits < 0x80;
+}
+
 void Widen(std::string_view text, OLECHAR* target) noexcept {
   for (std::size_t position = 0; position < text.size();) {
     const char32_t character = TakeCharacter(text, position);
@@ -45,10 +53,9 @@ void Widen(std::string_view text, OLECHAR* target) noexcept {
 }  // namespace
 
 BSTR ToBstr(std::string_view text) {
-  // Most texts are plain, and then every byte is a character.
-  const bool plain = std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  const BSTR wide = Allocate(plain ? text.size() : CountUnits(text));
-  if (plain) {
+  const bool isPlain = IsPlain(text);
+  const BSTR wide = Allocate(isPlain ? text.size() : CountUnits(text));
+  if (isPlain) {
     std::ranges::transform(text, wide, [](char c) { return static_cast<OLECHAR>(c); });
   } else {
     Widen(text, wide);

@@ -72,7 +72,11 @@ Value FromUnsigned(ULONGLONG number) {
 }  // namespace
 
 VARIANT Borrow(const VARIANT& value) noexcept {
-  if (value.vt == (VT_BYREF | VT_VARIANT)) return value.pvarVal != nullptr ? Borrow(*value.pvarVal) : value;
+  constexpr VARTYPE kReference = VT_BYREF | VT_VARIANT;
+  // A reference to a value may lead to one more reference, but not to another of its own kind.
+  if (value.vt == kReference && value.pvarVal != nullptr && value.pvarVal->vt != kReference) {
+    return Borrow(*value.pvarVal);
+  }
   const std::size_t size = (value.vt & VT_BYREF) != 0 ? SizeOf(static_cast<VARTYPE>(value.vt & ~VT_BYREF)) : 0;
   if (size == 0 || value.byref == nullptr) return value;
   VARIANT plain;

@@ -17,9 +17,8 @@ const char kInThisModule = 0;
 
 std::wstring ModulePath() {
   HMODULE module = nullptr;
-  if (::GetModuleHandleExW(
-          GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-          reinterpret_cast<const wchar_t*>(&kInThisModule), &module) == 0) {
+  if (::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                           reinterpret_cast<const wchar_t*>(&kInThisModule), &module) == 0) {
     return {};
   }
   std::wstring path(MAX_PATH, L'\0');

@@ -1,21 +1,12 @@
 #include "platform/RegistryStore.h"
 
-#include <windows.h>
-
 #include <limits>
 
-#include "platform/UniqueHandle.h"
+#include "platform/windows/KeyHandle.h"
 #include "platform/windows/WideText.h"
 
 namespace quorvel::registry {
 namespace {
-
-struct KeyTraits {
-  using Type = HKEY;
-  static Type Invalid() noexcept { return nullptr; }
-  static void Close(Type key) noexcept { ::RegCloseKey(key); }
-};
-using KeyHandle = UniqueHandle<KeyTraits>;
 
 /// Query and set values, create and enumerate sub-keys, notify, create links.
 constexpr REGSAM kFullAccess = 63;

@@ -123,10 +123,11 @@ class PublishedObject : public Interface, public ISupportErrorInfo, public com::
   /// The body of an operation that delivers what `read` returns.
   template <typename Result, typename Read>
   [[nodiscard]] HRESULT Deliver(Result* result, Read read) const noexcept {
-    if (result == nullptr) return E_POINTER;
-    *result = {};
-    return com::Guarded(m_class.interfaceId,
-                        [&] { *result = static_cast<Result>(ToHost(std::invoke(read, *m_object))); });
+    return com::Guarded(m_class.interfaceId, [&] {
+      Result& target = Required(result);
+      target = {};
+      target = static_cast<Result>(ToHost(std::invoke(read, *m_object)));
+    });
   }
   /// The body of an operation without result.
   template <typename Work>

@@ -3,7 +3,8 @@
 namespace quorvel::com {
 
 HRESULT ChangeType(const VARIANT& value, VARTYPE type, LCID locale, VARIANT& target) noexcept {
-  return ::VariantChangeTypeEx(&target, &value, locale, VARIANT_ALPHABOOL, type);
+  // It does not change the value; MinGW's header has forgotten to say so.
+  return ::VariantChangeTypeEx(&target, const_cast<VARIANT*>(&value), locale, VARIANT_ALPHABOOL, type);
 }
 
 }  // namespace quorvel::com

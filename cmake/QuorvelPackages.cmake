@@ -1,0 +1,72 @@
+# What `cpack` makes of the installed components: one Debian package each.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_PACKAGE_CONTACT "Quorvel developers <quorvel@localhost>")
+# Each package has a description of its own; a common one would stand before it.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_COMPONENTS_ALL runtime development tools)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(controlFiles ${PROJECT_SOURCE_DIR}/packaging/debian)
+set(libraryPackage libquorvel${PROJECT_VERSION_MAJOR})
+
+# debian_documents(<component> <package>): what every package has in its folder of documents. Only packages have that
+# folder: a plain install, which names no component, leaves it out.
+function(debian_documents component package)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+  execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+    OUTPUT_FILE ${builtPackage}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES ${controlFiles}/copyright ${builtPackage}/changelog.gz
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package} COMPONENT ${component} EXCLUDE_FROM_ALL)
+endfunction()
+
+# settings_removal(<package> <other>): the script that removes the settings with the last of the two packages.
+function(settings_removal package other)
+  configure_file(${controlFiles}/postrm.in ${builtPackage}/${package}/postrm @ONLY)
+endfunction()
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${libraryPackage})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS tdsodbc)
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${PROJECT_DESCRIPTION}
+A component that a host program loads to show, add, change and delete remarks
+on one of its records. They are kept in the host's own database on a SQL
+Server, for which it takes an ODBC driver, or in a file.")
+settings_removal(${libraryPackage} quorvel)
+file(CONFIGURE OUTPUT ${builtPackage}/${libraryPackage}/shlibs @ONLY
+  CONTENT "libquorvel @PROJECT_VERSION_MAJOR@ @libraryPackage@ (>= @PROJECT_VERSION@)\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
+  ${builtPackage}/${libraryPackage}/shlibs ${builtPackage}/${libraryPackage}/postrm
+  ${controlFiles}/postinst ${controlFiles}/triggers)
+debian_documents(runtime ${libraryPackage})
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libquorvel-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${libraryPackage} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} - development files
+Headers, interface definition, an example, and what CMake and pkg-config need
+to build a host.")
+debian_documents(development libquorvel-dev)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/host-guide.md
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libquorvel-dev COMPONENT development EXCLUDE_FROM_ALL)
+install(FILES ${PROJECT_SOURCE_DIR}/host/example/remarks.cpp ${PROJECT_SOURCE_DIR}/host/example/CMakeLists.txt
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libquorvel-dev/examples COMPONENT development EXCLUDE_FROM_ALL)
+
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME quorvel)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION database)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS tdsodbc)
+set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${PROJECT_DESCRIPTION} - command line
+Sets the database up, finds out what stands between this machine and its
+remarks, lists and edits them.")
+settings_removal(quorvel ${libraryPackage})
+set(CPACK_DEBIAN_TOOLS_PACKAGE_CONTROL_EXTRA ${builtPackage}/quorvel/postrm)
+debian_documents(tools quorvel)
+
+include(CPack)

@@ -1,0 +1,39 @@
+#include "runtime/published/windows/ServerRegistration.h"
+
+#include <olectl.h>
+
+#include "platform/windows/ModulePath.h"
+#include "platform/windows/SystemRegistry.h"
+#include "platform/windows/WideText.h"
+#include "runtime/published/Registrar.h"
+
+namespace quorvel::published {
+namespace {
+
+using registry::Outcome;
+using Change = Outcome (*)(registry::Tree& machine, registry::Tree& user, const ServerFile& file);
+
+HRESULT ResultOf(Outcome outcome) noexcept {
+  if (outcome == Outcome::Done) return S_OK;
+  return outcome == Outcome::Denied ? E_ACCESSDENIED : SELFREG_E_CLASS;
+}
+
+HRESULT ChangeRegistration(Change change) noexcept {
+  try {
+    const std::wstring wide = os::ModulePath();
+    const ServerFile file{os::FromWide(wide), sizeof(void*) == 8};
+    // A path that does not come back from UTF-8 as it was would lead nowhere.
+    if (wide.empty() || os::ToWide(file.path) != wide) return SELFREG_E_CLASS;
+    return ResultOf(change(registry::MachineHive(), registry::UserHive(), file));
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
+}
+
+}  // namespace
+
+HRESULT RegisterServer() noexcept { return ChangeRegistration(Register); }
+
+HRESULT UnregisterServer() noexcept { return ChangeRegistration(Unregister); }
+
+}  // namespace quorvel::published

@@ -1,0 +1,72 @@
+#!/usr/bin/env bash
+# Makes the Debian packages and holds their files and their control fields against what they should be.
+# shellcheck source=tests/install/install-test.sh
+. "$(dirname "${BASH_SOURCE[0]}")/install-test.sh"
+
+# package NAME: its file.
+package() { printf '%s\n' "$made/$1_${version}_$(dpkg --print-architecture).deb"; }
+
+# files_of NAME: its files and links with their modes and owners, folders left out.
+files_of() { dpkg-deb -c "$(package "$1")" | sed -nE 's/^([^d]\S+ +\S+) .* \.(\/.*)$/\1 \2/p' | LC_ALL=C sort -k3; }
+
+# field NAME FIELD
+field() { dpkg-deb -f "$(package "$1")" "$2"; }
+
+# control_file NAME FILE
+control_file() { dpkg-deb -I "$(package "$1")" "$2"; }
+
+# documents NAME: what files_of shows of the files that every package has.
+documents() {
+  printf -- '-rw-r--r-- root/root /usr/share/doc/%s/%s\n' "$1" changelog.gz "$1" copyright
+}
+
+# packages_needed NAME: what it depends on, without versions.
+packages_needed() { field "$1" Depends | sed 's/ ([^)]*)//g; s/, /\n/g' | LC_ALL=C sort; }
+
+made=$scratch
+rm -rf "$made"
+mkdir -p "$made"
+cpack --config "$build/CPackConfig.cmake" -B "$made" >"$made/log" 2>&1 || fail "$(cat "$made/log")"
+
+major=${version%%.*}
+library=libquorvel$major
+lib=/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
+expect "The files of $library" "lrwxrwxrwx root/root $lib/libquorvel.so.$major -> libquorvel.so.$version
+-rw-r--r-- root/root $lib/libquorvel.so.$version
+$(documents "$library")" "$(files_of "$library")"
+expect "The files of libquorvel-dev" "-rw-r--r-- root/root /usr/include/quorvel/com.h
+-rw-r--r-- root/root /usr/include/quorvel/quorvel.h
+-rw-r--r-- root/root /usr/include/quorvel/quorvel.idl
+-rw-r--r-- root/root $lib/cmake/Quorvel/QuorvelConfig.cmake
+-rw-r--r-- root/root $lib/cmake/Quorvel/QuorvelConfigVersion.cmake
+-rw-r--r-- root/root $lib/cmake/Quorvel/QuorvelTargets-BUILD.cmake
+-rw-r--r-- root/root $lib/cmake/Quorvel/QuorvelTargets.cmake
+lrwxrwxrwx root/root $lib/libquorvel.so -> libquorvel.so.$major
+-rw-r--r-- root/root $lib/pkgconfig/quorvel.pc
+$(documents libquorvel-dev)
+-rw-r--r-- root/root /usr/share/doc/libquorvel-dev/examples/CMakeLists.txt
+-rw-r--r-- root/root /usr/share/doc/libquorvel-dev/examples/remarks.cpp
+-rw-r--r-- root/root /usr/share/doc/libquorvel-dev/host-guide.md" \
+  "$(files_of libquorvel-dev | sed -E 's/(QuorvelTargets-)[a-z]+\./\1BUILD./')"
+expect "The files of quorvel" "-rwxr-xr-x root/root /usr/bin/quorvel
+$(documents quorvel)" "$(files_of quorvel)"
+
+# Both link the same libraries, the command line not the component's.
+needed="libc6
+libfmt9
+libgcc-s1
+libodbc2
+libsqlite3-0
+libstdc++6"
+expect "What $library depends on" "$needed" "$(packages_needed "$library")"
+expect "What quorvel depends on" "$needed" "$(packages_needed quorvel)"
+expect "What libquorvel-dev depends on" "$library (= $version)" "$(field libquorvel-dev Depends)"
+for name in "$library" quorvel; do
+  expect "What $name recommends" tdsodbc "$(field "$name" Recommends)"
+  dpkg-deb -I "$(package "$name")" postrm | sh -n || fail "The postrm of $name is no shell script."
+done
+expect "What links the library depends on" "libquorvel $major $library (>= $version)" "$(control_file "$library" shlibs)"
+expect "The triggers" "activate-noawait ldconfig" "$(control_file "$library" triggers)"
+if control_file "$library" postinst | grep -v '^#' | grep ldconfig; then
+  fail "ldconfig is called beside its trigger."
+fi

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# settings-host.sh <build folder> <native quorvel>
+#
+# The four settings in the registry as the component finds them, seen through a script and the system's own tool: none
+# there yet, one of a wrong type, and a database whose path has letters and blanks of its own.
+set -euo pipefail
+
+build=$1 cli=$2
+scripts=$(dirname "$(readlink -f "$0")")
+# shellcheck source=tests/windows/hosts/host-environment.sh
+source "$(dirname "$(readlink -f "$0")")/host-environment.sh"
+failures=0
+
+# expect WHAT WANTED GOT
+expect() {
+  [[ $2 == "$3" ]] && return
+  printf '%s: expected\n%s\ngot\n%s\n' "$1" "$2" "$3" >&2
+  failures=$((failures + 1))
+}
+
+cd "$scripts"
+noServer='server <>
+load -2147467259 Quorvel.ODBC
+No database server is set. Set the server to the name of a SQL Server, or to "(embedded)" and the database to the path'\
+' of a database file.
+remarks 0'
+
+forget_settings
+expect "without settings" "$noServer" "$(run_script ShowSettings.vbs)"
+for value in Server Database UserId Password; do
+  expect "$value as it was created" REG_SZ "$(show_setting "$value" | sed 's/ *$//')"
+done
+
+set_setting Server 5 REG_DWORD
+set_setting UserId clerk
+log=$build/hosts/event.log
+# Wine keeps no event log; it tells what would be written.
+expect "with a number for the server" "$noServer" \
+  "$(WINEDEBUG=-all,warn+eventlog run_script ShowSettings.vbs 2>"$log")"
+expect "the number replaced" REG_SZ "$(show_setting Server | sed 's/ *$//')"
+expect "the others as they were" 'REG_SZ    clerk' "$(show_setting UserId)"
+expect "the warnings" 'L"Warning: Converted registry value to string: \r\nSoftware\\Tarnwick\\Server"' \
+  "$(sed -n 's/.*warn:eventlog:ReportEventW //p' "$log")"
+
+make_database "$build/hosts/Bemerkungen für Größe & Söhne"
+use_database "$databaseFolder/remarks.db"
+expect "a path with letters and blanks" 'server <(embedded)>
+load 0 
+
+remarks 7' "$(run_script ShowSettings.vbs)"
+
+exit $((failures > 0))

@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# inspect-dll.sh <DLL> <version> <machine> <prefix of the tools>
+#
+# What a host's machine needs of the file, read from outside: the four entry points by plain name and nothing else
+# exported, nothing imported but what every Windows has, addresses and data protected, the version and the type library
+# inside. <machine> is x64 or x86, <version> as in 5.0.1.
+set -euo pipefail
+export LC_ALL=C
+
+dll=$1 version=$2 machine=$3 tools=$4
+headers=$("$tools-objdump" -p "$dll")
+failures=0
+
+# expect WHAT WANTED GOT
+expect() {
+  [[ $2 == "$3" ]] && return
+  printf '%s: expected\n%s\ngot\n%s\n' "$1" "$2" "$3" >&2
+  failures=$((failures + 1))
+}
+
+expect "file format" "$([[ $machine == x64 ]] && echo pei-x86-64 || echo pei-i386)" \
+  "$(sed -n 's/.*file format //p' <<<"$headers")"
+
+expect exports 'DllCanUnloadNow
+DllGetClassObject
+DllRegisterServer
+DllUnregisterServer' \
+  "$(sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/s/^\t\[ *[0-9]*\] \(.*\)/\1/p' <<<"$headers" | sort)"
+
+system='advapi32 comctl32 comdlg32 gdi32 kernel32 msvcrt odbc32 ole32 oleacc oleaut32 rpcrt4 shell32 shlwapi user32
+  uxtheme version winspool.drv'
+foreign=
+for import in $(sed -n 's/^\tDLL Name: //p' <<<"$headers" | tr '[:upper:]' '[:lower:]' | sed 's/\.dll$//'); do
+  grep -qwF -- "$import" <<<"$system" || foreign+="$import "
+done
+expect "imports that not every Windows has" '' "$foreign"
+
+for flag in DYNAMIC_BASE NX_COMPAT $([[ $machine == x64 ]] && echo HIGH_ENTROPY_VA); do
+  grep -q "^[[:space:]]*$flag$" <<<"$headers" || expect "protection" "$flag" none
+done
+
+resources=$("$tools-windres" -J coff -i "$dll" -O rc)
+expect "type libraries" '1 "TYPELIB"' "$(grep TYPELIB <<<"$resources" | grep '^[0-9]')"
+expect "log messages" 1 "$(grep -c RT_MESSAGETABLE <<<"$resources")"
+# One line stands for all resources behind it.
+expect "languages" 'LANGUAGE 9, 1' "$(grep '^LANGUAGE' <<<"$resources" | sort -u)"
+expect "version" " FILEVERSION ${version//./, }, 0" "$(grep -o ' FILEVERSION.*' <<<"$resources")"
+for text in 'FileDescription", "Quorvel remarks' "FileVersion\", \"$version.0" 'InternalName", "Quorvel' \
+  'OriginalFilename", "Quorvel.dll' 'ProductName", "Quorvel'; do
+  grep -qF "\"$text\"" <<<"$resources" || expect "text of the version" "$text" "$(grep 'VALUE "' <<<"$resources")"
+done
+
+exit $((failures > 0))

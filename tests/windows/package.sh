@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# package.sh <build folder for x64> <build folder for x86>
+#
+# Packs both libraries, looks at what the archive holds, and registers and unregisters from it, unpacked where paths
+# have blanks and worse.
+set -euo pipefail
+
+here=$(dirname "$(readlink -f "$0")")
+build=$1 other=$2
+# shellcheck source=tests/windows/wine-environment.sh
+source "$here/wine-environment.sh"
+
+work=$build/package
+folder="$work/moved & unpacked"
+
+fail() {
+  printf '%s\n' "$*" >&2
+  exit 1
+}
+
+# expect WHAT WANTED GOT
+expect() { [[ $2 == "$3" ]] || fail "$(printf '%s: expected\n%s\ngot\n%s' "$1" "$2" "$3")"; }
+
+# in_archive COMMAND: runs a command file of the archive from another folder; prints what it says.
+in_archive() {
+  printf '@call "%s\\%s" /s\r\n' "$(windows_path "$folder")" "$1" >"$work/run.cmd"
+  (cd "$work" && timeout 120 wine cmd /c run.cmd </dev/null | tr -d '\r')
+}
+
+registered() { wine reg query 'HKLM\Software\Classes\Quorvel.RemarkContext' >/dev/null 2>&1; }
+
+rm -rf "$work"
+mkdir -p "$folder"
+"$here/../../scripts/windows-package" "$build" "$(readlink -f "$other")" "$work"
+(cd "$folder" && cmake -E tar xf "$work"/quorvel-*-windows.zip)
+expect "the archive" 'Quorvel.tlb
+README.txt
+include/quorvel/com.h
+include/quorvel/quorvel.h
+include/quorvel/quorvel.idl
+register.cmd
+schema/grants.sql
+schema/quorvel.sql
+schema/sample.sql
+unregister.cmd
+x64/Quorvel.dll
+x86/Quorvel.dll' "$(cd "$folder" && find . -type f -printf '%P\n' | LC_ALL=C sort)"
+expect "lines that do not end as Windows wants them" '' "$(grep -nv $'\r$' "$folder"/*.cmd "$folder/README.txt" || true)"
+for library in "x64 pei-x86-64" "x86 pei-i386"; do
+  objdump -f "$folder/${library% *}/Quorvel.dll" | grep -q "${library#* }" || fail "the archive has another library for ${library% *}"
+done
+
+# Wine has no 32-bit programs beside these 64-bit ones.
+x86='x86\Quorvel.dll: left out, since this Windows runs no programs of that kind.'
+expect "registering" 'x64\Quorvel.dll: registered.
+'"$x86"'
+
+Quorvel is registered for all users of this machine.
+Leave the files where they are: the registration names them.' "$(in_archive register.cmd)"
+expect "unregistering" 'x64\Quorvel.dll: unregistered.
+'"$x86" "$(in_archive unregister.cmd)"
+! registered || fail "something stayed registered"
+
+echo broken >"$folder/x64/Quorvel.dll"
+if said=$(in_archive register.cmd); then fail "a library that cannot be loaded was registered: $said"; fi
+expect "a library that cannot be loaded" 'x64\Quorvel.dll: NOT registered: the file cannot be loaded.
+'"$x86" "$said"
