@@ -16,7 +16,8 @@ struct WarningSink {
 };
 
 WarningSink& Sink() {
-  static WarningSink sink;
+  // Never destroyed: a host's own static objects may still use the component when the process ends.
+  static auto& sink = *new WarningSink();
   return sink;
 }
 

@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "platform/windows/ThreadSlot.h"
+#else
+#include <utility>
 #endif
 
 namespace quorvel {
@@ -23,8 +25,17 @@ template <typename State>
   if (slot.Get() == nullptr) slot.Put(std::make_unique<Holder>());
   return static_cast<Holder*>(slot.Get())->state;
 #else
-  thread_local State state;
-  return state;
+  // No destructor of its own: what hosts destroy after it at the end of the thread makes another, which stays.
+  thread_local State* state = nullptr;
+  struct End {
+    ~End() { delete std::exchange(state, nullptr); }
+  };
+  if (state == nullptr) {
+    state = new State();
+    thread_local const End end;
+    static_cast<void>(end);
+  }
+  return *state;
 #endif
 }
 

@@ -8,7 +8,8 @@ namespace quorvel {
 namespace {
 
 std::shared_ptr<Prompts>& Current() {
-  static std::shared_ptr<Prompts> current = std::make_shared<TerminalPrompts>();
+  // Never destroyed: a host's own static objects may still save remarks when the process ends.
+  static auto& current = *new std::shared_ptr<Prompts>(std::make_shared<TerminalPrompts>());
   return current;
 }
 

@@ -25,8 +25,9 @@ class UniqueHandle {
   explicit operator bool() const noexcept { return m_handle != Traits::Invalid(); }
   [[nodiscard]] Type Release() noexcept { return std::exchange(m_handle, Traits::Invalid()); }
   void Reset(Type handle = Traits::Invalid()) noexcept {
-    if (m_handle != Traits::Invalid()) Traits::Close(m_handle);
-    m_handle = handle;
+    // Forgotten before it is closed: what closing calls may come back here.
+    const Type closing = std::exchange(m_handle, handle);
+    if (closing != Traits::Invalid()) Traits::Close(closing);
   }
   /// For functions that return a handle through a pointer; whatever was held is closed first.
   [[nodiscard]] Type* Put() noexcept {

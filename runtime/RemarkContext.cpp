@@ -123,7 +123,7 @@ void RemarkContext::ViewManager(std::int32_t i_lModal) {
   CurrentRemarkWindows("RemarkContext.ViewManager").ViewManager(i_lModal);
 }
 
-void RemarkContext::Dispose() noexcept {
+void RemarkContext::Dispose() {
   // The types may hold the last references to this object.
   const auto keepAlive = weak_from_this().lock();
   if (m_remarkList) m_remarkList->Clear(true);

@@ -90,8 +90,9 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   void EditMemos(bool i_bRefresh = false);
   void ViewManager(std::int32_t i_lModal = 0);
 
-  /// Forgets remarks and types, saving nothing. A new Load makes the object usable again.
-  void Dispose() noexcept;
+  /// Forgets remarks and types, saving nothing. A new Load makes the object usable again. std::bad_alloc, with nothing
+  /// forgotten, when there is no memory left for that.
+  void Dispose();
 
  private:
   void LoadContext();

@@ -32,8 +32,7 @@ std::shared_ptr<Remark> RemarkList::Item(const Value& i_vIndexKey) const noexcep
   try {
     const std::int32_t position = ToInt32(i_vIndexKey);
     if (IsPosition(position, *m_items)) return (*m_items)[static_cast<std::size_t>(position) - 1];
-  } catch (const Error&) {
-    // An index that is no number finds no remark.
+  } catch (...) {  // NOLINT(bugprone-empty-catch): an index that is no number finds no remark
   }
   return nullptr;
 }
@@ -100,9 +99,10 @@ void RemarkList::Remove(const Value& i_vIndexKey) {
   m_items->erase(item);
 }
 
-void RemarkList::Clear(bool i_bRecreateCollection) noexcept {
-  m_items = i_bRecreateCollection ? std::make_shared<Collection>() : nullptr;
+void RemarkList::Clear(bool i_bRecreateCollection) {
+  auto items = i_bRecreateCollection ? std::make_shared<Collection>() : nullptr;
   m_deleted = i_bRecreateCollection ? std::make_shared<Collection>() : nullptr;
+  m_items = std::move(items);
 }
 
 }  // namespace quorvel

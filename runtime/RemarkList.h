@@ -50,8 +50,9 @@ class RemarkList : public Publishable {
   /// position out of range, 5 for a text, 13 or 94 for what is no number, 91 without collections; then nothing changes.
   void Remove(const Value& i_vIndexKey);
 
-  /// Forgets items and removed remarks without writing; with false the list is left without collections.
-  void Clear(bool i_bRecreateCollection = true) noexcept;
+  /// Forgets items and removed remarks without writing; with false the list is left without collections, and nothing is
+  /// thrown. Otherwise std::bad_alloc, and nothing is forgotten.
+  void Clear(bool i_bRecreateCollection = true);
 
   /// The items, for walking over them in order; null when the list was left without collections. The collection
   /// is live and may be replaced by Clear and Restore.

@@ -16,8 +16,7 @@ std::shared_ptr<RemarkType> RemarkTypes::Item(const Value& indexKey) const noexc
   try {
     const std::int32_t position = ToInt32(indexKey);
     if (position >= 1 && position <= Count()) return m_types[static_cast<std::size_t>(position) - 1];
-  } catch (const Error&) {
-    // An index that is no number finds no type.
+  } catch (...) {  // NOLINT(bugprone-empty-catch): an index that is no number finds no type
   }
   return nullptr;
 }

@@ -9,7 +9,8 @@ namespace quorvel {
 namespace {
 
 std::shared_ptr<RemarkWindows>& WindowsInForce() {
-  static std::shared_ptr<RemarkWindows> windows;
+  // Never destroyed, as the prompts are not.
+  static auto& windows = *new std::shared_ptr<RemarkWindows>();
   return windows;
 }
 

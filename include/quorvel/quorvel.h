@@ -11,8 +11,9 @@
 ///  3. Errors of the component itself are -1. A number n of the language runtime (1 to 65535: 9 subscript out of range,
 ///     13 type mismatch, 91 object not set, 110 settings not writable) is 0x800A0000 + n. Numbers of the database are
 ///     what they are.
-///  4. Texts are BSTRs of UTF-16; null and empty mean the same; zeros inside are kept. A text that a member delivers
-///     is the caller's to free, one that is passed stays the caller's. Arguments by reference are not changed.
+///  4. Texts are BSTRs of UTF-16; null and empty mean the same; zeros inside are kept, half a surrogate pair becomes
+///     U+FFFD. A text that a member delivers is the caller's to free, one that is passed stays the caller's.
+///     Arguments by reference are not changed.
 ///  5. An object that a member delivers comes with a reference, which the caller releases; null where the component
 ///     has none. The same remark, type, list or context is always the same pointer while the host holds it.
 ///  6. Objects that are passed must come from this component; others are refused with an error that says so.
@@ -183,6 +184,7 @@ inline constexpr GUID CLSID_RemarkList{0xFC14C990, 0x34E1, 0x42C8, {0x82, 0x8E, 
 #include <objbase.h>
 /// COM must have been initialised on this thread, and the component registered.
 inline HRESULT QuorvelCreate(LPCOLESTR progId, REFIID riid, void** object) {
+  if (object == nullptr) return E_POINTER;
   *object = nullptr;
   CLSID classId;
   const HRESULT found = CLSIDFromProgID(progId, &classId);

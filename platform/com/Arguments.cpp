@@ -75,7 +75,7 @@ HRESULT Arguments::ConvertObject(const VARIANT& given, const ArgumentType& wante
   if (!isObject && given.vt != VT_NULL) return DISP_E_TYPEMISMATCH;
   if (isObject && given.punkVal != nullptr) {
     void* object = nullptr;
-    if (FAILED(given.punkVal->QueryInterface(*wanted.interfaceId, &object))) return DISP_E_TYPEMISMATCH;
+    if (FAILED(given.punkVal->QueryInterface(*wanted.interfaceId, &object))) return E_NOINTERFACE;
     converted.pdispVal = static_cast<IDispatch*>(object);
   }
   converted.vt = VT_DISPATCH;

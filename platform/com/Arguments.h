@@ -15,7 +15,8 @@ class Arguments {
   /// The longest list of parameters that a member may have.
   static constexpr std::size_t kMaximum = 4;
 
-  /// On failure `argumentInError` (may be null) is the position in the caller's own array.
+  /// On failure `argumentInError` (may be null) is the position in the caller's own array. E_NOINTERFACE for an object
+  /// of the wrong kind.
   HRESULT Take(const Member& member, const DISPPARAMS& given, LCID locale, UINT* argumentInError) noexcept;
 
   [[nodiscard]] VARIANT* Values() noexcept { return m_values.data(); }

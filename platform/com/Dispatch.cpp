@@ -1,7 +1,9 @@
 #include "platform/com/Dispatch.h"
 
 #include <algorithm>
+#include <string>
 
+#include "platform/Environment.h"
 #include "platform/Error.h"
 #include "platform/com/Arguments.h"
 #include "platform/com/ErrorInfo.h"
@@ -55,6 +57,12 @@ HRESULT Failed(HRESULT result, EXCEPINFO* exception) noexcept {
   return DISP_E_EXCEPTION;
 }
 
+[[noreturn]] void ThrowForeignObject() {
+  throw Error(ErrorNumber::TypeMismatch, std::string(kApplicationName),
+              "This object is of another kind than the call takes, or not of this component: pass one that the "
+              "component gave");
+}
+
 struct Call {
   IDispatch& object;
   const Member& member;
@@ -69,6 +77,7 @@ struct Call {
 HRESULT CallMember(const Call& call) noexcept {
   Arguments arguments;
   const HRESULT taken = arguments.Take(call.member, call.given, call.locale, call.argumentInError);
+  if (taken == E_NOINTERFACE) return Failed(Guarded(IID_IDispatch, ThrowForeignObject), call.exception);
   if (FAILED(taken)) return taken;
   OwnedVariant delivered;
   const HRESULT result = call.member.call(call.object, arguments.Values(), delivered.Get());

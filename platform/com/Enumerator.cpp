@@ -37,6 +37,7 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* values, ULONG* fetched) noexcept 
   if (fetched != nullptr) *fetched = 0;
   if (values == nullptr || (fetched == nullptr && count > 1)) return E_POINTER;
   ULONG done = 0;
+  const std::size_t begin = m_position;
   const HRESULT result = Guarded(IID_IEnumVARIANT, [&] {
     for (; done < count && Left() > 0; ++done) {
       IDispatch* object = m_source.at(m_position);
@@ -48,6 +49,7 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* values, ULONG* fetched) noexcept 
   });
   if (FAILED(result)) {
     while (done > 0) VariantClear(&values[--done]);
+    m_position = begin;
     return result;
   }
   if (fetched != nullptr) *fetched = done;

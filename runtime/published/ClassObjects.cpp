@@ -22,10 +22,6 @@ HRESULT ClassObject(REFCLSID classId, REFIID riid, void** object) noexcept {
   return FAILED(result) ? result : factory->QueryInterface(riid, object);
 }
 
-bool CanUnload() noexcept {
-  // An error that nobody took is nobody's object.
-  com::ClearError();
-  return com::ServerLock::None();
-}
+bool CanUnload() noexcept { return com::ServerLock::None(); }
 
 }  // namespace quorvel::published

@@ -48,10 +48,10 @@ template <typename T>
 }
 
 /// The position or key that a host passed to look something up. What cannot be one finds nothing, as NULL does.
-[[nodiscard]] inline Value IndexOf(const VARIANT& indexKey) noexcept {
+[[nodiscard]] inline Value IndexOf(const VARIANT& indexKey) {
   try {
     return com::ToValue(indexKey);
-  } catch (...) {
+  } catch (const Error&) {
     return Null{};
   }
 }
@@ -62,7 +62,7 @@ template <typename T>
 
 /// The common part of the four published classes: IUnknown, IDispatch over the class's member table, and what every
 /// operation does around its one line, which gets the runtime object. It stands for one runtime object and is the only
-/// one that does.
+/// one that does. An operation keeps the runtime object alive: what it calls may release the last reference to this one.
 ///
 /// Released on the thread that made it. Asked for its own class identifier, which no interface has, it
 /// gives itself: that is how an object of this component is told from any other.
@@ -123,16 +123,16 @@ class PublishedObject : public Interface, public ISupportErrorInfo, public com::
   /// The body of an operation that delivers what `read` returns.
   template <typename Result, typename Read>
   [[nodiscard]] HRESULT Deliver(Result* result, Read read) const noexcept {
-    return com::Guarded(m_class.interfaceId, [&] {
+    return com::Guarded(m_class.interfaceId, [&, object = m_object] {
       Result& target = Required(result);
       target = {};
-      target = static_cast<Result>(ToHost(std::invoke(read, *m_object)));
+      target = static_cast<Result>(ToHost(std::invoke(read, *object)));
     });
   }
   /// The body of an operation without result.
   template <typename Work>
   [[nodiscard]] HRESULT Perform(Work work) const noexcept {
-    return com::Guarded(m_class.interfaceId, [&] { std::invoke(work, *m_object); });
+    return com::Guarded(m_class.interfaceId, [&, object = m_object] { std::invoke(work, *object); });
   }
 
  private:
@@ -167,7 +167,8 @@ template <typename Class, typename Object>
 [[nodiscard]] std::shared_ptr<Object> UnpublishAs(const PublishedClass& description, IUnknown* object) {
   if (object == nullptr) return nullptr;
   const auto own = com::Query<typename Class::Base>(object, description.classId);
-  if (own) return own->RuntimeObject();
+  // An object that answers to everything is a stranger too, and ours answer to no empty identifier.
+  if (own && !com::Query<IUnknown>(object, IID_NULL)) return own->RuntimeObject();
   throw Error(
       ErrorNumber::TypeMismatch, std::string(kApplicationName),
       fmt::format("This object is no {0} of this component, or it belongs to another thread: pass a {0} that the "

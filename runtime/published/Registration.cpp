@@ -68,6 +68,16 @@ void AddInterface(std::vector<RegistryEntry>& entries, const PublishedClass& pub
       .Add("TypeLib", "Version", LibraryVersion());
 }
 
+/// Where the marshaller looks for the library: not every system's goes on to other languages than the neutral one.
+constexpr LCID kNeutralLocale = 0;
+
+RegistryEntry LibraryFileIn(LCID locale, const ServerFile& file) {
+  std::vector<RegistryEntry> entries;
+  const std::string below = fmt::format("{}\\{:x}\\{}", LibraryVersion(), locale, file.is64Bit ? "win64" : "win32");
+  Entries(entries, "TypeLib", TextOf(LIBID_Quorvel), false).Add(below, "", file.path);
+  return entries.front();
+}
+
 }  // namespace
 
 std::vector<RegistryEntry> ClassEntries(std::span<const PublishedClass> classes, const ServerFile& file) {
@@ -77,6 +87,7 @@ std::vector<RegistryEntry> ClassEntries(std::span<const PublishedClass> classes,
       .Add(LibraryVersion() + "\\FLAGS", "", "0")
       .Add(LibraryVersion() + "\\HELPDIR", "", FolderOf(file.path));
   entries.push_back(LibraryFileEntry(file));
+  entries.push_back(LibraryFileIn(kNeutralLocale, file));
   for (const PublishedClass& published : classes) {
     AddInterface(entries, published);
     if (published.create != nullptr) AddCreatableClass(entries, published, file);
@@ -84,13 +95,7 @@ std::vector<RegistryEntry> ClassEntries(std::span<const PublishedClass> classes,
   return entries;
 }
 
-RegistryEntry LibraryFileEntry(const ServerFile& file) {
-  std::vector<RegistryEntry> entries;
-  const std::string below =
-      fmt::format("{}\\{:x}\\{}", LibraryVersion(), kLibraryLocale, file.is64Bit ? "win64" : "win32");
-  Entries(entries, "TypeLib", TextOf(LIBID_Quorvel), false).Add(below, "", file.path);
-  return entries.front();
-}
+RegistryEntry LibraryFileEntry(const ServerFile& file) { return LibraryFileIn(kLibraryLocale, file); }
 
 RegistryEntry EventSourceEntry(const ServerFile& file) {
   return {std::string(kEventSources), com::FromWide(kLibraryName), "EventMessageFile", file.path, true};

@@ -170,6 +170,7 @@ void ExpectNames(IDispatch* object, const Operation& operation) {
     expected.push_back(static_cast<DISPID>(i));
   }
   std::vector<LPOLESTR> pointers;
+  pointers.reserve(names.size());
   for (WideText& name : names) pointers.push_back(name.data());
   std::vector<DISPID> ids(names.size());
   EXPECT_EQ(object->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(ids.size()), 0, ids.data()), S_OK)

@@ -115,8 +115,12 @@ TEST_F(Errors, NothingIsDeliveredAfterAFailure) {
     auto* remark = reinterpret_cast<_Remark*>(list.Get());
     EXPECT_EQ(list->Add(&remark), FromNumber(91));
     EXPECT_EQ(remark, nullptr);
-    const LateOutcome outcome = CallGet(list.Get(), u"Add");
-    EXPECT_EQ(outcome.value.Get().vt, VT_EMPTY);
+    for (const DISPID member : {IdOf(list.Get(), u"Add"), DISPID{99}}) {
+      VARIANT leftOver = AnyValue(LONG{1}).Get();
+      DISPPARAMS none{};
+      EXPECT_TRUE(FAILED(list->Invoke(member, IID_NULL, 0, DISPATCH_METHOD, &none, &leftOver, nullptr, nullptr)));
+      EXPECT_EQ(leftOver.vt, VT_EMPTY) << member;
+    }
   });
 }
 

@@ -1,3 +1,5 @@
+#include <vector>
+
 #include "tests/published/HostTest.h"
 
 // Each operation of each interface through its slot, with the answer that only that operation gives.
@@ -128,16 +130,26 @@ TEST_F(EverySlot, OfRemarkContextThatReads) {
     EXPECT_THAT(Read(object, &_RemarkContext::get_ConnectionString),
                 BeginsWith(u"Provider=SQLOLEDB.1;Data Source=(embedded); Initial Catalog="));
     EXPECT_EQ(Read(object, &_RemarkContext::get_Server), u"(embedded)");
-    // The first remark is one of Collections, on which all is granted; the last one of General.
-    VARIANT_BOOL granted = VARIANT_FALSE;
-    for (const auto right : {&_RemarkContext::CanUpdate, &_RemarkContext::CanDelete, &_RemarkContext::CanCreate}) {
-      EXPECT_EQ((object->*right)(1, &granted), S_OK);
-      EXPECT_EQ(granted, VARIANT_TRUE);
-      EXPECT_EQ((object->*right)(6, &granted), S_OK);
-      EXPECT_EQ(granted, right == &_RemarkContext::CanCreate ? VARIANT_TRUE : VARIANT_FALSE);
-      EXPECT_EQ((object->*right)(7, &granted), S_OK);
-      EXPECT_EQ(granted, VARIANT_FALSE);
-    }
+  });
+}
+
+TEST_F(EverySlot, OfRemarkContextThatTellsRights) {
+  Run([] {
+    // On the first remark, one of Credit, this user has every right but one; of the last one, General, there may only
+    // be new ones; and there is no fifth.
+    const LoadedContext context(u"CustMaint", u"C1044", u"mjones");
+    const auto granted = [&](HRESULT (_RemarkContext::*right)(LONG, VARIANT_BOOL*)) {
+      std::vector<VARIANT_BOOL> answers;
+      for (const LONG position : {1, 4, 5}) {
+        VARIANT_BOOL answer = 7;
+        EXPECT_EQ((context.Get()->*right)(position, &answer), S_OK);
+        answers.push_back(answer);
+      }
+      return answers;
+    };
+    EXPECT_THAT(granted(&_RemarkContext::CanUpdate), testing::ElementsAre(VARIANT_TRUE, VARIANT_FALSE, VARIANT_FALSE));
+    EXPECT_THAT(granted(&_RemarkContext::CanDelete), testing::Each(VARIANT_FALSE));
+    EXPECT_THAT(granted(&_RemarkContext::CanCreate), testing::ElementsAre(VARIANT_TRUE, VARIANT_TRUE, VARIANT_FALSE));
   });
 }
 

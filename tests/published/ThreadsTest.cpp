@@ -21,13 +21,14 @@ TEST_F(Threads, EachWithItsOwnContextWorkAtTheSameTime) {
       const LoadedContext context(u"OrderEntry", u"SO20001", u"admin");
       AnyValue type(u"Ord.Note");
       Text text(mine);
-      EXPECT_EQ(context->AddRemark(type.Pointer(), text.ByReference(), text.Get()), S_OK);
+      EXPECT_EQ(context->AddRemark(type.Pointer(), text.ByReference(), Text(mine).Get()), S_OK);
       EXPECT_EQ(context->Save(VARIANT_TRUE), S_OK) << testing::PrintToString(TakeError().description);
       EXPECT_EQ(context->Load(Text(mine).Get(), nullptr, nullptr), -1);
       EXPECT_EQ(TakeError().description, u"ContextID [" + mine + u"] not found");
     }
   };
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int number = 0; number < kThreads; ++number) threads.emplace_back(host, number);
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText LIKE 'thread %' AND MemoText = UserID"),

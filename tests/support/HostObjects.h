@@ -90,7 +90,7 @@ class AnyValue {
     m_value.pdispVal = object;
     if (object != nullptr) object->AddRef();
   }
-  AnyValue(const AnyValue& other) noexcept : AnyValue() { VariantCopy(&m_value, &other.m_value); }
+  AnyValue(const AnyValue& other) noexcept : AnyValue() { VariantCopy(&m_value, const_cast<VARIANT*>(&other.m_value)); }
   AnyValue(AnyValue&& other) noexcept : m_value(other.m_value) { VariantInit(&other.m_value); }
   AnyValue& operator=(AnyValue other) noexcept {
     std::swap(m_value, other.m_value);

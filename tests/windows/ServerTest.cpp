@@ -2,11 +2,10 @@
 #include <ocidl.h>
 #include <quorvel/quorvel.h>
 
-#include <cstdlib>
 #include <thread>
 
 #include "platform/UniqueHandle.h"
-#include "platform/windows/WideText.h"
+#include "tests/windows/TestFile.h"
 #include "tests/windows/TypeDescription.h"
 
 // Uses the library file named by QUORVEL_TEST_LIBRARY as the system does, without its being registered.
@@ -22,7 +21,7 @@ struct ModuleTraits {
 class ServerTest : public testing::Test {
  protected:
   void SetUp() override {
-    m_module.Reset(::LoadLibraryW(os::ToWide(std::getenv("QUORVEL_TEST_LIBRARY"))->c_str()));
+    m_module.Reset(::LoadLibraryW(LibraryFile().c_str()));
     ASSERT_TRUE(m_module);
   }
 
@@ -73,6 +72,7 @@ TEST_F(ServerTest, ThreadsThatAskAtOnceGetTheSameTypes) {
   std::vector<std::string> found(8);
   {
     std::vector<std::jthread> threads;
+    threads.reserve(found.size());
     for (std::string& name : found) {
       threads.emplace_back([this, &name] {
         const auto object = Create(CLSID_Remark);

@@ -16,9 +16,10 @@ mkdir -p "$work"
 cd "$work"
 dll=$(windows_path "$build/Quorvel.dll")
 folder=$(windows_path "$build")
-classes='HKLM\Software\Classes'
 library='TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1'
-eventSource='HKLM\System\CurrentControlSet\Services\EventLog\Application\Quorvel'
+machine='HKEY_LOCAL_MACHINE\Software\Classes'
+user='HKEY_CURRENT_USER\Software\Classes'
+eventSources='HKEY_LOCAL_MACHINE\System\CurrentControlSet\Services\EventLog\Application'
 
 fail() {
   printf '%s\n' "$*" >&2
@@ -28,11 +29,35 @@ fail() {
 register() { wine regsvr32 /s "$dll"; }
 unregister() { wine regsvr32 /s /u "$dll"; }
 
-# value KEY NAME: the text of a value; the empty name is the key's own. Nothing when there is none.
+# snapshot NAME: what the hives hold, in the files NAME.*; later questions go there, for every program takes its time.
+snapshot() {
+  now=$1
+  wine reg export "$machine" "$1.machine" /y >/dev/null
+  wine reg export "$user" "$1.user" /y >/dev/null
+  wine reg export "$eventSources" "$1.events" /y >/dev/null
+  for hive in machine user events; do iconv -f UTF-16 -t UTF-8 "$1.$hive" | tr -d '\r' >"$1.$hive.txt"; done
+}
+
+# expect_unchanged SNAPSHOT HIVE...
+expect_unchanged() {
+  local hive
+  for hive in "${@:2}"; do
+    diff "$1.$hive.txt" "$now.$hive.txt" || fail "$hive differs after \"$now\"; see above."
+  done
+}
+
+# value KEY NAME: the text of a value in the last snapshot; the empty name is the key's own. Nothing when there is none.
+# Keys ignore letter case.
 value() {
-  local name=(/ve)
-  [[ -z $2 ]] || name=(/v "$2")
-  wine reg query "$1" "${name[@]}" 2>/dev/null | tr -d '\r' | sed -n 's/^.*    REG_SZ    //p'
+  local name='@'
+  [[ -z $2 ]] || name="\"$2\""
+  key="[$1]" name="$name=\"" awk '
+    /^\[/ { inside = tolower($0) == tolower(ENVIRON["key"]) }
+    inside && index($0, ENVIRON["name"]) == 1 {
+      text = substr($0, length(ENVIRON["name"]) + 1, length($0) - length(ENVIRON["name"]) - 1)
+      gsub(/\\\\/, "\\", text)
+      print text
+    }' "$now".*.txt
 }
 
 # expect KEY NAME TEXT
@@ -42,21 +67,12 @@ expect() {
   [[ $text == "$3" ]] || fail "$1 [$2]: \"$text\" instead of \"$3\""
 }
 
-# snapshot NAME: what the hives hold, in the file NAME.
-snapshot() {
-  local hive=0 key
-  for key in 'HKLM\Software\Classes' 'HKCU\Software\Classes' \
-    'HKLM\System\CurrentControlSet\Services\EventLog\Application'; do
-    wine reg export "$key" "$1.$((++hive)).reg" /y >/dev/null || fail "$key could not be exported."
-  done
-  cat "$1".*.reg >"$1"
-}
-
-# expect_registered CLASSES DLL: what a host looks up to create a context or to read the types.
+# expect_registered CLASSES: what a host looks up to create a context or to read the types.
 expect_registered() {
   local at=$1 name id interface
   expect "$at\\$library" '' 'Quorvel remarks'
   expect "$at\\$library\\409\\win64" '' "$dll"
+  expect "$at\\$library\\0\\win64" '' "$dll"
   expect "$at\\$library\\FLAGS" '' 0
   expect "$at\\$library\\HELPDIR" '' "$folder"
   while read -r name id; do
@@ -87,46 +103,47 @@ INTERFACES
 
 # What other tests left, and the keys that many share and an unregistration leaves.
 unregister
-for key in CLSID Interface TypeLib; do wine reg add "HKCU\\Software\\Classes\\$key" /f >/dev/null; done
+for key in CLSID Interface TypeLib; do wine reg add "$user\\$key" /f >/dev/null; done
 snapshot before
 
 printf 'For the machine, twice\n'
 register || fail "regsvr32 could not register."
 register || fail "regsvr32 could not register again."
-expect_registered "$classes"
-expect 'HKCU\Software\Classes\Quorvel.Remark' '' ''
-expect "$eventSource" EventMessageFile "$dll"
+snapshot registered
+expect_registered "$machine"
+expect "$eventSources\\Quorvel" EventMessageFile "$dll"
+expect_unchanged before user
 unregister || fail "regsvr32 could not unregister."
-snapshot after
-cmp before after || fail "Something is left in the registry."
+snapshot unregistered
+expect_unchanged before machine user events
 
 printf 'Beside the other bitness, and with something foreign in a key of ours\n'
 register
-wine reg add "$classes\\$library\\409\\win32" /ve /d 'C:\Other\Quorvel.dll' /f >/dev/null
-wine reg add "$classes\\Quorvel.Remark" /v Foreign /d kept /f >/dev/null
+wine reg add "$machine\\$library\\409\\win32" /ve /d 'C:\Other\Quorvel.dll' /f >/dev/null
+wine reg add "$machine\\Quorvel.Remark" /v Foreign /d kept /f >/dev/null
 unregister || fail "regsvr32 could not unregister beside the other bitness."
-expect "$classes\\$library\\409\\win64" '' ''
-expect "$classes\\CLSID\\{8698FEEE-5589-45FA-8B93-90956F55C6A3}" '' ''
-expect "$classes\\Quorvel.RemarkContext\\CLSID" '' '{8698FEEE-5589-45FA-8B93-90956F55C6A3}'
-expect "$classes\\$library\\HELPDIR" '' 'C:\Other'
-expect "$eventSource" EventMessageFile 'C:\Other\Quorvel.dll'
-wine reg delete "$classes\\$library\\409\\win32" /f >/dev/null
+snapshot beside
+expect "$machine\\$library\\409\\win64" '' ''
+expect "$machine\\CLSID\\{8698FEEE-5589-45FA-8B93-90956F55C6A3}" '' ''
+expect "$machine\\Quorvel.RemarkContext\\CLSID" '' '{8698FEEE-5589-45FA-8B93-90956F55C6A3}'
+expect "$machine\\$library\\HELPDIR" '' 'C:\Other'
+expect "$eventSources\\Quorvel" EventMessageFile 'C:\Other\Quorvel.dll'
+wine reg delete "$machine\\$library\\409\\win32" /f >/dev/null
 unregister
-expect "$classes\\Quorvel.Remark" Foreign kept
-wine reg delete "$classes\\Quorvel.Remark" /f >/dev/null
-snapshot after
-cmp before after || fail "Something is left in the registry after the other bitness."
+snapshot alone
+expect "$machine\\Quorvel.Remark" Foreign kept
+wine reg delete "$machine\\Quorvel.Remark" /f >/dev/null
+snapshot afterwards
+expect_unchanged before machine user events
 
 printf 'For a user who may not write for the machine\n'
-denied='Software\Classes\Quorvel.RemarkContext'
-wine "$(windows_path "$build/deny_writing.exe")" "$denied" || fail "The key could not be closed."
-snapshot before
+wine reg add "$machine\\Quorvel.RemarkContext" /v Foreign /d kept /f >/dev/null
+wine "$(windows_path "$build/deny_writing.exe")" "${machine#*\\}\\Quorvel.RemarkContext" || fail "The key stays open."
+snapshot closed
 register || fail "regsvr32 could not register for the user."
-expect_registered 'HKCU\Software\Classes'
 snapshot denied
-cmp before.1.reg denied.1.reg ||
-  fail "What had been written for the machine before it was denied was not taken back."
+expect_registered "$user"
+expect_unchanged closed machine events
 ! unregister || fail "regsvr32 says that it has unregistered what it may not."
-snapshot after
-cmp before after || fail "Something is left of the user's registration."
-printf 'Everything as it should be\n'
+snapshot denied_unregistered
+expect_unchanged closed machine user events

@@ -3,14 +3,13 @@
 # machine of the build folder's own, which is made once; a script has it, and a screen nobody sees, for itself until it
 # ends.
 
-[[ -n ${QUORVEL_OWN_SCREEN:-} ]] || QUORVEL_OWN_SCREEN=yes exec xvfb-run -a bash "$0" "$@"
+# The lock is not handed on, or a program that a killed test left would keep it.
+[[ -n ${QUORVEL_OWN_SCREEN:-} ]] ||
+  QUORVEL_OWN_SCREEN=yes exec flock --close "$build/wine.lock" xvfb-run --auto-servernum bash "$0" "$@"
 
 build=$(readlink -f "$build")
 # Nothing else that Wine would ask for, say or leave on the desktop belongs to a test.
 export WINEPREFIX=$build/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe='
-
-exec {wineLock}>"$build/wine.lock"
-flock "$wineLock"
 
 # A path of this machine as Windows programs see it.
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }

@@ -159,6 +159,8 @@ void ObjectIdFunction(sqlite3_context* context, int /*count*/, sqlite3_value** v
                                                      nullptr, nullptr, nullptr) == SQLITE_OK) {
       look(fmt::format("SELECT rowid FROM {} WHERE Name = ?1", kProcedureTable));
     }
+  } catch (const std::bad_alloc&) {
+    sqlite3_result_error_nomem(context);
   } catch (const std::exception& error) {
     sqlite3_result_error(context, error.what(), -1);
   }

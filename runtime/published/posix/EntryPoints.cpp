@@ -46,7 +46,11 @@ extern "C" QUORVEL_EXPORT HRESULT DllGetClassObject(REFCLSID rclsid, REFIID riid
   return rclsid == CLSID_ThreadErrors ? ThreadErrorsObject(riid, object) : ClassObject(rclsid, riid, object);
 }
 
-extern "C" QUORVEL_EXPORT HRESULT DllCanUnloadNow() { return CanUnload() ? S_OK : S_FALSE; }
+extern "C" QUORVEL_EXPORT HRESULT DllCanUnloadNow() {
+  // An error that nobody took is nobody's object.
+  quorvel::com::ClearError();
+  return CanUnload() ? S_OK : S_FALSE;
+}
 
 extern "C" QUORVEL_EXPORT HRESULT QuorvelCreate(LPCOLESTR progId, REFIID riid, void** object) {
   if (object == nullptr) return E_POINTER;

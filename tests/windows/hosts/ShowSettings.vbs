@@ -2,8 +2,9 @@
 
 Dim context
 Set context = CreateObject("Quorvel.RemarkContext")
-WScript.Echo "server <" & context.Server & ">"
 On Error Resume Next
+WScript.Echo "server <" & context.Server & ">"
+Err.Clear
 context.Load "CustMaint", "C1044", "admin"
 WScript.Echo "load " & Err.Number & " " & Err.Source
 WScript.Echo Err.Description

@@ -12,7 +12,7 @@ mkdir -p "$build/hosts"
 settingsKey='HKLM\Software\Tarnwick'
 component=$(windows_path "$build/Quorvel.dll")
 
-native() { QUORVEL_REGISTRY=$databaseFolder/settings.reg "$cli" "$@"; }
+native() { QUORVEL_REGISTRY=$databaseFolder/settings.reg "${cli:?}" "$@"; }
 
 # A sample database in a new folder, for `native` too.
 make_database() {

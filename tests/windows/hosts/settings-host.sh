@@ -42,6 +42,14 @@ expect "the others as they were" 'REG_SZ    clerk' "$(show_setting UserId)"
 expect "the warnings" 'L"Warning: Converted registry value to string: \r\nSoftware\\Tarnwick\\Server"' \
   "$(sed -n 's/.*warn:eventlog:ReportEventW //p' "$log")"
 
+# Until the machine is started again nobody may write the settings.
+forget_settings
+wine "$build/deny_writing.exe" 'Software\Tarnwick'
+expect "settings that cannot be written" 'load 110 GetRegStringValue
+Could not read or create registry string value: Software\Tarnwick\Server
+remarks 0' "$(run_script ShowSettings.vbs)"
+end_wine
+
 make_database "$build/hosts/Bemerkungen für Größe & Söhne"
 use_database "$databaseFolder/remarks.db"
 expect "a path with letters and blanks" 'server <(embedded)>

@@ -1,0 +1,231 @@
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+#include "runtime/published/Registrar.h"
+#include "tests/published/MemoryRegistry.h"
+
+namespace quorvel::published {
+namespace {
+
+using registry::Outcome;
+using test::HiveContent;
+using test::MemoryRegistry;
+
+const ServerFile kFile64{R"(C:\Program Files\Host\x64\Quorvel.dll)", true};
+const ServerFile kFile32{R"(C:\Program Files\Host\x86\Quorvel.dll)", false};
+const std::string kEventSource = R"(SYSTEM\CurrentControlSet\Services\EventLog\Application\Quorvel)";
+const std::string kLibrary = R"(Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1)";
+
+/// One line for each text: key [name] = text.
+std::string Listing(const HiveContent& content) {
+  std::string listing;
+  for (const auto& [place, text] : content.texts) listing += place.first + " [" + place.second + "] = " + text + '\n';
+  return listing;
+}
+
+/// A machine on which other programs have registered, and a key that somebody left empty.
+HiveContent UsedHive() {
+  MemoryRegistry hive;
+  for (const char* key : {R"(Software\Classes\CLSID\{00000000-0000-0000-0000-000000000001}\InprocServer32)",
+                          R"(Software\Classes\Interface\{00000000-0000-0000-0000-000000000002})",
+                          R"(Software\Classes\TypeLib\{00000000-0000-0000-0000-000000000003}\1.0)",
+                          R"(SYSTEM\CurrentControlSet\Services\EventLog\Application\Other)"}) {
+    static_cast<void>(hive.Write(key, "", "another's"));
+  }
+  hive.content.keys.insert(R"(Software\Classes\CLSID\{00000000-0000-0000-0000-000000000004})");
+  return hive.content;
+}
+
+class RegistrationTest : public testing::Test {
+ protected:
+  const HiveContent m_before = UsedHive();
+  MemoryRegistry m_machine{m_before};
+  MemoryRegistry m_user{m_before};
+};
+
+TEST(RegistrationEntriesTest, TellTheClassesTheInterfacesAndTheLibrary) {
+  MemoryRegistry hive;
+  for (const RegistryEntry& entry : ClassEntries(Classes(), kFile64)) {
+    EXPECT_EQ(std::nullopt, hive.Text(entry.Path(), entry.name)) << "twice: " << entry.Path();
+    static_cast<void>(hive.Write(entry.Path(), entry.name, entry.text));
+  }
+  // What early-bound hosts, scripts and calls between apartments look up; the identifiers never change.
+  EXPECT_EQ(R"(Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3} [] = Quorvel.RemarkContext
+Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\InprocServer32 [] = C:\Program Files\Host\x64\Quorvel.dll
+Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\InprocServer32 [ThreadingModel] = Apartment
+Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\ProgID [] = Quorvel.RemarkContext
+Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\Programmable [] = 
+Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
+Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\Version [] = 1.1
+Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C} [] = Quorvel.Remark
+Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\InprocServer32 [] = C:\Program Files\Host\x64\Quorvel.dll
+Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\InprocServer32 [ThreadingModel] = Apartment
+Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\ProgID [] = Quorvel.Remark
+Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\Programmable [] = 
+Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
+Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\Version [] = 1.1
+Software\Classes\Interface\{45C92F4D-006D-4800-83CF-4A99C3CACB26} [] = _Remark
+Software\Classes\Interface\{45C92F4D-006D-4800-83CF-4A99C3CACB26}\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}
+Software\Classes\Interface\{45C92F4D-006D-4800-83CF-4A99C3CACB26}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
+Software\Classes\Interface\{45C92F4D-006D-4800-83CF-4A99C3CACB26}\TypeLib [Version] = 1.1
+Software\Classes\Interface\{4BF3EBDA-B8DB-4139-BA9E-D222B0F9BF38} [] = _RemarkType
+Software\Classes\Interface\{4BF3EBDA-B8DB-4139-BA9E-D222B0F9BF38}\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}
+Software\Classes\Interface\{4BF3EBDA-B8DB-4139-BA9E-D222B0F9BF38}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
+Software\Classes\Interface\{4BF3EBDA-B8DB-4139-BA9E-D222B0F9BF38}\TypeLib [Version] = 1.1
+Software\Classes\Interface\{8B330B1D-9736-4D88-9132-B37CCC6ACAC4} [] = _RemarkList
+Software\Classes\Interface\{8B330B1D-9736-4D88-9132-B37CCC6ACAC4}\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}
+Software\Classes\Interface\{8B330B1D-9736-4D88-9132-B37CCC6ACAC4}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
+Software\Classes\Interface\{8B330B1D-9736-4D88-9132-B37CCC6ACAC4}\TypeLib [Version] = 1.1
+Software\Classes\Interface\{E79433FC-7F61-493D-8546-2D2C4AA9F0BA} [] = _RemarkContext
+Software\Classes\Interface\{E79433FC-7F61-493D-8546-2D2C4AA9F0BA}\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}
+Software\Classes\Interface\{E79433FC-7F61-493D-8546-2D2C4AA9F0BA}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
+Software\Classes\Interface\{E79433FC-7F61-493D-8546-2D2C4AA9F0BA}\TypeLib [Version] = 1.1
+Software\Classes\Quorvel.Remark [] = Quorvel.Remark
+Software\Classes\Quorvel.RemarkContext [] = Quorvel.RemarkContext
+Software\Classes\Quorvel.RemarkContext\CLSID [] = {8698FEEE-5589-45FA-8B93-90956F55C6A3}
+Software\Classes\Quorvel.Remark\CLSID [] = {878C05C7-73A1-4CD6-8392-74C0FDB3051C}
+Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1 [] = Quorvel remarks
+Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1\0\win64 [] = C:\Program Files\Host\x64\Quorvel.dll
+Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1\409\win64 [] = C:\Program Files\Host\x64\Quorvel.dll
+Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1\FLAGS [] = 0
+Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1\HELPDIR [] = C:\Program Files\Host\x64
+)",
+            Listing(hive.content));
+}
+
+TEST_F(RegistrationTest, RegisteringTwiceAndUnregisteringLeavesTheHivesAsTheyWere) {
+  for (const ServerFile& file : {kFile64, kFile32}) {
+    ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, file));
+    EXPECT_EQ(file.path, m_machine.Text(kLibrary + (file.is64Bit ? R"(\409\win64)" : R"(\409\win32)"), ""));
+    EXPECT_EQ(file.path, m_machine.Text(kEventSource, "EventMessageFile"));
+    EXPECT_EQ(m_before, m_user.content);
+    ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, file));
+    ASSERT_EQ(Outcome::Done, Unregister(m_machine, m_user, file));
+    EXPECT_EQ(m_before, m_machine.content);
+    EXPECT_EQ(m_before, m_user.content);
+  }
+  EXPECT_EQ(Outcome::Done, Unregister(m_machine, m_user, kFile64)) << "nothing is registered";
+}
+
+TEST_F(RegistrationTest, WhatOthersWroteUnderOurKeysStays) {
+  ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
+  const std::string key = kLibrary + R"(\407\win64)";
+  static_cast<void>(m_machine.Write(key, "", "a translation"));
+  static_cast<void>(m_machine.Write(R"(Software\Classes\Quorvel.Remark)", "Foreign", "kept"));
+  ASSERT_EQ(Outcome::Done, Unregister(m_machine, m_user, kFile64));
+  EXPECT_EQ("a translation", m_machine.Text(key, ""));
+  EXPECT_EQ("kept", m_machine.Text(R"(Software\Classes\Quorvel.Remark)", "Foreign"));
+  EXPECT_EQ(m_before.texts.size() + 2, m_machine.content.texts.size());
+}
+
+/// Registering over an older registration, which fails at each of its steps in turn.
+TEST_F(RegistrationTest, AFailurePartWayTakesBackWhatWasWritten) {
+  const ServerFile older{R"(C:\Older\Quorvel.dll)", true};
+  const int steps = static_cast<int>(ClassEntries(Classes(), kFile64).size());
+  for (const bool registered : {false, true}) {
+    if (registered) {
+      ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, older));
+    }
+    const HiveContent before = m_machine.content;
+    for (int step = 0; step < steps; ++step) {
+      SCOPED_TRACE(step);
+      m_machine.failingWrite = step;
+      EXPECT_EQ(Outcome::Failed, Register(m_machine, m_user, kFile64));
+      EXPECT_EQ(before, m_machine.content);
+      EXPECT_EQ(m_before, m_user.content);
+    }
+  }
+}
+
+TEST_F(RegistrationTest, WhoMayNotWriteForTheMachineRegistersForHimself) {
+  const auto entries = ClassEntries(Classes(), kFile64);
+  for (int step = 0; step < static_cast<int>(entries.size()); ++step) {
+    SCOPED_TRACE(step);
+    m_machine.failure = Outcome::Denied;
+    m_machine.failingWrite = step;
+    ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
+    EXPECT_EQ(m_before, m_machine.content);
+    EXPECT_EQ(m_before.texts.size() + entries.size(), m_user.content.texts.size());
+    ASSERT_EQ(Outcome::Done, Unregister(m_machine, m_user, kFile64));
+    EXPECT_EQ(m_before, m_user.content);
+  }
+  m_machine.failingWrite = m_user.failingWrite = 0;
+  m_user.failure = Outcome::Denied;
+  EXPECT_EQ(Outcome::Denied, Register(m_machine, m_user, kFile64));
+  EXPECT_EQ(m_before, m_user.content);
+}
+
+TEST_F(RegistrationTest, TheMachinesRegistrationTakesThePlaceOfTheUsers) {
+  m_machine.failure = Outcome::Denied;
+  m_machine.failingWrite = 0;
+  ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, {R"(C:\Own\Quorvel.dll)", true}));
+  ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
+  EXPECT_EQ(m_before, m_user.content);
+}
+
+TEST_F(RegistrationTest, AnEventLogThatCannotBeWrittenIsNoReasonToRefuse) {
+  m_machine.failingWrite = static_cast<int>(ClassEntries(Classes(), kFile64).size());
+  EXPECT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
+  EXPECT_EQ(kFile64.path, m_machine.Text(kLibrary + R"(\409\win64)", ""));
+  EXPECT_FALSE(m_machine.content.keys.contains(kEventSource));
+}
+
+TEST_F(RegistrationTest, UnregisteringGoesOnAfterADenial) {
+  ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
+  MemoryRegistry closed;
+  closed.failure = Outcome::Denied;
+  closed.failingWrite = 0;
+  ASSERT_EQ(Outcome::Done, Register(closed, m_user, kFile64));
+  m_machine.closed = true;
+  EXPECT_EQ(Outcome::Denied, Unregister(m_machine, m_user, kFile64));
+  EXPECT_EQ(m_before, m_user.content) << "the user's own is gone all the same";
+}
+
+/// The system shows each bitness its own CLSID and Interface and the same rest.
+class SharingView : public registry::Tree {
+ public:
+  explicit SharingView(MemoryRegistry& hive) : m_hive(hive) {}
+  [[nodiscard]] std::optional<std::string> Text(const std::string& key, const std::string& name) const override {
+    return m_hive.Text(Seen(key), name);
+  }
+  [[nodiscard]] Outcome Write(const std::string& key, const std::string& name, const std::string& text) override {
+    return m_hive.Write(Seen(key), name, text);
+  }
+  [[nodiscard]] Outcome DeleteValue(const std::string& key, const std::string& name) override {
+    return m_hive.DeleteValue(Seen(key), name);
+  }
+  [[nodiscard]] Outcome DeleteEmptyKey(const std::string& key) override { return m_hive.DeleteEmptyKey(Seen(key)); }
+
+ private:
+  static std::string Seen(std::string key) {
+    constexpr std::string_view kClasses = R"(Software\Classes\)";
+    const bool apart =
+        key.starts_with(std::string(kClasses) + "CLSID") || key.starts_with(std::string(kClasses) + "Inter");
+    return apart ? key.insert(kClasses.size(), R"(WOW6432Node\)") : key;
+  }
+  MemoryRegistry& m_hive;
+};
+
+TEST_F(RegistrationTest, TheOtherBitnessKeepsWhatItNeedsUntilItGoes) {
+  for (const char* shared : {"CLSID", "Interface"}) {
+    m_machine.content.keys.insert(std::string(R"(Software\Classes\WOW6432Node\)") + shared);
+  }
+  m_machine.content.keys.insert(R"(Software\Classes\WOW6432Node)");
+  const HiveContent empty = m_machine.content;
+  SharingView machine32(m_machine);
+
+  ASSERT_EQ(Outcome::Done, Register(machine32, m_user, kFile32));
+  const HiveContent only32 = m_machine.content;
+  ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
+  EXPECT_EQ(kFile32.path, m_machine.Text(kLibrary + R"(\409\win32)", ""));
+  // What is to stay is not taken away first, so that a failure costs the other nothing.
+  m_machine.failingWrite = 0;
+  ASSERT_EQ(Outcome::Done, Unregister(m_machine, m_user, kFile64));
+  EXPECT_EQ(Listing(only32), Listing(m_machine.content)) << "nothing names the file that went";
+  ASSERT_EQ(Outcome::Done, Unregister(machine32, m_user, kFile32));
+  EXPECT_EQ(empty, m_machine.content);
+}
+
+}  // namespace
+}  // namespace quorvel::published
