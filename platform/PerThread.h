@@ -4,15 +4,16 @@
 #include <memory>
 
 #include "platform/windows/ThreadSlot.h"
-#else
-#include <utility>
 #endif
 
 namespace quorvel {
 
+/// Error -1: the thread has given back what the component kept for it.
+[[noreturn]] void ThrowThreadHasEnded();
+
 /// The calling thread's own State, made on first use and destroyed when the thread ends. There is one for each type,
 /// so that a module names its own. Its destructor uses no static object: on the thread that ends the process they may
-/// be gone before it.
+/// be gone before it. Elsewhere than on Windows a host's own objects may outlive it; then ThrowThreadHasEnded.
 template <typename State>
 [[nodiscard]] State& PerThread() {
 #ifdef _WIN32
@@ -25,17 +26,17 @@ template <typename State>
   if (slot.Get() == nullptr) slot.Put(std::make_unique<Holder>());
   return static_cast<Holder*>(slot.Get())->state;
 #else
-  // No destructor of its own: what hosts destroy after it at the end of the thread makes another, which stays.
-  thread_local State* state = nullptr;
-  struct End {
-    ~End() { delete std::exchange(state, nullptr); }
+  thread_local bool hasEnded = false;
+  struct Holder {
+    State state;
+    Holder() = default;
+    Holder(const Holder&) = delete;
+    Holder& operator=(const Holder&) = delete;
+    ~Holder() { hasEnded = true; }
   };
-  if (state == nullptr) {
-    state = new State();
-    thread_local const End end;
-    static_cast<void>(end);
-  }
-  return *state;
+  if (hasEnded) ThrowThreadHasEnded();
+  thread_local Holder holder;
+  return holder.state;
 #endif
 }
 
