@@ -62,7 +62,8 @@ template <typename T>
 
 /// The common part of the four published classes: IUnknown, IDispatch over the class's member table, and what every
 /// operation does around its one line, which gets the runtime object. It stands for one runtime object and is the only
-/// one that does. An operation keeps the runtime object alive: what it calls may release the last reference to this one.
+/// one that does. An operation keeps the runtime object alive: what it calls may release the last reference to this
+/// one.
 ///
 /// Released on the thread that made it. Asked for its own class identifier, which no interface has, it
 /// gives itself: that is how an object of this component is told from any other.
