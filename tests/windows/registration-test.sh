@@ -147,3 +147,7 @@ expect_unchanged closed machine events
 ! unregister || fail "regsvr32 says that it has unregistered what it may not."
 snapshot denied_unregistered
 expect_unchanged closed machine user events
+
+# A machine that was started again lets the key go.
+end_wine
+wine reg delete "$machine\\Quorvel.RemarkContext" /f >/dev/null
