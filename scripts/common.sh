@@ -3,12 +3,12 @@
 
 # shellcheck disable=SC2034  # the sourcing scripts pick from the lists
 BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev
-  libgtest-dev libgmock-dev libbenchmark-dev)
+  libgtest-dev libgmock-dev libbenchmark-dev dpkg-dev file)
 # shellcheck disable=SC2034
-CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy shellcheck pkgconf file)
+CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy shellcheck pkgconf)
 # shellcheck disable=SC2034
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine64 wine xvfb xauth
-  googletest dpkg-dev tcl)
+  googletest tcl)
 
 # step TEXT: says what comes next.
 step() { printf '\n== %s\n' "$*"; }

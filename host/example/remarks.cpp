@@ -1,5 +1,6 @@
 #include <quorvel/quorvel.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -20,7 +21,7 @@ void Check(HRESULT result) {
   IErrorInfo* error = nullptr;
   BSTR description = nullptr;
   if (GetErrorInfo(0, &error) == S_OK) error->GetDescription(&description);
-  std::cerr << "error " << result << ": " << Take(description) << '\n';
+  std::cerr << "error 0x" << std::hex << static_cast<std::uint32_t>(result) << ": " << Take(description) << '\n';
   std::exit(1);
 }
 

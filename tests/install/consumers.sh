@@ -50,7 +50,7 @@ General: Grüße von Dana 🔧
 General: Wants the spring catalogue as soon as it is out: two printed copies, one for each counter.
 General: New accounts payable contact: Dana Whitlock, ext. 214. Invoices by e-mail only.
 General: Receiving closes at 3 pm. Call the dock, not the front desk, for delivery appointments.'
-settings_error='error -2146828178: Could not read or create registry string value: Software\Tarnwick\Server'
+settings_error='error 0x800a006e: Could not read or create registry string value: Software\Tarnwick\Server'
 
 export LC_ALL=C.UTF-8 QUORVEL_REGISTRY=$scratch/settings.reg
 quorvel=$prefix/bin/quorvel
