@@ -79,6 +79,7 @@ class PublishedObject : public Interface, public ISupportErrorInfo, public com::
   virtual ~PublishedObject() { m_object->SetPublished(nullptr); }
 
   using Base = PublishedObject;
+  using PublishedInterface = Interface;
 
   [[nodiscard]] const std::shared_ptr<Object>& RuntimeObject() const noexcept { return m_object; }
 
@@ -138,10 +139,10 @@ class PublishedObject : public Interface, public ISupportErrorInfo, public com::
 
  private:
   void* Find(REFIID riid) noexcept {
-    if (riid == IID_IUnknown || riid == IID_IDispatch || riid == m_class.interfaceId)
+    if (riid == IID_IUnknown || riid == IID_IDispatch || riid == m_class.interfaceId || riid == m_class.classId) {
       return static_cast<Interface*>(this);
+    }
     if (riid == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
-    if (riid == m_class.classId) return this;
     return com::ClassInformation::Find(riid);
   }
 
@@ -167,9 +168,12 @@ template <typename Class, typename Object>
 template <typename Class, typename Object>
 [[nodiscard]] std::shared_ptr<Object> UnpublishAs(const PublishedClass& description, IUnknown* object) {
   if (object == nullptr) return nullptr;
-  const auto own = com::Query<typename Class::Base>(object, description.classId);
+  const auto own = com::Query<IUnknown>(object, description.classId);
   // An object that answers to everything is a stranger too, and ours answer to no empty identifier.
-  if (own && !com::Query<IUnknown>(object, IID_NULL)) return own->RuntimeObject();
+  if (own && !com::Query<IUnknown>(object, IID_NULL)) {
+    auto* published = static_cast<typename Class::PublishedInterface*>(own.Get());
+    return static_cast<typename Class::Base*>(published)->RuntimeObject();
+  }
   throw Error(
       ErrorNumber::TypeMismatch, std::string(kApplicationName),
       fmt::format("This object is no {0} of this component, or it belongs to another thread: pass a {0} that the "
