@@ -41,9 +41,8 @@ std::string TextOf(const std::wstring& buffer, DWORD bytes) {
 std::optional<Key> Key::Create(Hive hive, std::string_view path) {
   const auto name = os::ToWide(path);
   if (!name) return std::nullopt;
-  // A key that is there needs no writing, which most users of the machine may not do.
-  if (!CreateKey(hive, *name) && !OpenKey(hive, path, KEY_QUERY_VALUE)) return std::nullopt;
-  return Key(hive, std::string(path));
+  // Who may not write gets no key, although he might read it: hosts know that their users need the right to write.
+  return CreateKey(hive, *name) ? std::optional(Key(hive, std::string(path))) : std::nullopt;
 }
 
 std::optional<StoredValue> Key::Query(std::string_view name) const {

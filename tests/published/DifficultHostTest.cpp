@@ -3,7 +3,7 @@
 namespace quorvel::test {
 namespace {
 
-// The component is done for neither its own objects' nor the host's fault: what these hosts do is wrong or unlucky.
+// What these hosts do is wrong or unlucky; it must not take their process down.
 using DifficultHost = HostTest;
 
 // Interfaces have no destructor.

@@ -42,8 +42,7 @@ expect "the others as they were" 'REG_SZ    clerk' "$(show_setting UserId)"
 expect "the warnings" 'L"Warning: Converted registry value to string: \r\nSoftware\\Tarnwick\\Server"' \
   "$(sed -n 's/.*warn:eventlog:ReportEventW //p' "$log")"
 
-# Until the machine is started again nobody may write the settings.
-forget_settings
+# Until the machine is started again nobody may write the settings: then they are not read either.
 wine "$build/deny_writing.exe" 'Software\Tarnwick'
 expect "settings that cannot be written" 'load 110 GetRegStringValue
 Could not read or create registry string value: Software\Tarnwick\Server
