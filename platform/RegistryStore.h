@@ -27,8 +27,8 @@ struct StoredValue {
 /// component does not understand in the file is kept.
 class Key {
  public:
-  /// Opens the key for reading and writing, creating it when it is missing. Nothing when that is not possible. In a text
-  /// file a key that is there can be opened without the right to write.
+  /// Opens the key for reading and writing, creating it when it is missing. Nothing when that is not possible. In a
+  /// text file a key that is there can be opened without the right to write.
   [[nodiscard]] static std::optional<Key> Create(Hive hive, std::string_view path);
 
   /// Nothing when the value does not exist or cannot be read.
