@@ -1,5 +1,6 @@
-# What `cmake --install` copies, in the components runtime (the library), development (what compiling a host takes) and
-# tools (the command line).
+# What `cmake --install` copies, in the components runtime (the library that hosts load and the one below it), windows (the
+# library with the windows), development (what compiling a host takes), tools (the command line) and sample (a host with
+# windows).
 if(CMAKE_LIBRARY_ARCHITECTURE AND EXISTS /etc/debian_version)
   # Debian's own place for libraries, under /usr and /usr/local alike: one build serves every prefix.
   set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE STRING "Folder of libraries below the prefix")
@@ -7,9 +8,19 @@ endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
+# The libraries find each other by standing in one folder, wherever that is, and the programs find them from theirs.
+set_target_properties(quorvel_shared quorvel_core quorvel_windows PROPERTIES INSTALL_RPATH "$ORIGIN")
+# The windows are loaded while the program runs, so that no folder comes from linking.
+set_target_properties(quorvel_core PROPERTIES BUILD_RPATH "$ORIGIN")
+file(RELATIVE_PATH librariesFromPrograms ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+set(programRunPath "$ORIGIN/${librariesFromPrograms}")
+
 install(TARGETS quorvel_shared EXPORT QuorvelTargets
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
   FILE_SET HEADERS COMPONENT development)
+# Nobody links these two by name.
+install(TARGETS quorvel_core LIBRARY COMPONENT runtime NAMELINK_SKIP)
+install(TARGETS quorvel_windows LIBRARY COMPONENT windows NAMELINK_SKIP)
 install(FILES ${PROJECT_SOURCE_DIR}/include/quorvel/quorvel.idl
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorvel COMPONENT development)
 
@@ -28,5 +39,10 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/quorvel.pc.in ${builtPackage}/quorvel.p
 install(FILES ${builtPackage}/quorvel.pc DESTINATION ${pkgConfigFolder} COMPONENT development)
 
 if(QUORVEL_BUILD_CLI)
+  set_target_properties(quorvel_cli PROPERTIES INSTALL_RPATH ${programRunPath})
   install(TARGETS quorvel_cli RUNTIME COMPONENT tools)
+endif()
+if(TARGET quorvel_sample)
+  set_target_properties(quorvel_sample PROPERTIES INSTALL_RPATH ${programRunPath})
+  install(TARGETS quorvel_sample RUNTIME COMPONENT sample)
 endif()

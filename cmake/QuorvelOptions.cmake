@@ -8,6 +8,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # GCC 12 takes inlined std::string concatenation for overlapping copies.
   target_compile_options(quorvel_options INTERFACE -Wno-restrict)
 endif()
+if(NOT WIN32)
+  # Nobody replaces a function of the component's libraries: calls within one need no detour.
+  target_compile_options(quorvel_options INTERFACE -fno-semantic-interposition)
+endif()
 if(WIN32)
   target_compile_definitions(quorvel_options INTERFACE UNICODE _UNICODE NOMINMAX)
 endif()

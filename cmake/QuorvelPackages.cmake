@@ -8,14 +8,22 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL runtime development tools)
+set(CPACK_COMPONENTS_ALL runtime windows development tools)
+if(TARGET quorvel_sample)
+  list(APPEND CPACK_COMPONENTS_ALL sample)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The core has no entry in the list that says which package brings which library: nobody but us links it, and what does
+# depends on the package of its own version.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 set(controlFiles ${PROJECT_SOURCE_DIR}/packaging/debian)
 set(libraryPackage libquorvel${PROJECT_VERSION_MAJOR})
+set(windowsPackage ${libraryPackage}-windows)
+set(sameVersion "${libraryPackage} (= ${PROJECT_VERSION})")
 
 # debian_documents(<component> <package>): what every package has in its folder of documents. Only packages have that
 # folder: a plain install, which names no component, leaves it out.
@@ -34,7 +42,7 @@ endfunction()
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${libraryPackage})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS tdsodbc)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "tdsodbc, ${windowsPackage}")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${PROJECT_DESCRIPTION}
 A component that a host program loads to show, add, change and delete remarks
 on one of its records. They are kept in the host's own database on a SQL
@@ -47,9 +55,20 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
   ${controlFiles}/postinst ${controlFiles}/triggers)
 debian_documents(runtime ${libraryPackage})
 
+set(CPACK_DEBIAN_WINDOWS_PACKAGE_NAME ${windowsPackage})
+set(CPACK_DEBIAN_WINDOWS_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_WINDOWS_PACKAGE_DEPENDS ${sameVersion})
+set(CPACK_DEBIAN_WINDOWS_DESCRIPTION "${PROJECT_DESCRIPTION} - windows
+The windows in which users read and write remarks. The library loads them when
+a host opens one; machines without a desktop do without.")
+configure_file(${controlFiles}/postinst ${builtPackage}/${windowsPackage}/postrm COPYONLY)
+set(CPACK_DEBIAN_WINDOWS_PACKAGE_CONTROL_EXTRA
+  ${builtPackage}/${windowsPackage}/postrm ${controlFiles}/postinst ${controlFiles}/triggers)
+debian_documents(windows ${windowsPackage})
+
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libquorvel-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${libraryPackage} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS ${sameVersion})
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} - development files
 Headers, interface definition, an example, and what CMake and pkg-config need
 to build a host.")
@@ -61,6 +80,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/host/example/remarks.cpp ${PROJECT_SOURCE_DI
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME quorvel)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION database)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS ${sameVersion})
 set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS tdsodbc)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${PROJECT_DESCRIPTION} - command line
 Sets the database up, finds out what stands between this machine and its
@@ -68,5 +88,15 @@ remarks, lists and edits them.")
 settings_removal(quorvel ${libraryPackage})
 set(CPACK_DEBIAN_TOOLS_PACKAGE_CONTROL_EXTRA ${builtPackage}/quorvel/postrm)
 debian_documents(tools quorvel)
+
+if(TARGET quorvel_sample)
+  set(CPACK_DEBIAN_SAMPLE_PACKAGE_NAME quorvel-sample)
+  set(CPACK_DEBIAN_SAMPLE_PACKAGE_SECTION database)
+  set(CPACK_DEBIAN_SAMPLE_PACKAGE_DEPENDS "${sameVersion}, ${windowsPackage} (= ${PROJECT_VERSION})")
+  set(CPACK_DEBIAN_SAMPLE_DESCRIPTION "${PROJECT_DESCRIPTION} - sample host
+A small business application with customers and orders, to see the windows
+for remarks in.")
+  debian_documents(sample quorvel-sample)
+endif()
 
 include(CPack)

@@ -10,11 +10,15 @@ set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
 execute_process(
   COMMAND ${CMAKE_CURRENT_LIST_DIR}/../scripts/windows-libraries --where ${QUORVEL_WINDOWS_ARCHITECTURE}
   OUTPUT_VARIABLE libraries OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-if(NOT EXISTS ${libraries}/sqlite OR NOT EXISTS ${libraries}/fmt)
-  message(FATAL_ERROR "Run scripts/windows-libraries ${QUORVEL_WINDOWS_ARCHITECTURE} first: it builds the libraries.")
-endif()
-set(CMAKE_FIND_ROOT_PATH
-  /usr/${QUORVEL_WINDOWS_TRIPLE} ${libraries}/sqlite ${libraries}/fmt ${libraries}/wx)
+set(CMAKE_FIND_ROOT_PATH /usr/${QUORVEL_WINDOWS_TRIPLE})
+foreach(library IN ITEMS sqlite fmt wx)
+  if(NOT EXISTS ${libraries}/${library})
+    message(FATAL_ERROR "Run scripts/windows-libraries ${QUORVEL_WINDOWS_ARCHITECTURE} first: it builds the libraries.")
+  endif()
+  list(APPEND CMAKE_FIND_ROOT_PATH ${libraries}/${library})
+endforeach()
+# Tells what compiling and linking against this wxWidgets takes; the one that is found otherwise is this machine's own.
+set(wxWidgets_CONFIG_EXECUTABLE ${libraries}/wx/bin/wx-config CACHE FILEPATH "wx-config of the Windows build" FORCE)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -27,4 +27,6 @@ void ThrowDuplicateKey() {
   Throw(ErrorNumber::DuplicateKey, "This key is already associated with an element of this collection");
 }
 
+void ThrowAlreadyModal() { Throw(ErrorNumber::AlreadyModal, "Form already displayed; can't show modally"); }
+
 }  // namespace quorvel

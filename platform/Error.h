@@ -41,6 +41,7 @@ inline constexpr std::int32_t TypeMismatch = 13;
 inline constexpr std::int32_t ObjectNotSet = 91;
 inline constexpr std::int32_t InvalidUseOfNull = 94;
 inline constexpr std::int32_t RegistryWrite = 110;
+inline constexpr std::int32_t AlreadyModal = 400;
 inline constexpr std::int32_t DuplicateKey = 457;
 
 inline constexpr std::int32_t DbUnspecified = -2147467259;         // E_FAIL
@@ -66,5 +67,6 @@ inline constexpr std::int32_t AdoInvalidConnection = -2146824579;  // adErrInval
 [[noreturn]] void ThrowOverflow();
 [[noreturn]] void ThrowInvalidCall();
 [[noreturn]] void ThrowDuplicateKey();
+[[noreturn]] void ThrowAlreadyModal();
 
 }  // namespace quorvel

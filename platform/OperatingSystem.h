@@ -24,6 +24,10 @@ void WriteWarning(std::string_view message);
 /// The current local date and time.
 [[nodiscard]] DateTime LocalNow();
 
+/// A date in the short form of the user's regional settings; nothing without such settings, or for a date that they do
+/// not reach.
+[[nodiscard]] std::optional<std::string> RegionalShortDate(std::chrono::year_month_day date);
+
 /// What the operating system says of an error, without the line's end.
 [[nodiscard]] std::string Explain(const std::error_code& error);
 

@@ -16,7 +16,7 @@ enum class PointerShape : int { Default = 0, Hourglass = 11 };
 
 /// How the component asks and tells a person: message box, input box and pointer.
 ///
-/// One set per process. The terminal implementation is there from the start; a window library
+/// One set per process, used by every thread. The terminal implementation is there from the start; a window library
 /// replaces it. All texts are UTF-8.
 class Prompts {
  public:
@@ -37,8 +37,8 @@ class Prompts {
 /// The prompts in force. Never null.
 [[nodiscard]] Prompts& CurrentPrompts();
 
-/// Puts other prompts in force and returns those that were; passing null puts the terminal's back.
-/// Call it before the component is used on a second thread.
+/// Puts other prompts in force and returns those that were, which another thread may be using still; passing null puts
+/// the terminal's back.
 std::shared_ptr<Prompts> ExchangePrompts(std::shared_ptr<Prompts> prompts);
 
 }  // namespace quorvel

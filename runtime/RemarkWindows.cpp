@@ -1,32 +1,51 @@
 #include "runtime/RemarkWindows.h"
 
+#include <mutex>
 #include <string>
 #include <utility>
 
 #include "platform/Error.h"
+#include "runtime/WindowLibrary.h"
 
 namespace quorvel {
 namespace {
 
-std::shared_ptr<RemarkWindows>& WindowsInForce() {
+struct InForce {
+  std::mutex starting;
+  std::shared_ptr<RemarkWindows> windows;
+};
+
+InForce& Current() {
   // Never destroyed, as the prompts are not.
-  static auto& windows = *new std::shared_ptr<RemarkWindows>();
-  return windows;
+  static auto& current = *new InForce();
+  return current;
+}
+
+std::shared_ptr<RemarkWindows> Start(std::string_view source) {
+  try {
+    WindowLibrary library = StartWindowLibrary();
+    // Other threads may still be using those that were there.
+    static const auto& former = *new auto(ExchangePrompts(std::move(library.prompts)));
+    static_cast<void>(former);
+    return std::move(library.windows);
+  } catch (const Error& error) {
+    throw Error(error.Number(), std::string(source), error.Description());
+  }
 }
 
 }  // namespace
 
 RemarkWindows& CurrentRemarkWindows(std::string_view source) {
-  const auto& windows = WindowsInForce();
-  if (!windows) {
-    throw Error(ErrorNumber::Component, std::string(source),
-                "No window can be opened: the window library is not loaded");
-  }
-  return *windows;
+  auto& current = Current();
+  const std::scoped_lock lock(current.starting);
+  if (!current.windows) current.windows = Start(source);
+  return *current.windows;
 }
 
 std::shared_ptr<RemarkWindows> ExchangeRemarkWindows(std::shared_ptr<RemarkWindows> windows) {
-  return std::exchange(WindowsInForce(), std::move(windows));
+  auto& current = Current();
+  const std::scoped_lock lock(current.starting);
+  return std::exchange(current.windows, std::move(windows));
 }
 
 }  // namespace quorvel

@@ -8,8 +8,8 @@ namespace quorvel {
 
 class RemarkContext;
 
-/// The windows that a context opens. A window library fills it in, once per process; until then there is none. What a
-/// window keeps for itself it keeps once per thread.
+/// The windows that a context opens. A window library brings them, once per process; what a window keeps for itself it
+/// keeps on the one thread that can have windows.
 class RemarkWindows {
  public:
   virtual ~RemarkWindows() = default;
@@ -21,11 +21,12 @@ class RemarkWindows {
   virtual void ViewManager(std::int32_t modal) = 0;
 };
 
-/// The windows in force. Error -1 from `source` when there are none.
+/// The windows in force. The first call starts the window library and puts its prompts in force too. Error -1 from
+/// `source` when that cannot be done, for want of a display for example; a later call tries again.
 [[nodiscard]] RemarkWindows& CurrentRemarkWindows(std::string_view source);
 
-/// Puts other windows in force and returns those that were; null takes them away.
-/// Call it before the component is used on a second thread.
+/// Puts other windows in force and returns those that were. Null takes them away, so that the next call starts the
+/// library. Call it while no thread opens a window.
 std::shared_ptr<RemarkWindows> ExchangeRemarkWindows(std::shared_ptr<RemarkWindows> windows);
 
 }  // namespace quorvel

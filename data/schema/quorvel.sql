@@ -553,6 +553,10 @@ UPDATE tciMemo
 SET MemoType = RTRIM(@MemoType), EntityType = @EntityType, OwnerKey = @OwnerKey, DateStamp = GETDATE(),
   UserID = RTRIM(@UserID), MemoText = @MemoText
 WHERE MemoKey = @MemoKey
+-- Somebody may have deleted it meanwhile, or its insert may have failed: what was typed is kept.
+INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText)
+SELECT @MemoKey, RTRIM(@MemoType), @EntityType, @OwnerKey, GETDATE(), RTRIM(@UserID), @MemoText
+WHERE NOT EXISTS (SELECT MemoKey FROM tciMemo WHERE MemoKey = @MemoKey)
 GO
 
 IF OBJECT_ID('spTWCqvDeleteRemark', 'P') IS NULL

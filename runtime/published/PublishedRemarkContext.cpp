@@ -2,6 +2,7 @@
 
 #include "platform/com/Members.h"
 #include "runtime/published/EnumerateObjects.h"
+#include "runtime/published/HostPrompts.h"
 
 namespace quorvel::published {
 namespace {
@@ -56,7 +57,11 @@ constexpr com::Member kMembers[] = {
     com::Get<&_RemarkContext::get_Server>(OLESTR("Server"), 37),
 };
 
-IDispatch* Create() { return Publish(RemarkContext::Create()); }
+IDispatch* Create() {
+  // Contexts are what asks.
+  UseHostPrompts();
+  return Publish(RemarkContext::Create());
+}
 
 }  // namespace
 

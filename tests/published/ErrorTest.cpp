@@ -47,6 +47,29 @@ TEST_F(Errors, OfTheComponentAreMinusOne) {
   });
 }
 
+TEST_F(Errors, WhereNobodyCanBeAskedSayWhyNot) {
+  Run([] {
+    const LoadedContext context;
+    AnyValue type(u"Cust.General");
+    Text text(u"unsaved");
+    ASSERT_EQ(context->AddRemark(type.Pointer(), text.ByReference(), nullptr), S_OK);
+    EditBehavior behavior = PromptForSave;
+    ASSERT_EQ(context->put_EditBehavior(&behavior), S_OK);
+    // Neither a terminal nor a display.
+    const auto says = [](WideView part) {
+      return testing::Truly([part](const WideText& whole) { return whole.find(part) != WideText::npos; });
+    };
+    const auto question =
+        testing::AllOf(says(u"\"Edit Remarks\": Save changes to these remarks?"), says(u"No window can be opened: "));
+    ExpectFailure(
+        context.Get(), [&] { return context->Save(VARIANT_FALSE); }, {u"Save", DISPATCH_METHOD, {}, {}}, -1,
+        u"Quorvel.Prompts", question, IID__RemarkContext);
+    ExpectFailure(
+        context.Get(), [&] { return context->EditMemos(VARIANT_FALSE); }, {u"EditMemos", DISPATCH_METHOD, {}, {}}, -1,
+        u"RemarkContext.EditMemos", says(u"No window can be opened: "), IID__RemarkContext);
+  });
+}
+
 TEST_F(Errors, OfTheLanguageRuntimeAreSmallNumbersInTheirFacility) {
   Run([] {
     const LoadedContext context;

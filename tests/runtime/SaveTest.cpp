@@ -123,6 +123,18 @@ TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
   EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoKey = 2043"), "45");
 }
 
+TEST_F(SaveTest, ARemarkThatAnotherDeletedMeanwhileIsWrittenAnew) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  Remark& remark = RemarkAt(context, 2);
+  remark.SetMemoText("typed while it was deleted");
+  remark.SetDirty(true);
+  const std::string key = std::to_string(remark.MemoKey());
+  m_database.Run("DELETE FROM tciMemo WHERE MemoKey = " + key);
+  context->Save(true);
+  EXPECT_EQ(TextOf(remark.MemoKey()), "typed while it was deleted");
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE OwnerKey = 45 AND MemoKey = " + key), "1");
+}
+
 TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
   std::weak_ptr<RemarkContext> watched;
   {

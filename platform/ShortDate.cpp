@@ -1,0 +1,13 @@
+#include "platform/ShortDate.h"
+
+#include "platform/OperatingSystem.h"
+
+namespace quorvel {
+
+std::string FormatShortDate(DateTime value) {
+  constexpr std::size_t kDateLength = 10;
+  const std::chrono::year_month_day date(std::chrono::floor<std::chrono::days>(value));
+  return os::RegionalShortDate(date).value_or(FormatDateTime(value).substr(0, kDateLength));
+}
+
+}  // namespace quorvel

@@ -1,0 +1,47 @@
+#include "runtime/published/HostPrompts.h"
+
+#include <fmt/format.h>
+
+#include "platform/Error.h"
+#include "runtime/RemarkWindows.h"
+
+namespace quorvel::published {
+
+template <typename Question>
+auto HostPrompts::Ask(Question question) {
+  try {
+    // Starting the windows puts their boxes in force.
+    static_cast<void>(CurrentRemarkWindows("Quorvel.Prompts"));
+  } catch (const Error& noWindow) {
+    try {
+      return question(m_terminal);
+    } catch (const Error& noTerminal) {
+      throw Error(noTerminal.Number(), noTerminal.Source(),
+                  fmt::format("{}\n{}", noTerminal.Description(), noWindow.Description()));
+    }
+  }
+  Prompts& inForce = CurrentPrompts();
+  return &inForce == this ? question(m_terminal) : question(inForce);
+}
+
+PromptAnswer HostPrompts::ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
+                                      PromptIcon icon) {
+  return Ask([&](Prompts& prompts) { return prompts.ShowMessage(text, title, buttons, icon); });
+}
+
+std::optional<std::string> HostPrompts::AskText(std::string_view prompt, std::string_view title) {
+  return Ask([&](Prompts& prompts) { return prompts.AskText(prompt, title); });
+}
+
+// Before the first window there is none to set a pointer over.
+void HostPrompts::SetPointer(PointerShape /*shape*/) noexcept {}
+
+void UseHostPrompts() {
+  static const bool once = [] {
+    if (dynamic_cast<TerminalPrompts*>(&CurrentPrompts()) != nullptr) ExchangePrompts(std::make_shared<HostPrompts>());
+    return true;
+  }();
+  static_cast<void>(once);
+}
+
+}  // namespace quorvel::published

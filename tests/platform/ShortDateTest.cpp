@@ -1,0 +1,59 @@
+#include "platform/ShortDate.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace quorvel {
+namespace {
+
+using test::ScopedVariable;
+
+/// 14 March 2002 in the regional settings of these variables.
+std::string Date(const std::string& all, const std::string& time, const std::string& language) {
+  const ScopedVariable allVariable("LC_ALL", all);
+  const ScopedVariable timeVariable("LC_TIME", time);
+  const ScopedVariable languageVariable("LANG", language);
+  return FormatShortDate(*ParseDateTime("2002-03-14 23:59:59.999"));
+}
+
+bool MakeLocale(const test::TemporaryFolder& folder, const std::string& language, const std::string& encoding) {
+  const std::string file = folder.File(language + "." + encoding);
+  const std::string command = "localedef -i " + language + " -f " + encoding + " '" + file + "' > /dev/null 2>&1";
+  return std::system(command.c_str()) == 0;
+}
+
+TEST(ShortDate, IsTheStandardOneWhereNobodyChoseAnother) {
+  for (const char* locale : {"", "C", "POSIX", "C.UTF-8", "xx_YY.UTF-8"}) {
+    EXPECT_EQ(Date(locale, "", ""), "2002-03-14") << locale;
+  }
+}
+
+// Machines have few regional settings or none, so the test makes its own. The C library loses some bytes each time that
+// it is told of another folder for them, hence the programs that end without a look at that.
+TEST(ShortDate, IsThatOfTheEnvironmentAndNotOfTheProcess) {
+  const test::TemporaryFolder folder;
+  if (!MakeLocale(folder, "de_DE", "UTF-8") || !MakeLocale(folder, "ja_JP", "UTF-8") ||
+      !MakeLocale(folder, "ja_JP", "EUC-JP")) {
+    GTEST_SKIP() << "localedef and its sources are not installed";
+  }
+  const ScopedVariable path("LOCPATH", folder.Path().string());
+  const auto print = [](const std::string& all, const std::string& time, const std::string& language) {
+    std::fputs(Date(all, time, language).c_str(), stderr);
+    std::fputs(std::setlocale(LC_ALL, nullptr), stderr);
+    std::_Exit(EXIT_SUCCESS);
+  };
+  const ::testing::ExitedWithCode ends(EXIT_SUCCESS);
+  EXPECT_EXIT(print("", "", "de_DE.UTF-8"), ends, "^14.03.2002C$");
+  EXPECT_EXIT(print("", "ja_JP.UTF-8", "de_DE.UTF-8"), ends, "^2002年03月14日C$");
+  EXPECT_EXIT(print("de_DE.UTF-8", "ja_JP.UTF-8", ""), ends, "^14.03.2002C$");
+  EXPECT_EXIT(print("ja_JP.EUC-JP", "", ""), ends, "^2002-03-14C$");
+}
+
+}  // namespace
+}  // namespace quorvel
