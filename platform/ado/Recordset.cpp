@@ -107,6 +107,24 @@ void Recordset::SetBookmark(std::int32_t bookmark) {
   m_position = static_cast<std::size_t>(found - m_visible.begin());
 }
 
+quorvel::Value Recordset::At(std::int32_t row, std::size_t field) const {
+  if (field >= FieldCount()) {
+    ThrowAdoError(ErrorNumber::AdoItemNotFound, fmt::format("There is no field at position {}.", field));
+  }
+  return m_rows->At(VisibleRow(row), field);
+}
+
+std::int32_t Recordset::BookmarkAt(std::int32_t row) const { return static_cast<std::int32_t>(VisibleRow(row)) + 1; }
+
+std::size_t Recordset::VisibleRow(std::int32_t row) const {
+  const std::int64_t place = std::int64_t{row} - 1;
+  if (place < 0 || place >= static_cast<std::int64_t>(VisibleCount())) {
+    ThrowAdoError(ErrorNumber::AdoInvalidArgument, fmt::format("There is no row {}.", row));
+  }
+  const auto visible = static_cast<std::size_t>(place);
+  return m_filter.empty() ? visible : m_visible[visible];
+}
+
 const RowSet& Recordset::Rows() const {
   if (!IsOpen()) ThrowAdoError(ErrorNumber::AdoObjectClosed);
   return *m_rows;

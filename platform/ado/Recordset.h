@@ -22,6 +22,8 @@ class Field {
 
   [[nodiscard]] const std::string& Name() const;
   [[nodiscard]] DataType Type() const;
+  /// 0-based among the recordset's fields.
+  [[nodiscard]] std::size_t Position() const noexcept { return m_column; }
   /// adErrNoCurrentRecord at the end of the file.
   [[nodiscard]] quorvel::Value Value() const;
 
@@ -71,6 +73,12 @@ class Recordset {
   /// Moves to that row; adErrInvalidArgument when the filter hides it or it does not exist.
   void SetBookmark(std::int32_t bookmark);
 
+  /// A value and the bookmark of another row than the current one, which stays as it is: `row` counts from 1 the rows
+  /// that the filter lets through, `field` from 0. adErrInvalidArgument for a row and adErrItemNotFound for a field
+  /// that is not there.
+  [[nodiscard]] Value At(std::int32_t row, std::size_t field) const;
+  [[nodiscard]] std::int32_t BookmarkAt(std::int32_t row) const;
+
   /// Null once detached. Detaching keeps rows, filter and position.
   [[nodiscard]] const std::shared_ptr<Connection>& ActiveConnection() const noexcept { return m_connection; }
   void SetActiveConnection(std::shared_ptr<Connection> connection) { m_connection = std::move(connection); }
@@ -80,6 +88,7 @@ class Recordset {
   [[nodiscard]] const RowSet& Rows() const;
   [[nodiscard]] std::size_t VisibleCount() const;
   [[nodiscard]] std::size_t CurrentRow() const;
+  [[nodiscard]] std::size_t VisibleRow(std::int32_t row) const;
 
   std::shared_ptr<Connection> m_connection;
   std::unique_ptr<const RowSet> m_rows;

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/Prompts.h"
+
+namespace quorvel::ui {
+
+/// Message and input boxes of the desktop, and the pointer over the component's windows. Boxes belong to the
+/// component's topmost window, if one is open. RequireWindowSystem comes first and its error passes through; SetPointer
+/// does nothing before windows were opened.
+class DialogPrompts : public Prompts {
+ public:
+  PromptAnswer ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
+                           PromptIcon icon) override;
+  std::optional<std::string> AskText(std::string_view prompt, std::string_view title) override;
+  void SetPointer(PointerShape shape) noexcept override;
+};
+
+/// Shows the default pointer until the end of the scope, whatever was set before, and then that again.
+class DefaultPointer {
+ public:
+  DefaultPointer();
+  ~DefaultPointer();
+  DefaultPointer(const DefaultPointer&) = delete;
+  DefaultPointer& operator=(const DefaultPointer&) = delete;
+
+ private:
+  bool m_wasWaiting;
+};
+
+}  // namespace quorvel::ui

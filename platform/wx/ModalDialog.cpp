@@ -1,0 +1,103 @@
+#include "platform/wx/ModalDialog.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/Error.h"
+#include "platform/wx/DialogPrompts.h"
+#include "platform/wx/HostLoop.h"
+#include "platform/wx/HostWindows.h"
+#include "platform/wx/WindowSystem.h"
+
+namespace quorvel::ui {
+namespace {
+
+/// The open windows, the topmost last. Windows have one thread.
+std::vector<ModalDialog*>& OpenWindows() {
+  static std::vector<ModalDialog*> windows;
+  return windows;
+}
+
+class Opened {
+ public:
+  explicit Opened(ModalDialog* window) { OpenWindows().push_back(window); }
+  ~Opened() { OpenWindows().pop_back(); }
+  Opened(const Opened&) = delete;
+  Opened& operator=(const Opened&) = delete;
+};
+
+wxWindow* WithWindowSystem() {
+  RequireWindowSystem();
+  return nullptr;
+}
+
+}  // namespace
+
+ModalDialog::ModalDialog(const wxString& title)
+    : wxDialog(WithWindowSystem(), wxID_ANY, title, wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX) {
+  Bind(wxEVT_CHAR_HOOK, &ModalDialog::CloseByEscape, this);
+}
+
+ModalDialog::~ModalDialog() = default;
+
+ModalDialog* ModalDialog::Topmost() { return OpenWindows().empty() ? nullptr : OpenWindows().back(); }
+
+void ModalDialog::RunModal(const std::function<void()>& opened) {
+  if (std::ranges::count(OpenWindows(), this) != 0) ThrowAlreadyModal();
+  // A handler may have failed while the window was filled.
+  if (!m_failure) ShowUntilClosed(opened);
+  if (ModalDialog* below = Topmost()) below->CloseAfterFailure();
+  if (m_failure) std::rethrow_exception(std::exchange(m_failure, nullptr));
+}
+
+void ModalDialog::ShowUntilClosed(const std::function<void()>& opened) {
+  const Opened open(this);
+  const DefaultPointer pointer;
+  HostWindows hostWindows;
+  m_hostWindows = &hostWindows;
+  m_opened = &opened;
+  CallAfter(&ModalDialog::IsUp);
+  ShowModalInHost(*this);
+  m_opened = nullptr;
+  m_hostWindows = nullptr;
+}
+
+void ModalDialog::IsUp() {
+  const auto* opened = std::exchange(m_opened, nullptr);
+  if (opened == nullptr) return;
+  // Window managers may leave a new window behind the one that has the keyboard.
+  Raise();
+  if (*opened && !m_failure) Guard(*opened);
+  CloseAfterFailure();
+}
+
+void ModalDialog::EndModal(int answer) {
+  if (m_hostWindows != nullptr) m_hostWindows->Enable();
+  wxDialog::EndModal(answer);
+}
+
+void ModalDialog::Finish() {
+  if (IsModal()) EndModal(wxID_OK);
+}
+
+// The toolkit leaves Esc alone where there is no button for it.
+void ModalDialog::CloseByEscape(wxKeyEvent& event) {
+  if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers()) {
+    Close();
+  } else {
+    event.Skip();
+  }
+}
+
+void ModalDialog::FailWith(std::exception_ptr failure) noexcept {
+  if (!m_failure) m_failure = std::move(failure);
+  CloseAfterFailure();
+}
+
+// The loop of a window below cannot be ended before those above it; it comes here again when they are closed.
+void ModalDialog::CloseAfterFailure() {
+  if (m_failure && Topmost() == this && IsModal()) EndModal(wxID_CANCEL);
+}
+
+}  // namespace quorvel::ui

@@ -1,0 +1,33 @@
+#include "platform/wx/Accessibility.h"
+
+#include <wx/access.h>
+#include <wx/window.h>
+
+#include "platform/wx/Text.h"
+
+namespace quorvel::ui {
+namespace {
+
+/// Gives the control itself a name; everything else about it the system knows.
+class NamedControl : public wxAccessible {
+ public:
+  NamedControl(wxWindow& window, wxString name) : wxAccessible(&window), m_name(std::move(name)) {}
+
+  wxAccStatus GetName(int child, wxString* name) override {
+    if (child != wxACC_SELF) return wxACC_NOT_IMPLEMENTED;
+    *name = m_name;
+    return wxACC_OK;
+  }
+
+ private:
+  wxString m_name;
+};
+
+}  // namespace
+
+void SetAccessibleName(wxWindow& window, std::string_view name) {
+  // The window owns it.
+  window.SetAccessible(new NamedControl(window, ToWx(name)));
+}
+
+}  // namespace quorvel::ui
