@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quorvel {
+
+class RemarkContext;
+
+/// A remark type that may be chosen.
+struct TypeChoice {
+  std::string caption;
+  std::int32_t position = 0;  ///< 1-based among the context's types
+  friend bool operator==(const TypeChoice&, const TypeChoice&) = default;
+};
+
+/// The context's types that the user may create (CanCreate is not 0), in their order.
+[[nodiscard]] std::vector<TypeChoice> CreatableTypes(const RemarkContext& context);
+
+}  // namespace quorvel

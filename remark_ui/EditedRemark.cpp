@@ -1,0 +1,117 @@
+#include "remark_ui/EditedRemark.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "data/modUserName.h"
+#include "platform/Error.h"
+#include "platform/Prompts.h"
+#include "platform/Text.h"
+#include "remark_ui/RemarkText.h"
+#include "runtime/RemarkContext.h"
+#include "runtime/RemarkRights.h"
+
+namespace quorvel {
+
+void EditedRemark::Open(RemarkContext& context) noexcept {
+  Close();
+  m_context = &context;
+}
+
+void EditedRemark::Close() noexcept { *this = {}; }
+
+void EditedRemark::Show(std::int32_t position) {
+  const auto& list = m_context->RemarkList();
+  m_remark = list && position > 0 ? list->Item(std::int64_t{position}) : nullptr;
+  m_position = m_remark ? position : 0;
+  m_display = {};
+  if (!m_remark) return;
+  const RemarkRights rights = RightsOnRemark(*m_context, position, modUserName::GetUserName());
+  m_display.text = ShownText(m_remark->MemoText());
+  m_display.isLocked = !rights.canUpdate;
+  m_display.canSave = rights.canUpdate;
+  m_display.canDelete = rights.canDelete;
+  m_display.caption = rights.canUpdate ? "Edit Remark" : "View Remark";
+  if (rights.canDelete) {
+    OfferTypes([&](const TypeChoice& choice) { return EqualIgnoringCase(choice.caption, m_remark->TypeCaption()); });
+  } else {  // another type takes a remark away from its own
+    m_display.types = {{m_remark->TypeCaption(), 0}};
+    m_display.selectedType = 0;
+  }
+}
+
+template <typename IsSelected>
+void EditedRemark::OfferTypes(const IsSelected& isSelected) {
+  m_display.canChooseType = true;
+  m_display.types = CreatableTypes(*m_context);
+  const auto begin = m_display.types.begin();
+  const auto selected = std::find_if(begin, m_display.types.end(), isSelected);
+  m_display.selectedType.reset();
+  if (selected != m_display.types.end()) m_display.selectedType = static_cast<std::size_t>(selected - begin);
+}
+
+void EditedRemark::ShowNew(std::shared_ptr<RemarkType> type, std::int32_t typePosition) {
+  m_remark = std::make_shared<Remark>();
+  m_remark->SetRemarkType(std::move(type));
+  m_display.text.clear();
+  m_display.isLocked = false;
+  OfferTypes([&](const TypeChoice& choice) { return choice.position == typePosition; });
+  m_display.canSave = true;
+  m_display.caption = "Edit Remark";
+}
+
+void EditedRemark::TextEdited() noexcept {
+  if (!m_display.isLocked) m_display.canSave = true;
+}
+
+void EditedRemark::TypeChosen(const TypeChoice& type) noexcept {
+  if (m_remark) m_display.canSave = !EqualIgnoringCase(type.caption, m_remark->TypeCaption());
+}
+
+std::shared_ptr<RemarkType> EditedRemark::ChosenType(const RemarkInput& input) const {
+  // Nothing is selected where the user may not create the remark's own type; it then stays what it is.
+  if (!input.type || EqualIgnoringCase(input.type->caption, m_remark->TypeCaption())) return nullptr;
+  return m_context->Item(std::int64_t{input.type->position});
+}
+
+EditedRemark::Outcome EditedRemark::Save(const RemarkInput& input) {
+  if (!m_remark) return Outcome::Nothing;
+  if (input.text.empty()) {
+    CurrentPrompts().ShowMessage("Empty remarks not permitted.  Use delete to erase a remark", "Can Not Save",
+                                 PromptButtons::Ok, PromptIcon::Exclamation);
+    return Outcome::Nothing;
+  }
+  std::string text =
+      input.isTextTouched ? StoredText(input.text, m_remark->MemoText()) : std::string(m_remark->MemoText());
+  std::shared_ptr<RemarkType> type = ChosenType(input);
+  std::string loginName = modUserName::GetUserName();
+  const auto& list = m_context->RemarkList();
+  if (!list) ThrowObjectNotSet();
+  const bool isNew = list->Index(m_remark) == 0;
+  if (isNew) {
+    list->AddRemark(m_remark);
+    m_position = list->Count();
+  }
+  m_display.canSave = false;
+  if (!isNew && !type && text == m_remark->MemoText()) return Outcome::Unchanged;
+  m_remark->SetMemoText(std::move(text));
+  if (type) m_remark->SetRemarkType(std::move(type));
+  m_remark->SetUserID(std::move(loginName));
+  m_remark->SetDateStamp(Now());
+  m_remark->SetDirty(true);
+  return Outcome::Changed;
+}
+
+EditedRemark::Outcome EditedRemark::CommitPending(const RemarkInput& input) {
+  if (!m_display.canSave || TrimBlanks(input.text).empty()) return Outcome::Nothing;
+  return Save(input);
+}
+
+void EditedRemark::Remove() {
+  const auto& list = m_context->RemarkList();
+  const std::int32_t index = list && m_remark ? list->Index(m_remark) : 0;
+  if (index > 0) list->Remove(std::int64_t{index});
+  Show(0);
+}
+
+}  // namespace quorvel

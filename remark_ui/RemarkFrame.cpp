@@ -1,0 +1,99 @@
+#include "remark_ui/RemarkFrame.h"
+
+#include <wx/arrstr.h>
+#include <wx/choice.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include "platform/wx/Accessibility.h"
+#include "platform/wx/ScrollBars.h"
+#include "platform/wx/Text.h"
+#include "platform/wx/TextMargins.h"
+#include "platform/wx/Twips.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int kPadding = 75;
+constexpr int kTypeWidth = 2100;
+constexpr int kTextLines = 4;
+
+}  // namespace
+
+// The list of types stands beside the text and not above it: a remark is read and written in lines. What is in the
+// frame belongs to the window and not to the frame: on Windows a frame keeps to itself the access keys that are pressed
+// in it.
+RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
+    : fmViewRemark(new wxStaticBox(&parent, wxID_ANY, "View/Edit Remark")),
+      Label2(new wxStaticText(&parent, wxID_ANY, "Type Change")),
+      cboRemarkType(new wxChoice(&parent, wxID_ANY)),
+      txtRemark(new wxTextCtrl(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                               wxTE_MULTILINE | wxTE_BESTWRAP)) {
+  fmViewRemark->SetName("fmViewRemark");
+  Label2->SetName("Label2");
+  cboRemarkType->SetName("cboRemarkType");
+  txtRemark->SetName("txtRemark");
+  ui::SetAccessibleName(*cboRemarkType, "Type Change");
+  ui::SetAccessibleName(*txtRemark, "Remark");
+  ui::KeepScrollBars(*txtRemark);
+  ui::SetTextMargins(*txtRemark);
+  // An empty list is lower than one that shows a type, and the frame is not laid out anew for each remark.
+  cboRemarkType->Append(Label2->GetLabel());
+  cboRemarkType->SetMinSize({scale.ToPixels(kTypeWidth), cboRemarkType->GetBestSize().GetHeight()});
+  cboRemarkType->Clear();
+  txtRemark->SetMinSize({-1, kTextLines * txtRemark->GetCharHeight()});
+
+  const int padding = scale.ToPixels(kPadding);
+  auto* type = new wxBoxSizer(wxVERTICAL);
+  type->Add(Label2, wxSizerFlags().Border(wxBOTTOM, padding / 2));
+  type->Add(cboRemarkType, wxSizerFlags().Expand());
+  auto* frame = new wxStaticBoxSizer(fmViewRemark, wxHORIZONTAL);
+  frame->Add(type, wxSizerFlags().Border(wxALL, padding));
+  frame->Add(txtRemark, wxSizerFlags(1).Expand().Border(wxTOP | wxRIGHT | wxBOTTOM, padding));
+  m_sizer = frame;
+}
+
+void RemarkFrame::Show(const RemarkDisplay& display) {
+  ShowText(display);
+  ShowTypes(display);
+  fmViewRemark->SetLabel(ui::ToWx(display.caption));
+}
+
+void RemarkFrame::ShowText(const RemarkDisplay& display) {
+  const wxString text = ui::ToWx(display.text);
+  if (txtRemark->GetValue() != text) {
+    txtRemark->ChangeValue(text);
+    txtRemark->SetInsertionPoint(0);
+    txtRemark->ShowPosition(0);
+  }
+  m_filledText = txtRemark->GetValue();
+  txtRemark->SetEditable(!display.isLocked);
+  // Not every desktop shows by itself that nothing can be typed here.
+  txtRemark->SetBackgroundColour(display.isLocked ? wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE) : wxNullColour);
+  // The colour becomes that of the text as well, and stays there when the box has its own again.
+  txtRemark->SetDefaultStyle({});
+}
+
+void RemarkFrame::ShowTypes(const RemarkDisplay& display) {
+  m_types = display.types;
+  wxArrayString captions;
+  for (const TypeChoice& choice : m_types) captions.Add(ui::ToWx(choice.caption));
+  cboRemarkType->Set(captions);
+  cboRemarkType->SetSelection(display.selectedType ? static_cast<int>(*display.selectedType) : wxNOT_FOUND);
+}
+
+std::optional<TypeChoice> RemarkFrame::SelectedType() const {
+  const int selected = cboRemarkType->GetSelection();
+  if (selected == wxNOT_FOUND) return std::nullopt;
+  return m_types.at(static_cast<std::size_t>(selected));
+}
+
+RemarkInput RemarkFrame::Input() const {
+  const wxString text = txtRemark->GetValue();
+  return {ui::FromWx(text), text != m_filledText, SelectedType()};
+}
+
+}  // namespace quorvel

@@ -1,0 +1,201 @@
+#include "remark_ui/frmEdit.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include <wx/button.h>
+#include <wx/gdicmn.h>
+#include <wx/sizer.h>
+
+#include "data/modWaitCursor.h"
+#include "platform/wx/Accessibility.h"
+#include "platform/wx/SendKeys.h"
+#include "platform/wx/Text.h"
+#include "remark_ui/OwnerTitle.h"
+#include "remark_ui/RemarkGrid.h"
+#include "runtime/RemarkContext.h"
+
+namespace quorvel {
+namespace {
+
+constexpr ui::TwipSize kFirstSize{10800, 7800};
+
+constexpr std::int32_t kTypeColumn = 2;
+constexpr std::int32_t kDateColumn = 3;
+
+std::vector<GridColumn> Columns() {
+  return {{"MemoKey", "MemoKey", 7, false},
+          {"TypeCaption", "Type", 112, false},
+          {"DateStamp", "Date", 73, true, CellFormat::ShortDate},
+          {"UserID", "UserID", 83},
+          {"MemoText", "Remark", 377}};
+}
+
+class BusyPointer {
+ public:
+  BusyPointer() noexcept { modWaitCursor::BeginWait(); }
+  ~BusyPointer() { modWaitCursor::EndWait(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
+class Loading {
+ public:
+  explicit Loading(bool& flag) noexcept : m_flag(flag) { m_flag = true; }
+  ~Loading() { m_flag = false; }
+  Loading(const Loading&) = delete;
+  Loading& operator=(const Loading&) = delete;
+
+ private:
+  bool& m_flag;
+};
+
+}  // namespace
+
+/// The context for as long as the window is open; afterwards nothing of it is left in the controls.
+class frmEdit::Opened {
+ public:
+  Opened(frmEdit& window, RemarkContext& context) : m_window(window) {
+    m_window.m_context = context.shared_from_this();
+    m_window.m_rows.SetContext(m_window.m_context);
+    m_window.m_edited.Open(context);
+  }
+  ~Opened() {
+    m_window.m_wrapper.reset();
+    m_window.m_rows.SetContext(nullptr);
+    m_window.m_edited.Close();
+    m_window.m_context.reset();
+    m_window.Guard([this] {
+      const Loading loading(m_window.m_loading);
+      m_window.gdxMemos->Refetch();
+      m_window.Display();
+    });
+  }
+  Opened(const Opened&) = delete;
+  Opened& operator=(const Opened&) = delete;
+
+ private:
+  frmEdit& m_window;
+};
+
+frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
+  CreateControls();
+  BindHandlers();
+  MeasureControls();
+  SetClientSize(Scale().ClientSizeFor(kFirstSize));
+  wxSize size = GetSize();
+  size.DecTo(wxGetClientDisplayRect().GetSize());
+  SetSize(size);
+}
+
+frmEdit::~frmEdit() = default;
+
+void frmEdit::CreateControls() {
+  gdxMemos = new RemarkGrid(this, Columns(), {1, kDateColumn, kTypeColumn, 4, 5});
+  gdxMemos->SetName("gdxMemos");
+  ui::SetAccessibleName(*gdxMemos, "Remarks");
+  m_frame.emplace(*this, Scale());
+  SetSizer(m_frame->Sizer());
+  const auto button = [this](const char* name, const char* caption) {
+    auto* made = new wxButton(this, wxID_ANY, caption);
+    made->SetName(name);
+    ui::SetAccessibleName(*made, ui::FromWx(made->GetLabelText()));
+    return made;
+  };
+  cmdNew = button("cmdNew", "&New");
+  cmdSave = button("cmdSave", "&Save");
+  cmdDelete = button("cmdDelete", "&Delete");
+  cmdClose = button("cmdClose", "&Close");
+  SetEscapeId(cmdClose->GetId());
+}
+
+void frmEdit::MeasureControls() {
+  for (const wxButton* each : {cmdNew, cmdSave, cmdDelete, cmdClose}) {
+    const wxSize best = each->GetBestSize();
+    m_sizes.button.width = std::max(m_sizes.button.width, Scale().ToTwips(best.GetWidth()));
+    m_sizes.button.height = std::max(m_sizes.button.height, Scale().ToTwips(best.GetHeight()));
+  }
+  m_sizes.frameHeight = Scale().ToTwips(GetSizer()->GetMinSize().GetHeight());
+  SetMinClientSize(Scale().ClientSizeFor(SmallestEditor(m_sizes)));
+}
+
+bool frmEdit::Layout() {
+  // Windows come here while their parts are still being made.
+  if (cmdClose == nullptr || IsIconized()) return false;
+  const EditLayout layout = LayOutEditor(Scale().WindowSizeOf(GetClientSize()), m_sizes);
+  const auto place = [this](wxWindow& control, const ui::TwipRect& rectangle) {
+    control.SetSize(Scale().ToPixels(rectangle));
+  };
+  place(*gdxMemos, layout.grid);
+  const wxRect frame = Scale().ToPixels(layout.frame);
+  GetSizer()->SetDimension(frame.GetPosition(), frame.GetSize());
+  place(*cmdNew, layout.newButton);
+  place(*cmdSave, layout.saveButton);
+  place(*cmdDelete, layout.deleteButton);
+  place(*cmdClose, layout.closeButton);
+  return true;
+}
+
+void frmEdit::View(RemarkContext& context) {
+  if (m_context) return RunModal();  // refuses, and nothing of the remarks on the screen changes
+  const Opened opened(*this, context);
+  Guard([this] { Load(); });
+  try {
+    RunModal();
+  } catch (...) {
+    // Whatever went wrong, what was typed is not to be lost with it.
+    m_edited.CommitPending(m_frame->Input());
+    modWaitCursor::ResetWait();
+    throw;
+  }
+}
+
+void frmEdit::Load() {
+  m_wrapper = std::make_unique<GridEXWrapper>(ui::SendKeys);
+  m_wrapper->SetGrid(gdxMemos);
+  Refresh();
+  CentreOnScreen();
+  gdxMemos->SetFocus();
+}
+
+void frmEdit::Refresh() {
+  const BusyPointer busy;
+  SetTitle(ui::ToWx(OwnerTitle(*m_context)));
+  {
+    const Loading loading(m_loading);
+    SetUpGrid();
+    gdxMemos->Refetch();
+    // The first line of a group is its heading.
+    if (m_rows.RowCount() > 0) gdxMemos->SelectRow(m_context->GroupByType() ? 2 : 1);
+  }
+  ShowSelected();
+}
+
+void frmEdit::SetUpGrid() {
+  const bool isGrouped = m_context->GroupByType();
+  gdxMemos->SetSource(&m_rows);
+  gdxMemos->AllowRowSizing(m_context->AllowRowSizing());
+  gdxMemos->ShowColumn(kTypeColumn, !isGrouped);
+  gdxMemos->GroupBy(isGrouped ? std::optional(SortKey{kTypeColumn, true}) : std::nullopt);
+  gdxMemos->SortBy({{kDateColumn, false}});
+  gdxMemos->SetRowHeight(GridRowHeight(m_context->RowHeight()));
+}
+
+void frmEdit::RefreshRows(std::int32_t rowIndex, std::int32_t line) {
+  const BusyPointer busy;
+  const Loading loading(m_loading);
+  gdxMemos->Refetch();
+  if (rowIndex > 0) {
+    gdxMemos->SelectRowIndex(rowIndex);
+  } else if (line > 0) {
+    gdxMemos->SelectRow(line);
+  }
+}
+
+void frmEdit::ShowSelected() {
+  m_edited.Show(gdxMemos->RowIndex(gdxMemos->CurrentRow()));
+  Display();
+}
+
+}  // namespace quorvel

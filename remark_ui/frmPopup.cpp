@@ -1,0 +1,177 @@
+#include "remark_ui/frmPopup.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <wx/button.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include "platform/wx/Accessibility.h"
+#include "platform/wx/ScrollBars.h"
+#include "platform/wx/Text.h"
+#include "platform/wx/TextMargins.h"
+#include "remark_ui/OwnerTitle.h"
+#include "remark_ui/RemarkText.h"
+#include "runtime/RemarkContext.h"
+
+namespace quorvel {
+namespace {
+
+constexpr ui::TwipSize kFirstSize{7200, 4200};
+
+/// The walk of an open window, and the window drawn anew at the end: nothing of a context stays behind.
+class OpenWalk {
+ public:
+  OpenWalk(std::optional<PopupWalk>& walk, PopupDisplay& display, PopupWalk begun) : m_walk(walk), m_display(display) {
+    m_walk = std::move(begun);
+  }
+  ~OpenWalk() {
+    m_walk.reset();
+    m_display = {};
+  }
+  OpenWalk(const OpenWalk&) = delete;
+  OpenWalk& operator=(const OpenWalk&) = delete;
+
+ private:
+  std::optional<PopupWalk>& m_walk;
+  PopupDisplay& m_display;
+};
+
+}  // namespace
+
+frmPopup::frmPopup() : ModalDialog(wxString()) {
+  CreateControls();
+  BindHandlers();
+  MeasureControls();
+  SetClientSize(Scale().ClientSizeFor(kFirstSize));
+  CentreOnScreen();
+}
+
+void frmPopup::CreateControls() {
+  const auto label = [this](const char* text, const char* name) {
+    return new wxStaticText(this, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, 0, name);
+  };
+  const auto textBox = [this](long style, const char* name, const char* spokenName) {
+    auto* box = new wxTextCtrl(this, wxID_ANY, "Text1", wxDefaultPosition, wxDefaultSize, style | wxTE_READONLY,
+                               wxDefaultValidator, name);
+    ui::SetAccessibleName(*box, spokenName);
+    return box;
+  };
+  const auto button = [this](const char* caption, const char* name) {
+    return new wxButton(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
+  };
+  Label2 = label("Type", "Label2");
+  txtRemarkType = textBox(0, "txtRemarkType", "Type");
+  Label1 = label("Remark", "Label1");
+  txtRemark = textBox(wxTE_MULTILINE | wxTE_BESTWRAP, "txtRemark", "Remark");
+  ui::SetTextMargins(*txtRemark);
+  ui::KeepScrollBars(*txtRemark);
+  lblRemarkCounter = label("Label1", "lblRemarkCounter");
+  cmdPrev = button("&Previous", "cmdPrev");
+  ui::SetAccessibleName(*cmdPrev, "Previous");
+  cmdNext = button("Next", "cmdNext");
+  cmdNext->SetDefault();
+}
+
+void frmPopup::BindHandlers() {
+  cmdPrev->Bind(wxEVT_BUTTON, Guarded([this] { cmdPrev_Click(); }));
+  cmdNext->Bind(wxEVT_BUTTON, Guarded([this] { cmdNext_Click(); }));
+  Bind(wxEVT_SIZE, Guarded([this](wxSizeEvent& event) {
+         event.Skip();
+         if (!IsIconized()) LayOut();
+       }));
+  Bind(wxEVT_CHAR_HOOK, Guarded([this](wxKeyEvent& event) { KeyPressed(event); }));
+}
+
+void frmPopup::MeasureControls() {
+  const ui::TwipScale scale = Scale();
+  const auto atLeast = [&scale](const ui::TwipSize& drawn, const wxWindow& control) {
+    const wxSize best = control.GetBestSize();
+    // One more: a place between two pixels may cost one.
+    return ui::TwipSize{std::max(drawn.width, scale.ToTwips(best.GetWidth() + 1)),
+                        std::max(drawn.height, scale.ToTwips(best.GetHeight() + 1))};
+  };
+  const PopupControls drawn;
+  m_sizes.typeHeight = atLeast({0, drawn.typeHeight}, *txtRemarkType).height;
+  m_sizes.previous = atLeast(drawn.previous, *cmdPrev);
+  for (const char* caption : {"&Next", "&Finish"}) {
+    cmdNext->SetLabel(caption);
+    const ui::TwipSize size = atLeast(drawn.next, *cmdNext);
+    m_sizes.next = {std::max(m_sizes.next.width, size.width), std::max(m_sizes.next.height, size.height)};
+  }
+  SetMinClientSize(scale.ClientSizeFor(SmallestPopup(m_sizes)));
+}
+
+void frmPopup::View(RemarkContext& context) {
+  PopupWalk walk(context.shared_from_this());
+  if (walk.PopupCount() <= 0) return;
+  if (m_walk) return RunModal();  // refuses, and the remarks on the screen stay
+  const OpenWalk open(m_walk, m_display, std::move(walk));
+  SetTitle(ui::ToWx(OwnerTitle(context)));
+  Display();
+  txtRemark->SetFocus();
+  RunModal();
+}
+
+void frmPopup::Display() {
+  m_walk->Fill(m_display);
+  const wxString nextCaption = ui::ToWx(m_display.nextCaption);
+  // A button that is disabled while it has the focus keeps it, and the keyboard does nothing from then on.
+  if (!m_display.previousEnabled && cmdPrev->HasFocus()) cmdNext->SetFocus();
+  cmdPrev->Enable(m_display.previousEnabled);
+  cmdPrev->Show(m_display.previousVisible);
+  cmdNext->SetLabel(nextCaption);
+  ui::SetAccessibleName(*cmdNext, ui::FromWx(wxControl::RemoveMnemonics(nextCaption)));
+  txtRemark->ChangeValue(ui::ToWx(ShownText(m_display.remark)));
+  txtRemark->SetInsertionPoint(0);
+  txtRemark->ShowPosition(0);
+  txtRemarkType->ChangeValue(ui::ToWx(m_display.remarkType));
+  txtRemarkType->SetInsertionPoint(0);
+  lblRemarkCounter->SetLabelText(ui::ToWx(m_display.counter));
+  LayOut();
+}
+
+void frmPopup::LayOut() {
+  const ui::TwipScale scale = Scale();
+  const PopupLayout layout = LayOutPopup(scale.WindowSizeOf(GetClientSize()), m_sizes);
+  const auto place = [&scale](wxWindow& control, const ui::TwipRect& rectangle) {
+    control.SetSize(scale.ToPixels(rectangle));
+  };
+  place(*Label2, layout.typeLabel);
+  place(*txtRemarkType, layout.remarkType);
+  place(*Label1, layout.remarkLabel);
+  place(*txtRemark, layout.remark);
+  place(*lblRemarkCounter, layout.counter);
+  place(*cmdPrev, layout.previous);
+  place(*cmdNext, layout.next);
+}
+
+void frmPopup::cmdPrev_Click() {
+  m_walk->Previous();
+  Display();
+}
+
+void frmPopup::cmdNext_Click() {
+  if (m_walk->IsAtEnd()) return Finish();
+  m_walk->Next();
+  Display();
+}
+
+// A box of several lines keeps Enter to itself though nothing can be typed here, and buttons do not scroll the text.
+void frmPopup::KeyPressed(wxKeyEvent& event) {
+  const int key = event.GetKeyCode();
+  const wxWindow* focus = FindFocus();
+  const bool plain = event.GetModifiers() == wxMOD_NONE;
+  if (plain && focus == txtRemark && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
+    cmdNext_Click();
+  } else if (plain && focus != txtRemark && key == WXK_PAGEDOWN) {
+    txtRemark->PageDown();
+  } else if (plain && focus != txtRemark && key == WXK_PAGEUP) {
+    txtRemark->PageUp();
+  } else {
+    event.Skip();
+  }
+}
+
+}  // namespace quorvel

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/wx/ModalDialog.h"
+#include "remark_ui/PopupLayout.h"
+#include "remark_ui/PopupWalk.h"
+
+class wxButton;
+class wxKeyEvent;
+class wxStaticText;
+class wxTextCtrl;
+
+namespace quorvel {
+
+/// Walks the user through the remarks that must be seen, one at a time. Reads only. One of a kind per thread, used
+/// again.
+class frmPopup : public ui::ModalDialog {
+ public:
+  frmPopup();
+
+  /// Shows the context's remarks that pop up and returns when the user is done; at once when there are none. Errors of
+  /// the walk pass through, with the window closed.
+  void View(RemarkContext& context);
+
+ private:
+  void CreateControls();
+  void BindHandlers();
+  void MeasureControls();
+  void Display();
+  void LayOut();
+  void cmdPrev_Click();
+  void cmdNext_Click();
+  void KeyPressed(wxKeyEvent& event);
+
+  // In the order in which Tab passes them.
+  wxStaticText* Label2;
+  wxTextCtrl* txtRemarkType;
+  wxStaticText* Label1;
+  wxTextCtrl* txtRemark;
+  wxStaticText* lblRemarkCounter;
+  wxButton* cmdPrev;
+  wxButton* cmdNext;
+
+  PopupControls m_sizes;
+  PopupDisplay m_display;
+  std::optional<PopupWalk> m_walk;  ///< while the window is open
+};
+
+}  // namespace quorvel
