@@ -14,6 +14,7 @@ void AddInitCommand(CLI::App& app);
 void AddRunCommand(CLI::App& app);
 void AddListCommand(CLI::App& app);
 void AddPopupCommand(CLI::App& app);
+void AddEditorCommand(CLI::App& app);
 void AddAddCommand(CLI::App& app);
 void AddChangeCommand(CLI::App& app);
 void AddRemoveCommand(CLI::App& app);

@@ -14,6 +14,7 @@
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "runtime/RemarkRights.h"
 
 namespace quorvel::cli {
 namespace {
@@ -48,17 +49,21 @@ void RequireCreate(const RemarkContext& context, const RemarkType& type, const s
          fmt::format("{} may not create remarks of type {}", OneLine(context.UserID()), OneLine(type.TypeID())));
 }
 
+// As in the editor: an author may change and delete what the type's rights alone would not allow.
+RemarkRights Rights(const RemarkContext& context, std::int32_t index) {
+  return RightsOnRemark(context, index, context.UserID());
+}
+
 void RequireUpdate(const RemarkContext& context, std::int32_t index, const Remark& remark, const std::string& source) {
-  const bool isAuthor = EqualIgnoringCase(TrimBlanks(remark.UserID()), TrimBlanks(context.UserID()));
-  if (isAuthor || context.CanUpdate(index)) return;
-  Refuse(source, fmt::format("{} may not change remarks of type {} that others wrote", OneLine(context.UserID()),
-                             OneLine(remark.TypeID())));
+  if (Rights(context, index).canUpdate) return;
+  Refuse(source,
+         fmt::format("{} may not change this remark of type {}", OneLine(context.UserID()), OneLine(remark.TypeID())));
 }
 
 void RequireDelete(const RemarkContext& context, std::int32_t index, const Remark& remark, const std::string& source) {
-  if (context.CanDelete(index)) return;
+  if (Rights(context, index).canDelete) return;
   Refuse(source,
-         fmt::format("{} may not delete remarks of type {}", OneLine(context.UserID()), OneLine(remark.TypeID())));
+         fmt::format("{} may not delete this remark of type {}", OneLine(context.UserID()), OneLine(remark.TypeID())));
 }
 
 void PrintWritten(std::string_view verb, const Remark& remark) {

@@ -10,6 +10,7 @@
 #include "host/cli/LoadedContext.h"
 #include "host/cli/Terminal.h"
 #include "host/cli/TextLayout.h"
+#include "platform/ShortDate.h"
 #include "platform/Text.h"
 
 namespace quorvel::cli {
@@ -43,7 +44,7 @@ Columns Measure(const RemarkContext& context) {
 }
 
 void PrintRemark(const Remark& remark, std::size_t index, const Columns& columns, std::size_t width) {
-  std::string line = fmt::format("  {:>{}}  {}  ", index, columns.index, ShortDate(remark.DateStamp()));
+  std::string line = fmt::format("  {:>{}}  {}  ", index, columns.index, FormatShortDate(remark.DateStamp()));
   if (columns.type > 0) line += Padded(OneLine(remark.TypeCaption()), columns.type + 2);
   line += Padded(OneLine(remark.UserID()), columns.user + 2);
   fmt::print("{}{}\n", line, Paragraph(remark.MemoText(), CountCharacters(line), width));

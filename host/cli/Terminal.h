@@ -1,9 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
-
-#include "platform/DateTime.h"
 
 namespace quorvel::cli {
 
@@ -12,8 +9,5 @@ namespace quorvel::cli {
 
 /// Waits for Enter when a person sits at both ends; else returns at once. False when the input has ended.
 bool WaitForEnter(const char* prompt);
-
-/// The date in the form of the machine's regional setting, and as 2026-01-31 where there is none.
-[[nodiscard]] std::string ShortDate(DateTime value);
 
 }  // namespace quorvel::cli

@@ -2,7 +2,6 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <cerrno>
-#include <clocale>
 #include <cstdio>
 #include <exception>
 #include <system_error>
@@ -49,6 +48,7 @@ void Describe(CLI::App& app) {
   AddRunCommand(app);
   AddListCommand(app);
   AddPopupCommand(app);
+  AddEditorCommand(app);
   AddAddCommand(app);
   AddChangeCommand(app);
   AddRemoveCommand(app);
@@ -87,7 +87,6 @@ int Run(int argc, const char* const* argv) {
 int main(int argc, char** argv) {
   using quorvel::cli::PrintError;
   try {
-    std::setlocale(LC_TIME, "");
     return quorvel::cli::Run(argc, argv);
   } catch (const quorvel::Error& error) {
     PrintError(error.Number(), error.Source(), error.Description());

@@ -12,7 +12,8 @@ using ::testing::Not;
 TEST_F(CommandLine, HelpSucceedsEverywhereAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel({"--version"}).output, HasSubstr("quorvel 5."));
   EXPECT_THAT(Quorvel({"--help"}), Succeeds());
-  for (const char* command : {"settings", "init", "run", "list", "popup", "add", "change", "remove", "doctor"}) {
+  for (const char* command :
+       {"settings", "init", "run", "list", "popup", "edit", "add", "change", "remove", "doctor"}) {
     EXPECT_THAT(Quorvel({command, "--help"}), Succeeds()) << command;
   }
   EXPECT_THAT(Quorvel({}), IsWrongUsage("Usage:"));
@@ -25,6 +26,7 @@ TEST_F(CommandLine, HelpSucceedsEverywhereAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "0"})), IsWrongUsage("--index"));
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "one"})), IsWrongUsage("--index"));
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1"})), IsWrongUsage("--text or --type"));
+  EXPECT_THAT(Quorvel(OnAcme({"edit"})), IsWrongUsage("edit needs --window"));
   EXPECT_THAT(Quorvel({"settings", "Sever=SQL1"}), IsWrongUsage("Sever"));
   EXPECT_THAT(Quorvel({"settings", "Server"}), IsWrongUsage("NAME=VALUE"));
 }

@@ -84,6 +84,18 @@ TEST_F(RemarkCommands, PopupAndListReadAsPeopleKnowThem) {
   EXPECT_THAT(list, HasSubstr("\n7 remarks, 3 to pop up\njsmith may add Cust.AR.Coll, Cust.General\n"));
 }
 
+TEST_F(RemarkCommands, WindowsThatCannotBeOpenedAreAnErrorAndWhereNothingPopsUpNoneIs) {
+  const ScopedVariable display("DISPLAY", "");
+  const ScopedVariable wayland("WAYLAND_DISPLAY", "");
+  EXPECT_THAT(Quorvel(OnAcme({"popup", "--window"}, "guest")).output, HasSubstr("No remarks"));
+  for (const auto& [command, source] : {std::pair{"popup", "PopupMemos"}, {"edit", "EditMemos"}}) {
+    const Outcome outcome = Quorvel(OnAcme({command, "--window"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors,
+                HasSubstr(std::string("quorvel: error -1 at RemarkContext.") + source + ": No window can be opened: "));
+  }
+}
+
 TEST_F(RemarkCommands, WhatIsAddedChangedAndRemovedIsInTheDatabase) {
   EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "cust.ar.coll", "--text", "-"}), "  It's\nlate \r\n"), Succeeds());
   EXPECT_THAT(ListAcme("jsmith")["remarks"][0]["text"], "It's\nlate");
@@ -110,21 +122,33 @@ TEST_F(RemarkCommands, WhatTheRightsForbidIsRefusedAndNothingIsWritten) {
   EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "Ord.Note", "--text", "x"})),
               Fails("-1 at RemarkContext.AddRemark: Illegal remark type for this context"));
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "3", "--text", "x"})),
-              Fails("-1 at quorvel.change: jsmith may not change remarks of type Cust.Credit that others wrote"));
+              Fails("-1 at quorvel.change: jsmith may not change this remark of type Cust.Credit"));
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1", "--type", "Cust.Credit"})),
               Fails("-1 at quorvel.change: jsmith may not create remarks of type Cust.Credit"));
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "3"})),
-              Fails("-1 at quorvel.remove: jsmith may not delete remarks of type Cust.Credit"));
+              Fails("-1 at quorvel.remove: jsmith may not delete this remark of type Cust.Credit"));
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "7"})),
               Fails("-1 at quorvel.remove: There is no remark 7: jsmith may read 6 remarks of C1044"));
   EXPECT_EQ(ListAcme("admin"), before);
+}
 
-  // jsmith's own remark of a type that only others may change: the text may change, the type may not.
-  ASSERT_EQ(before["remarks"][5]["userId"], "jsmith");
+TEST_F(RemarkCommands, AuthorsMayChangeAndDeleteTheirOwn) {
+  // General: jsmith may create it, and neither update nor delete. Remark 4 is mjones's, 5 is jsmith's.
+  EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "4", "--text", "x"})),
+              Fails("-1 at quorvel.change: jsmith may not change this remark of type Cust.General"));
+  EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "4"})),
+              Fails("-1 at quorvel.remove: jsmith may not delete this remark of type Cust.General"));
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "5", "--text", "Mine"})), Succeeds());
   EXPECT_THAT(Stored("Mine"), HasSubstr("Cust.General  jsmith  Mine"));
-  EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "4", "--type", "Cust.AR.Coll"})),
-              Fails("-1 at quorvel.change: jsmith may not delete remarks of type Cust.General"));
+  EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "4", "--type", "cust.ar.coll"})), Succeeds());
+  EXPECT_THAT(Stored("Mine"), HasSubstr("Cust.AR.Coll  jsmith  Mine"));
+
+  // What a collector wrote is no collector's own.
+  RunSql("UPDATE ttwRemarkRight SET CanUpdate = 0, CanDelete = 0");
+  EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1", "--text", "x"})),
+              Fails("-1 at quorvel.change: jsmith may not change this remark of type Cust.AR.Coll"));
+  EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "1"})),
+              Fails("-1 at quorvel.remove: jsmith may not delete this remark of type Cust.AR.Coll"));
 }
 
 TEST_F(RemarkCommands, ErrorsOfLoadingKeepNumberAndSource) {

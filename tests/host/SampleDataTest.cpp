@@ -1,0 +1,67 @@
+#include <clocale>
+#include <stdexcept>
+#include <string>
+
+#include "host/sample/BusinessData.h"
+#include "tests/host/CommandLine.h"
+
+namespace sample {
+namespace {
+
+using quorvel::test::CommandLine;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+std::string Utf8(const wxString& text) { return std::string(text.utf8_str()); }
+
+BusinessData ReadFrom(const std::string& file, const std::string& server = "(embedded)") {
+  return ReadBusinessData(wxString::FromUTF8("Provider=SQLOLEDB.1;Data Source=" + server + "; Initial Catalog=" + file +
+                                             "; User ID=; Password="));
+}
+
+std::string RefusalOf(const std::string& file, const std::string& server = "(embedded)") {
+  try {
+    (void)ReadFrom(file, server);
+  } catch (const std::runtime_error& refusal) {
+    return refusal.what();
+  }
+  return "none";
+}
+
+class SampleData : public CommandLine {};
+
+TEST_F(SampleData, IsReadFromTheFileOfTheSettingsAndFound) {
+  Initialize(true);
+  RunSql("INSERT INTO SalesOrder (OrderKey, OrderID, CustKey, OrderDate) VALUES (99, 'SO10000', 45, '20231231')");
+  RunSql("UPDATE ttwUser SET IsActive = 0 WHERE UserID = 'mjones'");
+  const BusinessData data = ReadFrom(File("test.db"));
+
+  ASSERT_EQ(data.customers.size(), 50U);
+  const Customer& acme = data.customers.at(44);
+  EXPECT_EQ(Utf8(acme.id + " " + acme.name), "C1044 Acme Tools");
+  ASSERT_EQ(acme.orders.size(), 3U);
+  EXPECT_EQ(Utf8(acme.orders.front().id + " " + acme.orders.front().date.FormatISODate()), "SO10000 2023-12-31");
+  const Customer& foreign = data.customers.at(43);
+  EXPECT_EQ(Utf8(foreign.name), "Søndergaard Møbler");
+  ASSERT_EQ(data.users.size(), 3U);
+  EXPECT_EQ(Utf8(data.users.front().name), "Jane Smith");
+  EXPECT_EQ(Utf8(data.users.back().id + data.users.back().name), "guest");
+
+  // The program runs in its user's locale, which knows the letters.
+  ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+  EXPECT_TRUE(IsFound(foreign, wxString::FromUTF8(" MØB ")));
+  EXPECT_TRUE(IsFound(foreign, "c104"));
+  EXPECT_TRUE(IsFound(foreign, ""));
+  EXPECT_FALSE(IsFound(foreign, "acme"));
+}
+
+TEST_F(SampleData, SaysWhatIsMissing) {
+  EXPECT_THAT(RefusalOf("Ledger", "SQL1"), HasSubstr("the settings name the server \"SQL1\""));
+  EXPECT_THAT(RefusalOf(File("none;of it.db")),
+              StartsWith("There is no database file \"" + File("none;of it.db") + "\""));
+  Initialize(false);
+  EXPECT_THAT(RefusalOf(File("test.db")), StartsWith("The customers cannot be read: no such table: Customer"));
+}
+
+}  // namespace
+}  // namespace sample
