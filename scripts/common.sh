@@ -3,12 +3,16 @@
 
 # shellcheck disable=SC2034  # the sourcing scripts pick from the lists
 BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev
-  libgtest-dev libgmock-dev libbenchmark-dev dpkg-dev file)
+  libwxgtk3.2-dev libgtk-3-dev
+  libgtest-dev libgmock-dev libbenchmark-dev dpkg-dev file pkgconf)
 # shellcheck disable=SC2034
-CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy shellcheck pkgconf)
+CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy shellcheck)
 # shellcheck disable=SC2034
-WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine64 wine xvfb xauth
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine64 wine
   googletest tcl)
+# For windows on a screen that nobody sees.
+# shellcheck disable=SC2034
+PICTURE_PACKAGES=(xvfb xauth openbox xdotool imagemagick fonts-dejavu-core fonts-noto-color-emoji)
 
 # step TEXT: says what comes next.
 step() { printf '\n== %s\n' "$*"; }

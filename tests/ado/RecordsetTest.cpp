@@ -69,6 +69,13 @@ TEST(Recordset, FiltersAndBookmarks) {
   EXPECT_EQ(recordset.Filter(), "Letter='a'");
   EXPECT_EQ(recordset.Bookmark(), 3) << "a refused move or filter must change nothing";
 
+  EXPECT_EQ(recordset.At(2, 1), Value{std::string("A")});
+  EXPECT_EQ(recordset.BookmarkAt(3), 5);
+  EXPECT_EQ(Caught([&] { static_cast<void>(recordset.At(4, 1)); }).Number(), ErrorNumber::AdoInvalidArgument);
+  EXPECT_EQ(Caught([&] { static_cast<void>(recordset.BookmarkAt(0)); }).Number(), ErrorNumber::AdoInvalidArgument);
+  EXPECT_EQ(Caught([&] { static_cast<void>(recordset.At(1, 2)); }).Number(), ErrorNumber::AdoItemNotFound);
+  EXPECT_EQ(recordset.Bookmark(), 3) << "reading another row does not move";
+
   recordset.SetFilter("Letter='nobody'");
   EXPECT_TRUE(recordset.EndOfFile());
   EXPECT_EQ(recordset.RecordCount(), 0);

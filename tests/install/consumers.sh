@@ -70,3 +70,7 @@ rm -rf "$moved"
 mv "$prefix" "$moved"
 check_consumer with_cmake "$moved"
 check_consumer with_pkg_config "$moved"
+
+# The windows are found where the rest is now, and only a screen is missing.
+said=$(env -u DISPLAY -u WAYLAND_DISPLAY "$moved/bin/quorvel" popup --window --context CustMaint --owner C1044 --user jsmith 2>&1) || true
+[[ $said == *"DISPLAY is not set" ]] || fail "Without a display the windows say: $said"

@@ -30,10 +30,15 @@ cpack --config "$build/CPackConfig.cmake" -B "$made" >"$made/log" 2>&1 || fail "
 
 major=${version%%.*}
 library=libquorvel$major
+windows=$library-windows
 lib=/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
-expect "The files of $library" "lrwxrwxrwx root/root $lib/libquorvel.so.$major -> libquorvel.so.$version
+expect "The files of $library" "-rw-r--r-- root/root $lib/libquorvel-core.so.$version
+lrwxrwxrwx root/root $lib/libquorvel.so.$major -> libquorvel.so.$version
 -rw-r--r-- root/root $lib/libquorvel.so.$version
 $(documents "$library")" "$(files_of "$library")"
+expect "The files of $windows" "lrwxrwxrwx root/root $lib/libquorvel-windows.so.$major -> libquorvel-windows.so.$version
+-rw-r--r-- root/root $lib/libquorvel-windows.so.$version
+$(documents "$windows")" "$(files_of "$windows")"
 expect "The files of libquorvel-dev" "-rw-r--r-- root/root /usr/include/quorvel/com.h
 -rw-r--r-- root/root /usr/include/quorvel/quorvel.h
 -rw-r--r-- root/root /usr/include/quorvel/quorvel.idl
@@ -50,23 +55,40 @@ $(documents libquorvel-dev)
   "$(files_of libquorvel-dev | sed -E 's/(QuorvelTargets-)[a-z]+\./\1BUILD./')"
 expect "The files of quorvel" "-rwxr-xr-x root/root /usr/bin/quorvel
 $(documents quorvel)" "$(files_of quorvel)"
+expect "The files of quorvel-sample" "-rwxr-xr-x root/root /usr/bin/quorvel-sample
+$(documents quorvel-sample)" "$(files_of quorvel-sample)"
 
-# Both link the same libraries, the command line not the component's.
-needed="libc6
+# No toolkit: these two are for machines without a desktop, too.
+expect "What $library depends on" "libc6
 libfmt9
 libgcc-s1
 libodbc2
 libsqlite3-0
-libstdc++6"
-expect "What $library depends on" "$needed" "$(packages_needed "$library")"
-expect "What quorvel depends on" "$needed" "$(packages_needed quorvel)"
-expect "What libquorvel-dev depends on" "$library (= $version)" "$(field libquorvel-dev Depends)"
+libstdc++6" "$(packages_needed "$library")"
+expect "What quorvel depends on" "libc6
+libfmt9
+libgcc-s1
+$library
+libstdc++6" "$(packages_needed quorvel)"
+for name in "$windows" quorvel-sample; do
+  for other in "$library" libgtk-3-0 libwxgtk3.2-1; do
+    packages_needed "$name" | grep -qx "$other" || fail "$name does not depend on $other."
+  done
+done
+for name in "$windows" libquorvel-dev quorvel quorvel-sample; do
+  field "$name" Depends | grep -qF "$library (= $version)" || fail "$name takes another library: $(field "$name" Depends)"
+done
+expect "What $library recommends" "tdsodbc, $windows" "$(field "$library" Recommends)"
+expect "What quorvel recommends" tdsodbc "$(field quorvel Recommends)"
 for name in "$library" quorvel; do
-  expect "What $name recommends" tdsodbc "$(field "$name" Recommends)"
   dpkg-deb -I "$(package "$name")" postrm | sh -n || fail "The postrm of $name is no shell script."
 done
 expect "What links the library depends on" "libquorvel $major $library (>= $version)" "$(control_file "$library" shlibs)"
-expect "The triggers" "activate-noawait ldconfig" "$(control_file "$library" triggers)"
-if control_file "$library" postinst | grep -v '^#' | grep ldconfig; then
-  fail "ldconfig is called beside its trigger."
-fi
+for name in "$library" "$windows"; do
+  expect "The triggers of $name" "activate-noawait ldconfig" "$(control_file "$name" triggers)"
+  for script in postinst postrm; do
+    if control_file "$name" "$script" | grep -v '^#' | grep ldconfig; then
+      fail "$script of $name calls ldconfig beside its trigger."
+    fi
+  done
+done

@@ -27,28 +27,45 @@ $lib/cmake/Quorvel/QuorvelTargets-BUILD.cmake
 $lib/cmake/Quorvel/QuorvelTargets.cmake
 $lib/libquorvel.so
 $lib/pkgconfig/quorvel.pc" "$(sed -E 's/(QuorvelTargets-)[a-z]+\./\1BUILD./' <<<"$development")"
-expect "What runtime brings" "$lib/libquorvel.so.${version%%.*}
+expect "What runtime brings" "$lib/libquorvel-core.so.$version
+$lib/libquorvel.so.${version%%.*}
 $lib/libquorvel.so.$version" "$(component runtime)"
 expect "What tools brings" "bin/quorvel" "$(component tools)"
+"$prefix/bin/quorvel" --version >/dev/null || fail "The command line does not find its library."
+expect "What windows brings" "$lib/libquorvel-windows.so.${version%%.*}
+$lib/libquorvel-windows.so.$version" "$(component windows)"
+expect "What sample brings" "bin/quorvel-sample" "$(component sample)"
 
 everything=$(files_below "$prefix")
 cmake --install "$build" --prefix "$scratch/everything" >"$scratch/install.log" || fail "$(cat "$scratch/install.log")"
 expect "What an install without a component brings" "$everything" "$(files_below "$scratch/everything")"
 rm -rf "$scratch/everything"
 
+# named FIELD FILE: what the dynamic section of a file says under that name, one a line.
+named() { readelf -dW "$2" | sed -n "s/.*($1).*\[\(.*\)\]/\1/p"; }
+
+# needed FILE: the libraries it is linked with beside the compiler's own.
+needed() { named NEEDED "$1" | grep -vE '^(libc|libm|libgcc_s|libstdc\+\+|ld-linux.*)\.so\.[0-9]+$' | LC_ALL=C sort; }
+
 library=$prefix/$lib/libquorvel.so
+core=$prefix/$lib/libquorvel-core.so.$version
+windows=$prefix/$lib/libquorvel-windows.so.${version%%.*}
 expect "What the library exports" "DllCanUnloadNow
 DllGetClassObject
 QuorvelCreate" "$(nm -D --defined-only --format=just-symbols "$library" | LC_ALL=C sort)"
-dynamic=$(readelf -dW "$library")
-expect "The library's own name" "libquorvel.so.${version%%.*}" "$(sed -n 's/.*(SONAME).*\[\(.*\)\]/\1/p' <<<"$dynamic")"
-expect "What the library needs beside the compiler's own" "libfmt.so.9
+expect "The library's own name" "libquorvel.so.${version%%.*}" "$(named SONAME "$library")"
+expect "What the library needs" "libfmt.so.9
+libquorvel-core.so.$version" "$(needed "$library")"
+expect "What the core needs: nothing of a desktop" "libfmt.so.9
 libodbc.so.2
-libsqlite3.so.0" "$(sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' <<<"$dynamic" |
-  grep -vE '^(libc|libm|libgcc_s|libstdc\+\+|ld-linux.*)\.so\.[0-9]+$' | LC_ALL=C sort)"
-if grep -rniE 'sqlite|odbc|fmt' "$prefix/include" "$prefix/$lib/cmake" "$prefix/$lib/pkgconfig"; then
+libsqlite3.so.0" "$(needed "$core")"
+expect "The windows' own name" "libquorvel-windows.so.${version%%.*}" "$(named SONAME "$windows")"
+needed "$windows" | grep -qx "libquorvel-core.so.$version" || fail "The windows have a core of their own."
+if grep -rniE 'sqlite|odbc|fmt|quorvel-core|wx|gtk' "$prefix/include" "$prefix/$lib/cmake" "$prefix/$lib/pkgconfig"; then
   fail "A host would need what only the library needs."
 fi
-if readelf -dW "$library" "$prefix/bin/quorvel" | grep -E '\((RUNPATH|RPATH)\)'; then
-  fail "A folder of the build machine is in what was installed."
-fi
+for file in "$library" "$core" "$windows" "$prefix"/bin/*; do
+  folder="\$ORIGIN"
+  [[ $file != "$prefix"/bin/* ]] || folder="\$ORIGIN/../$lib"
+  expect "Where ${file##*/} looks for libraries first" "$folder" "$(named RUNPATH "$file")$(named RPATH "$file")"
+done

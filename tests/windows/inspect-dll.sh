@@ -41,6 +41,7 @@ done
 
 resources=$("$tools-windres" -J coff -i "$dll" -O rc)
 expect "type libraries" '1 "TYPELIB"' "$(grep TYPELIB <<<"$resources" | grep '^[0-9]')"
+expect "manifests, one as libraries have it" '2 24' "$(sed -n 's| /\* RT_MANIFEST \*/||p' <<<"$resources")"
 expect "log messages" 1 "$(grep -c RT_MESSAGETABLE <<<"$resources")"
 # One line stands for all resources behind it.
 expect "languages" 'LANGUAGE 9, 1' "$(grep '^LANGUAGE' <<<"$resources" | sort -u)"

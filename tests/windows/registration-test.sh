@@ -149,5 +149,5 @@ snapshot denied_unregistered
 expect_unchanged closed machine user events
 
 # A machine that was started again lets the key go.
-end_wine
+restart_wine
 wine reg delete "$machine\\Quorvel.RemarkContext" /f >/dev/null

@@ -59,11 +59,11 @@ for (remarks = new Enumerator(context.RemarkList); !remarks.atEnd(); remarks.mov
 }
 equal("stored and read again", stored, true);
 
-var windows = "No window can be opened: the window library is not loaded";
+var windows = "No window can be opened: this version has no administration window";
 fails("an unknown context", function () { context.Load("Nowhere"); }, [-1], "ContextID [Nowhere] not found");
 fails("a type of elsewhere", function () { context.AddRemark("Ord.Ship", "text"); }, [-1],
       "Illegal remark type for this context");
-fails("a window", function () { context.PopupMemos(); }, [-1], windows);
+fails("a window", function () { context.ViewManager(1); }, [-1], windows);
 fails("behind the last", function () { list.Remove(99); }, [0x800A0009], "Subscript out of range");
 fails("adding null", function () { list.AddRemark(null); }, [0x800A005B], "Object variable or With block variable not set");
 fails("adding another class", function () { list.AddRemark(context); }, kTypeMismatch);

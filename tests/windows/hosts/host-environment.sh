@@ -25,7 +25,7 @@ make_database() {
 
 forget_settings() { wine reg delete "$settingsKey" /f >/dev/null 2>&1 || true; }
 # set_setting NAME TEXT [TYPE]
-set_setting() { wine reg add "$settingsKey" /f /v "$1" /t "${3-REG_SZ}" /d "$2" >/dev/null; }
+set_setting() { surely reg add "$settingsKey" /f /v "$1" /t "${3-REG_SZ}" /d "$2"; }
 # The type of a value, and the value.
 show_setting() { wine reg query "$settingsKey" /v "$1" | tr -d '\r' | sed -n "s/^ *$1  *//p"; }
 
@@ -46,4 +46,4 @@ leave_no_trace() {
   end_wine
 }
 trap leave_no_trace EXIT
-wine regsvr32 /s "$component"
+surely regsvr32 /s "$component"

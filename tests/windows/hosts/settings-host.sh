@@ -47,7 +47,7 @@ wine "$build/deny_writing.exe" 'Software\Tarnwick'
 expect "settings that cannot be written" 'load 110 GetRegStringValue
 Could not read or create registry string value: Software\Tarnwick\Server
 remarks 0' "$(run_script ShowSettings.vbs)"
-end_wine
+restart_wine
 
 make_database "$build/hosts/Bemerkungen für Größe & Söhne"
 use_database "$databaseFolder/remarks.db"

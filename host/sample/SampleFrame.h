@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+
+#include <wx/frame.h>
+#include <wx/timer.h>
+
+#include "host/sample/BusinessData.h"
+
+class wxButton;
+class wxCheckBox;
+class wxChoice;
+class wxSizer;
+class wxStaticText;
+class wxTextCtrl;
+
+namespace sample {
+
+struct ComponentError;
+class OwnersRemarks;
+class RecordList;
+
+/// The business's one window: its customers with their orders, and the component's windows for what is chosen.
+class SampleFrame : public wxFrame {
+ public:
+  explicit SampleFrame(BusinessData data);
+
+ private:
+  wxSizer* MakeHead(wxWindow* panel);
+  wxSizer* MakeCustomers(wxWindow* panel);
+  wxSizer* MakeOrders(wxWindow* panel);
+  wxSizer* MakeButtons(wxWindow* panel);
+  void BindEvents();
+
+  void FindCustomers();
+  void ShowCustomer();
+  void ShowState();
+  /// As a clerk would come upon it: once the choice has rested on a record.
+  void PopUpSoon();
+  void PopUpIfWanted();
+  void PopUp();
+  void EditRemarks();
+  void EditUntilClosed(OwnersRemarks& remarks);
+
+  [[nodiscard]] const Customer* ChosenCustomer() const;
+  /// The record whose remarks are meant: the place decides whether it is the customer or the order.
+  [[nodiscard]] wxString Owner() const;
+  [[nodiscard]] OwnersRemarks Remarks() const;
+  /// Does it and shows the component's error, if there is one.
+  void Try(const std::function<void()>& action);
+  void ShowError(const ComponentError& error);
+  [[nodiscard]] bool WantsItOpenAgain(const ComponentError& error);
+
+  BusinessData m_data;
+  wxChoice* m_user = nullptr;
+  wxChoice* m_place = nullptr;
+  wxTextCtrl* m_search = nullptr;
+  RecordList* m_customers = nullptr;
+  wxStaticText* m_name = nullptr;
+  RecordList* m_orders = nullptr;
+  wxCheckBox* m_popsUp = nullptr;
+  wxButton* m_popUp = nullptr;
+  wxButton* m_remarks = nullptr;
+  wxButton* m_manage = nullptr;
+  wxTimer m_rested;
+};
+
+}  // namespace sample

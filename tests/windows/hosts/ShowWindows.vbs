@@ -1,0 +1,10 @@
+' Opens the windows; what is pressed in them comes from outside.
+
+Dim context
+Set context = CreateObject("Quorvel.RemarkContext")
+
+context.Popup "CustMaint", "C1044", "jsmith"
+WScript.Echo "popped up " & context.PopupCount
+
+context.Edit "CustMaint", "C1044", "jsmith"
+WScript.Echo "edited " & context.MemoCount & ", unsaved " & context.RemarkList.Dirty
