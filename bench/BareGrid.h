@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <wx/grid.h>
+
+#include "platform/DateTime.h"
+
+namespace quorvel::bench {
+
+struct BareRemark {
+  std::int32_t key = 0;
+  std::string type;
+  DateTime date;
+  std::string user;
+  std::string text;
+};
+
+/// The rows of an editor as one would show them by hand: structs, an index over them, and the toolkit's grid, which
+/// asks a table for each cell's text. Headings of groups are lines like others; nothing closes, wraps or has a colour.
+class BareTable : public wxGridTableBase {
+ public:
+  explicit BareTable(const std::vector<BareRemark>& remarks) : m_remarks(remarks) {}
+
+  int GetNumberRows() override { return static_cast<int>(m_lines.size()); }
+  int GetNumberCols() override { return 3; }
+  wxString GetValue(int row, int column) override;
+  void SetValue(int /*row*/, int /*column*/, const wxString& /*value*/) override {}
+
+  /// Makes the lines anew: by type if they are grouped, and by date, the newest first, or by text.
+  void Arrange(bool isGrouped, bool isByText);
+
+ private:
+  struct Heading {
+    std::int32_t first;  ///< remark
+    std::int32_t count;
+  };
+  const std::vector<BareRemark>& m_remarks;
+  std::vector<std::int32_t> m_lines;  ///< positions of remarks, or -1 less the position of a heading
+  std::vector<Heading> m_headings;
+};
+
+}  // namespace quorvel::bench

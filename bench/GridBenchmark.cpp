@@ -1,0 +1,230 @@
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <wx/frame.h>
+
+#include "bench/BareGrid.h"
+#include "bench/BenchDatabase.h"
+#include "platform/Error.h"
+#include "platform/wx/WindowSystem.h"
+#include "remark_ui/RemarkGrid.h"
+#include "remark_ui/RemarkRows.h"
+#include "runtime/RemarkContext.h"
+
+namespace quorvel::bench {
+namespace {
+
+constexpr SortKey kByType{2, true};
+constexpr SortKey kNewestFirst{3, false};
+constexpr int kDatePlace = 0;
+constexpr int kTextPlace = 2;
+
+/// The remarks of one owner, loaded once, and the same as structs.
+struct Loaded {
+  std::shared_ptr<RemarkContext> context = RemarkContext::Create();
+  std::vector<BareRemark> structs;
+};
+
+const Loaded& Remarks(std::int64_t count) {
+  static std::map<std::int64_t, Loaded> all;
+  const auto [found, isNew] = all.try_emplace(count);
+  Loaded& loaded = found->second;
+  if (isNew) {
+    DatabaseFile();
+    loaded.context->Load(kContext, OwnerOf(count), kUser);
+    for (std::int64_t i = 1; i <= count; ++i) {
+      const auto remark = loaded.context->RemarkList()->Item(i);
+      loaded.structs.push_back(
+          {remark->MemoKey(), remark->TypeCaption(), remark->DateStamp(), remark->UserID(), remark->MemoText()});
+    }
+  }
+  return loaded;
+}
+
+/// The window that grids are opened in; it stands on the screen all the time.
+wxFrame& Frame() {
+  static wxFrame* const frame = [] {
+    ui::RequireWindowSystem();
+    auto* const made = new wxFrame(nullptr, wxID_ANY, "Benchmark", wxDefaultPosition, wxSize(800, 600));
+    made->Show();
+    return made;
+  }();
+  return *frame;
+}
+
+/// Counts how often the cells of a grid are drawn.
+class Painted {
+ public:
+  explicit Painted(wxGrid& grid) : m_cells(*grid.GetGridWindow()) {
+    m_cells.Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+      event.Skip();
+      ++m_count;
+    });
+  }
+  /// Returns when the cells have been drawn as they are now.
+  void Wait() {
+    const int before = m_count;
+    m_cells.Refresh();
+    while (m_count == before) {
+      m_cells.Update();
+      if (m_count == before) wxYield();
+    }
+  }
+
+ private:
+  wxWindow& m_cells;
+  int m_count = 0;
+};
+
+/// The editor's grid.
+class OurGrid {
+ public:
+  explicit OurGrid(const Loaded& loaded) {
+    m_rows.SetContext(loaded.context);
+    const std::vector<GridColumn> columns = {{"MemoKey", "MemoKey", 7, false},
+                                             {"TypeCaption", "Type", 112, false},
+                                             {"DateStamp", "Date", 73, true, CellFormat::ShortDate},
+                                             {"UserID", "UserID", 83},
+                                             {"MemoText", "Remark", 377}};
+    m_grid = new RemarkGrid(&Frame(), columns, {1, 3, 2, 4, 5});
+    m_grid->SetSize(Frame().GetClientSize());
+    m_grid->GroupBy(kByType);
+    m_grid->SortBy({kNewestFirst});
+    m_grid->SetSource(&m_rows);
+    m_grid->Refetch();
+    m_grid->SelectRow(2);
+  }
+  [[nodiscard]] wxGrid& Grid() const { return *m_grid; }
+  void Sort(bool isByText) { m_grid->SortByCaption(isByText ? kTextPlace : kDatePlace); }
+  void Group(bool isGrouped) {
+    m_grid->GroupBy(isGrouped ? std::optional(kByType) : std::nullopt);
+    m_grid->Refetch();
+  }
+  void Page() {
+    wxKeyEvent key(wxEVT_KEY_DOWN);
+    key.m_keyCode = WXK_PAGEDOWN;
+    m_grid->GetGridWindow()->ProcessWindowEvent(key);
+  }
+
+ private:
+  RemarkRows m_rows;
+  RemarkGrid* m_grid;
+};
+
+/// The same by hand.
+class BareGrid {
+ public:
+  explicit BareGrid(const Loaded& loaded) : m_table(new BareTable(loaded.structs)) {
+    m_grid = new wxGrid(&Frame(), wxID_ANY);
+    m_grid->SetSize(Frame().GetClientSize());
+    m_table->Arrange(true, false);
+    m_grid->SetTable(m_table, true);
+    m_grid->HideRowLabels();
+    m_grid->SetColSize(0, 110);
+    m_grid->SetColSize(1, 125);
+    m_grid->SetColSize(2, 565);
+  }
+  [[nodiscard]] wxGrid& Grid() const { return *m_grid; }
+  void Sort(bool isByText) {
+    m_table->Arrange(true, isByText);
+    m_grid->ForceRefresh();
+  }
+  void Group(bool isGrouped) {
+    const int before = m_table->GetNumberRows();
+    m_table->Arrange(isGrouped, false);
+    const int more = m_table->GetNumberRows() - before;
+    wxGridTableMessage message = more > 0 ? wxGridTableMessage(m_table, wxGRIDTABLE_NOTIFY_ROWS_APPENDED, more)
+                                          : wxGridTableMessage(m_table, wxGRIDTABLE_NOTIFY_ROWS_DELETED, 0, -more);
+    m_grid->ProcessTableMessage(message);
+    m_grid->ForceRefresh();
+  }
+  void Page() { m_grid->MovePageDown(); }
+
+ private:
+  BareTable* m_table;
+  wxGrid* m_grid;
+};
+
+bool HasWindows(benchmark::State& state) {
+  try {
+    ui::RequireWindowSystem();
+    return true;
+  } catch (const Error& error) {
+    state.SkipWithError(error.Description().c_str());
+    return false;
+  }
+}
+
+/// From nothing to rows that are drawn. How long the display takes to show a new window, both wait for alike; that is
+/// not counted, for it is many times the rest.
+template <typename Grid>
+void Open(benchmark::State& state) {
+  if (!HasWindows(state)) return;
+  const Loaded& loaded = Remarks(state.range(0));
+  for ([[maybe_unused]] auto _ : state) {
+    auto opened = std::make_unique<Grid>(loaded);
+    state.PauseTiming();
+    Painted painted(opened->Grid());
+    painted.Wait();
+    state.ResumeTiming();
+    painted.Wait();
+    state.PauseTiming();
+    opened->Grid().Destroy();
+    opened.reset();
+    wxYield();
+    state.ResumeTiming();
+  }
+}
+
+/// What `change` does with an open grid, until that is on the screen.
+template <typename Grid, typename Change>
+void ChangeOpen(benchmark::State& state, Change change) {
+  if (!HasWindows(state)) return;
+  Grid opened(Remarks(state.range(0)));
+  Painted painted(opened.Grid());
+  painted.Wait();
+  bool isOdd = false;
+  for ([[maybe_unused]] auto _ : state) {
+    change(opened, isOdd = !isOdd);
+    painted.Wait();
+  }
+  opened.Grid().Destroy();
+  wxYield();
+}
+
+template <typename Grid>
+void Sort(benchmark::State& state) {
+  ChangeOpen<Grid>(state, [](Grid& grid, bool isByText) { grid.Sort(isByText); });
+}
+template <typename Grid>
+void Regroup(benchmark::State& state) {
+  ChangeOpen<Grid>(state, [](Grid& grid, bool isOdd) { grid.Group(!isOdd); });
+}
+template <typename Grid>
+void Page(benchmark::State& state) {
+  ChangeOpen<Grid>(state, [](Grid& grid, bool /*isOdd*/) { grid.Page(); });
+}
+
+void GridOpen(benchmark::State& state) { Open<OurGrid>(state); }
+void BareGridOpen(benchmark::State& state) { Open<BareGrid>(state); }
+void GridSort(benchmark::State& state) { Sort<OurGrid>(state); }
+void BareGridSort(benchmark::State& state) { Sort<BareGrid>(state); }
+void GridRegroup(benchmark::State& state) { Regroup<OurGrid>(state); }
+void BareGridRegroup(benchmark::State& state) { Regroup<BareGrid>(state); }
+void GridPage(benchmark::State& state) { Page<OurGrid>(state); }
+void BareGridPage(benchmark::State& state) { Page<BareGrid>(state); }
+
+BENCHMARK(GridOpen)->Arg(10)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BareGridOpen)->Arg(10)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(GridSort)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BareGridSort)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(GridRegroup)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BareGridRegroup)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(GridPage)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BareGridPage)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace quorvel::bench
