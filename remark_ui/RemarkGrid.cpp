@@ -111,6 +111,11 @@ void RemarkGrid::SelectRowIndex(std::int32_t rowIndex) {
   SelectRow(rows.LineOf(rowIndex));
 }
 
+void RemarkGrid::SelectNone() {
+  RefreshLine(m_state.currentLine);
+  m_state.currentLine = 0;
+}
+
 void RemarkGrid::SetGroupOpen(std::int32_t row, bool open) {
   const GridRows::Group* group = m_state.content.Rows().GroupAt(row);
   if (group == nullptr || group->open == open) return;

@@ -117,7 +117,7 @@ void frmEdit::MeasureControls() {
     m_sizes.button.height = std::max(m_sizes.button.height, Scale().ToTwips(best.GetHeight()));
   }
   m_sizes.frameHeight = Scale().ToTwips(GetSizer()->GetMinSize().GetHeight());
-  SetMinClientSize(Scale().ClientSizeFor(SmallestEditor(m_sizes)));
+  SetSmallestInside(Scale().ClientSizeFor(SmallestEditor(m_sizes)));
 }
 
 bool frmEdit::Layout() {
@@ -190,6 +190,8 @@ void frmEdit::RefreshRows(std::int32_t rowIndex, std::int32_t line) {
     gdxMemos->SelectRowIndex(rowIndex);
   } else if (line > 0) {
     gdxMemos->SelectRow(line);
+  } else {
+    gdxMemos->SelectNone();
   }
 }
 

@@ -44,8 +44,6 @@ frmPopup::frmPopup() : ModalDialog(wxString()) {
   CreateControls();
   BindHandlers();
   MeasureControls();
-  SetClientSize(Scale().ClientSizeFor(kFirstSize));
-  CentreOnScreen();
 }
 
 void frmPopup::CreateControls() {
@@ -100,7 +98,7 @@ void frmPopup::MeasureControls() {
     const ui::TwipSize size = atLeast(drawn.next, *cmdNext);
     m_sizes.next = {std::max(m_sizes.next.width, size.width), std::max(m_sizes.next.height, size.height)};
   }
-  SetMinClientSize(scale.ClientSizeFor(SmallestPopup(m_sizes)));
+  SetSmallestInside(scale.ClientSizeFor(SmallestPopup(m_sizes)));
 }
 
 void frmPopup::View(RemarkContext& context) {
@@ -109,6 +107,8 @@ void frmPopup::View(RemarkContext& context) {
   if (m_walk) return RunModal();  // refuses, and the remarks on the screen stay
   const OpenWalk open(m_walk, m_display, std::move(walk));
   SetTitle(ui::ToWx(OwnerTitle(context)));
+  SetClientSize(Scale().ClientSizeFor(kFirstSize));
+  CentreOnScreen();
   Display();
   txtRemark->SetFocus();
   RunModal();

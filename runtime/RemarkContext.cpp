@@ -111,6 +111,8 @@ void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string
 
 void RemarkContext::PopupMemos(bool i_bRefresh) {
   if (i_bRefresh) RefreshRemarkList();
+  // The window would show nothing then, and is not started for it: a service may have none.
+  if (PopupCount() <= 0 && !HasRemarkWindows()) return;
   CurrentRemarkWindows("RemarkContext.PopupMemos").ViewPopup(*this);
 }
 

@@ -42,6 +42,12 @@ RemarkWindows& CurrentRemarkWindows(std::string_view source) {
   return *current.windows;
 }
 
+bool HasRemarkWindows() {
+  auto& current = Current();
+  const std::scoped_lock lock(current.starting);
+  return current.windows != nullptr;
+}
+
 std::shared_ptr<RemarkWindows> ExchangeRemarkWindows(std::shared_ptr<RemarkWindows> windows) {
   auto& current = Current();
   const std::scoped_lock lock(current.starting);

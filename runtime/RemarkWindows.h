@@ -25,6 +25,9 @@ class RemarkWindows {
 /// `source` when that cannot be done, for want of a display for example; a later call tries again.
 [[nodiscard]] RemarkWindows& CurrentRemarkWindows(std::string_view source);
 
+/// Whether there are windows in force already.
+[[nodiscard]] bool HasRemarkWindows();
+
 /// Puts other windows in force and returns those that were. Null takes them away, so that the next call starts the
 /// library. Call it while no thread opens a window.
 std::shared_ptr<RemarkWindows> ExchangeRemarkWindows(std::shared_ptr<RemarkWindows> windows);

@@ -26,17 +26,23 @@ class Opened {
   Opened& operator=(const Opened&) = delete;
 };
 
+constexpr long kStyle = wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX;
+
 wxWindow* WithWindowSystem() {
   RequireWindowSystem();
   return nullptr;
 }
 
+/// A window of the component belongs to the one that opened it, and the first to none: not even to a window of the host
+/// that the toolkit happens to know.
+long StyleNow() { return ModalDialog::Topmost() == nullptr ? kStyle | wxDIALOG_NO_PARENT : kStyle; }
+
 }  // namespace
 
 ModalDialog::ModalDialog(const wxString& title)
-    : wxDialog(WithWindowSystem(), wxID_ANY, title, wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX) {
+    : wxDialog(WithWindowSystem(), wxID_ANY, title, wxDefaultPosition, wxDefaultSize, kStyle | wxDIALOG_NO_PARENT) {
   Bind(wxEVT_CHAR_HOOK, &ModalDialog::CloseByEscape, this);
+  Bind(wxEVT_SIZE, &ModalDialog::KeepSmallest, this);
 }
 
 ModalDialog::~ModalDialog() = default;
@@ -52,6 +58,7 @@ void ModalDialog::RunModal(const std::function<void()>& opened) {
 }
 
 void ModalDialog::ShowUntilClosed(const std::function<void()>& opened) {
+  SetWindowStyleFlag(StyleNow());
   const Opened open(this);
   const DefaultPointer pointer;
   HostWindows hostWindows;
@@ -88,6 +95,22 @@ void ModalDialog::CloseByEscape(wxKeyEvent& event) {
   } else {
     event.Skip();
   }
+}
+
+void ModalDialog::SetSmallestInside(const wxSize& smallest) {
+  m_smallest = smallest;
+  m_border = GetSize() - GetClientSize();
+  SetMinClientSize(smallest);
+}
+
+// The toolkit limits the whole window, and learns how wide its border is when the window is on the screen.
+void ModalDialog::KeepSmallest(wxSizeEvent& event) {
+  event.Skip();
+  if (m_smallest == wxSize() || IsIconized()) return;
+  if (GetSize() - GetClientSize() != m_border) SetSmallestInside(m_smallest);
+  wxSize inside = GetClientSize();
+  inside.IncTo(m_smallest);
+  if (inside != GetClientSize()) SetClientSize(inside);
 }
 
 void ModalDialog::FailWith(std::exception_ptr failure) noexcept {

@@ -43,6 +43,9 @@ class ModalDialog : public wxDialog {
   [[nodiscard]] bool ShouldPreventAppExit() const override { return false; }
 
  protected:
+  /// The inside of the window, in pixels, never becomes smaller, whatever border the desktop draws round it.
+  void SetSmallestInside(const wxSize& smallest);
+
   /// Ends RunModal. Does nothing when the window is not shown.
   void Finish();
 
@@ -76,7 +79,10 @@ class ModalDialog : public wxDialog {
   void IsUp();
   void CloseAfterFailure();
   void CloseByEscape(wxKeyEvent& event);
+  void KeepSmallest(wxSizeEvent& event);
 
+  wxSize m_smallest;
+  wxSize m_border;  ///< the one that the toolkit's own limit was set for
   std::exception_ptr m_failure;
   HostWindows* m_hostWindows = nullptr;
   const std::function<void()>* m_opened = nullptr;

@@ -10,6 +10,7 @@ namespace quorvel::ui {
 class VisualStyles {
  public:
   VisualStyles() noexcept;
+  // NOLINTNEXTLINE(performance-trivially-destructible): where there is nothing to choose it has nothing to undo.
   ~VisualStyles();
   VisualStyles(const VisualStyles&) = delete;
   VisualStyles& operator=(const VisualStyles&) = delete;

@@ -167,6 +167,8 @@ TEST_F(SaveTest, WithoutWindowsAnErrorSaysSo) {
   EXPECT_THAT(Caught([&] { context->PopupMemos(); }), IsError(-1, "RemarkContext.PopupMemos", HasSubstr("window")));
   EXPECT_THAT(Caught([&] { context->EditMemos(true); }), IsError(-1, "RemarkContext.EditMemos", HasSubstr("window")));
   EXPECT_THAT(Caught([&] { context->ViewManager(1); }), IsError(-1, "RemarkContext.ViewManager", HasSubstr("window")));
+  context->Popup("CustMaint", "C1006", "jsmith");
+  EXPECT_EQ(context->PopupCount(), 0) << "and then no window was needed";
 }
 
 TEST_F(SaveTest, WindowsGetTheLoadedContext) {

@@ -11,7 +11,7 @@ namespace {
 /// Gives the control itself a name; everything else about it the system knows.
 class NamedControl : public wxAccessible {
  public:
-  NamedControl(wxWindow& window, wxString name) : wxAccessible(&window), m_name(std::move(name)) {}
+  NamedControl(wxWindow& window, const wxString& name) : wxAccessible(&window), m_name(name) {}
 
   wxAccStatus GetName(int child, wxString* name) override {
     if (child != wxACC_SELF) return wxACC_NOT_IMPLEMENTED;

@@ -18,6 +18,7 @@ namespace {
 /// An exception would have to pass through the system that calls this; a window that there is no memory to remember
 /// stays enabled.
 BOOL CALLBACK Disable(HWND window, LPARAM windows) noexcept {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands everything on as a number.
   auto& disabled = *reinterpret_cast<std::vector<HWND>*>(windows);
   if (::IsWindowVisible(window) == 0 || ::IsWindowEnabled(window) == 0) return TRUE;
   try {
