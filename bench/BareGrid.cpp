@@ -47,4 +47,12 @@ void BareTable::Arrange(bool isGrouped, bool isByText) {
   }
 }
 
+void ShowTable(wxGrid& grid, BareTable& table) {
+  grid.SetTable(&table, true);
+  grid.HideRowLabels();
+  grid.SetColSize(0, 110);
+  grid.SetColSize(1, 125);
+  grid.SetColSize(2, 565);
+}
+
 }  // namespace quorvel::bench

@@ -42,4 +42,7 @@ class BareTable : public wxGridTableBase {
   std::vector<Heading> m_headings;
 };
 
+/// Gives `table` to the grid, which keeps it, and sets the grid's columns.
+void ShowTable(wxGrid& grid, BareTable& table);
+
 }  // namespace quorvel::bench

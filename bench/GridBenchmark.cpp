@@ -1,13 +1,12 @@
 #include <benchmark/benchmark.h>
 
-#include <map>
 #include <memory>
 #include <vector>
 
 #include <wx/frame.h>
 
 #include "bench/BareGrid.h"
-#include "bench/BenchDatabase.h"
+#include "bench/LoadedRemarks.h"
 #include "platform/Error.h"
 #include "platform/wx/WindowSystem.h"
 #include "remark_ui/RemarkGrid.h"
@@ -21,28 +20,6 @@ constexpr SortKey kByType{2, true};
 constexpr SortKey kNewestFirst{3, false};
 constexpr int kDatePlace = 0;
 constexpr int kTextPlace = 2;
-
-/// The remarks of one owner, loaded once, and the same as structs.
-struct Loaded {
-  std::shared_ptr<RemarkContext> context = RemarkContext::Create();
-  std::vector<BareRemark> structs;
-};
-
-const Loaded& Remarks(std::int64_t count) {
-  static std::map<std::int64_t, Loaded> all;
-  const auto [found, isNew] = all.try_emplace(count);
-  Loaded& loaded = found->second;
-  if (isNew) {
-    DatabaseFile();
-    loaded.context->Load(kContext, OwnerOf(count), kUser);
-    for (std::int64_t i = 1; i <= count; ++i) {
-      const auto remark = loaded.context->RemarkList()->Item(i);
-      loaded.structs.push_back(
-          {remark->MemoKey(), remark->TypeCaption(), remark->DateStamp(), remark->UserID(), remark->MemoText()});
-    }
-  }
-  return loaded;
-}
 
 /// The window that grids are opened in; it stands on the screen all the time.
 wxFrame& Frame() {
@@ -82,7 +59,7 @@ class Painted {
 /// The editor's grid.
 class OurGrid {
  public:
-  explicit OurGrid(const Loaded& loaded) {
+  explicit OurGrid(const LoadedRemarks& loaded) {
     m_rows.SetContext(loaded.context);
     const std::vector<GridColumn> columns = {{"MemoKey", "MemoKey", 7, false},
                                              {"TypeCaption", "Type", 112, false},
@@ -117,15 +94,11 @@ class OurGrid {
 /// The same by hand.
 class BareGrid {
  public:
-  explicit BareGrid(const Loaded& loaded) : m_table(new BareTable(loaded.structs)) {
+  explicit BareGrid(const LoadedRemarks& loaded) : m_table(new BareTable(loaded.structs)) {
     m_grid = new wxGrid(&Frame(), wxID_ANY);
     m_grid->SetSize(Frame().GetClientSize());
     m_table->Arrange(true, false);
-    m_grid->SetTable(m_table, true);
-    m_grid->HideRowLabels();
-    m_grid->SetColSize(0, 110);
-    m_grid->SetColSize(1, 125);
-    m_grid->SetColSize(2, 565);
+    ShowTable(*m_grid, *m_table);
   }
   [[nodiscard]] wxGrid& Grid() const { return *m_grid; }
   void Sort(bool isByText) {
@@ -163,7 +136,7 @@ bool HasWindows(benchmark::State& state) {
 template <typename Grid>
 void Open(benchmark::State& state) {
   if (!HasWindows(state)) return;
-  const Loaded& loaded = Remarks(state.range(0));
+  const LoadedRemarks& loaded = Remarks(state.range(0));
   for ([[maybe_unused]] auto _ : state) {
     auto opened = std::make_unique<Grid>(loaded);
     state.PauseTiming();

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "bench/BareGrid.h"
+#include "runtime/RemarkContext.h"
+
+namespace quorvel::bench {
+
+/// The remarks of one owner, and the same as structs.
+struct LoadedRemarks {
+  std::shared_ptr<RemarkContext> context = RemarkContext::Create();
+  std::vector<BareRemark> structs;
+};
+
+/// Those of the owner with that many, loaded once.
+const LoadedRemarks& Remarks(std::int64_t count);
+
+}  // namespace quorvel::bench
