@@ -71,7 +71,7 @@ libgcc-s1
 $library
 libstdc++6" "$(packages_needed quorvel)"
 for name in "$windows" quorvel-sample; do
-  for other in "$library" libgtk-3-0 libwxgtk3.2-1; do
+  for other in "$library" libwxgtk3.2-1; do
     packages_needed "$name" | grep -qx "$other" || fail "$name does not depend on $other."
   done
 done
