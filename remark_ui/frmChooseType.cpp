@@ -7,6 +7,7 @@
 #include <wx/sizer.h>
 
 #include "platform/wx/Accessibility.h"
+#include "platform/wx/ButtonKeys.h"
 #include "platform/wx/Text.h"
 #include "remark_ui/CreatableTypes.h"
 #include "runtime/RemarkContext.h"
@@ -21,6 +22,7 @@ frmChooseType::frmChooseType() : ModalDialog("Choose Remark Type") {
   const auto button = [this](const char* caption, const char* name) {
     auto* made = new wxButton(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
     ui::SetAccessibleName(*made, caption);
+    ui::ActAtOnce(*made);
     return made;
   };
   cmdOK = button("OK", "cmdOK");
@@ -43,10 +45,10 @@ void frmChooseType::LayOut() {
 }
 
 void frmChooseType::BindHandlers() {
-  const auto choose = Guarded([this] { cmdOK_Click(); });
+  const auto choose = Command([this] { cmdOK_Click(); });
   cmdOK->Bind(wxEVT_BUTTON, choose);
   lstRemarkType->Bind(wxEVT_LISTBOX_DCLICK, choose);
-  cmdCancel->Bind(wxEVT_BUTTON, Guarded([this] { Finish(); }));
+  cmdCancel->Bind(wxEVT_BUTTON, Command([this] { Finish(); }));
   lstRemarkType->Bind(wxEVT_LISTBOX, Guarded([this] { cmdOK->Enable(lstRemarkType->GetSelection() != wxNOT_FOUND); }));
 }
 

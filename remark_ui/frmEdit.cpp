@@ -9,7 +9,9 @@
 #include <wx/sizer.h>
 
 #include "data/modWaitCursor.h"
+#include "platform/RaisedFlag.h"
 #include "platform/wx/Accessibility.h"
+#include "platform/wx/ButtonKeys.h"
 #include "platform/wx/SendKeys.h"
 #include "platform/wx/Text.h"
 #include "remark_ui/OwnerTitle.h"
@@ -40,17 +42,6 @@ class BusyPointer {
   BusyPointer& operator=(const BusyPointer&) = delete;
 };
 
-class Loading {
- public:
-  explicit Loading(bool& flag) noexcept : m_flag(flag) { m_flag = true; }
-  ~Loading() { m_flag = false; }
-  Loading(const Loading&) = delete;
-  Loading& operator=(const Loading&) = delete;
-
- private:
-  bool& m_flag;
-};
-
 }  // namespace
 
 /// The context for as long as the window is open; afterwards nothing of it is left in the controls.
@@ -67,7 +58,7 @@ class frmEdit::Opened {
     m_window.m_edited.Close();
     m_window.m_context.reset();
     m_window.Guard([this] {
-      const Loading loading(m_window.m_loading);
+      const RaisedFlag loading(m_window.m_loading);
       m_window.gdxMemos->Refetch();
       m_window.Display();
     });
@@ -101,6 +92,7 @@ void frmEdit::CreateControls() {
     auto* made = new wxButton(this, wxID_ANY, caption);
     made->SetName(name);
     ui::SetAccessibleName(*made, ui::FromWx(made->GetLabelText()));
+    ui::ActAtOnce(*made);
     return made;
   };
   cmdNew = button("cmdNew", "&New");
@@ -163,7 +155,7 @@ void frmEdit::Refresh() {
   const BusyPointer busy;
   SetTitle(ui::ToWx(OwnerTitle(*m_context)));
   {
-    const Loading loading(m_loading);
+    const RaisedFlag loading(m_loading);
     SetUpGrid();
     gdxMemos->Refetch();
     // The first line of a group is its heading.
@@ -184,7 +176,7 @@ void frmEdit::SetUpGrid() {
 
 void frmEdit::RefreshRows(std::int32_t rowIndex, std::int32_t line) {
   const BusyPointer busy;
-  const Loading loading(m_loading);
+  const RaisedFlag loading(m_loading);
   gdxMemos->Refetch();
   if (rowIndex > 0) {
     gdxMemos->SelectRowIndex(rowIndex);

@@ -17,16 +17,16 @@ namespace quorvel {
 
 void frmEdit::BindHandlers() {
   BindGrid();
-  cmdNew->Bind(wxEVT_BUTTON, Guarded([this] { cmdNew_Click(); }));
-  cmdSave->Bind(wxEVT_BUTTON, Guarded([this] { cmdSave_Click(); }));
-  cmdDelete->Bind(wxEVT_BUTTON, Guarded([this] { cmdDelete_Click(); }));
-  cmdClose->Bind(wxEVT_BUTTON, Guarded([this] { cmdClose_Click(); }));
-  m_frame->cboRemarkType->Bind(wxEVT_CHOICE, Guarded([this] { cboRemarkType_Click(); }));
+  cmdNew->Bind(wxEVT_BUTTON, Command([this] { cmdNew_Click(); }));
+  cmdSave->Bind(wxEVT_BUTTON, Command([this] { cmdSave_Click(); }));
+  cmdDelete->Bind(wxEVT_BUTTON, Command([this] { cmdDelete_Click(); }));
+  cmdClose->Bind(wxEVT_BUTTON, Command([this] { cmdClose_Click(); }));
+  m_frame->cboRemarkType->Bind(wxEVT_CHOICE, Command([this] { cboRemarkType_Click(); }));
   m_frame->txtRemark->Bind(wxEVT_TEXT, Guarded([this] {
                              m_edited.TextEdited();
                              EnableControls(m_edited.Display());
                            }));
-  Bind(wxEVT_CHAR_HOOK, Guarded([this](wxKeyEvent& event) { KeyPressed(event); }));
+  Bind(wxEVT_CHAR_HOOK, Command([this](wxKeyEvent& event) { KeyPressed(event); }));
 }
 
 void frmEdit::BindGrid() {
@@ -101,7 +101,7 @@ void frmEdit::cmdClose_Click() {
 
 // The commit puts the rows in order anew; the user's way to the next row goes on from there.
 void frmEdit::gdxMemos_RowChange() {
-  if (m_loading) return;
+  if (m_loading || !m_context) return;
   const std::int32_t line = gdxMemos->CurrentRow();
   const std::int32_t rowIndex = gdxMemos->RowIndex(line);
   if (m_edited.CommitPending(m_frame->Input()) == EditedRemark::Outcome::Changed) RefreshRows(rowIndex, line);

@@ -8,6 +8,7 @@
 #include <wx/textctrl.h>
 
 #include "platform/wx/Accessibility.h"
+#include "platform/wx/ButtonKeys.h"
 #include "platform/wx/ScrollBars.h"
 #include "platform/wx/Text.h"
 #include "platform/wx/TextMargins.h"
@@ -57,7 +58,9 @@ void frmPopup::CreateControls() {
     return box;
   };
   const auto button = [this](const char* caption, const char* name) {
-    return new wxButton(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
+    auto* made = new wxButton(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
+    ui::ActAtOnce(*made);
+    return made;
   };
   Label2 = label("Type", "Label2");
   txtRemarkType = textBox(0, "txtRemarkType", "Type");
@@ -73,13 +76,13 @@ void frmPopup::CreateControls() {
 }
 
 void frmPopup::BindHandlers() {
-  cmdPrev->Bind(wxEVT_BUTTON, Guarded([this] { cmdPrev_Click(); }));
-  cmdNext->Bind(wxEVT_BUTTON, Guarded([this] { cmdNext_Click(); }));
+  cmdPrev->Bind(wxEVT_BUTTON, Command([this] { cmdPrev_Click(); }));
+  cmdNext->Bind(wxEVT_BUTTON, Command([this] { cmdNext_Click(); }));
   Bind(wxEVT_SIZE, Guarded([this](wxSizeEvent& event) {
          event.Skip();
          if (!IsIconized()) LayOut();
        }));
-  Bind(wxEVT_CHAR_HOOK, Guarded([this](wxKeyEvent& event) { KeyPressed(event); }));
+  Bind(wxEVT_CHAR_HOOK, Command([this](wxKeyEvent& event) { KeyPressed(event); }));
 }
 
 void frmPopup::MeasureControls() {

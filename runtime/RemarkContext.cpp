@@ -6,6 +6,7 @@
 #include "data/modUserName.h"
 #include "platform/Error.h"
 #include "platform/Prompts.h"
+#include "platform/RaisedFlag.h"
 #include "platform/Text.h"
 #include "runtime/RemarkWindows.h"
 
@@ -15,12 +16,14 @@ std::shared_ptr<RemarkContext> RemarkContext::Create() { return std::make_shared
 
 void RemarkContext::SetOwnerID(const std::string& ownerID) {
   if (EqualIgnoringCase(ownerID, m_ownerID)) return;
+  RefuseWhileEdited("RemarkContext.OwnerID");
   Save(false);
   m_ownerID = ownerID;
   LoadMemos();
 }
 
 void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
+  RefuseWhileEdited("RemarkContext.OwnerKey");
   m_ownerKey = ownerKey;
   if (!m_remarkList) ThrowObjectNotSet();
   m_remarkList->Clear(true);
@@ -118,11 +121,21 @@ void RemarkContext::PopupMemos(bool i_bRefresh) {
 
 void RemarkContext::EditMemos(bool i_bRefresh) {
   if (i_bRefresh) RefreshRemarkList();
-  CurrentRemarkWindows("RemarkContext.EditMemos").ViewEdit(*this);
+  RemarkWindows& windows = CurrentRemarkWindows("RemarkContext.EditMemos");
+  // The host may let go of this object while the window is open.
+  const auto keepAlive = weak_from_this().lock();
+  const RaisedFlag edited(m_isEdited);
+  windows.ViewEdit(*this);
 }
 
 void RemarkContext::ViewManager(std::int32_t i_lModal) {
   CurrentRemarkWindows("RemarkContext.ViewManager").ViewManager(i_lModal);
+}
+
+// A remark belongs to the owner that its context has when it is written.
+void RemarkContext::RefuseWhileEdited(const char* operation) const {
+  if (!m_isEdited) return;
+  throw Error(ErrorNumber::Component, operation, "The remarks are open in the editor; close it first");
 }
 
 void RemarkContext::Dispose() {

@@ -85,7 +85,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   /// logon name. Error -1 when the context has no such type.
   void AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText, const std::string& i_sUserID = {});
 
-  /// Open the windows, with `i_bRefresh` on remarks that were read again. Error -1 when there are no windows.
+  /// Open the windows, with `i_bRefresh` on remarks that were read again. Error -1 when there are no windows. While the
+  /// editor is open, a timer of the host for example can neither load another owner nor set one: error -1.
   void PopupMemos(bool i_bRefresh = false);
   void EditMemos(bool i_bRefresh = false);
   void ViewManager(std::int32_t i_lModal = 0);
@@ -100,6 +101,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   void LoadUserRights();
   void LoadMemos();
   [[nodiscard]] std::shared_ptr<RemarkType> TypeOfRemark(std::int32_t index) const;
+  void RefuseWhileEdited(const char* operation) const;
 
   std::string m_userID;
   std::string m_contextID;
@@ -116,6 +118,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   std::shared_ptr<RemarkTypes> m_types = std::make_shared<RemarkTypes>();
   std::shared_ptr<quorvel::RemarkList> m_remarkList;
   quorvel::EditBehavior m_editBehavior = quorvel::EditBehavior::AutoSaveOnClose;
+  bool m_isEdited = false;  ///< the editor is open on it
 };
 
 }  // namespace quorvel

@@ -57,6 +57,7 @@ std::shared_ptr<ado::Recordset> LookUpOwner(const std::string& procedure, const 
 }  // namespace
 
 void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_sOwnerID, const std::string& i_sUserID) {
+  RefuseWhileEdited("RemarkContext.Load");
   modDatabase::EnsureConnection();
   Save(false);
   m_contextID = i_sContextID;

@@ -13,6 +13,7 @@ namespace {
 struct InForce {
   std::mutex starting;
   std::shared_ptr<RemarkWindows> windows;
+  std::shared_ptr<Prompts> formerPrompts;  ///< other threads may still be using them
 };
 
 InForce& Current() {
@@ -21,13 +22,11 @@ InForce& Current() {
   return current;
 }
 
-std::shared_ptr<RemarkWindows> Start(std::string_view source) {
+void Start(InForce& current, std::string_view source) {
   try {
     WindowLibrary library = StartWindowLibrary();
-    // Other threads may still be using those that were there.
-    static const auto& former = *new auto(ExchangePrompts(std::move(library.prompts)));
-    static_cast<void>(former);
-    return std::move(library.windows);
+    current.formerPrompts = ExchangePrompts(std::move(library.prompts));
+    current.windows = std::move(library.windows);
   } catch (const Error& error) {
     throw Error(error.Number(), std::string(source), error.Description());
   }
@@ -38,7 +37,7 @@ std::shared_ptr<RemarkWindows> Start(std::string_view source) {
 RemarkWindows& CurrentRemarkWindows(std::string_view source) {
   auto& current = Current();
   const std::scoped_lock lock(current.starting);
-  if (!current.windows) current.windows = Start(source);
+  if (!current.windows) Start(current, source);
   return *current.windows;
 }
 

@@ -1,8 +1,14 @@
 #include <CLI/App.hpp>
+#include <cstdio>
 #include <memory>
+#include <string>
+
+#include <fmt/format.h>
 
 #include "host/cli/Commands.h"
 #include "host/cli/LoadedContext.h"
+#include "platform/Error.h"
+#include "platform/Prompts.h"
 
 namespace quorvel::cli {
 namespace {
@@ -11,12 +17,31 @@ struct EditorArguments : LoadArguments {
   bool window = false;
 };
 
+bool IsUnsaved(const RemarkContext& context) { return context.RemarkList() && context.RemarkList()->Dirty(); }
+
+/// Opens the editor; false when what was typed could not be saved and the user wants to see it again.
+bool Edited(RemarkContext& context) {
+  try {
+    context.EditMemos();
+    return true;
+  } catch (const Error& error) {
+    if (!IsUnsaved(context)) throw;
+    const std::string question = error.Description() + "\n\nWhat was typed is still there. Open the remarks again?";
+    const auto answer =
+        CurrentPrompts().ShowMessage(question, "quorvel", PromptButtons::YesNo, PromptIcon::Exclamation);
+    if (answer != PromptAnswer::Yes) throw;
+    return false;
+  }
+}
+
 void RunEditor(const EditorArguments& arguments) {
   if (!arguments.window) {
     throw CLI::ValidationError("edit needs --window; add, change and remove edit without one");
   }
   const LoadedContext context(arguments, "quorvel.edit");
-  context->EditMemos();
+  while (!Edited(*context)) {
+  }
+  if (IsUnsaved(*context)) fmt::print(stderr, "Nothing was saved.\n");
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ class LoadedContext {
   LoadedContext(const LoadedContext&) = delete;
   LoadedContext& operator=(const LoadedContext&) = delete;
 
-  const RemarkContext& operator*() const noexcept { return *m_context; }
+  RemarkContext& operator*() const noexcept { return *m_context; }
   RemarkContext* operator->() const noexcept { return m_context.get(); }
 
  private:

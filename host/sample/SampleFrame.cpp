@@ -129,6 +129,7 @@ wxSizer* SampleFrame::MakeButtons(wxWindow* panel) {
 }
 
 void SampleFrame::BindEvents() {
+  // Not before Enter: a window would come between two letters.
   m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { FindCustomers(); });
   m_search->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { PopUpIfWanted(); });
   m_search->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
@@ -254,14 +255,15 @@ void SampleFrame::Try(const std::function<void()>& action) {
 }
 
 void SampleFrame::ShowError(const ComponentError& error) {
-  wxMessageDialog(this, Describe(error), GetTitle(), wxOK | wxICON_ERROR).ShowModal();
+  wxMessageDialog(this, Describe(error), GetTitle(), wxOK | wxICON_EXCLAMATION).ShowModal();
 }
 
 bool SampleFrame::WantsItOpenAgain(const ComponentError& error) {
-  wxMessageDialog box(this, Describe(error) + "\n\nWhat was typed is still there. Open the remarks again?", GetTitle(),
-                      wxYES_NO | wxICON_ERROR);
-  box.SetYesNoLabels("&Open again", "&Give up");
-  return box.ShowModal() == wxID_YES;
+  wxMessageDialog box(this, Describe(error) + "\n\nWhat was typed is still there. Throw it away?", GetTitle(),
+                      wxYES_NO | wxNO_DEFAULT | wxICON_EXCLAMATION);
+  box.SetYesNoLabels("&Throw away", "&Open again");
+  // A box that is closed by a stray Esc throws nothing away.
+  return box.ShowModal() != wxID_YES;
 }
 
 }  // namespace sample

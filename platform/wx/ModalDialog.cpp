@@ -49,8 +49,10 @@ ModalDialog::~ModalDialog() = default;
 
 ModalDialog* ModalDialog::Topmost() { return OpenWindows().empty() ? nullptr : OpenWindows().back(); }
 
+bool ModalDialog::IsOpen() const { return std::ranges::count(OpenWindows(), this) != 0; }
+
 void ModalDialog::RunModal(const std::function<void()>& opened) {
-  if (std::ranges::count(OpenWindows(), this) != 0) ThrowAlreadyModal();
+  if (IsOpen()) ThrowAlreadyModal();
   // A handler may have failed while the window was filled.
   if (!m_failure) ShowUntilClosed(opened);
   if (ModalDialog* below = Topmost()) below->CloseAfterFailure();

@@ -55,6 +55,14 @@ class ModalDialog : public wxDialog {
     return [this, handler = std::move(handler)](auto& event) mutable { Guard([&] { Call(handler, event); }); };
   }
 
+  /// The same for what the user does in the window: events that arrive when it is closed are dropped.
+  template <typename Handler>
+  [[nodiscard]] auto Command(Handler handler) {
+    return [this, handler = std::move(handler)](auto& event) mutable {
+      if (IsOpen()) Guard([&] { Call(handler, event); });
+    };
+  }
+
   /// Runs `action`; what it throws ends the window and comes out of RunModal.
   template <typename Action>
   void Guard(const Action& action) noexcept {
@@ -66,6 +74,7 @@ class ModalDialog : public wxDialog {
   }
 
  private:
+  [[nodiscard]] bool IsOpen() const;
   template <typename Handler, typename Event>
   static void Call(Handler& handler, Event& event) {
     if constexpr (std::is_invocable_v<Handler&, Event&>) {

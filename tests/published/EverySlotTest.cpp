@@ -201,8 +201,9 @@ TEST_F(EverySlot, OfRemarkContextThatShowsWindows) {
     failsFrom(context->ViewManager(1), u"RemarkContext.ViewManager");
     failsFrom(context->Edit(contextID.Get(), Text(u"C1001").Get(), Text(u"jsmith").Get()), u"RemarkContext.EditMemos");
     EXPECT_EQ(Read(context.Get(), &_RemarkContext::get_OwnerID), u"C1001") << "it loads before it opens the window";
-    failsFrom(context->Popup(contextID.Get(), Text(u"C1002").Get(), nullptr), u"RemarkContext.PopupMemos");
-    EXPECT_EQ(Read(context.Get(), &_RemarkContext::get_OwnerID), u"C1002");
+    failsFrom(context->Popup(Text(u"CustMaint").Get(), Text(u"C1044").Get(), Text(u"jsmith").Get()),
+              u"RemarkContext.PopupMemos");
+    EXPECT_EQ(Read(context.Get(), &_RemarkContext::get_OwnerID), u"C1044");
   });
 }
 

@@ -171,6 +171,30 @@ TEST_F(SaveTest, WithoutWindowsAnErrorSaysSo) {
   EXPECT_EQ(context->PopupCount(), 0) << "and then no window was needed";
 }
 
+TEST_F(SaveTest, AnEditedContextKeepsItsOwner) {
+  struct HostWithATimer : RemarkWindows {
+    void ViewPopup(RemarkContext& /*context*/) override {}
+    void ViewEdit(RemarkContext& context) override {
+      EXPECT_THAT(Caught([&] { context.Load("OrderEntry", "SO20003", "admin"); }),
+                  IsError(-1, "RemarkContext.Load", HasSubstr("editor")));
+      EXPECT_THAT(Caught([&] { context.SetOwnerID("C1000"); }),
+                  IsError(-1, "RemarkContext.OwnerID", HasSubstr("editor")));
+      EXPECT_THAT(Caught([&] { context.SetOwnerKey(3); }), IsError(-1, "RemarkContext.OwnerKey", HasSubstr("editor")));
+      context.Save(true);
+    }
+    void ViewManager(std::int32_t /*modal*/) override {}
+  };
+  ExchangeRemarkWindows(std::make_shared<HostWithATimer>());
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  RemarkAt(context, 1).SetMemoText("stays with its owner");
+  RemarkAt(context, 1).SetDirty(true);
+  context->EditMemos();
+  ExchangeRemarkWindows(nullptr);
+  EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoText = 'stays with its owner'"), "45");
+  context->SetOwnerID("C1000");
+  EXPECT_EQ(context->OwnerID(), "C1000");
+}
+
 TEST_F(SaveTest, WindowsGetTheLoadedContext) {
   struct RecordingWindows : RemarkWindows {
     void ViewPopup(RemarkContext& context) override { calls += "popup " + std::to_string(context.MemoCount()) + ";"; }

@@ -12,6 +12,7 @@
 #include <wx/utils.h>
 
 #include "platform/Error.h"
+#include "platform/wx/ButtonKeys.h"
 #include "platform/wx/DialogPrompts.h"
 #include "tests/support/Caught.h"
 #include "tests/support/wx/ModalScript.h"
@@ -27,17 +28,22 @@ using ::testing::ElementsAre;
 class Window : public ModalDialog {
  public:
   explicit Window(const wxString& title) : ModalDialog(title), m_button(new wxButton(this, wxID_ANY, "&Do")) {
-    m_button->Bind(wxEVT_BUTTON, Guarded([this] {
+    ActAtOnce(*m_button);
+    m_button->Bind(wxEVT_BUTTON, Command([this] {
                      if (onClick) onClick();
                    }));
   }
   using ModalDialog::Finish;
+  using ModalDialog::Guard;
 
   void Click() {
     wxCommandEvent event(wxEVT_BUTTON, m_button->GetId());
     event.SetEventObject(m_button);
     m_button->ProcessWindowEvent(event);
   }
+
+  /// What its access key does, as the desktop has it.
+  void PressAccessKey() { gtk_widget_mnemonic_activate(m_button->GetHandle(), FALSE); }
 
   std::function<void()> onClick;
 
@@ -75,6 +81,21 @@ TEST(ModalDialog, IsUsedAgainHoweverItWasClosed) {
   window.Finish();
 }
 
+TEST(ModalDialog, AKeyActsAtOnceAndNeverOnAClosedWindow) {
+  Window window("Keys");
+  int clicks = 0;
+  window.onClick = [&] { ++clicks; };
+  ModalScript script;
+  script.ExpectWindow<Window>("Keys", [&](Window& dialog) {
+    dialog.PressAccessKey();
+    EXPECT_EQ(clicks, 1) << "and not after what is pressed next";
+    dialog.Finish();
+  });
+  window.RunModal();
+  window.Click();
+  EXPECT_EQ(clicks, 1);
+}
+
 TEST(ModalDialog, WhatAHandlerThrowsClosesItAndComesOut) {
   Window window("Fails");
   ModalScript script;
@@ -97,8 +118,7 @@ TEST(ModalDialog, WhatAHandlerThrowsClosesItAndComesOut) {
 TEST(ModalDialog, IsNotOpenedWhenFillingItFailed) {
   Window window("Unfilled");
   const ModalScript nothingOpens;
-  window.onClick = [] { throw std::runtime_error("filling"); };
-  window.Click();
+  window.Guard([] { throw std::runtime_error("filling"); });
   EXPECT_THROW(window.RunModal(), std::runtime_error);
 }
 

@@ -1,0 +1,8 @@
+#include "platform/wx/ButtonKeys.h"
+
+namespace quorvel::ui {
+
+// They do.
+void ActAtOnce(wxButton& /*button*/) {}
+
+}  // namespace quorvel::ui
