@@ -33,10 +33,6 @@ wxWindow* WithWindowSystem() {
   return nullptr;
 }
 
-/// A window of the component belongs to the one that opened it, and the first to none: not even to a window of the host
-/// that the toolkit happens to know.
-long StyleNow() { return ModalDialog::Topmost() == nullptr ? kStyle | wxDIALOG_NO_PARENT : kStyle; }
-
 }  // namespace
 
 ModalDialog::ModalDialog(const wxString& title)
@@ -59,8 +55,15 @@ void ModalDialog::RunModal(const std::function<void()>& opened) {
   if (m_failure) std::rethrow_exception(std::exchange(m_failure, nullptr));
 }
 
+/// A window of the component belongs to the one that opened it, and the first to none: not even to a window of the host
+/// that the toolkit happens to know.
+void ModalDialog::ChooseOwner() {
+  const long style = GetWindowStyleFlag() & ~wxDIALOG_NO_PARENT;
+  SetWindowStyleFlag(Topmost() == nullptr ? style | wxDIALOG_NO_PARENT : style);
+}
+
 void ModalDialog::ShowUntilClosed(const std::function<void()>& opened) {
-  SetWindowStyleFlag(StyleNow());
+  ChooseOwner();
   const Opened open(this);
   const DefaultPointer pointer;
   HostWindows hostWindows;

@@ -84,6 +84,7 @@ class ModalDialog : public wxDialog {
     }
   }
   void FailWith(std::exception_ptr failure) noexcept;
+  void ChooseOwner();
   void ShowUntilClosed(const std::function<void()>& opened);
   void IsUp();
   void CloseAfterFailure();
