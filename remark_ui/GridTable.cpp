@@ -15,7 +15,7 @@ GridTable::GridTable(const GridState& state, wxGridCellRenderer* renderer)
 }
 
 void GridTable::MakeAttributes() {
-  const int columns = GetNumberCols();
+  const auto columns = static_cast<int>(m_state.content.Shown().size());
   m_heading.clear();
   for (int column = 0; column < columns; ++column) {
     wxGridCellAttrPtr attribute(m_cell->Clone());

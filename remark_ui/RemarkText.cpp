@@ -7,10 +7,14 @@ constexpr std::string_view kPictureOfZero = "\xE2\x90\x80";
 
 bool Has(std::string_view text, char character) { return text.find(character) != std::string_view::npos; }
 
-void ReplaceAll(std::string& text, std::string_view what, std::string_view with) {
-  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size())) {
-    text.replace(at, what.size(), with);
+std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {
+  std::string replaced;
+  std::size_t from = 0;
+  for (std::size_t at = text.find(what); at != std::string_view::npos; at = text.find(what, from)) {
+    replaced.append(text, from, at - from).append(with);
+    from = at + what.size();
   }
+  return replaced.append(text, from);
 }
 
 }  // namespace
@@ -33,10 +37,9 @@ std::string ShownText(std::string_view stored) {
 
 std::string StoredText(std::string_view typed, std::string_view original) {
   std::string stored = ShownText(typed);
-  if (Has(original, '\0')) ReplaceAll(stored, kPictureOfZero, std::string_view("\0", 1));
+  if (Has(original, '\0')) stored = ReplaceAll(stored, kPictureOfZero, std::string_view("\0", 1));
   const bool onlyLineFeeds = Has(original, '\n') && !Has(original, '\r');
-  if (!onlyLineFeeds) ReplaceAll(stored, "\n", "\r\n");
-  return stored;
+  return onlyLineFeeds ? stored : ReplaceAll(stored, "\n", "\r\n");
 }
 
 }  // namespace quorvel

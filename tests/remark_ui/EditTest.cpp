@@ -164,6 +164,7 @@ TEST_F(EditTest, WhatTheDatabaseHoldsAfterClosingByBehaviorAndAnswer) {
 TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
   const auto captions = [](const Screen& screen) {
     std::vector<std::string> shown;
+    shown.reserve(static_cast<std::size_t>(screen.Grid().GetNumberCols()));
     for (int column = 0; column < screen.Grid().GetNumberCols(); ++column) {
       shown.push_back(ui::FromWx(screen.Grid().GetColLabelValue(column)));
     }

@@ -127,6 +127,7 @@ TEST(GridRows, ValuesOfEveryKindHaveOneOrder) {
                                         Value(2.5), Whole(3),    Value(early), Value(early + std::chrono::hours(1)),
                                         Text(""),   Text("a"),   Text("B")};
   std::vector<std::vector<Value>> cells;
+  cells.reserve(ascending.size());
   for (const Value& value : ascending) cells.push_back({value});
   std::shuffle(cells.begin(), cells.end(),
                std::mt19937(1));  // NOLINT(bugprone-random-generator-seed,cert-msc51-cpp): repeatable
@@ -143,6 +144,7 @@ TEST(GridRows, ValuesOfEveryKindHaveOneOrder) {
 
 TEST(GridRows, ReadsEachSortedAndGroupedColumnOnce) {
   std::vector<std::vector<Value>> cells;
+  cells.reserve(1000);
   for (int i = 0; i < 1000; ++i) cells.push_back({Text(i % 3 == 0 ? "a" : "b"), Whole(i * 37 % 101)});
   const TableSource source(cells);
   GridRows rows;

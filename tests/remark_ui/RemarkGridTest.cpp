@@ -102,7 +102,8 @@ class RemarkGridTest : public testing::Test {
   /// Draws all lines, and gives the picture.
   wxImage Picture() {
     const wxSize size(600, m_grid->GetColLabelSize() + m_grid->GetGridWindow()->GetVirtualSize().y);
-    wxBitmap bitmap(size);
+    wxBitmap bitmap;
+    bitmap.Create(size);
     wxMemoryDC dc(bitmap);
     m_grid->Render(dc, {0, 0}, size, {-1, -1}, {-1, -1}, wxGRID_DRAW_COLS_HEADER);
     dc.SelectObject(wxNullBitmap);
