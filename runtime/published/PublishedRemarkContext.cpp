@@ -1,8 +1,8 @@
 #include "runtime/published/PublishedRemarkContext.h"
 
 #include "platform/com/Members.h"
+#include "runtime/HostPrompts.h"
 #include "runtime/published/EnumerateObjects.h"
-#include "runtime/published/HostPrompts.h"
 
 namespace quorvel::published {
 namespace {

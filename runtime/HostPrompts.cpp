@@ -1,11 +1,11 @@
-#include "runtime/published/HostPrompts.h"
+#include "runtime/HostPrompts.h"
 
 #include <fmt/format.h>
 
 #include "platform/Error.h"
 #include "runtime/RemarkWindows.h"
 
-namespace quorvel::published {
+namespace quorvel {
 
 template <typename Question>
 auto HostPrompts::Ask(Question question) {
@@ -44,4 +44,4 @@ void UseHostPrompts() {
   static_cast<void>(once);
 }
 
-}  // namespace quorvel::published
+}  // namespace quorvel
