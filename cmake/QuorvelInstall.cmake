@@ -10,8 +10,6 @@ include(CMakePackageConfigHelpers)
 
 # The libraries find each other by standing in one folder, wherever that is, and the programs find them from theirs.
 set_target_properties(quorvel_shared quorvel_core quorvel_windows PROPERTIES INSTALL_RPATH "$ORIGIN")
-# The windows are loaded while the program runs, so that no folder comes from linking.
-set_target_properties(quorvel_core PROPERTIES BUILD_RPATH "$ORIGIN")
 file(RELATIVE_PATH librariesFromPrograms ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 set(programRunPath "$ORIGIN/${librariesFromPrograms}")
 

@@ -114,6 +114,7 @@ void RemarkGrid::SelectRowIndex(std::int32_t rowIndex) {
 void RemarkGrid::SelectNone() {
   RefreshLine(m_state.currentLine);
   m_state.currentLine = 0;
+  TellCurrentRow();
 }
 
 void RemarkGrid::SetGroupOpen(std::int32_t row, bool open) {

@@ -60,7 +60,7 @@ class RemarkGrid : public wxGrid, public WatchedGrid {
   void SelectRow(std::int32_t row);
   /// The same for a data row; opens its group.
   void SelectRowIndex(std::int32_t rowIndex);
-  /// Leaves no line current, without RowChanged. The keys then begin at the first.
+  /// Leaves no line current. The keys then begin at the first.
   void SelectNone();
   /// Opens or closes the group whose heading is on that line. A current row that is closed away gives way to its
   /// heading.

@@ -179,7 +179,7 @@ bool RemarkGrid::MoveByKey(int key) {
 }
 
 void RemarkGrid::MoveByPage(int direction) {
-  if (m_state.currentLine == 0) return;
+  if (m_state.currentLine == 0) return SelectRow(1);
   const wxRect current = CellToRect(m_state.currentLine - 1, 0);
   const int page = std::max(GetGridWindow()->GetClientSize().y - current.height, current.height);
   SelectRow(YToRow(std::max(current.y + direction * page, 0), true) + 1);

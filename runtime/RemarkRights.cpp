@@ -5,7 +5,7 @@
 namespace quorvel {
 namespace {
 
-/// Collectors answer for each other's notes, so having written one gives no right to it.
+/// The one type whose remarks keep the rights of the type, whoever wrote them.
 constexpr const char* kTypeWithoutAuthorsRights = "Cust.AR.Coll";
 
 bool IsOwnRemark(const Remark& remark, const std::string& loginName) {

@@ -192,6 +192,10 @@ TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
     EXPECT_EQ(screen.Grid().CurrentRow(), 1);
     EXPECT_FALSE(screen.Grid().CanDragRowSize(0));
     EXPECT_THAT(screen.Text(), StartsWith("Dana promised")) << "the newest first";
+    screen.Click("cmdDelete");
+    EXPECT_EQ(screen.Position(), 0) << "another Delete would take a remark that nobody chose";
+    EXPECT_EQ(screen.Frame(), "View/Edit Remark");
+    EXPECT_FALSE(screen.CanPress("cmdDelete"));
     screen.Click("cmdClose");
   });
   View(
