@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "ado/Connection.h"
+#include "ado/Script.h"
+#include "ado/embedded/EmbeddedEngine.h"
 #include "data/Schema.h"
 #include "data/modRegistry.h"
-#include "platform/ado/Connection.h"
-#include "platform/ado/Script.h"
-#include "platform/ado/embedded/EmbeddedEngine.h"
 
 namespace quorvel::bench {
 namespace {

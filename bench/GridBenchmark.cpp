@@ -7,9 +7,9 @@
 
 #include "bench/BareGrid.h"
 #include "bench/LoadedRemarks.h"
+#include "grid/DataGrid.h"
 #include "platform/Error.h"
 #include "platform/wx/WindowSystem.h"
-#include "remark_ui/RemarkGrid.h"
 #include "remark_ui/RemarkRows.h"
 #include "runtime/RemarkContext.h"
 
@@ -66,7 +66,7 @@ class OurGrid {
                                              {"DateStamp", "Date", 73, true, CellFormat::ShortDate},
                                              {"UserID", "UserID", 83},
                                              {"MemoText", "Remark", 377}};
-    m_grid = new RemarkGrid(&Frame(), columns, {1, 3, 2, 4, 5});
+    m_grid = new DataGrid(&Frame(), columns, {1, 3, 2, 4, 5});
     m_grid->SetSize(Frame().GetClientSize());
     m_grid->GroupBy(kByType);
     m_grid->SortBy({kNewestFirst});
@@ -88,7 +88,7 @@ class OurGrid {
 
  private:
   RemarkRows m_rows;
-  RemarkGrid* m_grid;
+  DataGrid* m_grid;
 };
 
 /// The same by hand.

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "ado/Connection.h"
 #include "bench/BenchDatabase.h"
-#include "platform/ado/Connection.h"
 
 namespace quorvel::bench {
 namespace {

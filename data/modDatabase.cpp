@@ -4,12 +4,12 @@
 
 #include <optional>
 
+#include "ado/Command.h"
 #include "data/modWaitCursor.h"
 #include "platform/Error.h"
 #include "platform/PerThread.h"
 #include "platform/Prompts.h"
 #include "platform/Text.h"
-#include "platform/ado/Command.h"
 
 namespace quorvel::modDatabase {
 namespace {

@@ -7,10 +7,10 @@
 #include <string_view>
 #include <utility>
 
+#include "ado/Connection.h"
+#include "ado/Recordset.h"
 #include "data/DBConnect.h"
 #include "platform/Value.h"
-#include "platform/ado/Connection.h"
-#include "platform/ado/Recordset.h"
 
 /// The only road from the component to its database. One shared connection and one settings object per
 /// thread, made on first use; nothing is shared across threads. Errors of the database pass through.

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "remark_ui/GridRows.h"
+#include "grid/GridRows.h"
 
 namespace quorvel {
 

@@ -9,13 +9,13 @@
 #include <wx/sizer.h>
 
 #include "data/modWaitCursor.h"
+#include "grid/DataGrid.h"
 #include "platform/RaisedFlag.h"
 #include "platform/wx/Accessibility.h"
 #include "platform/wx/ButtonKeys.h"
 #include "platform/wx/SendKeys.h"
 #include "platform/wx/Text.h"
 #include "remark_ui/OwnerTitle.h"
-#include "remark_ui/RemarkGrid.h"
 #include "runtime/RemarkContext.h"
 
 namespace quorvel {
@@ -83,7 +83,7 @@ frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
 frmEdit::~frmEdit() = default;
 
 void frmEdit::CreateControls() {
-  gdxMemos = new RemarkGrid(this, Columns(), {1, kDateColumn, kTypeColumn, 4, 5});
+  gdxMemos = new DataGrid(this, Columns(), {1, kDateColumn, kTypeColumn, 4, 5});
   gdxMemos->SetName("gdxMemos");
   ui::SetAccessibleName(*gdxMemos, "Remarks");
   m_frame.emplace(*this, Scale());

@@ -4,10 +4,10 @@
 #include <memory>
 #include <optional>
 
+#include "grid/GridEXWrapper.h"
 #include "platform/wx/ModalDialog.h"
 #include "remark_ui/EditLayout.h"
 #include "remark_ui/EditedRemark.h"
-#include "remark_ui/GridEXWrapper.h"
 #include "remark_ui/RemarkFrame.h"
 #include "remark_ui/RemarkRows.h"
 
@@ -17,7 +17,7 @@ class wxKeyEvent;
 namespace quorvel {
 
 class RemarkContext;
-class RemarkGrid;
+class DataGrid;
 
 /// Where the user reads all remarks of an owner and, as far as the rights go, makes, changes and deletes them. Changes
 /// are made in the context's list; closing calls the context's Save(false). One of a kind per thread, used again.
@@ -61,7 +61,7 @@ class frmEdit : public ui::ModalDialog {
   void KeyPressed(wxKeyEvent& event);
 
   // In the order in which Tab passes them.
-  RemarkGrid* gdxMemos = nullptr;
+  DataGrid* gdxMemos = nullptr;
   std::optional<RemarkFrame> m_frame;
   wxButton* cmdNew = nullptr;
   wxButton* cmdSave = nullptr;

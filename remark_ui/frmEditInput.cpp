@@ -9,7 +9,7 @@
 #include <wx/textctrl.h>
 
 #include "data/modWaitCursor.h"
-#include "remark_ui/RemarkGrid.h"
+#include "grid/DataGrid.h"
 #include "remark_ui/frmChooseType.h"
 #include "runtime/RemarkContext.h"
 

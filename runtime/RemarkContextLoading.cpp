@@ -1,11 +1,11 @@
 #include <utility>
 #include <vector>
 
+#include "ado/Command.h"
 #include "data/modDatabase.h"
 #include "data/modUserName.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "platform/ado/Command.h"
 #include "runtime/RemarkContext.h"
 
 namespace quorvel {

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "ado/Connection.h"
 #include "data/modRegistry.h"
-#include "platform/ado/Connection.h"
 
 namespace quorvel::cli {
 

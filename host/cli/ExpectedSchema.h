@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ado/Connection.h"
+#include "ado/Connection.h"
 
 /// What the component needs of a database, to hold one against.
 namespace quorvel::cli {

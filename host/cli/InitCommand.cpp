@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "ado/embedded/EmbeddedEngine.h"
 #include "data/Schema.h"
 #include "data/modDatabase.h"
 #include "host/cli/Commands.h"
@@ -13,7 +14,6 @@
 #include "host/cli/ScriptRunner.h"
 #include "host/cli/Table.h"
 #include "platform/Error.h"
-#include "platform/ado/embedded/EmbeddedEngine.h"
 
 namespace quorvel::cli {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/ado/Connection.h"
+#include "ado/Connection.h"
 
 /// What the component's login must be allowed on a server, to hold one against. The embedded engine has no users.
 namespace quorvel::cli {

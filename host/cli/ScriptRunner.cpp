@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "ado/Script.h"
 #include "platform/Error.h"
-#include "platform/ado/Script.h"
 
 namespace quorvel::cli {
 namespace {

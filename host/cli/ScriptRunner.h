@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ado/Connection.h"
+#include "ado/Connection.h"
 
 namespace quorvel::cli {
 

@@ -7,10 +7,10 @@
 
 #include <fmt/format.h>
 
+#include "ado/Engine.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
 #include "platform/Text.h"
-#include "platform/ado/Engine.h"
 
 namespace quorvel::cli {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ado/Recordset.h"
+#include "ado/Recordset.h"
 
 namespace quorvel::cli {
 

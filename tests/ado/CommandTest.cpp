@@ -1,4 +1,4 @@
-#include "platform/ado/Command.h"
+#include "ado/Command.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "platform/ado/Connection.h"
+#include "ado/Connection.h"
 
 #include <gmock/gmock.h>
 

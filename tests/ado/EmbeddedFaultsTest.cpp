@@ -8,7 +8,7 @@
 #include <fstream>
 #include <thread>
 
-#include "platform/ado/embedded/EmbeddedEngine.h"
+#include "ado/embedded/EmbeddedEngine.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 

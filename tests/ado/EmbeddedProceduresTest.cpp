@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "platform/ado/Command.h"
-#include "platform/ado/Engine.h"
+#include "ado/Command.h"
+#include "ado/Engine.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 

@@ -1,8 +1,8 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
+#include "ado/Command.h"
 #include "platform/Error.h"
-#include "platform/ado/Command.h"
 #include "tests/support/Caught.h"
 #include "tests/support/EngineUnderTest.h"
 #include "tests/support/Rows.h"

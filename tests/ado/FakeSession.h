@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/ado/Connection.h"
+#include "ado/Connection.h"
 #include "tests/support/Caught.h"
 
 namespace quorvel::test {

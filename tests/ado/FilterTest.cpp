@@ -1,4 +1,4 @@
-#include "platform/ado/Filter.h"
+#include "ado/Filter.h"
 
 #include <gmock/gmock.h>
 

@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
-#include "platform/ado/Connection.h"
-#include "platform/ado/odbc/Diagnostics.h"
-#include "platform/ado/odbc/Drivers.h"
-#include "platform/ado/odbc/ProcedureName.h"
-#include "platform/ado/odbc/Timestamp.h"
+#include "ado/Connection.h"
+#include "ado/odbc/Diagnostics.h"
+#include "ado/odbc/Drivers.h"
+#include "ado/odbc/ProcedureName.h"
+#include "ado/odbc/Timestamp.h"
 
 namespace quorvel::ado::odbc {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/ado/Recordset.h"
+#include "ado/Recordset.h"
 
 #include <gmock/gmock.h>
 

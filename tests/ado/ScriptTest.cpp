@@ -1,4 +1,4 @@
-#include "platform/ado/Script.h"
+#include "ado/Script.h"
 
 #include <gmock/gmock.h>
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "ado/Script.h"
 #include "data/modDatabase.h"
 #include "platform/Error.h"
-#include "platform/ado/Script.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 

@@ -1,9 +1,9 @@
 // The command line against a server. The server is a stand-in, reached through a real driver.
 
+#include "ado/Script.h"
+#include "ado/embedded/EmbeddedEngine.h"
 #include "data/Schema.h"
 #include "host/cli/Permissions.h"
-#include "platform/ado/Script.h"
-#include "platform/ado/embedded/EmbeddedEngine.h"
 #include "tests/host/CommandLine.h"
 #include "tests/support/tds/StandInServer.h"
 

@@ -13,7 +13,7 @@
 
 #include "data/modUserName.h"
 #include "data/modWaitCursor.h"
-#include "remark_ui/RemarkGrid.h"
+#include "grid/DataGrid.h"
 #include "remark_ui/frmChooseType.h"
 #include "remark_ui/frmEdit.h"
 #include "tests/remark_ui/Controls.h"
@@ -34,7 +34,7 @@ class Screen {
  public:
   explicit Screen(frmEdit& window) : m_window(window) {}
 
-  [[nodiscard]] RemarkGrid& Grid() const { return Find<RemarkGrid>(m_window, "gdxMemos"); }
+  [[nodiscard]] DataGrid& Grid() const { return Find<DataGrid>(m_window, "gdxMemos"); }
   [[nodiscard]] wxTextCtrl& TextBox() const { return Find<wxTextCtrl>(m_window, "txtRemark"); }
   [[nodiscard]] wxChoice& Types() const { return Find<wxChoice>(m_window, "cboRemarkType"); }
   [[nodiscard]] std::string Text() const { return ui::FromWx(TextBox().GetValue()); }

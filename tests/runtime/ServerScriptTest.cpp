@@ -7,9 +7,9 @@
 #include <set>
 #include <thread>
 
+#include "ado/Script.h"
 #include "data/Schema.h"
 #include "data/modDatabase.h"
-#include "platform/ado/Script.h"
 #include "tests/runtime/RuntimeTest.h"
 #include "tests/support/EngineUnderTest.h"
 #include "tests/support/Rows.h"

@@ -6,8 +6,8 @@
 #include <thread>
 #include <vector>
 
+#include "ado/odbc/CallSeam.h"
 #include "data/modDatabase.h"
-#include "platform/ado/odbc/CallSeam.h"
 #include "runtime/RemarkContext.h"
 #include "tests/runtime/RuntimeTest.h"
 #include "tests/support/ServedDatabase.h"

@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <random>
 
+#include "ado/embedded/EmbeddedEngine.h"
 #include "platform/Error.h"
-#include "platform/ado/embedded/EmbeddedEngine.h"
 
 namespace quorvel::test {
 namespace {

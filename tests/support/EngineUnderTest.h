@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/ado/Connection.h"
+#include "ado/Connection.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/tds/StandInServer.h"
 

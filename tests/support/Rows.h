@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "ado/Connection.h"
 #include "platform/Error.h"
-#include "platform/ado/Connection.h"
 
 namespace quorvel::test {
 

@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <map>
 
+#include "ado/Script.h"
+#include "ado/embedded/EmbeddedEngine.h"
 #include "data/Schema.h"
-#include "platform/ado/Script.h"
-#include "platform/ado/embedded/EmbeddedEngine.h"
 #include "tests/support/TestSettings.h"
 
 namespace quorvel::test {

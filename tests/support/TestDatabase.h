@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ado/Connection.h"
+#include "ado/Connection.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvel::test {

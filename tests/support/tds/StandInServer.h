@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/ado/Engine.h"
+#include "ado/Engine.h"
 
 namespace quorvel::test {
 

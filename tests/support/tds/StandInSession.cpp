@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "ado/embedded/EmbeddedEngine.h"
 #include "platform/Text.h"
-#include "platform/ado/embedded/EmbeddedEngine.h"
 
 namespace quorvel::test::tds {
 namespace {

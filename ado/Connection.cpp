@@ -1,0 +1,91 @@
+#include "ado/Connection.h"
+
+#include <utility>
+
+#include "ado/AdoError.h"
+#include "platform/Error.h"
+
+namespace quorvel::ado {
+
+Connection::Connection(SessionOpener opener) : m_opener(std::move(opener)) {}
+
+template <typename Operation>
+auto Connection::Guard(const Operation& operation) {
+  try {
+    return operation();
+  } catch (const DriverError& failure) {
+    Raise(failure.Records());
+  }
+}
+
+void Connection::Open(std::string_view userId, std::string_view password, int /*options*/) {
+  if (IsOpen()) ThrowAdoError(ErrorNumber::AdoObjectOpen);
+  ConnectOptions options = ParseConnectionString(m_connectionString);
+  if (!userId.empty()) options.userId = userId;
+  if (!password.empty()) options.password = password;
+  options.connectionTimeout = m_connectionTimeout;
+  options.commandTimeout = m_commandTimeout;
+  m_source = SourceOfEngine(options.dataSource);
+  m_session = Guard([&] { return m_opener(options); });
+}
+
+void Connection::SetCommandTimeout(std::chrono::seconds timeout) {
+  if (IsOpen()) Guard([&] { m_session->SetCommandTimeout(timeout); });
+  m_commandTimeout = timeout;
+}
+
+std::shared_ptr<Recordset> Connection::Execute(std::string_view batch, int /*options*/) {
+  return std::make_shared<Recordset>(shared_from_this(), Run(batch).rows);
+}
+
+std::string Connection::Describe() { return OpenedSession().Describe(); }
+
+Result Connection::Run(std::string_view batch) {
+  Session& session = OpenedSession();
+  return KeepMessages(Guard([&] { return session.Execute(batch); }));
+}
+
+Result Connection::Call(std::string_view procedure, std::span<Argument> arguments) {
+  Session& session = OpenedSession();
+  return KeepMessages(Guard([&] { return session.Call(procedure, arguments); }));
+}
+
+std::vector<ParameterInfo> Connection::DiscoverParameters(std::string_view procedure) {
+  Session& session = OpenedSession();
+  return Guard([&] { return session.DiscoverParameters(procedure); });
+}
+
+Session& Connection::OpenedSession() {
+  if (!IsOpen()) ThrowAdoError(ErrorNumber::AdoObjectClosed);
+  return *m_session;
+}
+
+Result Connection::KeepMessages(Result result) {
+  if (!result.messages.empty()) Record(result.messages);
+  return result;
+}
+
+void Connection::Raise(const std::vector<Diagnostic>& records) {
+  Record(records);
+  const ProviderError& first = m_errors.front();
+  throw Error(first.number, first.source, first.description);
+}
+
+void Connection::Record(const std::vector<Diagnostic>& records) {
+  m_errors.clear();
+  for (const Diagnostic& record : records) {
+    m_errors.push_back({NumberOfSqlState(record.sqlState), record.message, std::string(m_source), record.sqlState,
+                        record.nativeError, record.line});
+  }
+}
+
+std::int32_t NumberOfSqlState(std::string_view sqlState) noexcept {
+  if (sqlState == "42S02") return ErrorNumber::DbObjectNotFound;
+  if (sqlState.starts_with("42")) return ErrorNumber::DbStatement;
+  if (sqlState.starts_with("23")) return ErrorNumber::DbIntegrity;
+  if (sqlState == "HYT00") return ErrorNumber::DbTimeout;
+  if (sqlState == "28000") return ErrorNumber::DbLogin;
+  return ErrorNumber::DbUnspecified;
+}
+
+}  // namespace quorvel::ado

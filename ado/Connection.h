@@ -1,0 +1,99 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ado/Engine.h"
+#include "ado/Recordset.h"
+#include "ado/Types.h"
+
+namespace quorvel::ado {
+
+/// One entry of a connection's Errors: a driver's diagnostic record with the number a host tests for.
+struct ProviderError {
+  std::int32_t number;
+  std::string description;
+  std::string source;
+  std::string sqlState;
+  std::int32_t nativeError;
+  int line;  ///< 1-based line of the batch; 0 when not known
+};
+
+/// A connection to a database. Made by make_shared; commands and recordsets keep it alive. It closes when
+/// the last of them lets go. Used by one thread at a time.
+class Connection : public std::enable_shared_from_this<Connection> {
+ public:
+  using SessionOpener = std::function<std::unique_ptr<Session>(const ConnectOptions&)>;
+
+  explicit Connection(SessionOpener opener = OpenSession);
+
+  void SetConnectionString(std::string text) { m_connectionString = std::move(text); }
+  [[nodiscard]] const std::string& ConnectionString() const noexcept { return m_connectionString; }
+  void SetCursorLocation(CursorLocation location) noexcept { m_cursorLocation = location; }
+  [[nodiscard]] ado::CursorLocation CursorLocation() const noexcept { return m_cursorLocation; }
+  void SetMode(ConnectMode mode) noexcept { m_mode = mode; }
+  [[nodiscard]] ConnectMode Mode() const noexcept { return m_mode; }
+  /// Applies at once to an open connection.
+  void SetCommandTimeout(std::chrono::seconds timeout);
+  [[nodiscard]] std::chrono::seconds CommandTimeout() const noexcept { return m_commandTimeout; }
+  void SetConnectionTimeout(std::chrono::seconds timeout) noexcept { m_connectionTimeout = timeout; }
+  [[nodiscard]] std::chrono::seconds ConnectionTimeout() const noexcept { return m_connectionTimeout; }
+
+  /// Opens the session that the connection string describes; `userId` and `password` replace the string's
+  /// when they are not empty. Throws Error, and then the connection stays closed.
+  void Open(std::string_view userId = {}, std::string_view password = {}, int options = kUnspecified);
+  [[nodiscard]] bool IsOpen() const noexcept { return m_session != nullptr; }
+
+  /// Runs a batch and returns its first result set; a closed recordset when it had none.
+  std::shared_ptr<Recordset> Execute(std::string_view batch, int options = kUnspecified);
+
+  /// Every record of the last operation that failed or warned. An operation that does neither leaves it as
+  /// it is, as ADO documents.
+  [[nodiscard]] const std::vector<ProviderError>& Errors() const noexcept { return m_errors; }
+  void ClearErrors() noexcept { m_errors.clear(); }
+
+  /// What the other end is, for people. adErrObjectClosed when not open.
+  [[nodiscard]] std::string Describe();
+
+  /// For Command and Recordset.
+  Result Run(std::string_view batch);
+  Result Call(std::string_view procedure, std::span<Argument> arguments);
+  [[nodiscard]] std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure);
+
+ private:
+  [[nodiscard]] Session& OpenedSession();
+  template <typename Operation>
+  auto Guard(const Operation& operation);
+  [[nodiscard]] Result KeepMessages(Result result);
+  [[noreturn]] void Raise(const std::vector<Diagnostic>& records);
+  void Record(const std::vector<Diagnostic>& records);
+
+  std::string m_connectionString;
+  ado::CursorLocation m_cursorLocation = ado::CursorLocation::Server;
+  ConnectMode m_mode = ConnectMode::Unknown;
+  std::chrono::seconds m_commandTimeout{30};
+  std::chrono::seconds m_connectionTimeout{15};
+  SessionOpener m_opener;
+  std::string_view m_source;
+  std::unique_ptr<Session> m_session;
+  std::vector<ProviderError> m_errors;
+};
+
+/// Reads an OLE DB connection string: pairs `key=value` between semicolons, the first `=` parts them,
+/// blanks round keys and values are dropped, a value may stand in single or double quotes (doubled inside).
+/// Keys are matched without regard to letter case; the last of equal keys counts. Keys read: Data Source
+/// (Server), Initial Catalog (Database), User ID (UID), Password (PWD), and for SQL Server Driver, Encrypt and
+/// TrustServerCertificate; others are ignored.
+/// adErrInvalidArgument for a pair without `=`.
+[[nodiscard]] ConnectOptions ParseConnectionString(std::string_view text);
+
+/// The number that a host finds for a SQLSTATE.
+[[nodiscard]] std::int32_t NumberOfSqlState(std::string_view sqlState) noexcept;
+
+}  // namespace quorvel::ado

@@ -1,0 +1,149 @@
+#include "ado/FilterCondition.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+#include "ado/AdoError.h"
+#include "platform/Error.h"
+#include "platform/Text.h"
+
+namespace quorvel::ado {
+namespace {
+
+constexpr std::string_view kWildcards = "*%";
+
+template <typename Number>
+int Order(Number left, Number right) {
+  if (left < right) return -1;
+  return left > right ? 1 : 0;
+}
+
+/// What the literal reads as, or nothing.
+template <typename Reader>
+auto Attempt(Reader reader, const std::string& text) -> std::optional<decltype(reader(Value{}))> {
+  try {
+    return reader(Value{text});
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
+std::string_view WithoutTrailingBlanks(std::string_view text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
+
+}  // namespace
+
+FilterCondition::FilterCondition(const RowSet& rows, std::size_t column, FilterOperator op, FilterLiteral literal)
+    : m_rows(rows), m_column(column), m_operator(op), m_literal(std::move(literal)) {
+  ReadLiteral();
+  Check(rows.Columns()[column].type);
+  if (op == FilterOperator::Like) ReadPattern();
+}
+
+void FilterCondition::ReadLiteral() {
+  if (m_literal.kind == FilterLiteral::Kind::Null) return;
+  m_date = ParseDateTime(m_literal.text);
+  if (m_literal.kind == FilterLiteral::Kind::Date) return;
+  m_boolean = Attempt(ToBoolean, m_literal.text);
+  m_real = Attempt(ToDouble, m_literal.text);
+  // Keys beyond 2^53 must not pass through a double; a fraction must not be rounded away.
+  const auto whole = Attempt(ToInt64, m_literal.text);
+  if (whole && m_real && static_cast<double>(*whole) == *m_real) m_integer = whole;
+}
+
+void FilterCondition::Check(DataType columnType) const {
+  bool fits = false;
+  if (m_literal.kind == FilterLiteral::Kind::Null) {
+    fits = m_operator == FilterOperator::Equal || m_operator == FilterOperator::NotEqual;
+  } else if (columnType == DataType::Empty) {
+    fits = m_operator != FilterOperator::Like || m_literal.kind == FilterLiteral::Kind::Text;
+  } else if (IsTextType(columnType)) {
+    fits = m_literal.kind == FilterLiteral::Kind::Text ||
+           (m_literal.kind == FilterLiteral::Kind::Number && m_operator != FilterOperator::Like);
+  } else if (m_operator != FilterOperator::Like) {
+    const bool isDate = columnType == DataType::DBTimeStamp;
+    const bool isBoolean = columnType == DataType::Boolean;
+    fits = isDate ? m_date.has_value() : (isBoolean ? m_boolean.has_value() : m_real.has_value());
+  }
+  if (!fits) {
+    ThrowAdoError(ErrorNumber::AdoInvalidArgument,
+                  fmt::format(R"(The filter cannot compare the field "{}" with the value "{}" in this way.)",
+                              m_rows.Columns()[m_column].name, m_literal.text));
+  }
+}
+
+void FilterCondition::ReadPattern() {
+  std::string_view pattern = m_literal.text;
+  if (!pattern.empty() && kWildcards.find(pattern.front()) != std::string_view::npos) {
+    m_isOpenInFront = true;
+    pattern.remove_prefix(1);
+  }
+  if (!pattern.empty() && kWildcards.find(pattern.back()) != std::string_view::npos) {
+    m_isOpenBehind = true;
+    pattern.remove_suffix(1);
+  }
+  if (pattern.find_first_of(kWildcards) != std::string_view::npos) {
+    ThrowAdoError(
+        ErrorNumber::AdoInvalidArgument,
+        fmt::format("The filter's LIKE takes a wildcard only at the beginning and the end: \"{}\".", m_literal.text));
+  }
+  m_literal.text = FoldCase(m_isOpenBehind ? pattern : WithoutTrailingBlanks(pattern));
+}
+
+bool FilterCondition::Meets(std::size_t row) const {
+  const auto text = m_rows.TextAt(row, m_column);
+  if (text && m_literal.kind != FilterLiteral::Kind::Null) return MeetsText(*text);
+  const Value cell = text ? Value{false} : m_rows.At(row, m_column);
+  if (m_literal.kind == FilterLiteral::Kind::Null) return IsNull(cell) == (m_operator == FilterOperator::Equal);
+  const auto order = Compare(cell);
+  return order && Holds(*order);
+}
+
+bool FilterCondition::MeetsText(std::string_view text) const {
+  if (m_operator == FilterOperator::Like) return MatchesPattern(text);
+  return Holds(CompareIgnoringCase(WithoutTrailingBlanks(text), WithoutTrailingBlanks(m_literal.text)));
+}
+
+bool FilterCondition::MatchesPattern(std::string_view text) const {
+  const std::string folded = FoldCase(m_isOpenBehind ? text : WithoutTrailingBlanks(text));
+  if (m_isOpenInFront) {
+    return m_isOpenBehind ? folded.find(m_literal.text) != std::string::npos : folded.ends_with(m_literal.text);
+  }
+  return m_isOpenBehind ? folded.starts_with(m_literal.text) : folded == m_literal.text;
+}
+
+std::optional<int> FilterCondition::Compare(const Value& cell) const {
+  if (const auto* whole = std::get_if<std::int64_t>(&cell)) {
+    if (m_integer) return Order(*whole, *m_integer);
+    if (m_real) return Order(static_cast<double>(*whole), *m_real);
+  } else if (const auto* real = std::get_if<double>(&cell)) {
+    if (m_real) return Order(*real, *m_real);
+  } else if (const auto* date = std::get_if<DateTime>(&cell)) {
+    if (m_date) return Order(*date, *m_date);
+  } else if (const auto* truth = std::get_if<bool>(&cell)) {
+    if (m_boolean) return Order(*truth, *m_boolean);
+  }
+  return std::nullopt;
+}
+
+bool FilterCondition::Holds(int order) const {
+  switch (m_operator) {
+    case FilterOperator::Equal:
+      return order == 0;
+    case FilterOperator::NotEqual:
+      return order != 0;
+    case FilterOperator::Less:
+      return order < 0;
+    case FilterOperator::Greater:
+      return order > 0;
+    case FilterOperator::LessOrEqual:
+      return order <= 0;
+    case FilterOperator::GreaterOrEqual:
+      return order >= 0;
+    case FilterOperator::Like:
+      break;
+  }
+  return false;
+}
+
+}  // namespace quorvel::ado

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ado/RowSet.h"
+
+namespace quorvel::ado {
+
+class Connection;
+class Recordset;
+
+/// One column of a recordset; its value is that of the recordset's current row. A field may be kept while
+/// the recordset moves, and must not outlive it.
+class Field {
+ public:
+  Field(const Recordset& recordset, std::size_t column) : m_recordset(&recordset), m_column(column) {}
+
+  [[nodiscard]] const std::string& Name() const;
+  [[nodiscard]] DataType Type() const;
+  /// 0-based among the recordset's fields.
+  [[nodiscard]] std::size_t Position() const noexcept { return m_column; }
+  /// adErrNoCurrentRecord at the end of the file.
+  [[nodiscard]] quorvel::Value Value() const;
+
+ private:
+  const Recordset* m_recordset;
+  std::size_t m_column;
+};
+
+/// A static snapshot of a result: read whole when it is opened, then walked, counted, filtered and
+/// bookmarked without the database.
+///
+/// A recordset is closed until a result with columns has been put into it; then every operation but Open,
+/// IsOpen and ActiveConnection throws adErrObjectClosed. Opened, it stands on its first row, if any.
+class Recordset {
+ public:
+  Recordset() = default;
+  Recordset(std::shared_ptr<Connection> connection, std::optional<RowSet> rows);
+
+  /// Runs `source` on `connection` and holds its first result set. Throws the provider's error, and then
+  /// the recordset is closed. Cursor type, lock type and options are unspecified.
+  void Open(std::string_view source, std::shared_ptr<Connection> connection);
+  [[nodiscard]] bool IsOpen() const noexcept { return m_rows != nullptr; }
+
+  /// The field of that name (letter case does not count) or 0-based position; else adErrItemNotFound.
+  [[nodiscard]] Field Fields(std::string_view name) const;
+  [[nodiscard]] Field Fields(std::size_t position) const;
+  [[nodiscard]] std::size_t FieldCount() const;
+
+  [[nodiscard]] bool EndOfFile() const;
+  /// Rows that the filter lets through.
+  [[nodiscard]] std::int32_t RecordCount() const;
+  /// adErrNoCurrentRecord without rows.
+  void MoveFirst();
+  /// From the last row to the end of the file; adErrNoCurrentRecord when it is there already.
+  void MoveNext();
+  /// adErrNoCurrentRecord without rows.
+  void MoveLast();
+
+  /// Criteria as SelectRows reads them; the empty text shows all rows. Setting it moves to the first row
+  /// that is let through. Throws adErrInvalidArgument for criteria that cannot be read and
+  /// adErrItemNotFound for an unknown field, and then nothing changes.
+  void SetFilter(std::string_view criteria);
+  [[nodiscard]] const std::string& Filter() const;
+
+  /// The current row's place in the unfiltered snapshot, 1-based; adErrNoCurrentRecord at the end.
+  [[nodiscard]] std::int32_t Bookmark() const;
+  /// Moves to that row; adErrInvalidArgument when the filter hides it or it does not exist.
+  void SetBookmark(std::int32_t bookmark);
+
+  /// A value and the bookmark of another row than the current one, which stays as it is: `row` counts from 1 the rows
+  /// that the filter lets through, `field` from 0. adErrInvalidArgument for a row and adErrItemNotFound for a field
+  /// that is not there.
+  [[nodiscard]] Value At(std::int32_t row, std::size_t field) const;
+  [[nodiscard]] std::int32_t BookmarkAt(std::int32_t row) const;
+
+  /// Null once detached. Detaching keeps rows, filter and position.
+  [[nodiscard]] const std::shared_ptr<Connection>& ActiveConnection() const noexcept { return m_connection; }
+  void SetActiveConnection(std::shared_ptr<Connection> connection) { m_connection = std::move(connection); }
+
+ private:
+  friend class Field;
+  [[nodiscard]] const RowSet& Rows() const;
+  [[nodiscard]] std::size_t VisibleCount() const;
+  [[nodiscard]] std::size_t CurrentRow() const;
+  [[nodiscard]] std::size_t VisibleRow(std::int32_t row) const;
+
+  std::shared_ptr<Connection> m_connection;
+  std::unique_ptr<const RowSet> m_rows;
+  std::string m_filter;
+  std::vector<std::uint32_t> m_visible;  ///< rows that pass the filter; unused while it is empty
+  std::size_t m_position = 0;            ///< 0-based among the visible rows
+};
+
+}  // namespace quorvel::ado

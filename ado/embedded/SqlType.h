@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "ado/Types.h"
+#include "ado/embedded/TokenCursor.h"
+
+namespace quorvel::ado::embedded {
+
+/// A T-SQL column or variable type as this engine keeps it.
+struct SqlType {
+  std::string declaration;  ///< the SQLite column type, from which TypeOfDeclaration reads it back
+  DataType type = DataType::Empty;
+  std::int32_t size = 0;  ///< most characters of a text; 0 means no limit
+};
+
+/// Reads a type such as `nvarchar(max)`. DriverError for a type that the engine does not know.
+[[nodiscard]] SqlType ParseType(TokenCursor& cursor);
+
+/// The type behind a declared SQLite column type; Empty for an expression, which has none.
+[[nodiscard]] DataType TypeOfDeclaration(std::string_view declaration) noexcept;
+
+/// Whole numbers that a column of that type takes; false for a type that is not whole.
+struct IntegerRange {
+  std::int64_t lowest;
+  std::int64_t highest;
+};
+[[nodiscard]] bool FindIntegerRange(const SqlType& type, IntegerRange& range) noexcept;
+
+/// SQLSTATEs that name the rules a column's type imposes.
+inline constexpr std::string_view kTextTooLong = "22001";
+inline constexpr std::string_view kNumberOutOfRange = "22003";
+inline constexpr std::string_view kNotADate = "22007";
+
+}  // namespace quorvel::ado::embedded

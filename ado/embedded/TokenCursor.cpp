@@ -1,0 +1,122 @@
+#include "ado/embedded/TokenCursor.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "ado/Engine.h"
+#include "platform/Text.h"
+
+namespace quorvel::ado::embedded {
+namespace {
+
+/// Words that end a name position: a name that is one of them must stand in brackets, as on a server.
+constexpr std::array<std::string_view, 61> kReserved = {
+    "ADD",    "ALL",       "ALTER",  "AND",     "AS",       "ASC",    "BEGIN",  "BETWEEN",  "BY",   "CASE",  "CHECK",
+    "COMMIT", "CREATE",    "CROSS",  "DECLARE", "DEFAULT",  "DELETE", "DESC",   "DISTINCT", "DROP", "ELSE",  "END",
+    "EXEC",   "EXECUTE",   "EXISTS", "FROM",    "FULL",     "GROUP",  "HAVING", "IF",       "IN",   "INNER", "INSERT",
+    "INTO",   "IS",        "JOIN",   "LEFT",    "LIKE",     "NOT",    "NULL",   "ON",       "OR",   "ORDER", "OUTER",
+    "PRINT",  "PROCEDURE", "RETURN", "RIGHT",   "ROLLBACK", "SELECT", "SET",    "TABLE",    "THEN", "TOP",   "UNION",
+    "UPDATE", "VALUES",    "WHEN",   "WHERE",   "WHILE",    "WITH"};
+
+bool IsReserved(std::string_view word) {
+  return std::any_of(kReserved.begin(), kReserved.end(),
+                     [&](std::string_view reserved) { return EqualIgnoringCase(reserved, word); });
+}
+
+std::string Doubled(std::string_view text, char quote) {
+  std::string result(1, quote);
+  for (const char c : text) {
+    if (c == quote) result += quote;
+    result += c;
+  }
+  return result + quote;
+}
+
+}  // namespace
+
+const Token& TokenCursor::Peek(std::size_t ahead) const {
+  return m_tokens[std::min(m_at + ahead, m_tokens.size() - 1)];
+}
+
+bool TokenCursor::Is(std::string_view word, std::size_t ahead) const {
+  const Token& token = Peek(ahead);
+  return (token.kind == TokenKind::Name || token.kind == TokenKind::Symbol) && EqualIgnoringCase(token.text, word);
+}
+
+bool TokenCursor::IsAny(std::initializer_list<std::string_view> words, std::size_t ahead) const {
+  return std::any_of(words.begin(), words.end(), [&](std::string_view word) { return Is(word, ahead); });
+}
+
+bool TokenCursor::Accept(std::string_view word) { return AcceptAll({word}); }
+
+bool TokenCursor::AcceptAll(std::initializer_list<std::string_view> words) {
+  std::size_t ahead = 0;
+  for (const std::string_view word : words) {
+    if (!Is(word, ahead++)) return false;
+  }
+  m_at += words.size();
+  return true;
+}
+
+Token TokenCursor::Take() {
+  Token token = Peek();
+  if (!AtEnd()) ++m_at;
+  return token;
+}
+
+void TokenCursor::Expect(std::string_view word) {
+  if (!Accept(word)) Fail();
+}
+
+bool TokenCursor::IsName(std::size_t ahead) const {
+  const Token& token = Peek(ahead);
+  return token.kind == TokenKind::QuotedName || (token.kind == TokenKind::Name && !IsReserved(token.text));
+}
+
+std::string TokenCursor::ExpectName() {
+  if (!IsName()) Fail();
+  return Take().text;
+}
+
+std::string TokenCursor::ExpectObjectName() {
+  std::string name = ExpectName();
+  while (Accept(".")) name = ExpectName();
+  return name;
+}
+
+std::string TokenCursor::ExpectVariable() {
+  if (Peek().kind != TokenKind::Variable) Fail();
+  return Take().text;
+}
+
+TokenCursor::NestingGuard TokenCursor::EnterNesting() {
+  constexpr int kDeepest = 200;
+  if (m_depth >= kDeepest) {
+    throw DriverError("42000", 191, "Some part of the statement is nested too deeply.", Peek().line);
+  }
+  return NestingGuard(m_depth);
+}
+
+void TokenCursor::Fail() const {
+  const Token& token = Peek();
+  const std::string what = AtEnd() ? "the end of the batch" : fmt::format("'{}'", token.text);
+  throw DriverError("42000", 102, fmt::format("Incorrect syntax near {}.", what), token.line);
+}
+
+void TokenCursor::FailUnsupported(std::string_view what) const {
+  throw DriverError("42000", 102, fmt::format("The embedded engine does not support {}.", what), Peek().line);
+}
+
+std::string QuoteName(std::string_view name) { return Doubled(name, '"'); }
+
+std::string QuoteText(std::string_view text) {
+  // SQLite text literals end at a zero character.
+  if (text.find('\0') == std::string_view::npos) return Doubled(text, '\'');
+  std::string hex = "CAST(x'";
+  for (const char c : text) hex += fmt::format("{:02x}", static_cast<unsigned char>(c));
+  return hex + "' AS TEXT)";
+}
+
+}  // namespace quorvel::ado::embedded

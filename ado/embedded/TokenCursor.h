@@ -1,0 +1,72 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ado/embedded/Lexer.h"
+
+namespace quorvel::ado::embedded {
+
+/// Walks over the tokens of one batch. Keywords and symbols match without regard to letter case; a name in
+/// brackets or quotes is never a keyword.
+class TokenCursor {
+ public:
+  explicit TokenCursor(std::string_view batch) : m_batch(batch), m_tokens(Tokenize(batch)) {}
+
+  [[nodiscard]] const Token& Peek(std::size_t ahead = 0) const;
+  [[nodiscard]] bool AtEnd() const { return Peek().kind == TokenKind::End; }
+  [[nodiscard]] bool Is(std::string_view word, std::size_t ahead = 0) const;
+  [[nodiscard]] bool IsAny(std::initializer_list<std::string_view> words, std::size_t ahead = 0) const;
+  /// Takes the token, or all of several tokens in a row, when they match.
+  bool Accept(std::string_view word);
+  bool AcceptAll(std::initializer_list<std::string_view> words);
+  Token Take();
+
+  void Expect(std::string_view word);
+  /// A name that is not reserved, or one in brackets.
+  [[nodiscard]] std::string ExpectName();
+  void SkipName() { (void)ExpectName(); }
+  /// The last part of a name such as `database.dbo.name`.
+  [[nodiscard]] std::string ExpectObjectName();
+  [[nodiscard]] std::string ExpectVariable();
+  /// Whether the next token can be a name.
+  [[nodiscard]] bool IsName(std::size_t ahead = 0) const;
+
+  /// Counts one level of nesting until the guard goes. DriverError when the text is nested deeper than a parser that
+  /// calls itself can follow.
+  class NestingGuard {
+   public:
+    explicit NestingGuard(int& depth) : m_depth(depth) { ++m_depth; }
+    ~NestingGuard() { --m_depth; }
+    NestingGuard(const NestingGuard&) = delete;
+    NestingGuard& operator=(const NestingGuard&) = delete;
+
+   private:
+    int& m_depth;
+  };
+  [[nodiscard]] NestingGuard EnterNesting();
+
+  /// "Incorrect syntax near ...", at the next token.
+  [[noreturn]] void Fail() const;
+  /// A construct that the embedded engine does not take.
+  [[noreturn]] void FailUnsupported(std::string_view what) const;
+
+  /// The batch from the next token on, and its text.
+  [[nodiscard]] std::string_view Batch() const { return m_batch; }
+  void SkipToEnd() { m_at = m_tokens.size() - 1; }
+
+ private:
+  std::string_view m_batch;
+  std::vector<Token> m_tokens;
+  std::size_t m_at = 0;
+  int m_depth = 0;
+};
+
+/// `name` as a quoted SQLite identifier.
+[[nodiscard]] std::string QuoteName(std::string_view name);
+/// `text` as an SQLite literal.
+[[nodiscard]] std::string QuoteText(std::string_view text);
+
+}  // namespace quorvel::ado::embedded

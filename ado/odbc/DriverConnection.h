@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "ado/Engine.h"
+#include "ado/odbc/Handles.h"
+
+namespace quorvel::ado::odbc {
+
+/// A connection through one driver to one server. Statements must not outlive it.
+class DriverConnection {
+ public:
+  /// Connects, trying for at most `options.connectionTimeout`. DriverError when no driver is installed, the server
+  /// cannot be reached or refuses; each record's message then names driver and server.
+  explicit DriverConnection(const ConnectOptions& options);
+  DriverConnection(const DriverConnection&) = delete;
+  DriverConnection& operator=(const DriverConnection&) = delete;
+
+  [[nodiscard]] SQLHDBC Get() const noexcept { return m_connection.Get(); }
+
+  /// The name by which the driver is installed.
+  [[nodiscard]] const std::string& Driver() const noexcept { return m_driver; }
+  /// What the driver says of itself or of the server; empty where it says nothing.
+  [[nodiscard]] std::string TextInfo(SQLUSMALLINT item) const;
+  /// Whether the driver has found out that the connection is gone.
+  [[nodiscard]] bool IsDead() const;
+  /// Whether SQLGetData reads any column and not just those behind the last bound one.
+  [[nodiscard]] bool ReadsAnyColumn() const noexcept { return m_readsAnyColumn; }
+
+ private:
+  void Connect(const ConnectOptions& options);
+
+  EnvironmentHandle m_environment;
+  ConnectionHandle m_connection;
+  std::string m_driver;
+  bool m_readsAnyColumn = false;
+};
+
+}  // namespace quorvel::ado::odbc

@@ -1,0 +1,65 @@
+#include "ado/odbc/OdbcEngine.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "ado/odbc/DriverConnection.h"
+#include "ado/odbc/ProcedureCall.h"
+#include "ado/odbc/ProcedureCatalog.h"
+#include "ado/odbc/ResultReader.h"
+
+namespace quorvel::ado {
+namespace {
+
+using namespace odbc;
+
+/// CREATE, ALTER and DROP PROCEDURE; PROC is the short form.
+bool MayChangeProcedures(std::string_view batch) {
+  constexpr std::string_view kWord = "proc";
+  return std::search(batch.begin(), batch.end(), kWord.begin(), kWord.end(),
+                     [](char have, char want) { return have == want || have == want - 'a' + 'A'; }) != batch.end();
+}
+
+class OdbcSession final : public Session {
+ public:
+  explicit OdbcSession(const ConnectOptions& options)
+      : m_connection(options), m_catalog(m_connection), m_timeout(options.commandTimeout) {}
+
+  void SetCommandTimeout(std::chrono::seconds timeout) override { m_timeout = timeout; }
+
+  Result Execute(std::string_view batch) override {
+    if (batch.empty()) return {};
+    if (MayChangeProcedures(batch)) m_catalog.Forget();
+    Statement statement(m_connection, m_timeout);
+    statement.ExecuteUnread(batch);
+    return ReadResults(statement);
+  }
+
+  std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) override {
+    return m_catalog.ParametersOf(procedure, m_timeout);
+  }
+
+  Result Call(std::string_view procedure, std::span<Argument> arguments) override {
+    Statement statement(m_connection, m_timeout);
+    return CallProcedure(statement, procedure, arguments);
+  }
+
+  [[nodiscard]] std::string Describe() const override {
+    return fmt::format("{} {} on {}, ODBC driver {} ({} {})", m_connection.TextInfo(SQL_DBMS_NAME),
+                       m_connection.TextInfo(SQL_DBMS_VER), m_connection.TextInfo(SQL_SERVER_NAME),
+                       m_connection.Driver(), m_connection.TextInfo(SQL_DRIVER_NAME),
+                       m_connection.TextInfo(SQL_DRIVER_VER));
+  }
+
+ private:
+  DriverConnection m_connection;
+  ProcedureCatalog m_catalog;
+  std::chrono::seconds m_timeout;
+};
+
+}  // namespace
+
+std::unique_ptr<Session> OpenOdbc(const ConnectOptions& options) { return std::make_unique<OdbcSession>(options); }
+
+}  // namespace quorvel::ado

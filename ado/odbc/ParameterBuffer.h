@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "ado/Engine.h"
+#include "ado/odbc/Statement.h"
+
+namespace quorvel::ado::odbc {
+
+/// The memory of one argument of a call: bound before the call, read after it. It must stay where it is for the life of
+/// the statement.
+class ParameterBuffer {
+ public:
+  /// DriverError 22021 when a text is not well-formed UTF-8.
+  explicit ParameterBuffer(const Argument& argument);
+
+  /// Binds it as the `number`th marker (1-based) of the statement.
+  void Bind(Statement& statement, SQLUSMALLINT number);
+
+  /// What an output parameter holds after the call. DriverError 22001 when its text had no room.
+  [[nodiscard]] Value Output() const;
+
+ private:
+  void Fill(const Value& value);
+  void FillText(const std::string& text);
+  template <typename Number>
+  void FillNumber(Number number);
+  void MakeRoom();
+  [[nodiscard]] Value OutputText() const;
+  [[nodiscard]] SQLSMALLINT IoType() const noexcept;
+
+  ParameterInfo m_info;
+  SQLSMALLINT m_clientType = SQL_C_WCHAR;
+  SQLSMALLINT m_sqlType = SQL_WVARCHAR;
+  bool m_hasLimit;     ///< of a text
+  SQLULEN m_size = 0;  ///< in characters; for a text without a limit what this value needs
+  SQLSMALLINT m_digits = 0;
+  std::vector<std::byte> m_bytes;
+  SQLLEN m_length = SQL_NULL_DATA;
+};
+
+}  // namespace quorvel::ado::odbc

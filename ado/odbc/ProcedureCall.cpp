@@ -1,0 +1,64 @@
+#include "ado/odbc/ProcedureCall.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <deque>
+#include <memory>
+#include <string>
+
+#include "ado/odbc/ParameterBuffer.h"
+#include "ado/odbc/ProcedureCatalog.h"
+#include "ado/odbc/ResultReader.h"
+
+namespace quorvel::ado::odbc {
+namespace {
+
+bool IsLeftOut(const Argument& argument) {
+  return !argument.value && argument.parameter.direction == ParameterDirection::Input;
+}
+
+std::string CallText(std::string_view procedure, std::size_t count) {
+  std::string text = "{? = call " + RequireProcedureName(procedure).Quoted();
+  for (std::size_t i = 0; i < count; ++i) text += i == 0 ? "(?" : ", ?";
+  return text + (count == 0 ? "}" : ")}");
+}
+
+/// Not every driver knows ODBC's default parameter, and none says more than its SQLSTATE.
+void Execute(Statement& statement, std::string_view procedure, std::span<const Argument> sent) {
+  try {
+    statement.Execute(CallText(procedure, sent.size()));
+  } catch (const DriverError& failure) {
+    const auto leftOut = std::find_if(sent.begin(), sent.end(), IsLeftOut);
+    if (failure.Records().front().sqlState != "07S01" || leftOut == sent.end()) throw;
+    throw DriverError(
+        "07S01", 0,
+        fmt::format("Parameter {} of {} was given no value but one behind it was, and this ODBC driver can "
+                    "leave out parameters only at the end; nothing was sent.",
+                    leftOut->parameter.name, procedure));
+  }
+}
+
+}  // namespace
+
+Result CallProcedure(Statement& statement, std::string_view procedure, std::span<Argument> arguments) {
+  const auto lastGiven = std::find_if_not(arguments.rbegin(), arguments.rend(), IsLeftOut);
+  const std::span<Argument> sent = arguments.first(static_cast<std::size_t>(arguments.rend() - lastGiven));
+
+  const Argument returnValue{{"@RETURN_VALUE", DataType::Integer, ParameterDirection::Output, 0}, std::nullopt};
+  const auto kept = std::make_shared<std::deque<ParameterBuffer>>();
+  statement.Keep(kept);
+  std::deque<ParameterBuffer>& buffers = *kept;
+  buffers.emplace_back(returnValue);
+  for (const Argument& argument : sent) buffers.emplace_back(argument);
+  for (std::size_t i = 0; i < buffers.size(); ++i) buffers[i].Bind(statement, static_cast<SQLUSMALLINT>(i + 1));
+
+  Execute(statement, procedure, sent);
+  Result result = ReadResults(statement);
+  for (std::size_t i = 0; i < sent.size(); ++i) {
+    if (sent[i].parameter.direction != ParameterDirection::Input) sent[i].value = buffers[i + 1].Output();
+  }
+  return result;
+}
+
+}  // namespace quorvel::ado::odbc

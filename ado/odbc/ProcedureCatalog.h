@@ -1,0 +1,39 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ado/Types.h"
+#include "ado/odbc/DriverConnection.h"
+#include "ado/odbc/ProcedureName.h"
+#include "platform/Text.h"
+
+namespace quorvel::ado::odbc {
+
+/// What the server tells of its procedures' parameters: asked once for each name and kept.
+class ProcedureCatalog {
+ public:
+  explicit ProcedureCatalog(const DriverConnection& connection) : m_connection(connection) {}
+
+  /// The parameters in the order of the procedure, without its return value. DriverError 42000 (2812) when there is
+  /// no such procedure or the login may not see it.
+  [[nodiscard]] const std::vector<ParameterInfo>& ParametersOf(std::string_view procedure,
+                                                               std::chrono::seconds timeout);
+
+  void Forget() noexcept { m_known.clear(); }
+
+ private:
+  [[nodiscard]] std::vector<ParameterInfo> Ask(const ProcedureName& procedure, std::chrono::seconds timeout) const;
+  [[nodiscard]] bool Exists(const ProcedureName& procedure, std::chrono::seconds timeout) const;
+  [[nodiscard]] std::string DefaultSchema(std::chrono::seconds timeout) const;
+
+  const DriverConnection& m_connection;
+  std::map<std::string, std::vector<ParameterInfo>, LessIgnoringCase> m_known;
+};
+
+/// The parts of a procedure's name. DriverError 42000 (2812) when no procedure can bear it.
+[[nodiscard]] ProcedureName RequireProcedureName(std::string_view procedure);
+
+}  // namespace quorvel::ado::odbc

@@ -1,0 +1,126 @@
+#include "ado/odbc/ResultReader.h"
+
+#include <algorithm>
+#include <deque>
+#include <iterator>
+#include <memory>
+
+#include "ado/odbc/ColumnReader.h"
+
+namespace quorvel::ado::odbc {
+namespace {
+
+/// Bytes of a block, and the most rows of one. A small result does not fill a block, so a large one would only cost.
+constexpr std::size_t kBlockBytes = std::size_t{128} * 1024;
+constexpr std::size_t kMostRows = 256;
+
+class BlockReader {
+ public:
+  BlockReader(Statement& statement, SQLUSMALLINT columnCount) : m_statement(statement) {
+    for (SQLUSMALLINT number = 1; number <= columnCount; ++number) m_columns.emplace_back(statement, number);
+    BindColumns();
+  }
+
+  RowSet ReadAll() {
+    std::vector<Column> columns;
+    for (const ColumnReader& column : m_columns) columns.push_back(column.Description());
+    RowSet rows(std::move(columns));
+    // A block that is not full is the last one. To fetch behind it would lose what the server says there.
+    bool isFull = true;
+    while (isFull && m_statement.Call(api::Fetch) != SQL_NO_DATA) {
+      AppendBlock(rows);
+      isFull = m_fetched >= m_blockRows;
+    }
+    return rows;
+  }
+
+ private:
+  /// Columns up to the first long one are bound, and those behind it where the driver reads in any order. With a
+  /// column that is not bound rows come one by one: ODBC knows no portable way to its cells in a block.
+  void BindColumns() {
+    const auto firstLong = std::find_if(m_columns.begin(), m_columns.end(), IsLong);
+    const bool readsAnyColumn = m_statement.Connection().ReadsAnyColumn();
+    m_blockRows = firstLong == m_columns.end() ? RowsPerBlock() : 1;
+    m_status.resize(m_blockRows);
+    m_statement.SetAttribute(SQL_ATTR_ROW_ARRAY_SIZE, AsPointer(SQLULEN{m_blockRows}), SQL_IS_UINTEGER);
+    m_statement.SetAttribute(SQL_ATTR_ROW_STATUS_PTR, m_status.data());
+    m_statement.SetAttribute(SQL_ATTR_ROWS_FETCHED_PTR, &m_fetched);
+    for (auto column = m_columns.begin(); column != m_columns.end(); ++column) {
+      if (!IsLong(*column) && (readsAnyColumn || column < firstLong)) column->Bind(m_blockRows);
+    }
+  }
+
+  [[nodiscard]] std::size_t RowsPerBlock() const {
+    std::size_t rowBytes = 0;
+    for (const ColumnReader& column : m_columns) rowBytes += column.Width() + sizeof(SQLLEN);
+    return std::clamp<std::size_t>(kBlockBytes / std::max<std::size_t>(rowBytes, 1), 1, kMostRows);
+  }
+
+  void AppendBlock(RowSet& rows) {
+    for (std::size_t row = 0; row < std::min<std::size_t>(m_fetched, m_blockRows); ++row) {
+      // A block of which some rows failed is a success to ODBC.
+      if (m_status[row] == SQL_ROW_ERROR) m_statement.Fail(api::Fetch.Name());
+      if (m_status[row] == SQL_ROW_NOROW) break;
+      for (ColumnReader& column : m_columns) column.AppendTo(rows, row);
+    }
+  }
+
+  static bool IsLong(const ColumnReader& column) { return column.Width() == 0; }
+
+  Statement& m_statement;
+  std::deque<ColumnReader> m_columns;
+  std::size_t m_blockRows = 1;
+  std::vector<SQLUSMALLINT> m_status;
+  SQLULEN m_fetched = 0;
+};
+
+SQLUSMALLINT CountColumns(Statement& statement) {
+  SQLSMALLINT count = 0;
+  statement.Call(api::NumResultCols, &count);
+  return static_cast<SQLUSMALLINT>(std::max<SQLSMALLINT>(count, 0));
+}
+
+/// Not when the connection is gone, the time is up or the driver gave no reason.
+bool MayGoOnAfter(const Diagnostic& failure) {
+  return failure.nativeError != 0 && !failure.sqlState.starts_with("08") && !failure.sqlState.starts_with("HYT");
+}
+
+/// Takes one step through the results; false when there is nothing more to be had. What failed is added to `failures`.
+template <typename Step>
+bool Try(const Step& step, std::vector<Diagnostic>& failures) {
+  // A driver that repeats itself must not hold the caller for ever.
+  constexpr std::size_t kMostRecords = 1000;
+  try {
+    return step();
+  } catch (const DriverError& failure) {
+    std::copy_if(failure.Records().begin(), failure.Records().end(), std::back_inserter(failures),
+                 [&failures](const Diagnostic& record) { return failures.empty() || !IsMadeUp(record); });
+    return MayGoOnAfter(failure.Records().front()) && failures.size() < kMostRecords;
+  }
+}
+
+}  // namespace
+
+RowSet ReadRows(Statement& statement) {
+  const auto reader = std::make_shared<BlockReader>(statement, CountColumns(statement));
+  statement.Keep(reader);
+  return reader->ReadAll();
+}
+
+Result ReadResults(Statement& statement) {
+  Result result;
+  std::vector<Diagnostic> failures;
+  const auto readRows = [&] {
+    const bool isWanted = !result.rows && failures.empty();
+    if (isWanted && CountColumns(statement) > 0) result.rows = ReadRows(statement);
+    return true;
+  };
+  const auto hasNext = [&statement] { return statement.Call(api::MoreResults) != SQL_NO_DATA; };
+  while (Try(readRows, failures) && Try(hasNext, failures)) continue;
+  result.messages = statement.TakeMessages();
+  if (failures.empty()) return result;
+  std::move(result.messages.begin(), result.messages.end(), std::back_inserter(failures));
+  throw DriverError(std::move(failures));
+}
+
+}  // namespace quorvel::ado::odbc

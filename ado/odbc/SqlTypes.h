@@ -1,0 +1,15 @@
+#pragma once
+
+#include "ado/Types.h"
+#include "ado/odbc/OdbcApi.h"
+
+namespace quorvel::ado::odbc {
+
+/// The most characters of a text that is not declared with (max).
+inline constexpr SQLULEN kLongestText = 8000;
+
+/// The type of a column or parameter that a driver describes by ODBC's number for its SQL type and by its size. A text
+/// without a size, or with one beyond kLongestText, is a long one; what no type of ours holds comes as a text.
+[[nodiscard]] DataType DataTypeOf(SQLSMALLINT sqlType, SQLULEN size) noexcept;
+
+}  // namespace quorvel::ado::odbc

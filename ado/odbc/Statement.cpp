@@ -1,0 +1,54 @@
+#include "ado/odbc/Statement.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "ado/odbc/WideText.h"
+
+namespace quorvel::ado::odbc {
+
+Statement::Statement(const DriverConnection& connection, std::chrono::seconds timeout)
+    : m_connection(connection), m_handle(MakeStatement(connection.Get())) {
+  SetOptionalAttribute(SQL_ATTR_QUERY_TIMEOUT, AsPointer(timeout));
+}
+
+void Statement::Fail(std::string_view function) {
+  std::vector<Diagnostic> records = FailureOf(SQL_HANDLE_STMT, Get(), function).Records();
+  // FreeTDS says no more than "Unknown error" when the connection went while nobody looked.
+  if (Diagnostic& first = records.front(); first.sqlState == "HY000" && m_connection.IsDead()) {
+    first.sqlState = "08S01";
+    first.message += " The connection to the server is lost.";
+  }
+  std::vector<Diagnostic> messages = TakeMessages();
+  std::move(messages.begin(), messages.end(), std::back_inserter(records));
+  throw DriverError(std::move(records));
+}
+
+void Statement::ExecuteUnread(std::string_view text) {
+  SetOptionalAttribute(SQL_ATTR_NOSCAN, AsPointer(SQLULEN{SQL_NOSCAN_ON}));
+  Execute(text);
+}
+
+void Statement::Execute(std::string_view text) {
+  // A driver would send what stands before it, which may be another statement altogether.
+  if (text.find('\0') != std::string_view::npos) {
+    throw DriverError("42000", 0, "The statement holds a NUL character; nothing was sent.");
+  }
+  std::u16string wide = ToWide(text);
+  Call(api::ExecDirect, Wide(wide), static_cast<SQLINTEGER>(wide.size()));
+}
+
+void Statement::SetOptionalAttribute(SQLINTEGER attribute, SQLPOINTER value) {
+  const SQLRETURN code = api::SetStmtAttr(Get(), attribute, value, SQLINTEGER{SQL_IS_UINTEGER});
+  if (SQL_SUCCEEDED(code)) return;
+  const DriverError failure = FailureOf(SQL_HANDLE_STMT, Get(), api::SetStmtAttr.Name());
+  // Drivers refuse under various SQLSTATEs, but they say so.
+  if (IsMadeUp(failure.Records().front())) throw DriverError(failure);
+}
+
+void Statement::KeepMessages() {
+  auto messages = ReadDiagnostics(SQL_HANDLE_STMT, Get());
+  std::move(messages.begin(), messages.end(), std::back_inserter(m_messages));
+}
+
+}  // namespace quorvel::ado::odbc

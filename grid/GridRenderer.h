@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <wx/colour.h>
+#include <wx/font.h>
+#include <wx/grid.h>
+
+#include "grid/GridState.h"
+
+namespace quorvel {
+
+/// Draws rows in their colours by turns, texts wrapped and cut where they do not fit, and the headings of groups. Of a
+/// text only what can be seen is looked at.
+class GridRenderer : public wxGridCellRenderer {
+ public:
+  /// `state` outlives the renderer.
+  explicit GridRenderer(const GridState& state);
+
+  /// Takes colours and fonts from the desktop and from `grid`; again when those have changed.
+  void TakeStyle(const wxGrid& grid);
+  void SetFocused(bool focused) noexcept { m_isFocused = focused; }
+  [[nodiscard]] const wxColour& EmptySpace() const noexcept { return m_emptySpace; }
+
+  /// Whether `x`, counted from the grid window's left border, is on a heading's triangle.
+  [[nodiscard]] static bool IsOnTriangle(const wxWindow& grid, int x);
+  /// Whether a cell of that size shows all of `text`.
+  [[nodiscard]] static bool ShowsWhole(wxDC& dc, std::string_view text, const wxSize& cell);
+
+  void Draw(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, const wxRect& rect, int row, int column,
+            bool isSelected) override;
+  wxSize GetBestSize(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, int row, int column) override;
+  int GetBestHeight(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, int row, int column, int width) override;
+  /// State, colours and fonts are one grid's; a second renderer would draw the same.
+  GridRenderer* Clone() const override { return new GridRenderer(*this); }
+
+ private:
+  struct Style {
+    wxColour background;
+    wxColour text;
+  };
+
+  [[nodiscard]] const Style& StyleOf(std::int32_t line, bool isHeading) const;
+  void DrawHeading(wxGrid& grid, wxDC& dc, const wxRect& rect, const GridRows::Group& heading) const;
+  void DrawBorder(wxDC& dc, const wxRect& rect) const;
+
+  const GridState& m_state;
+  wxFont m_font;
+  wxFont m_headingFont;
+  Style m_oddRow;
+  Style m_evenRow;
+  Style m_heading;
+  Style m_selected;
+  Style m_selectedUnfocused;
+  wxColour m_line;
+  wxColour m_emptySpace;
+  bool m_isFocused = false;
+};
+
+}  // namespace quorvel

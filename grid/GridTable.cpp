@@ -1,0 +1,51 @@
+#include "grid/GridTable.h"
+
+#include <algorithm>
+
+#include "platform/wx/Text.h"
+
+namespace quorvel {
+
+GridTable::GridTable(const GridState& state, wxGridCellRenderer* renderer)
+    : m_state(state), m_cell(new wxGridCellAttr) {
+  m_cell->SetRenderer(renderer);
+  m_cell->SetOverflow(false);
+  m_cell->SetReadOnly();
+  MakeAttributes();
+}
+
+void GridTable::MakeAttributes() {
+  const auto columns = static_cast<int>(m_state.content.Shown().size());
+  m_heading.clear();
+  for (int column = 0; column < columns; ++column) {
+    wxGridCellAttrPtr attribute(m_cell->Clone());
+    if (column == 0) {
+      attribute->SetSize(1, columns);
+    } else {
+      attribute->SetSize(0, -column);
+    }
+    m_heading.push_back(attribute);
+  }
+}
+
+int GridTable::GetNumberRows() { return m_state.content.Rows().LineCount(); }
+
+int GridTable::GetNumberCols() { return static_cast<int>(m_state.content.Shown().size()); }
+
+wxString GridTable::GetValue(int row, int column) {
+  return ui::ToWx(m_state.CellText(row + 1, static_cast<std::size_t>(column)));
+}
+
+wxString GridTable::GetColLabelValue(int column) {
+  return ui::ToWx(m_state.content.ShownColumn(static_cast<std::size_t>(column)).caption);
+}
+
+wxGridCellAttr* GridTable::GetAttr(int row, int column, wxGridCellAttr::wxAttrKind /*kind*/) {
+  const auto place = static_cast<std::size_t>(std::max(column, 0));
+  const bool isHeading = place < m_heading.size() && m_state.content.Rows().GroupAt(row + 1) != nullptr;
+  wxGridCellAttr* const attribute = isHeading ? m_heading[place].get() : m_cell.get();
+  attribute->IncRef();  // the caller's reference
+  return attribute;
+}
+
+}  // namespace quorvel

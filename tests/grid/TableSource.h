@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "grid/GridRows.h"
+#include "platform/Error.h"
+
+namespace quorvel::test {
+
+/// Rows written down in a test.
+class TableSource : public RowSource {
+ public:
+  explicit TableSource(std::vector<std::vector<Value>> cells) : rows(std::move(cells)) {}
+
+  [[nodiscard]] std::int32_t RowCount() const override { return static_cast<std::int32_t>(rows.size()); }
+  [[nodiscard]] Value At(std::int32_t rowIndex, std::int32_t column) const override {
+    ++reads;
+    if (fails) throw Error(ErrorNumber::DbUnspecified, "TableSource", "the connection is gone");
+    return rows.at(static_cast<std::size_t>(rowIndex - 1)).at(static_cast<std::size_t>(column - 1));
+  }
+
+  std::vector<std::vector<Value>> rows;
+  bool fails = false;
+  mutable int reads = 0;
+};
+
+}  // namespace quorvel::test
