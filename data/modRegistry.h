@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/RegistryStore.h"
+#include "platform/RegistryKey.h"
 
 namespace quorvel::modRegistry {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/Prompts.h"
+#include "platform/CurrentPrompts.h"
 
 namespace quorvel::modWaitCursor {
 namespace {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "data/modUserName.h"
+#include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
-#include "platform/Prompts.h"
 #include "platform/Text.h"
 #include "remark_ui/RemarkText.h"
 #include "runtime/RemarkContext.h"

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
 #include "runtime/RemarkWindows.h"
 

@@ -4,8 +4,8 @@
 
 #include "data/modDatabase.h"
 #include "data/modUserName.h"
+#include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
-#include "platform/Prompts.h"
 #include "platform/RaisedFlag.h"
 #include "platform/Text.h"
 #include "runtime/RemarkWindows.h"

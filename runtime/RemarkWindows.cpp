@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
 #include "runtime/WindowLibrary.h"
 

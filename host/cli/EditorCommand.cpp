@@ -7,8 +7,8 @@
 
 #include "host/cli/Commands.h"
 #include "host/cli/LoadedContext.h"
+#include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
-#include "platform/Prompts.h"
 
 namespace quorvel::cli {
 namespace {

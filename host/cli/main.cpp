@@ -11,7 +11,7 @@
 #include "host/cli/Commands.h"
 #include "platform/Environment.h"
 #include "platform/Error.h"
-#include "platform/RegistryStore.h"
+#include "platform/RegistryKey.h"
 #include "platform/Text.h"
 
 namespace quorvel::cli {

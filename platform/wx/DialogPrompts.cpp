@@ -43,6 +43,8 @@ long Style(PromptButtons buttons, PromptIcon icon) {
   switch (icon) {
     case PromptIcon::None:
       return style | wxICON_NONE;
+    case PromptIcon::CriticalStop:
+      return style | wxICON_ERROR;
     case PromptIcon::Question:
       return style | wxICON_QUESTION;
     case PromptIcon::Exclamation:

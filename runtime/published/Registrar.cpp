@@ -6,8 +6,8 @@
 namespace quorvel::published {
 namespace {
 
+using registry::InstallationHive;
 using registry::Outcome;
-using registry::Tree;
 using Entries = std::vector<RegistryEntry>;
 
 /// The hives differ in what they may hold.
@@ -16,7 +16,7 @@ enum class Scope { Machine, User };
 Outcome FirstFailure(Outcome first, Outcome second) { return first != Outcome::Done ? first : second; }
 
 /// Deletes the entry's key and the component's own keys above it, as far as they are empty.
-Outcome DeleteEmptyKeys(Tree& tree, const RegistryEntry& entry) {
+Outcome DeleteEmptyKeys(InstallationHive& tree, const RegistryEntry& entry) {
   Outcome outcome = Outcome::Done;
   for (std::string key = entry.key; !key.empty();) {
     outcome = FirstFailure(outcome, tree.DeleteEmptyKey(entry.parent + '\\' + key));
@@ -26,13 +26,13 @@ Outcome DeleteEmptyKeys(Tree& tree, const RegistryEntry& entry) {
   return outcome;
 }
 
-Outcome DeleteEntry(Tree& tree, const RegistryEntry& entry) {
+Outcome DeleteEntry(InstallationHive& tree, const RegistryEntry& entry) {
   const Outcome outcome = tree.DeleteValue(entry.Path(), entry.name);
   return FirstFailure(outcome, DeleteEmptyKeys(tree, entry));
 }
 
 /// Puts back what stood there before the first `count` entries were written, as far as the hive lets it.
-void TakeBack(Tree& tree, const Entries& entries, const std::vector<std::optional<std::string>>& before) {
+void TakeBack(InstallationHive& tree, const Entries& entries, const std::vector<std::optional<std::string>>& before) {
   for (std::size_t i = before.size(); i-- > 0;) {
     if (before[i]) {
       static_cast<void>(tree.Write(entries[i].Path(), entries[i].name, *before[i]));
@@ -43,7 +43,7 @@ void TakeBack(Tree& tree, const Entries& entries, const std::vector<std::optiona
 }
 
 /// All or nothing.
-Outcome Write(Tree& tree, const Entries& entries) {
+Outcome Write(InstallationHive& tree, const Entries& entries) {
   std::vector<std::optional<std::string>> before;
   for (const RegistryEntry& entry : entries) {
     // Noted first: a key may be made whose value is then refused.
@@ -62,20 +62,20 @@ Entries AllEntries(const ServerFile& file, Scope scope) {
   return entries;
 }
 
-std::optional<ServerFile> OtherFile(const Tree& tree, const ServerFile& file) {
+std::optional<ServerFile> OtherFile(const InstallationHive& tree, const ServerFile& file) {
   const RegistryEntry entry = LibraryFileEntry({{}, !file.is64Bit});
   const auto path = tree.Text(entry.Path(), entry.name);
   return path ? std::optional(ServerFile{*path, !file.is64Bit}) : std::nullopt;
 }
 
 /// Lets the shared entries say what the other file would have written: they may name the file that goes.
-void LeaveTo(const ServerFile& other, Tree& tree, Scope scope) {
+void LeaveTo(const ServerFile& other, InstallationHive& tree, Scope scope) {
   for (const RegistryEntry& entry : AllEntries(other, scope)) {
     if (entry.shared) static_cast<void>(tree.Write(entry.Path(), entry.name, entry.text));
   }
 }
 
-Outcome Remove(Tree& tree, const ServerFile& file, Scope scope) {
+Outcome Remove(InstallationHive& tree, const ServerFile& file, Scope scope) {
   const std::optional<ServerFile> other = OtherFile(tree, file);
   Outcome outcome = Outcome::Done;
   for (const RegistryEntry& entry : AllEntries(file, scope)) {
@@ -87,7 +87,7 @@ Outcome Remove(Tree& tree, const ServerFile& file, Scope scope) {
 
 }  // namespace
 
-Outcome Register(Tree& machine, Tree& user, const ServerFile& file) {
+Outcome Register(InstallationHive& machine, InstallationHive& user, const ServerFile& file) {
   const Entries entries = ClassEntries(Classes(), file);
   const Outcome outcome = Write(machine, entries);
   if (outcome == Outcome::Denied) return Write(user, entries);
@@ -98,7 +98,7 @@ Outcome Register(Tree& machine, Tree& user, const ServerFile& file) {
   return Outcome::Done;
 }
 
-Outcome Unregister(Tree& machine, Tree& user, const ServerFile& file) {
+Outcome Unregister(InstallationHive& machine, InstallationHive& user, const ServerFile& file) {
   const Outcome outcome = Remove(machine, file, Scope::Machine);
   return FirstFailure(outcome, Remove(user, file, Scope::User));
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/RegistryTree.h"
+#include "platform/InstallationHive.h"
 
 namespace quorvel::test {
 
@@ -18,7 +18,7 @@ struct HiveContent {
 };
 
 /// A hive in memory that can be told to fail. As the system's, it makes the keys above one that it makes.
-class MemoryRegistry : public registry::Tree {
+class MemoryRegistry : public registry::InstallationHive {
  public:
   MemoryRegistry() = default;
   explicit MemoryRegistry(HiveContent held) : content(std::move(held)) {}

@@ -183,7 +183,7 @@ TEST_F(RegistrationTest, UnregisteringGoesOnAfterADenial) {
 }
 
 /// The system shows each bitness its own CLSID and Interface and the same rest.
-class SharingView : public registry::Tree {
+class SharingView : public registry::InstallationHive {
  public:
   explicit SharingView(MemoryRegistry& hive) : m_hive(hive) {}
   [[nodiscard]] std::optional<std::string> Text(const std::string& key, const std::string& name) const override {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/CurrentPrompts.h"
+
 namespace quorvel::test {
 
 PromptAnswer ScriptedPrompts::ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,

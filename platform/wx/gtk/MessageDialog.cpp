@@ -11,6 +11,7 @@ namespace {
 
 /// The name of a style's icon; null for none.
 const char* IconOf(long style) {
+  if ((style & wxICON_ERROR) != 0) return "dialog-error";
   if ((style & wxICON_QUESTION) != 0) return "dialog-question";
   if ((style & wxICON_EXCLAMATION) != 0) return "dialog-warning";
   return nullptr;

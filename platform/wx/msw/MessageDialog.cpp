@@ -12,6 +12,7 @@ namespace {
 
 UINT TypeOf(long style) {
   UINT type = (style & wxYES_NO) != 0 ? MB_YESNO : MB_OK;
+  if ((style & wxICON_ERROR) != 0) type |= MB_ICONHAND;
   if ((style & wxICON_QUESTION) != 0) type |= MB_ICONQUESTION;
   if ((style & wxICON_EXCLAMATION) != 0) type |= MB_ICONEXCLAMATION;
   return type;

@@ -3,7 +3,7 @@
 #include <olectl.h>
 
 #include "platform/windows/ModulePath.h"
-#include "platform/windows/SystemRegistry.h"
+#include "platform/windows/SystemHive.h"
 #include "platform/windows/WideText.h"
 #include "runtime/published/Registrar.h"
 
@@ -11,7 +11,8 @@ namespace quorvel::published {
 namespace {
 
 using registry::Outcome;
-using Change = Outcome (*)(registry::Tree& machine, registry::Tree& user, const ServerFile& file);
+using Change = Outcome (*)(registry::InstallationHive& machine, registry::InstallationHive& user,
+                           const ServerFile& file);
 
 HRESULT ResultOf(Outcome outcome) noexcept {
   if (outcome == Outcome::Done) return S_OK;

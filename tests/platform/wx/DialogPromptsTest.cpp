@@ -78,6 +78,9 @@ TEST(DialogPrompts, AQuestionShowsItsTextAsItIs) {
   ExpectBox(script, seen, GTK_RESPONSE_NO);
   EXPECT_EQ(prompts.ShowMessage("Sure?", "Confirm", PromptButtons::YesNo, PromptIcon::Exclamation), PromptAnswer::No);
   EXPECT_EQ(seen.icon, "dialog-warning");
+  ExpectBox(script, seen, GTK_RESPONSE_OK);
+  prompts.ShowMessage("Failed", "Error", PromptButtons::Ok, PromptIcon::CriticalStop);
+  EXPECT_EQ(seen.icon, "dialog-error");
 }
 
 TEST(DialogPrompts, AQuestionThatIsClosedIsAskedAgain) {

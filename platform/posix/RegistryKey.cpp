@@ -1,10 +1,10 @@
-#include "platform/RegistryStore.h"
+#include "platform/RegistryKey.h"
 
 #include <fmt/format.h>
 
 #include "platform/Environment.h"
 #include "platform/FileUpdate.h"
-#include "platform/RegistryFile.h"
+#include "platform/RegistryExport.h"
 
 namespace quorvel::registry {
 namespace {
@@ -20,16 +20,16 @@ std::string FullName(Hive hive, std::string_view path) {
   return {};
 }
 
-std::optional<RegistryFile> ReadStore() {
+std::optional<RegistryExport> ReadStore() {
   const auto content = ReadWholeFile(StoreLocation());
-  return content ? RegistryFile::Parse(*content) : std::nullopt;
+  return content ? RegistryExport::Parse(*content) : std::nullopt;
 }
 
-/// Lets `change` (bool(RegistryFile&)) change the stored file; false when it or the writing fails.
+/// Lets `change` (bool(RegistryExport&)) change the stored file; false when it or the writing fails.
 template <typename Change>
 bool ChangeStore(Change change) {
   return UpdateFile(StoreLocation(), [&](const std::string& before) -> std::optional<std::string> {
-    auto file = RegistryFile::Parse(before);
+    auto file = RegistryExport::Parse(before);
     return file && change(*file) ? std::optional(file->Text()) : std::nullopt;
   });
 }
@@ -41,7 +41,8 @@ std::optional<Key> Key::Create(Hive hive, std::string_view path) {
   const auto store = ReadStore();
   if (!store) return std::nullopt;
   // A key that is there needs no writing, which most users of the machine may not do.
-  if (!store->HasKey(name) && !ChangeStore([&](RegistryFile& file) { return file.AddKey(name); })) return std::nullopt;
+  if (!store->HasKey(name) && !ChangeStore([&](RegistryExport& file) { return file.AddKey(name); }))
+    return std::nullopt;
   return Key(hive, std::string(path));
 }
 
@@ -52,11 +53,11 @@ std::optional<StoredValue> Key::Query(std::string_view name) const {
 
 bool Key::SetString(std::string_view name, std::string_view text) const {
   const std::string key = FullName(m_hive, m_path);
-  return ChangeStore([&](RegistryFile& file) { return file.AddKey(key) && file.SetString(key, name, text); });
+  return ChangeStore([&](RegistryExport& file) { return file.AddKey(key) && file.SetString(key, name, text); });
 }
 
 bool Key::Delete(std::string_view name) const {
-  return ChangeStore([&](RegistryFile& file) {
+  return ChangeStore([&](RegistryExport& file) {
     file.Remove(FullName(m_hive, m_path), name);
     return true;
   });

@@ -1,4 +1,4 @@
-#include "platform/RegistryFile.h"
+#include "platform/RegistryExport.h"
 
 #include <gtest/gtest.h>
 
@@ -7,30 +7,30 @@ namespace {
 
 constexpr const char* kKey = "HKEY_LOCAL_MACHINE\\Software\\Tarnwick";
 
-RegistryFile Parsed(const std::string& text) {
-  auto file = RegistryFile::Parse(text);
+RegistryExport Parsed(const std::string& text) {
+  auto file = RegistryExport::Parse(text);
   if (!file) throw std::runtime_error("not read: " + text);
   return *std::move(file);
 }
 
 /// The file that holds `lines` under the component's key.
-RegistryFile WithLines(const std::string& lines) {
+RegistryExport WithLines(const std::string& lines) {
   return Parsed("Windows Registry Editor Version 5.00\n\n[" + std::string(kKey) + "]\n" + lines);
 }
 
-std::string TextOf(const RegistryFile& file, const char* name) {
+std::string TextOf(const RegistryExport& file, const char* name) {
   const auto value = file.Find(kKey, name);
   return !value ? "(none)" : value->type == ValueType::String ? value->text : "(other)";
 }
 
-TEST(RegistryFile, ChangesOnlyTheLineItMust) {
+TEST(RegistryExport, ChangesOnlyTheLineItMust) {
   const std::string before =
       "\xEF\xBB\xBFWindows Registry Editor Version 5.00\r\n; by hand\r\n\r\n"
       "[HKEY_LOCAL_MACHINE\\Software\\Other]\r\n\"Server\"=\"theirs\"\r\nnot a line at all\r\n"
       "\"Blob\"=hex:01,02,\\\r\n  03\r\n[hkey_local_machine\\SOFTWARE\\tarnwick]\r\n";
   const std::string values = "\"server\" = \"old\"\r\n\"Broken\"=\"no end\r\n@=\"default\"\r\n";
   const std::string after = "; the next key\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Last]\r\n\"Server\"=\"last\"";
-  RegistryFile file = Parsed(before + values + after);
+  RegistryExport file = Parsed(before + values + after);
   EXPECT_EQ(file.Text(), before + values + after);
   EXPECT_EQ(TextOf(file, ""), "default");
 
@@ -45,15 +45,15 @@ TEST(RegistryFile, ChangesOnlyTheLineItMust) {
   EXPECT_TRUE(file.Text().ends_with("\"Server\"=\"last\"\r\n\r\n[HKEY_LOCAL_MACHINE\\New]\r\n"));
 }
 
-TEST(RegistryFile, AnyTextComesBack) {
+TEST(RegistryExport, AnyTextComesBack) {
   for (const std::string text : {"", "SQL1\\NEWS", "say \"hi\"", "\\", "a;b=c", " blanks ", "Größe 日本 😀", "tab\there",
                                  "line\r\nbreak", "\n", "[x]", "a\nb \\\" 😀", "trailing\\\\", "\xFF not UTF-8"}) {
-    RegistryFile file = WithLines("");
+    RegistryExport file = WithLines("");
     ASSERT_TRUE(file.SetString(kKey, "Na\"me\\", text));
     EXPECT_EQ(TextOf(Parsed(file.Text()), "na\"ME\\"), text);
   }
   const std::string withZero("a\0b", 3);
-  RegistryFile file = WithLines("");
+  RegistryExport file = WithLines("");
   ASSERT_TRUE(file.SetString(kKey, "Zero", withZero));
   EXPECT_EQ(TextOf(Parsed(file.Text()), "Zero"), withZero);
 
@@ -64,7 +64,7 @@ TEST(RegistryFile, AnyTextComesBack) {
   EXPECT_EQ(file.Text(), before);
 }
 
-TEST(RegistryFile, ReadsEveryFormOfAValue) {
+TEST(RegistryExport, ReadsEveryFormOfAValue) {
   const std::pair<const char*, const char*> cases[] = {
       {"\"V\"=\"HOST\\INST\"", "HOST\\INST"},  // a backslash that somebody forgot to double
       {"\"V\"=\"a\\\\b\\\"\" ; why", "a\\b\""},
@@ -91,14 +91,14 @@ TEST(RegistryFile, ReadsEveryFormOfAValue) {
       {"\"V\"=hex:00,\\", "(none)"},
   };
   for (const auto& [lines, expected] : cases) {
-    const RegistryFile file = WithLines(lines);
+    const RegistryExport file = WithLines(lines);
     EXPECT_EQ(TextOf(file, "V"), expected) << lines;
     EXPECT_EQ(file.Text(), WithLines("").Text() + lines);
   }
 }
 
-TEST(RegistryFile, LaterDuplicatesCountAndAllAreRemoved) {
-  RegistryFile file = WithLines("\"A\"=\"1\"\n[Other]\n[" + std::string(kKey) + "]\n\"a\"=-\n\"A\"=\"2\"");
+TEST(RegistryExport, LaterDuplicatesCountAndAllAreRemoved) {
+  RegistryExport file = WithLines("\"A\"=\"1\"\n[Other]\n[" + std::string(kKey) + "]\n\"a\"=-\n\"A\"=\"2\"");
   EXPECT_EQ(TextOf(file, "A"), "2");
   ASSERT_TRUE(file.SetString(kKey, "A", "3"));
   EXPECT_EQ(TextOf(Parsed(file.Text()), "A"), "3");
@@ -106,7 +106,7 @@ TEST(RegistryFile, LaterDuplicatesCountAndAllAreRemoved) {
   EXPECT_EQ(TextOf(Parsed(file.Text()), "A"), "(none)");
 }
 
-TEST(RegistryFile, ReadsTheSystemsExportAndNoForeignFile) {
+TEST(RegistryExport, ReadsTheSystemsExportAndNoForeignFile) {
   const std::string text = WithLines("\"Server\"=\"Größe 😀\"\r\n").Text();
   std::string exported = "\xFF\xFE";
   for (const char16_t unit :
@@ -118,7 +118,7 @@ TEST(RegistryFile, ReadsTheSystemsExportAndNoForeignFile) {
   for (const std::string& foreign :
        {std::string("root:x:0:0::/:/bin/sh\n"), std::string("REGEDIT4\n"), "\n" + text, exported + "x",
         exported + std::string("\x00\xD8", 2), std::string("\xFE\xFF\0W", 4)}) {
-    EXPECT_FALSE(RegistryFile::Parse(foreign)) << foreign;
+    EXPECT_FALSE(RegistryExport::Parse(foreign)) << foreign;
   }
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/RegistryTree.h"
+#include "platform/InstallationHive.h"
 
 namespace quorvel::registry {
 
 /// The hives of the machine's registry; live as long as the process.
-[[nodiscard]] Tree& MachineHive() noexcept;
-[[nodiscard]] Tree& UserHive() noexcept;
+[[nodiscard]] InstallationHive& MachineHive() noexcept;
+[[nodiscard]] InstallationHive& UserHive() noexcept;
 
 }  // namespace quorvel::registry

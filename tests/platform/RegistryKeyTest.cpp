@@ -1,4 +1,4 @@
-#include "platform/RegistryStore.h"
+#include "platform/RegistryKey.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -35,14 +35,14 @@ unsigned ModeOf(const std::string& file) {
 
 std::optional<Key> OpenKey() { return Key::Create(Hive::LocalMachine, kPath); }
 
-class RegistryStore : public testing::Test {
+class RegistryKey : public testing::Test {
  protected:
   test::TemporaryFolder m_folder;
   std::string m_file = m_folder.File("made/on/demand.reg");
   test::ScopedVariable m_variable{"QUORVEL_REGISTRY", m_file};
 };
 
-TEST_F(RegistryStore, MakesFolderFileAndKeyForOwnerAndGroupOnly) {
+TEST_F(RegistryKey, MakesFolderFileAndKeyForOwnerAndGroupOnly) {
   const auto key = OpenKey();
   ASSERT_TRUE(key);
   EXPECT_EQ(ContentOf(m_file), std::string(kHeader) + "\n[HKEY_LOCAL_MACHINE\\Software\\Tarnwick]\n");
@@ -61,7 +61,7 @@ TEST_F(RegistryStore, MakesFolderFileAndKeyForOwnerAndGroupOnly) {
   EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(m_file).parent_path()), {}), 1) << "no litter";
 }
 
-TEST_F(RegistryStore, WritesNothingWhenNothingChanges) {
+TEST_F(RegistryKey, WritesNothingWhenNothingChanges) {
   ASSERT_TRUE(OpenKey()->SetString("Server", "SQL1"));
   struct stat before {};
   ASSERT_EQ(::stat(m_file.c_str(), &before), 0);
@@ -72,7 +72,7 @@ TEST_F(RegistryStore, WritesNothingWhenNothingChanges) {
   EXPECT_EQ(after.st_ino, before.st_ino);
 }
 
-TEST_F(RegistryStore, ASymbolicLinkStaysAndItsFileChanges) {
+TEST_F(RegistryKey, ASymbolicLinkStaysAndItsFileChanges) {
   fs::create_directories(fs::path(m_file).parent_path());
   const std::string real = m_folder.File("real.reg");
   Put(real, kHeader);
@@ -82,7 +82,7 @@ TEST_F(RegistryStore, ASymbolicLinkStaysAndItsFileChanges) {
   EXPECT_NE(ContentOf(real).find("SQL1"), std::string::npos);
 }
 
-TEST_F(RegistryStore, WhatAKilledWriterLeftDoesNotStopTheNextOne) {
+TEST_F(RegistryKey, WhatAKilledWriterLeftDoesNotStopTheNextOne) {
   ASSERT_TRUE(OpenKey());
   const fs::path left = fs::path(m_file).parent_path() / ".demand.reg.new";
   Put(left.string(), "half a fi");
@@ -91,7 +91,7 @@ TEST_F(RegistryStore, WhatAKilledWriterLeftDoesNotStopTheNextOne) {
   EXPECT_EQ(OpenKey()->Query("Server")->text, "SQL1");
 }
 
-TEST_F(RegistryStore, NoKeyWhereNoStoreCanBe) {
+TEST_F(RegistryKey, NoKeyWhereNoStoreCanBe) {
   const std::string foreign = m_folder.File("hosts");
   Put(foreign, "127.0.0.1 localhost\n");
   const std::string pipe = m_folder.File("pipe");
@@ -104,7 +104,7 @@ TEST_F(RegistryStore, NoKeyWhereNoStoreCanBe) {
   EXPECT_EQ(ContentOf(foreign), "127.0.0.1 localhost\n");
 }
 
-TEST_F(RegistryStore, AStoreThatFailsLaterSaysSoAndKeepsWhatItHeld) {
+TEST_F(RegistryKey, AStoreThatFailsLaterSaysSoAndKeepsWhatItHeld) {
   const auto key = OpenKey();
   ASSERT_TRUE(key->SetString("Server", "SQL1"));
   const std::string before = ContentOf(m_file);
@@ -118,7 +118,7 @@ TEST_F(RegistryStore, AStoreThatFailsLaterSaysSoAndKeepsWhatItHeld) {
   EXPECT_FALSE(key->SetString("Server", "SQL2"));
 }
 
-TEST_F(RegistryStore, WritersInOtherProcessesAndThreadsLoseNothing) {
+TEST_F(RegistryKey, WritersInOtherProcessesAndThreadsLoseNothing) {
   constexpr int kWriters = 6;
   constexpr int kValues = 8;
   const auto write = [](const std::string& writer) {

@@ -1,4 +1,4 @@
-#include "platform/Prompts.h"
+#include "platform/CurrentPrompts.h"
 
 #include <atomic>
 #include <mutex>
@@ -9,20 +9,20 @@
 namespace quorvel {
 namespace {
 
-/// Read by every thread that waits or asks, also while another one opens the first window.
+/// Every thread that asks or waits reads the prompts, even while another thread opens the first window.
 class Holder {
  public:
-  [[nodiscard]] Prompts& Get() const noexcept { return *m_inForce.load(std::memory_order_acquire); }
+  [[nodiscard]] Prompts& Get() const noexcept { return *m_current.load(std::memory_order_acquire); }
   std::shared_ptr<Prompts> Exchange(std::shared_ptr<Prompts> prompts) {
     const std::scoped_lock lock(m_changing);
-    m_inForce.store(prompts.get(), std::memory_order_release);
+    m_current.store(prompts.get(), std::memory_order_release);
     return std::exchange(m_owner, std::move(prompts));
   }
 
  private:
   std::mutex m_changing;
   std::shared_ptr<Prompts> m_owner = std::make_shared<TerminalPrompts>();
-  std::atomic<Prompts*> m_inForce = m_owner.get();
+  std::atomic<Prompts*> m_current = m_owner.get();
 };
 
 Holder& Current() {

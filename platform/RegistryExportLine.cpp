@@ -1,4 +1,4 @@
-#include "platform/RegistryLine.h"
+#include "platform/RegistryExportLine.h"
 
 #include <fmt/format.h>
 
@@ -139,17 +139,17 @@ std::optional<StoredValue> ReadData(std::string_view data) {
 
 }  // namespace
 
-RegistryLine ParseLine(std::string raw) {
-  RegistryLine line;
+RegistryExportLine ParseLine(std::string raw) {
+  RegistryExportLine line;
   std::string_view rest = TrimSpace(raw);
   if (rest.starts_with('[')) {
     // Without its bracket it still ends the key before; it then has no name, which nobody looks for.
-    line.kind = RegistryLine::Kind::Key;
+    line.kind = RegistryExportLine::Kind::Key;
     if (rest.ends_with(']')) line.name = rest.substr(1, rest.size() - 2);
   } else if (auto name = TakeName(rest)) {
     line.value = ReadData(rest);
     if (line.value || rest == "-") {
-      line.kind = RegistryLine::Kind::Value;
+      line.kind = RegistryExportLine::Kind::Value;
       line.name = *std::move(name);
     }
   }

@@ -10,12 +10,12 @@ enum class Outcome { Done, Denied, Failed };
 
 /// A hive as an installation writes it: texts in keys that it makes and takes away again. Keys are paths below the
 /// hive with backslashes between their parts, the empty name is a key's own value; texts are UTF-8.
-class Tree {
+class InstallationHive {
  public:
-  Tree() = default;
-  Tree(const Tree&) = delete;
-  Tree& operator=(const Tree&) = delete;
-  virtual ~Tree() = default;
+  InstallationHive() = default;
+  InstallationHive(const InstallationHive&) = delete;
+  InstallationHive& operator=(const InstallationHive&) = delete;
+  virtual ~InstallationHive() = default;
 
   /// Nothing when the value does not exist, is no text or cannot be read.
   [[nodiscard]] virtual std::optional<std::string> Text(const std::string& key, const std::string& name) const = 0;

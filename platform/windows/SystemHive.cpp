@@ -1,4 +1,4 @@
-#include "platform/windows/SystemRegistry.h"
+#include "platform/windows/SystemHive.h"
 
 #include "platform/windows/KeyHandle.h"
 #include "platform/windows/WideText.h"
@@ -30,9 +30,9 @@ LSTATUS ReadText(HKEY root, const std::wstring& key, const std::wstring& name, s
   return status;
 }
 
-class SystemTree final : public Tree {
+class SystemHive final : public InstallationHive {
  public:
-  explicit SystemTree(HKEY root) noexcept : m_root(root) {}
+  explicit SystemHive(HKEY root) noexcept : m_root(root) {}
 
   [[nodiscard]] std::optional<std::string> Text(const std::string& key, const std::string& name) const override {
     const auto path = os::ToWide(key);
@@ -90,13 +90,13 @@ class SystemTree final : public Tree {
 }  // namespace
 
 // The handles of the hives are the system's and need no closing.
-Tree& MachineHive() noexcept {
-  static SystemTree hive(HKEY_LOCAL_MACHINE);
+InstallationHive& MachineHive() noexcept {
+  static SystemHive hive(HKEY_LOCAL_MACHINE);
   return hive;
 }
 
-Tree& UserHive() noexcept {
-  static SystemTree hive(HKEY_CURRENT_USER);
+InstallationHive& UserHive() noexcept {
+  static SystemHive hive(HKEY_CURRENT_USER);
   return hive;
 }
 

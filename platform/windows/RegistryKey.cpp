@@ -1,4 +1,4 @@
-#include "platform/RegistryStore.h"
+#include "platform/RegistryKey.h"
 
 #include <limits>
 

@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
-#include "platform/RegistryStore.h"
+#include "platform/RegistryKey.h"
 
 namespace quorvel::registry {
 
 /// One line of the registry's export format with its line break, or several where the bytes of a value go on.
-struct RegistryLine {
+struct RegistryExportLine {
   enum class Kind { Other, Key, Value };
   Kind kind = Kind::Other;           ///< Other: comments, blank lines and all that cannot be read
   std::string raw;                   ///< what the file holds
@@ -19,7 +19,7 @@ struct RegistryLine {
 
 /// Reads a line. A backslash in quotes that stands before neither a quote nor a backslash is taken for
 /// itself, because people write server names with one.
-[[nodiscard]] RegistryLine ParseLine(std::string raw);
+[[nodiscard]] RegistryExportLine ParseLine(std::string raw);
 
 /// Whether the value that `raw` begins goes on in the next line.
 [[nodiscard]] bool GoesOn(std::string_view raw);

@@ -1,4 +1,4 @@
-#include "platform/RegistryFile.h"
+#include "platform/RegistryExport.h"
 
 #include <algorithm>
 #include <utility>
@@ -41,14 +41,14 @@ bool IsBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") =
 
 }  // namespace
 
-std::optional<RegistryFile> RegistryFile::Parse(std::string_view bytes) {
-  RegistryFile file;
+std::optional<RegistryExport> RegistryExport::Parse(std::string_view bytes) {
+  RegistryExport file;
   if (!bytes.starts_with(kUtf16Mark)) return file.ReadLines(bytes) ? std::optional(std::move(file)) : std::nullopt;
   const auto text = FromUtf16(bytes.substr(kUtf16Mark.size()));
   return text && file.ReadLines(*text) ? std::optional(std::move(file)) : std::nullopt;
 }
 
-bool RegistryFile::ReadLines(std::string_view text) {
+bool RegistryExport::ReadLines(std::string_view text) {
   if (IsBlank(text)) return true;
   while (!text.empty()) {
     std::string raw(TakeLine(text));
@@ -60,14 +60,14 @@ bool RegistryFile::ReadLines(std::string_view text) {
   return true;
 }
 
-bool RegistryFile::HasKey(std::string_view key) const { return !PositionsInKey(key).empty(); }
+bool RegistryExport::HasKey(std::string_view key) const { return !PositionsInKey(key).empty(); }
 
-std::optional<StoredValue> RegistryFile::Find(std::string_view key, std::string_view name) const {
+std::optional<StoredValue> RegistryExport::Find(std::string_view key, std::string_view name) const {
   const auto positions = PositionsOfValue(key, name);
   return positions.empty() ? std::nullopt : m_lines[positions.back()].value;
 }
 
-bool RegistryFile::AddKey(std::string_view key) {
+bool RegistryExport::AddKey(std::string_view key) {
   if (HasKey(key)) return true;
   auto line = FormatKey(key);
   if (!line) return false;
@@ -77,7 +77,7 @@ bool RegistryFile::AddKey(std::string_view key) {
   return true;
 }
 
-bool RegistryFile::SetString(std::string_view key, std::string_view name, std::string_view text) {
+bool RegistryExport::SetString(std::string_view key, std::string_view name, std::string_view text) {
   const auto inKey = PositionsInKey(key);
   auto line = FormatString(name, text);
   if (inKey.empty() || !line) return false;
@@ -86,47 +86,47 @@ bool RegistryFile::SetString(std::string_view key, std::string_view name, std::s
     m_lines[positions.back()] = ParseLine(*line + m_lineBreak);
     return true;
   }
-  RegistryLine& before = m_lines[inKey.back()];
+  RegistryExportLine& before = m_lines[inKey.back()];
   if (!before.raw.ends_with('\n')) before.raw += m_lineBreak;
   m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(inKey.back()) + 1, ParseLine(*line + m_lineBreak));
   return true;
 }
 
-void RegistryFile::Remove(std::string_view key, std::string_view name) {
+void RegistryExport::Remove(std::string_view key, std::string_view name) {
   // From the last to the first: what is erased moves only what has been dealt with.
   for (auto positions = PositionsOfValue(key, name); !positions.empty(); positions.pop_back()) {
     m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(positions.back()));
   }
 }
 
-std::string RegistryFile::Text() const {
+std::string RegistryExport::Text() const {
   std::string text;
-  for (const RegistryLine& line : m_lines) text += line.raw;
+  for (const RegistryExportLine& line : m_lines) text += line.raw;
   return text;
 }
 
 /// The lines that name the key and those of its values.
-std::vector<std::size_t> RegistryFile::PositionsInKey(std::string_view key) const {
+std::vector<std::size_t> RegistryExport::PositionsInKey(std::string_view key) const {
   std::vector<std::size_t> positions;
   bool inside = false;
   for (std::size_t i = 0; i < m_lines.size(); ++i) {
-    if (m_lines[i].kind == RegistryLine::Kind::Other) continue;
-    if (m_lines[i].kind == RegistryLine::Kind::Key) inside = EqualIgnoringCase(m_lines[i].name, key);
+    if (m_lines[i].kind == RegistryExportLine::Kind::Other) continue;
+    if (m_lines[i].kind == RegistryExportLine::Kind::Key) inside = EqualIgnoringCase(m_lines[i].name, key);
     if (inside) positions.push_back(i);
   }
   return positions;
 }
 
-std::vector<std::size_t> RegistryFile::PositionsOfValue(std::string_view key, std::string_view name) const {
+std::vector<std::size_t> RegistryExport::PositionsOfValue(std::string_view key, std::string_view name) const {
   auto positions = PositionsInKey(key);
   std::erase_if(positions, [&](std::size_t position) {
-    const RegistryLine& line = m_lines[position];
-    return line.kind != RegistryLine::Kind::Value || !EqualIgnoringCase(line.name, name);
+    const RegistryExportLine& line = m_lines[position];
+    return line.kind != RegistryExportLine::Kind::Value || !EqualIgnoringCase(line.name, name);
   });
   return positions;
 }
 
-void RegistryFile::Append(std::string line) {
+void RegistryExport::Append(std::string line) {
   if (!m_lines.empty() && !m_lines.back().raw.ends_with('\n')) m_lines.back().raw += m_lineBreak;
   m_lines.push_back(ParseLine(std::move(line) + m_lineBreak));
 }
