@@ -3,12 +3,13 @@
 #include <fmt/format.h>
 
 #include <optional>
+#include <utility>
 
-#include "ado/Command.h"
+#include "data/modControls.h"
 #include "data/modWaitCursor.h"
+#include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
 #include "platform/PerThread.h"
-#include "platform/Prompts.h"
 #include "platform/Text.h"
 
 namespace quorvel::modDatabase {
@@ -32,8 +33,8 @@ ado::Command ProcedureCall(std::string_view procName) {
   return command;
 }
 
-/// One try at a statement: the recordset, or why there is none. No failure either means that the statement
-/// went through and yet the connection's Errors hold entries.
+/// The result of one try: the recordset, or the error that prevented it. Neither means that the statement succeeded
+/// while the connection's Errors hold entries.
 struct Attempt {
   std::shared_ptr<ado::Recordset> recordset;
   std::optional<Error> failure;
@@ -54,7 +55,7 @@ std::string LoadReport(std::string_view sql, const std::optional<Error>& failure
   std::string report = failure ? fmt::format("{}\r\nSQL={}", failure->Description(), sql) : "Unknown error in LoadRst";
   const auto& errors = SharedConnection()->Errors();
   if (!errors.empty()) report += "\r\nAdditional Information:\r\n";
-  // The number is 0 whatever the provider said; people know the report by it.
+  // The report never shows the provider's numbers: users know it with this 0.
   for (const ado::ProviderError& error : errors) report += fmt::format("ErrMsg 0: {}\r\n", error.description);
   return report;
 }
@@ -96,8 +97,7 @@ std::shared_ptr<ado::Recordset> LoadRst(std::string_view sql) {
 
 std::shared_ptr<ado::Recordset> LoadDisconnectedRst(std::string_view sql) {
   auto recordset = LoadRst(sql);
-  if (!recordset) ThrowObjectNotSet();
-  recordset->SetActiveConnection(nullptr);
+  if (recordset) recordset->SetActiveConnection(nullptr);
   return recordset;
 }
 
@@ -110,6 +110,12 @@ std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializ
   return command.Execute(ado::kUnspecified);
 }
 
+std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::vector<ado::Parameter> parameters) {
+  ado::Command command = ProcedureCall(procName);
+  for (ado::Parameter& parameter : parameters) command.Append(std::move(parameter));
+  return command.Execute(ado::kUnspecified);
+}
+
 std::int32_t GetNextSurrogateKey(std::string_view tableName) {
   ado::Command command = ProcedureCall("spGetNextSurrogateKey");
   command.Parameters("@iTableName").SetValue(std::string(tableName));
@@ -119,7 +125,7 @@ std::int32_t GetNextSurrogateKey(std::string_view tableName) {
 
 void UpdateField(std::string_view table, std::string_view column, const Value& value, std::string_view keyColumn,
                  const Value& keyValue, std::string_view keyColumn2, const Value& keyValue2) {
-  // Not ended on an error: the caller's handler resets it.
+  // An error leaves the wait pending: the caller's handler resets it.
   modWaitCursor::BeginWait();
   std::string statement = fmt::format("UPDATE {}\r\nSET {} = {}\r\nWHERE {} = {}", table, column, SqlValue(value),
                                       keyColumn, SqlValue(keyValue));
@@ -131,7 +137,7 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
 
 std::string SqlValue(const Value& value) {
   if (IsText(value)) return fmt::format("'{}'", ToText(value));
-  // Flags are columns of numbers: the word True would be taken for a column's name.
+  // Flag columns hold numbers, and SQL would read the word True as a column name.
   if (const bool* flag = std::get_if<bool>(&value)) return *flag ? "1" : "0";
   return ToText(value);
 }
@@ -162,6 +168,12 @@ std::string StripChars(std::string_view text) {
   std::string kept(text);
   std::erase_if(kept, [&](char c) { return kRefused.find(c) != std::string_view::npos; });
   return kept;
+}
+
+void FillList(ItemList& list, std::int32_t count, std::string_view displayField, std::string_view keyField,
+              ado::Recordset& rs) {
+  list.Clear();
+  modControls::AddRows(list, count, displayField, keyField, rs);
 }
 
 }  // namespace quorvel::modDatabase

@@ -6,21 +6,24 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "ado/Command.h"
 #include "ado/Connection.h"
 #include "ado/Recordset.h"
+#include "data/Controls.h"
 #include "data/DBConnect.h"
 #include "platform/Value.h"
 
-/// The only road from the component to its database. One shared connection and one settings object per
-/// thread, made on first use; nothing is shared across threads. Errors of the database pass through.
+/// The only road from the component to its database. Each thread has its own connection and settings, made on first
+/// use; threads share nothing. Errors of the database pass through.
 namespace quorvel::modDatabase {
 
 /// Opens the thread's shared connection if there is none yet.
 void EnsureConnection();
 
-/// Opens a new connection and makes it the shared one, whatever was there before. The new object is in place
-/// before it is opened, so after a failure the shared connection is a closed one.
+/// Opens a new connection and makes it the shared one instead of any earlier one. The new object is in place before
+/// it is opened, so after a failure the shared connection is a closed one.
 void OpenConnection();
 
 /// The thread's shared connection; null before the first EnsureConnection.
@@ -30,19 +33,23 @@ void OpenConnection();
 [[nodiscard]] DBConnect& Settings();
 
 /// Opens a recordset on the shared connection. When that fails, or the connection's Errors hold entries
-/// afterwards, the connection is reopened once and the statement tried again. A second failure is shown in a
-/// message box and gives null; an error of the reopening itself is not caught.
+/// afterwards, a new connection is opened and the statement is tried once more. A second failure is shown in a
+/// message box, and the result is null; an error of the reconnect itself is not caught.
 [[nodiscard]] std::shared_ptr<ado::Recordset> LoadRst(std::string_view sql);
 
-/// LoadRst, detached from the connection. Error 91 when LoadRst gave null.
+/// LoadRst, detached from the connection. Null when LoadRst returned null, which the user has then seen.
 [[nodiscard]] std::shared_ptr<ado::Recordset> LoadDisconnectedRst(std::string_view sql);
 
-/// A parameter's name and the value it is given. A pair with an empty name is skipped.
+/// A parameter's name and its value. A pair with an empty name is skipped.
 using NamedValue = std::pair<std::string_view, Value>;
 
-/// Calls a stored procedure with up to six named parameters, whose types the database tells, and returns what
-/// its execution yields. Nothing is retried.
+/// Calls a stored procedure with up to six named parameters and returns its result. The database supplies the
+/// parameters' types. Nothing is retried.
 std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializer_list<NamedValue> pairs = {});
+
+/// Calls a stored procedure with parameters that the caller declares, in the procedure's order, and returns its
+/// result. Works for procedures whose parameter names are not known: the host's own. Nothing is retried.
+std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::vector<ado::Parameter> parameters);
 
 /// The next free key of a table. No two callers get the same.
 [[nodiscard]] std::int32_t GetNextSurrogateKey(std::string_view tableName);
@@ -52,8 +59,8 @@ std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializ
 void UpdateField(std::string_view table, std::string_view column, const Value& value, std::string_view keyColumn,
                  const Value& keyValue, std::string_view keyColumn2 = {}, const Value& keyValue2 = Null{});
 
-/// A value as it is spliced into SQL: a text between single quotes, which are not doubled inside; anything else in
-/// its plain text form, a boolean as 1 or 0. Error 94 for NULL.
+/// A value as it is spliced into SQL: a text between single quotes, without doubling any inside it; any other value
+/// in its plain text form, a boolean as 1 or 0. Error 94 for NULL.
 [[nodiscard]] std::string SqlValue(const Value& value);
 
 /// Asks the user for a new identifier of at most 30 characters; `id` is empty when the user cancels.
@@ -62,7 +69,11 @@ void GetNewID(std::string_view entityName, std::string& id);
 /// The field's value as text; the empty text for NULL.
 [[nodiscard]] std::string FieldText(const ado::Field& field);
 
-/// The text without the ten characters that the administration does not take in free text.
+/// The text without the ten characters that the administration does not accept in free text.
 [[nodiscard]] std::string StripChars(std::string_view text);
+
+/// Fills a list or combo box with `count` rows of `rs` in place of its former items (modControls::AddRows).
+void FillList(ItemList& list, std::int32_t count, std::string_view displayField, std::string_view keyField,
+              ado::Recordset& rs);
 
 }  // namespace quorvel::modDatabase

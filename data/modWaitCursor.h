@@ -9,4 +9,13 @@ void EndWait() noexcept;
 /// Ends every wait and shows the default pointer.
 void ResetWait() noexcept;
 
+/// One wait, until the end of the scope.
+class BusyPointer {
+ public:
+  BusyPointer() noexcept { BeginWait(); }
+  ~BusyPointer() { EndWait(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
 }  // namespace quorvel::modWaitCursor

@@ -34,14 +34,6 @@ std::vector<GridColumn> Columns() {
           {"MemoText", "Remark", 377}};
 }
 
-class BusyPointer {
- public:
-  BusyPointer() noexcept { modWaitCursor::BeginWait(); }
-  ~BusyPointer() { modWaitCursor::EndWait(); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-};
-
 }  // namespace
 
 /// The context for as long as the window is open; afterwards nothing of it is left in the controls.
@@ -152,7 +144,7 @@ void frmEdit::Load() {
 }
 
 void frmEdit::Refresh() {
-  const BusyPointer busy;
+  const modWaitCursor::BusyPointer busy;
   SetTitle(ui::ToWx(OwnerTitle(*m_context)));
   {
     const RaisedFlag loading(m_loading);
@@ -175,7 +167,7 @@ void frmEdit::SetUpGrid() {
 }
 
 void frmEdit::RefreshRows(std::int32_t rowIndex, std::int32_t line) {
-  const BusyPointer busy;
+  const modWaitCursor::BusyPointer busy;
   const RaisedFlag loading(m_loading);
   gdxMemos->Refetch();
   if (rowIndex > 0) {

@@ -1,7 +1,5 @@
 #include <utility>
-#include <vector>
 
-#include "ado/Command.h"
 #include "data/modDatabase.h"
 #include "data/modUserName.h"
 #include "platform/Error.h"
@@ -10,6 +8,8 @@
 
 namespace quorvel {
 namespace {
+
+using modDatabase::ExecDeclaredSP;
 
 constexpr std::int32_t kIdSize = 30;
 
@@ -20,15 +20,6 @@ ado::Parameter Id(const char* name, const std::string& id) {
 
 ado::Parameter Integer(const char* name, ado::DataType type, std::int32_t number) {
   return ado::Command::CreateParameter(name, type, ado::ParameterDirection::Input, 0, std::int64_t{number});
-}
-
-std::shared_ptr<ado::Recordset> Call(const std::string& procedure, std::vector<ado::Parameter> parameters) {
-  ado::Command command;
-  command.SetActiveConnection(modDatabase::SharedConnection());
-  command.SetCommandType(ado::CommandType::StoredProcedure);
-  command.SetCommandText(procedure);
-  for (ado::Parameter& parameter : parameters) command.Append(std::move(parameter));
-  return command.Execute();
 }
 
 /// A column that holds an identifier may be of fixed width. Whatever else stands there is left for the look-up to miss.
@@ -48,7 +39,7 @@ constexpr const char* kLoadMemos = "RemarkContext.LoadMemos";
 /// Whatever keeps the lookup from running, the host is told the one thing it can mend.
 std::shared_ptr<ado::Recordset> LookUpOwner(const std::string& procedure, const std::string& ownerID) {
   try {
-    return Call(procedure, {Id("@OwnerID", ownerID)});
+    return ExecDeclaredSP(procedure, {Id("@OwnerID", ownerID)});
   } catch (const std::exception&) {
     Fail(kLoadMemos, "Context has not been loaded");
   }
@@ -70,7 +61,7 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
 }
 
 void RemarkContext::LoadContext() {
-  const auto row = Call("spTWCqvGetContext", {Id("@ContextID", m_contextID)});
+  const auto row = ExecDeclaredSP("spTWCqvGetContext", {Id("@ContextID", m_contextID)});
   if (row->EndOfFile()) Fail("RemarkContext.LoadContext", "ContextID [" + m_contextID + "] not found");
   m_caption = ToText(row->Fields("Caption").Value());
   m_entityKey = ToInt32(row->Fields("EntityKey").Value());
@@ -84,7 +75,7 @@ void RemarkContext::LoadContext() {
 
 void RemarkContext::LoadRemarkTypes() {
   m_types = std::make_shared<RemarkTypes>();
-  const auto rows = Call("spTWCqvGetRemarkTypes", {Id("@ContextID", m_contextID)});
+  const auto rows = ExecDeclaredSP("spTWCqvGetRemarkTypes", {Id("@ContextID", m_contextID)});
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     auto type = std::make_shared<RemarkType>();
     type->SetContext(shared_from_this());
@@ -97,7 +88,7 @@ void RemarkContext::LoadRemarkTypes() {
 }
 
 void RemarkContext::LoadUserRights() {
-  const auto rows = Call("spTWCqvGetUserRights", {Id("@UserID", m_userID)});
+  const auto rows = ExecDeclaredSP("spTWCqvGetUserRights", {Id("@UserID", m_userID)});
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     const auto type = Item(TrimmedId(rows->Fields("TypeID")));
     if (!type) continue;
@@ -124,9 +115,10 @@ void RemarkContext::RefreshRemarkList() {
   if (m_ownerID.empty()) return;
   Save(false);
   m_remarkList = std::make_shared<quorvel::RemarkList>();
-  const auto rows = Call("spTWCqvGetFilteredMemos",
-                         {Id("@ContextID", m_contextID), Integer("@EntityType", ado::DataType::SmallInt, m_entityKey),
-                          Integer("@OwnerKey", ado::DataType::Integer, m_ownerKey)});
+  const auto rows =
+      ExecDeclaredSP("spTWCqvGetFilteredMemos",
+                     {Id("@ContextID", m_contextID), Integer("@EntityType", ado::DataType::SmallInt, m_entityKey),
+                      Integer("@OwnerKey", ado::DataType::Integer, m_ownerKey)});
   if (rows->EndOfFile()) return;
   // An owner may have thousands of remarks: the columns are looked up once.
   const ado::Field typeID = rows->Fields("TypeID");

@@ -1,0 +1,96 @@
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+#include "data/modControls.h"
+#include "data/modDatabase.h"
+#include "platform/Error.h"
+#include "tests/support/Caught.h"
+#include "tests/support/TestDatabase.h"
+
+namespace quorvel {
+namespace {
+
+using test::Caught;
+using testing::ElementsAre;
+
+/// A combo box in memory that remembers every index that was set.
+class MemoryChoice : public Choice {
+ public:
+  void Clear() override { items.clear(); }
+  void Add(std::string_view text, std::int32_t datum) override { items.emplace_back(text, datum); }
+  void Remove(std::int32_t index) override { items.erase(items.begin() + index); }
+  [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(items.size()); }
+  [[nodiscard]] std::string Text(std::int32_t index) const override { return At(index).first; }
+  [[nodiscard]] std::int32_t Datum(std::int32_t index) const override { return At(index).second; }
+  [[nodiscard]] std::int32_t ListIndex() const override { return sets.back(); }
+  void SetListIndex(std::int32_t index) override { sets.push_back(index); }
+  [[nodiscard]] std::string CurrentText() const override { return ListIndex() < 0 ? "" : Text(ListIndex()); }
+
+  [[nodiscard]] const std::pair<std::string, std::int32_t>& At(std::int32_t index) const {
+    return items.at(static_cast<std::size_t>(index));
+  }
+
+  std::vector<std::pair<std::string, std::int32_t>> items;
+  std::vector<std::int32_t> sets = {-1};
+};
+
+TEST(Controls, SelectByKeyOrTextFindsTheFirstItem) {
+  using Select = void (*)(MemoryChoice&, bool selectFirst);
+  struct Case {
+    const char* name;
+    Select select;
+    std::vector<std::int32_t> sets;            ///< the indexes set after the first one, 1
+    std::vector<std::int32_t> setSelectFirst;  ///< the same with selectFirst
+  };
+  const Case cases[] = {
+      {"key", [](MemoryChoice& box, bool first) { modControls::SelectByKey(box, 7, first); }, {2}, {2}},
+      {"no such key", [](MemoryChoice& box, bool first) { modControls::SelectByKey(box, 9, first); }, {1}, {0}},
+      {"text", [](MemoryChoice& box, bool first) { modControls::SelectByText(box, "SOUTH", first); }, {2}, {2}},
+      {"no such text", [](MemoryChoice& box, bool first) { modControls::SelectByText(box, "West", first); }, {1}, {0}},
+      {"blanks that were asked for",
+       [](MemoryChoice& box, bool first) { modControls::SelectByText(box, " South", first); },
+       {1},
+       {0}},
+      {"shown text", [](MemoryChoice& box, bool first) { modControls::SelectByText(box, "eaST", first); }, {}, {}},
+      {"list text", [](MemoryChoice& box, bool) { modControls::SelectListText(box, "south"); }, {2}, {2}},
+      {"no such list text", [](MemoryChoice& box, bool) { modControls::SelectListText(box, "West"); }, {}, {}}};
+  for (const Case& each : cases) {
+    for (const bool selectFirst : {false, true}) {
+      MemoryChoice box;
+      box.items = {{"North", 3}, {"East", 5}, {" South ", 7}, {"South", 7}};
+      box.sets = {1};
+      each.select(box, selectFirst);
+      std::vector<std::int32_t> expected = selectFirst ? each.setSelectFirst : each.sets;
+      expected.insert(expected.begin(), 1);
+      EXPECT_EQ(box.sets, expected) << each.name << ", selectFirst " << selectFirst;
+    }
+  }
+}
+
+TEST(Controls, FillingTakesTextAndKeyOfEachRowAndMovesBack) {
+  const test::TestDatabase database;
+  modDatabase::EnsureConnection();
+  const auto groups = modDatabase::LoadDisconnectedRst(
+      "SELECT '  ' + GroupID + ' ' AS Shown, GroupKey, NULL AS Nothing FROM ttwGroup WHERE GroupKey < 3");
+  MemoryChoice box;
+  box.items = {{"former", 99}};
+  modDatabase::FillList(box, groups->RecordCount(), "shown", "groupkey", *groups);
+  EXPECT_THAT(box.items, ElementsAre(std::pair("Default", 1), std::pair("Collections", 2)));
+  EXPECT_EQ(ToInt32(groups->Fields("GroupKey").Value()), 1);
+
+  modControls::FillCombo(box, 1, "Shown", "", *groups);
+  EXPECT_THAT(box.items, ElementsAre(std::pair("<none>", 0), std::pair("Default", 0)));
+  modControls::FillCombo(box, 1, "Shown", "GroupKey", *groups, false);
+  EXPECT_THAT(box.items, ElementsAre(std::pair("Default", 1)));
+  EXPECT_EQ(Caught([&] { modDatabase::FillList(box, 1, "Nothing", "GroupKey", *groups); }).Number(),
+            ErrorNumber::InvalidUseOfNull);
+
+  groups->SetFilter("GroupKey = 99");
+  modDatabase::FillList(box, groups->RecordCount(), "Shown", "GroupKey", *groups);
+  EXPECT_EQ(box.Count(), 0);
+}
+
+}  // namespace
+}  // namespace quorvel
