@@ -4,15 +4,15 @@
 
 #include <algorithm>
 
-#include "ado/AdoError.h"
+#include "ado/engine/AdoError.h"
 #include "platform/Error.h"
 
 namespace quorvel::ado {
 
 Parameter Command::CreateParameter(std::string name, DataType type, ParameterDirection direction, std::int32_t size,
-                                   const Value& value) {
+                                   Value value) {
   ParameterInfo info{std::move(name), type, direction, size};
-  Value coerced = CoerceToParameter(value, info);
+  Value coerced = CoerceToParameter(std::move(value), info);
   return Parameter(std::move(info), std::move(coerced));
 }
 
@@ -29,7 +29,7 @@ Parameter& Command::Parameters(std::string_view name) {
     m_isDiscovered = true;
   }
   const auto found = std::find_if(m_parameters.begin(), m_parameters.end(),
-                                  [name](const Parameter& each) { return SameName(each.m_info.name, name); });
+                                  [name](const Parameter& each) { return SameName(each.Info().name, name); });
   if (found == m_parameters.end()) {
     ThrowAdoError(ErrorNumber::AdoItemNotFound, fmt::format("{} has no parameter {}.", m_text, name));
   }
@@ -38,7 +38,7 @@ Parameter& Command::Parameters(std::string_view name) {
 
 std::shared_ptr<Recordset> Command::Execute(int /*options*/) {
   Connection& connection = OpenConnection();
-  Result result = m_type == CommandType::StoredProcedure ? Call(connection) : RunText(connection);
+  Result result = m_type == CommandType::StoredProcedure ? connection.Call(m_text, m_parameters) : RunText(connection);
   return std::make_shared<Recordset>(m_connection, std::move(result.rows));
 }
 
@@ -47,19 +47,6 @@ Result Command::RunText(Connection& connection) const {
     ThrowAdoError(ErrorNumber::AdoInvalidArgument, "Only a stored procedure takes parameters.");
   }
   return connection.Run(m_text);
-}
-
-Result Command::Call(Connection& connection) {
-  std::vector<Argument> arguments;
-  arguments.reserve(m_parameters.size());
-  for (const Parameter& parameter : m_parameters) arguments.push_back({parameter.m_info, parameter.m_value});
-  Result result = connection.Call(m_text, arguments);
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (m_parameters[i].m_info.direction != ParameterDirection::Input) {
-      m_parameters[i].m_value = std::move(arguments[i].value);
-    }
-  }
-  return result;
 }
 
 Connection& Command::OpenConnection() const {

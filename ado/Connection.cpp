@@ -2,7 +2,8 @@
 
 #include <utility>
 
-#include "ado/AdoError.h"
+#include "ado/ConnectionString.h"
+#include "ado/engine/AdoError.h"
 #include "platform/Error.h"
 
 namespace quorvel::ado {
@@ -45,9 +46,9 @@ Result Connection::Run(std::string_view batch) {
   return KeepMessages(Guard([&] { return session.Execute(batch); }));
 }
 
-Result Connection::Call(std::string_view procedure, std::span<Argument> arguments) {
+Result Connection::Call(std::string_view procedure, std::span<Parameter> parameters) {
   Session& session = OpenedSession();
-  return KeepMessages(Guard([&] { return session.Call(procedure, arguments); }));
+  return KeepMessages(Guard([&] { return session.Call(procedure, parameters); }));
 }
 
 std::vector<ParameterInfo> Connection::DiscoverParameters(std::string_view procedure) {
@@ -74,18 +75,8 @@ void Connection::Raise(const std::vector<Diagnostic>& records) {
 void Connection::Record(const std::vector<Diagnostic>& records) {
   m_errors.clear();
   for (const Diagnostic& record : records) {
-    m_errors.push_back({NumberOfSqlState(record.sqlState), record.message, std::string(m_source), record.sqlState,
-                        record.nativeError, record.line});
+    m_errors.push_back(MakeProviderError(record, m_source));
   }
-}
-
-std::int32_t NumberOfSqlState(std::string_view sqlState) noexcept {
-  if (sqlState == "42S02") return ErrorNumber::DbObjectNotFound;
-  if (sqlState.starts_with("42")) return ErrorNumber::DbStatement;
-  if (sqlState.starts_with("23")) return ErrorNumber::DbIntegrity;
-  if (sqlState == "HYT00") return ErrorNumber::DbTimeout;
-  if (sqlState == "28000") return ErrorNumber::DbLogin;
-  return ErrorNumber::DbUnspecified;
 }
 
 }  // namespace quorvel::ado

@@ -9,21 +9,18 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/Engine.h"
+#include "ado/OpenSession.h"
+#include "ado/ProviderError.h"
 #include "ado/Recordset.h"
-#include "ado/Types.h"
+#include "ado/engine/Session.h"
 
 namespace quorvel::ado {
 
-/// One entry of a connection's Errors: a driver's diagnostic record with the number a host tests for.
-struct ProviderError {
-  std::int32_t number;
-  std::string description;
-  std::string source;
-  std::string sqlState;
-  std::int32_t nativeError;
-  int line;  ///< 1-based line of the batch; 0 when not known
-};
+enum class CursorLocation : int { Server = 2, Client = 3 };
+enum class ConnectMode : int { Unknown = 0, ReadWrite = 3 };
+
+/// "Options unspecified", ADO's default for the options of Open and Execute.
+inline constexpr int kUnspecified = -1;
 
 /// A connection to a database. Made by make_shared; commands and recordsets keep it alive. It closes when
 /// the last of them lets go. Used by one thread at a time.
@@ -63,7 +60,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
   /// For Command and Recordset.
   Result Run(std::string_view batch);
-  Result Call(std::string_view procedure, std::span<Argument> arguments);
+  Result Call(std::string_view procedure, std::span<Parameter> parameters);
   [[nodiscard]] std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure);
 
  private:
@@ -84,16 +81,5 @@ class Connection : public std::enable_shared_from_this<Connection> {
   std::unique_ptr<Session> m_session;
   std::vector<ProviderError> m_errors;
 };
-
-/// Reads an OLE DB connection string: pairs `key=value` between semicolons, the first `=` parts them,
-/// blanks round keys and values are dropped, a value may stand in single or double quotes (doubled inside).
-/// Keys are matched without regard to letter case; the last of equal keys counts. Keys read: Data Source
-/// (Server), Initial Catalog (Database), User ID (UID), Password (PWD), and for SQL Server Driver, Encrypt and
-/// TrustServerCertificate; others are ignored.
-/// adErrInvalidArgument for a pair without `=`.
-[[nodiscard]] ConnectOptions ParseConnectionString(std::string_view text);
-
-/// The number that a host finds for a SQLSTATE.
-[[nodiscard]] std::int32_t NumberOfSqlState(std::string_view sqlState) noexcept;
 
 }  // namespace quorvel::ado

@@ -1,10 +1,11 @@
+#include "ado/ConnectionString.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 
-#include "ado/AdoError.h"
-#include "ado/Connection.h"
+#include "ado/engine/AdoError.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 

@@ -6,8 +6,8 @@
 #include <array>
 #include <utility>
 
-#include "ado/AdoError.h"
 #include "ado/FilterCondition.h"
+#include "ado/engine/AdoError.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
@@ -83,13 +83,9 @@ class CriteriaReader {
   }
 
   [[nodiscard]] std::size_t FindColumn(std::string_view name) const {
-    const auto& columns = m_rows.Columns();
-    const auto found =
-        std::find_if(columns.begin(), columns.end(), [name](const Column& each) { return SameName(each.name, name); });
-    if (found == columns.end()) {
-      ThrowAdoError(ErrorNumber::AdoItemNotFound, fmt::format("The filter names the field \"{}\".", name));
-    }
-    return static_cast<std::size_t>(found - columns.begin());
+    const auto column = m_rows.FindColumn(name);
+    if (!column) ThrowAdoError(ErrorNumber::AdoItemNotFound, fmt::format("The filter names the field \"{}\".", name));
+    return *column;
   }
 
   FilterOperator ReadOperator() {

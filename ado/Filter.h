@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/RowSet.h"
+#include "ado/engine/RowSet.h"
 
 namespace quorvel::ado {
 

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "ado/AdoError.h"
+#include "ado/engine/AdoError.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "ado/RowSet.h"
+#include "ado/engine/RowSet.h"
 
 namespace quorvel::ado {
 

@@ -1,6 +1,7 @@
+#include "ado/OpenSession.h"
+
 #include <fmt/format.h>
 
-#include "ado/Engine.h"
 #include "ado/embedded/EmbeddedEngine.h"
 #include "ado/odbc/OdbcEngine.h"
 #include "platform/Text.h"

@@ -4,21 +4,12 @@
 
 #include <algorithm>
 
-#include "ado/AdoError.h"
 #include "ado/Connection.h"
 #include "ado/Filter.h"
+#include "ado/engine/AdoError.h"
 #include "platform/Error.h"
 
 namespace quorvel::ado {
-
-const std::string& Field::Name() const { return m_recordset->Rows().Columns()[m_column].name; }
-
-DataType Field::Type() const { return m_recordset->Rows().Columns()[m_column].type; }
-
-quorvel::Value Field::Value() const {
-  const RowSet& rows = m_recordset->Rows();
-  return rows.At(m_recordset->CurrentRow(), m_column);
-}
 
 Recordset::Recordset(std::shared_ptr<Connection> connection, std::optional<RowSet> rows)
     : m_connection(std::move(connection)) {
@@ -33,17 +24,9 @@ void Recordset::Open(std::string_view source, std::shared_ptr<Connection> connec
 }
 
 Field Recordset::Fields(std::string_view name) const {
-  const auto& columns = Rows().Columns();
-  // Nearly every caller writes a name as the database does, and asks for every row.
-  auto found = std::find_if(columns.begin(), columns.end(), [name](const Column& each) { return each.name == name; });
-  if (found == columns.end()) {
-    found =
-        std::find_if(columns.begin(), columns.end(), [name](const Column& each) { return SameName(each.name, name); });
-  }
-  if (found == columns.end()) {
-    ThrowAdoError(ErrorNumber::AdoItemNotFound, fmt::format("There is no field \"{}\".", name));
-  }
-  return {*this, static_cast<std::size_t>(found - columns.begin())};
+  const auto column = Rows().FindColumn(name);
+  if (!column) ThrowAdoError(ErrorNumber::AdoItemNotFound, fmt::format("There is no field \"{}\".", name));
+  return {*this, *column};
 }
 
 Field Recordset::Fields(std::size_t position) const {

@@ -7,31 +7,12 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/RowSet.h"
+#include "ado/Field.h"
+#include "ado/engine/RowSet.h"
 
 namespace quorvel::ado {
 
 class Connection;
-class Recordset;
-
-/// One column of a recordset; its value is that of the recordset's current row. A field may be kept while
-/// the recordset moves, and must not outlive it.
-class Field {
- public:
-  Field(const Recordset& recordset, std::size_t column) : m_recordset(&recordset), m_column(column) {}
-
-  [[nodiscard]] const std::string& Name() const;
-  [[nodiscard]] DataType Type() const;
-  /// 0-based among the recordset's fields.
-  [[nodiscard]] std::size_t Position() const noexcept { return m_column; }
-  /// adErrNoCurrentRecord at the end of the file.
-  [[nodiscard]] quorvel::Value Value() const;
-
- private:
-  const Recordset* m_recordset;
-  std::size_t m_column;
-};
-
 /// A static snapshot of a result: read whole when it is opened, then walked, counted, filtered and
 /// bookmarked without the database.
 ///

@@ -77,11 +77,11 @@ class EmbeddedSession final : public Session {
     return parameters;
   }
 
-  Result Call(std::string_view procedure, std::span<Argument> arguments) override {
-    if (!m_procedures.IsKnownReader(procedure)) return CallNow(procedure, arguments);
+  Result Call(std::string_view procedure, std::span<Parameter> parameters) override {
+    if (!m_procedures.IsKnownReader(procedure)) return CallNow(procedure, parameters);
     m_reading.Begin();
     try {
-      Result result = CallNow(procedure, arguments);
+      Result result = CallNow(procedure, parameters);
       m_reading.End();
       return result;
     } catch (...) {
@@ -96,17 +96,17 @@ class EmbeddedSession final : public Session {
   }
 
  private:
-  Result CallNow(std::string_view procedure, std::span<Argument> arguments) {
+  Result CallNow(std::string_view procedure, std::span<Parameter> parameters) {
     const auto program = m_procedures.Find(procedure);
     // It was changed to one that writes, and a reader must not turn writer.
     if (!program->onlyReads) m_reading.End();
     std::vector<std::optional<Value>> given;
-    given.reserve(arguments.size());
-    for (const Argument& argument : arguments) given.push_back(argument.value);
-    Frame frame = MakeFrame(*program, given, procedure);
+    given.reserve(parameters.size());
+    for (const Parameter& parameter : parameters) given.push_back(parameter.Given());
+    Frame frame = MakeFrame(*program, std::move(given), procedure);
     Result result{m_interpreter.Run(*program, frame), {}};
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-      if (arguments[i].parameter.direction != ParameterDirection::Input) arguments[i].value = frame[i];
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+      if (parameters[i].IsOutput()) parameters[i].SetOutput(std::move(frame[i]));
     }
     return result;
   }

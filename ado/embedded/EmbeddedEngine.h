@@ -3,7 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "ado/Engine.h"
+#include "ado/engine/ConnectOptions.h"
+#include "ado/engine/Session.h"
 
 namespace quorvel::ado {
 

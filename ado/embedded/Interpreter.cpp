@@ -45,7 +45,7 @@ Value CoerceVariable(const Value& value, const ParameterInfo& info) {
   }
 }
 
-Frame MakeFrame(const Program& procedure, std::span<const std::optional<Value>> given, std::string_view name) {
+Frame MakeFrame(const Program& procedure, std::vector<std::optional<Value>> given, std::string_view name) {
   if (given.size() > procedure.parameterCount) {
     throw DriverError("42000", 8144, fmt::format("Procedure or function {} has too many arguments specified.", name));
   }
@@ -54,7 +54,7 @@ Frame MakeFrame(const Program& procedure, std::span<const std::optional<Value>> 
   for (std::size_t i = 0; i < procedure.parameterCount; ++i) {
     const Variable& parameter = procedure.variables[i];
     if (i < given.size() && given[i]) {
-      frame.push_back(*given[i]);
+      frame.push_back(std::move(*given[i]));
     } else if (parameter.defaultValue || parameter.info.direction != ParameterDirection::Input) {
       frame.push_back(parameter.defaultValue.value_or(Null{}));
     } else {
@@ -218,7 +218,7 @@ Interpreter::Flow Interpreter::Do(const CallStep& step, Running& running) {
       }
       if (passed.output) outputs.emplace_back(parameter, *passed.output);
     }
-    Frame frame = MakeFrame(*callee, given, step.procedure);
+    Frame frame = MakeFrame(*callee, std::move(given), step.procedure);
     auto rows = Run(*callee, frame);
     if (rows && !running.rows) running.rows = std::move(rows);
     for (const auto& [parameter, target] : outputs) {

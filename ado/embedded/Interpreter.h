@@ -1,13 +1,12 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string_view>
 #include <vector>
 
-#include "ado/RowSet.h"
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/Program.h"
+#include "ado/engine/RowSet.h"
 
 namespace quorvel::ado::embedded {
 
@@ -16,8 +15,7 @@ using Frame = std::vector<Value>;
 
 /// A procedure's frame from the arguments given by position; the rest take their defaults. DriverError, as a server's,
 /// for too many arguments or a missing one. `name` is the procedure's, for the error.
-[[nodiscard]] Frame MakeFrame(const Program& procedure, std::span<const std::optional<Value>> given,
-                              std::string_view name);
+[[nodiscard]] Frame MakeFrame(const Program& procedure, std::vector<std::optional<Value>> given, std::string_view name);
 
 /// Runs programs on one database connection and keeps its transaction: as with XACT_ABORT ON, any error rolls an open
 /// transaction back and ends the batch.

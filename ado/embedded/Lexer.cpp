@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "ado/Engine.h"
+#include "ado/engine/DriverError.h"
 
 namespace quorvel::ado::embedded {
 namespace {

@@ -6,8 +6,8 @@
 #include <variant>
 #include <vector>
 
-#include "ado/Types.h"
 #include "ado/embedded/Sqlite.h"
+#include "ado/engine/Parameter.h"
 
 namespace quorvel::ado::embedded {
 

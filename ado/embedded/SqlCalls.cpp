@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "ado/Engine.h"
 #include "ado/embedded/QueryTranslator.h"
 #include "ado/embedded/SqlType.h"
+#include "ado/engine/DriverError.h"
 #include "platform/Text.h"
 
 namespace quorvel::ado::embedded {

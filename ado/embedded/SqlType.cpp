@@ -7,7 +7,7 @@
 #include <charconv>
 #include <limits>
 
-#include "ado/Engine.h"
+#include "ado/engine/DriverError.h"
 #include "platform/Text.h"
 
 namespace quorvel::ado::embedded {

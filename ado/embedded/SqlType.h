@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "ado/Types.h"
 #include "ado/embedded/TokenCursor.h"
+#include "ado/engine/Parameter.h"
 
 namespace quorvel::ado::embedded {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "ado/Engine.h"
-#include "ado/RowSet.h"
+#include "ado/engine/DriverError.h"
+#include "ado/engine/RowSet.h"
 #include "platform/UniqueHandle.h"
 #include "platform/Value.h"
 

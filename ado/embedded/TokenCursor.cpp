@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "ado/Engine.h"
+#include "ado/engine/DriverError.h"
 #include "platform/Text.h"
 
 namespace quorvel::ado::embedded {

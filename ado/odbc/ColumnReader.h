@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "ado/RowSet.h"
+#include "ado/engine/RowSet.h"
 #include "ado/odbc/Statement.h"
 
 namespace quorvel::ado::odbc {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/Engine.h"
+#include "ado/engine/DriverError.h"
 #include "ado/odbc/OdbcApi.h"
 
 namespace quorvel::ado::odbc {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "ado/Engine.h"
+#include "ado/engine/ConnectOptions.h"
 #include "ado/odbc/Handles.h"
 
 namespace quorvel::ado::odbc {

@@ -40,9 +40,9 @@ class OdbcSession final : public Session {
     return m_catalog.ParametersOf(procedure, m_timeout);
   }
 
-  Result Call(std::string_view procedure, std::span<Argument> arguments) override {
+  Result Call(std::string_view procedure, std::span<Parameter> parameters) override {
     Statement statement(m_connection, m_timeout);
-    return CallProcedure(statement, procedure, arguments);
+    return CallProcedure(statement, procedure, parameters);
   }
 
   [[nodiscard]] std::string Describe() const override {

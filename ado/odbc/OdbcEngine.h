@@ -2,7 +2,8 @@
 
 #include <memory>
 
-#include "ado/Engine.h"
+#include "ado/engine/ConnectOptions.h"
+#include "ado/engine/Session.h"
 
 namespace quorvel::ado {
 

@@ -51,8 +51,8 @@ Binding BindingOf(DataType type, bool hasLimit) {
 
 }  // namespace
 
-ParameterBuffer::ParameterBuffer(const Argument& argument)
-    : m_info(argument.parameter), m_hasLimit(m_info.size > 0 && m_info.size <= kLongestShort) {
+ParameterBuffer::ParameterBuffer(const Parameter& parameter)
+    : m_info(parameter.Info()), m_hasLimit(m_info.size > 0 && m_info.size <= kLongestShort) {
   const Binding binding = BindingOf(m_info.type, m_hasLimit);
   m_clientType = binding.clientType;
   m_sqlType = binding.sqlType;
@@ -62,9 +62,10 @@ ParameterBuffer::ParameterBuffer(const Argument& argument)
     m_size = kDateTimeSize;
     m_digits = kDateTimeDigits;
   }
-  if (argument.value && !IsNull(*argument.value)) Fill(*argument.value);
-  if (!argument.value && m_info.direction == ParameterDirection::Input) m_length = SQL_DEFAULT_PARAM;
-  if (m_info.direction != ParameterDirection::Input) MakeRoom();
+  const std::optional<Value>& value = parameter.Given();
+  if (value && !IsNull(*value)) Fill(*value);
+  if (!value && !parameter.IsOutput()) m_length = SQL_DEFAULT_PARAM;
+  if (parameter.IsOutput()) MakeRoom();
 }
 
 void ParameterBuffer::Fill(const Value& value) {

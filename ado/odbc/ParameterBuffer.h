@@ -3,17 +3,17 @@
 #include <cstddef>
 #include <vector>
 
-#include "ado/Engine.h"
+#include "ado/engine/Parameter.h"
 #include "ado/odbc/Statement.h"
 
 namespace quorvel::ado::odbc {
 
-/// The memory of one argument of a call: bound before the call, read after it. It must stay where it is for the life of
-/// the statement.
+/// The memory of one parameter of a call: bound before the call, read after it. It must stay where it is for the life
+/// of the statement.
 class ParameterBuffer {
  public:
   /// DriverError 22021 when a text is not well-formed UTF-8.
-  explicit ParameterBuffer(const Argument& argument);
+  explicit ParameterBuffer(const Parameter& parameter);
 
   /// Binds it as the `number`th marker (1-based) of the statement.
   void Bind(Statement& statement, SQLUSMALLINT number);

@@ -6,6 +6,8 @@
 #include <deque>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "ado/odbc/ParameterBuffer.h"
 #include "ado/odbc/ProcedureCatalog.h"
@@ -14,9 +16,7 @@
 namespace quorvel::ado::odbc {
 namespace {
 
-bool IsLeftOut(const Argument& argument) {
-  return !argument.value && argument.parameter.direction == ParameterDirection::Input;
-}
+bool IsLeftOut(const Parameter& parameter) { return !parameter.Given() && !parameter.IsOutput(); }
 
 std::string CallText(std::string_view procedure, std::size_t count) {
   std::string text = "{? = call " + RequireProcedureName(procedure).Quoted();
@@ -25,7 +25,7 @@ std::string CallText(std::string_view procedure, std::size_t count) {
 }
 
 /// Not every driver knows ODBC's default parameter, and none says more than its SQLSTATE.
-void Execute(Statement& statement, std::string_view procedure, std::span<const Argument> sent) {
+void Execute(Statement& statement, std::string_view procedure, std::span<const Parameter> sent) {
   try {
     statement.Execute(CallText(procedure, sent.size()));
   } catch (const DriverError& failure) {
@@ -35,29 +35,30 @@ void Execute(Statement& statement, std::string_view procedure, std::span<const A
         "07S01", 0,
         fmt::format("Parameter {} of {} was given no value but one behind it was, and this ODBC driver can "
                     "leave out parameters only at the end; nothing was sent.",
-                    leftOut->parameter.name, procedure));
+                    leftOut->Info().name, procedure));
   }
 }
 
 }  // namespace
 
-Result CallProcedure(Statement& statement, std::string_view procedure, std::span<Argument> arguments) {
-  const auto lastGiven = std::find_if_not(arguments.rbegin(), arguments.rend(), IsLeftOut);
-  const std::span<Argument> sent = arguments.first(static_cast<std::size_t>(arguments.rend() - lastGiven));
+Result CallProcedure(Statement& statement, std::string_view procedure, std::span<Parameter> parameters) {
+  const auto lastGiven = std::find_if_not(parameters.rbegin(), parameters.rend(), IsLeftOut);
+  const std::span<Parameter> sent = parameters.first(static_cast<std::size_t>(parameters.rend() - lastGiven));
 
-  const Argument returnValue{{"@RETURN_VALUE", DataType::Integer, ParameterDirection::Output, 0}, std::nullopt};
   const auto kept = std::make_shared<std::deque<ParameterBuffer>>();
   statement.Keep(kept);
   std::deque<ParameterBuffer>& buffers = *kept;
-  buffers.emplace_back(returnValue);
-  for (const Argument& argument : sent) buffers.emplace_back(argument);
+  buffers.emplace_back(Parameter({"@RETURN_VALUE", DataType::Integer, ParameterDirection::Output, 0}));
+  for (const Parameter& parameter : sent) buffers.emplace_back(parameter);
   for (std::size_t i = 0; i < buffers.size(); ++i) buffers[i].Bind(statement, static_cast<SQLUSMALLINT>(i + 1));
 
   Execute(statement, procedure, sent);
   Result result = ReadResults(statement);
+  std::vector<std::pair<Parameter*, Value>> outputs;
   for (std::size_t i = 0; i < sent.size(); ++i) {
-    if (sent[i].parameter.direction != ParameterDirection::Input) sent[i].value = buffers[i + 1].Output();
+    if (sent[i].IsOutput()) outputs.emplace_back(&sent[i], buffers[i + 1].Output());
   }
+  for (auto& [parameter, value] : outputs) parameter->SetOutput(std::move(value));
   return result;
 }
 

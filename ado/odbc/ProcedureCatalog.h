@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/Types.h"
+#include "ado/engine/Parameter.h"
 #include "ado/odbc/DriverConnection.h"
 #include "ado/odbc/ProcedureName.h"
 #include "platform/Text.h"

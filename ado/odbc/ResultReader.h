@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ado/Engine.h"
+#include "ado/engine/Session.h"
 #include "ado/odbc/Statement.h"
 
 namespace quorvel::ado::odbc {

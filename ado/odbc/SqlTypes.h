@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ado/Types.h"
+#include "ado/engine/DataType.h"
 #include "ado/odbc/OdbcApi.h"
 
 namespace quorvel::ado::odbc {

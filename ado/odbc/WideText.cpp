@@ -1,6 +1,6 @@
 #include "ado/odbc/WideText.h"
 
-#include "ado/Engine.h"
+#include "ado/engine/DriverError.h"
 #include "platform/Utf.h"
 
 namespace quorvel::ado::odbc {

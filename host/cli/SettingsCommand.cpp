@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-#include "ado/Engine.h"
+#include "ado/OpenSession.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
 #include "platform/Text.h"

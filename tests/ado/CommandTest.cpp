@@ -73,9 +73,9 @@ TEST(Command, DeclaredParametersAreSentInOrderWithoutDiscovery) {
   EXPECT_TRUE(recordset->IsOpen());
   EXPECT_TRUE(recordset->EndOfFile());
   EXPECT_EQ(engine.discoveries, 0);
-  ASSERT_EQ(engine.arguments.size(), 2U);
-  EXPECT_EQ(engine.arguments[0].parameter.name, "@B");
-  EXPECT_EQ(engine.arguments[1].value, Value{std::int64_t{1}});
+  ASSERT_EQ(engine.sent.size(), 2U);
+  EXPECT_EQ(engine.sent[0].Info().name, "@B");
+  EXPECT_EQ(engine.sent[1].Given(), Value{std::int64_t{1}});
 }
 
 TEST(Command, DiscoversParametersOnceAndReturnsOutputs) {
@@ -88,8 +88,8 @@ TEST(Command, DiscoversParametersOnceAndReturnsOutputs) {
             ErrorNumber::AdoDataConversion);
   const auto recordset = command.Execute();
   EXPECT_FALSE(recordset->IsOpen());
-  EXPECT_EQ(engine.arguments.at(0).value, Value{std::string("C1")});
-  EXPECT_FALSE(engine.arguments.at(1).value.has_value()) << "a value nobody gave must leave the default in force";
+  EXPECT_EQ(engine.sent.at(0).Given(), Value{std::string("C1")});
+  EXPECT_FALSE(engine.sent.at(1).Given().has_value()) << "a value nobody gave must leave the default in force";
   EXPECT_EQ(command.Parameters("@oNewKey").Value(), Value{std::int64_t{42}});
   EXPECT_EQ(command.Parameters("@ContextID").Value(), Value{std::string("C1")});
   const Error unknown = Caught([&] { static_cast<void>(command.Parameters("@Nobody")); });

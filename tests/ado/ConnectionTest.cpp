@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "ado/ConnectionString.h"
 #include "tests/ado/FakeSession.h"
 
 namespace quorvel::ado {

@@ -159,10 +159,9 @@ TEST(EmbeddedFaults, KeepsEveryCharacterOfALongText) {
   text.push_back('\0');
   const std::string planes = "a\u00e9\u4e2d\U0001F600\U00020000\U000E0041\U000F0000\U0010FFFD e\u0301 \u202Eright";
   while (text.size() < (1U << 20U)) text += planes;
-  std::vector<Argument> arguments(1);
-  arguments[0].parameter = {"@t", DataType::LongVarWChar, ParameterDirection::Input, 0};
-  arguments[0].value = text;
-  connection->Call("spKeep", arguments);
+  std::vector<Parameter> parameters;
+  parameters.emplace_back(ParameterInfo{"@t", DataType::LongVarWChar, ParameterDirection::Input, 0}, text);
+  connection->Call("spKeep", parameters);
   EXPECT_TRUE(ToText(connection->Execute("SELECT t FROM Texts")->Fields("t").Value()) == text);
 }
 

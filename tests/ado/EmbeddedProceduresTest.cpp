@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "ado/Command.h"
-#include "ado/Engine.h"
+#include "ado/engine/Session.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 

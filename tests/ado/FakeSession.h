@@ -16,11 +16,11 @@ struct FakeEngine {
   std::optional<ado::DriverError> failure;  ///< thrown by every operation while it is set
   std::vector<ado::Diagnostic> messages;    ///< warnings of every operation
   std::vector<ado::Column> columns;         ///< of an answer without rows; none means no result set
-  std::optional<Value> output;              ///< given to every output argument
+  Value output;                             ///< returned in every output parameter
 
   ado::ConnectOptions options;
   std::vector<std::string> asked;
-  std::vector<ado::Argument> arguments;
+  std::vector<ado::Parameter> sent;
   int discoveries = 0;
 };
 
@@ -35,10 +35,13 @@ class FakeSession : public ado::Session {
     if (m_engine.failure) throw ado::DriverError(*m_engine.failure);
     return m_engine.parameters;
   }
-  ado::Result Call(std::string_view procedure, std::span<ado::Argument> arguments) override {
-    m_engine.arguments.assign(arguments.begin(), arguments.end());
-    for (ado::Argument& argument : arguments) argument.value = m_engine.output;
-    return Answer(procedure);
+  ado::Result Call(std::string_view procedure, std::span<ado::Parameter> parameters) override {
+    m_engine.sent.assign(parameters.begin(), parameters.end());
+    ado::Result result = Answer(procedure);
+    for (ado::Parameter& parameter : parameters) {
+      if (parameter.IsOutput()) parameter.SetOutput(m_engine.output);
+    }
+    return result;
   }
   [[nodiscard]] std::string Describe() const override { return "a fake"; }
 

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "ado/Connection.h"
+#include "ado/ConnectionString.h"
 #include "ado/odbc/Diagnostics.h"
 #include "ado/odbc/Drivers.h"
 #include "ado/odbc/ProcedureName.h"

@@ -7,6 +7,7 @@
 #include <set>
 #include <thread>
 
+#include "ado/ConnectionString.h"
 #include "ado/Script.h"
 #include "data/Schema.h"
 #include "data/modDatabase.h"

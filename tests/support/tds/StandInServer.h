@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/Engine.h"
+#include "ado/engine/Session.h"
 
 namespace quorvel::test {
 

@@ -219,8 +219,8 @@ std::vector<std::string> StandInSession::ProceduresLike(std::string_view pattern
 }
 
 void StandInSession::CallProcedure(const Call& call, Writer& answer) {
-  std::vector<ado::Argument> arguments;
-  for (ParameterInfo& info : m_session->DiscoverParameters(call.procedure)) arguments.push_back({std::move(info), {}});
+  std::vector<ado::Parameter> arguments;
+  for (ParameterInfo& info : m_session->DiscoverParameters(call.procedure)) arguments.emplace_back(std::move(info));
   if (call.parameters.size() > arguments.size()) {
     throw ado::DriverError("42000", 8144,
                            fmt::format("Procedure or function {} has too many arguments specified.", call.procedure));
@@ -231,19 +231,20 @@ void StandInSession::CallProcedure(const Call& call, Writer& answer) {
     auto place = arguments.begin() + static_cast<std::ptrdiff_t>(i);
     if (!given.name.empty()) {
       place = std::find_if(arguments.begin(), arguments.end(),
-                           [&](const ado::Argument& each) { return ado::SameName(each.parameter.name, given.name); });
+                           [&](const ado::Parameter& each) { return ado::SameName(each.Info().name, given.name); });
       if (place == arguments.end()) throw ado::DriverError("42000", 8145, given.name + " is not a parameter.");
     }
-    place->value = given.value;
+    *place = ado::Parameter(place->Info(), given.value);
     places.push_back(static_cast<std::size_t>(place - arguments.begin()));
   }
   const ado::Result result = m_session->Call(call.procedure, arguments);
   if (result.rows) WriteRows(*result.rows, Writer::Last::InProcedure, answer);
   answer.ReturnStatus(0);
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
-    const auto& [info, value] = arguments[places[i]];
-    if (!call.parameters[i].isOutput || info.direction == ado::ParameterDirection::Input) continue;
-    answer.ReturnValue(static_cast<std::uint16_t>(i), info.name, {"", info.type}, value.value_or(Null{}));
+    const ado::Parameter& parameter = arguments[places[i]];
+    if (!call.parameters[i].isOutput || !parameter.IsOutput()) continue;
+    const ParameterInfo& info = parameter.Info();
+    answer.ReturnValue(static_cast<std::uint16_t>(i), info.name, {"", info.type}, parameter.Value());
   }
   answer.Done(Writer::Last::OfProcedure, {});
 }

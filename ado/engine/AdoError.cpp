@@ -1,4 +1,4 @@
-#include "ado/AdoError.h"
+#include "ado/engine/AdoError.h"
 
 #include <string>
 

@@ -1,9 +1,11 @@
-#include "ado/RowSet.h"
+#include "ado/engine/RowSet.h"
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
 #include <stdexcept>
+
+#include "ado/engine/Names.h"
 
 namespace quorvel::ado {
 namespace {
@@ -65,6 +67,15 @@ char* RowSet::AddBlock(std::size_t needed) {
     m_freeSize = size - needed;
   }
   return place;
+}
+
+std::optional<std::size_t> RowSet::FindColumn(std::string_view name) const noexcept {
+  const auto find = [this](const auto& matches) { return std::find_if(m_columns.begin(), m_columns.end(), matches); };
+  // Nearly every caller writes a name as the database does, and asks for every row.
+  auto found = find([name](const Column& each) { return each.name == name; });
+  if (found == m_columns.end()) found = find([name](const Column& each) { return SameName(each.name, name); });
+  if (found == m_columns.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - m_columns.begin());
 }
 
 Value RowSet::At(std::size_t row, std::size_t column) const {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ado/Types.h"
+#include "ado/engine/DataType.h"
 #include "platform/Value.h"
 
 namespace quorvel::ado {
@@ -32,6 +32,8 @@ class RowSet {
   void AppendText(std::string_view text);
 
   [[nodiscard]] const std::vector<Column>& Columns() const noexcept { return m_columns; }
+  /// The 0-based column of that name as SameName matches, the exact spelling first; nothing when there is none.
+  [[nodiscard]] std::optional<std::size_t> FindColumn(std::string_view name) const noexcept;
   [[nodiscard]] std::size_t RowCount() const noexcept { return m_columns.empty() ? 0 : m_cellCount / m_columns.size(); }
   /// `row` and `column` are 0-based and must exist.
   [[nodiscard]] Value At(std::size_t row, std::size_t column) const;

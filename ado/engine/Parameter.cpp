@@ -1,15 +1,15 @@
-#include "ado/Types.h"
+#include "ado/engine/Parameter.h"
 
 #include <fmt/format.h>
 
-#include "ado/AdoError.h"
+#include "ado/engine/AdoError.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
 namespace quorvel::ado {
 namespace {
 
-std::string_view WhatItTakes(DataType type) {
+std::string_view Accepted(DataType type) {
   switch (type) {
     case DataType::SmallInt:
       return "whole numbers from -32768 to 32767";
@@ -28,7 +28,7 @@ std::string_view WhatItTakes(DataType type) {
   }
 }
 
-Value Convert(const Value& value, DataType type) {
+Value Convert(Value value, DataType type) {
   switch (type) {
     case DataType::SmallInt:
       return std::int64_t{ToInt16(value)};
@@ -45,7 +45,7 @@ Value Convert(const Value& value, DataType type) {
     case DataType::Empty:
       return value;
     default:
-      return ToText(value);
+      return ToText(std::move(value));
   }
 }
 
@@ -59,26 +59,20 @@ void CheckLength(const Value& value, const ParameterInfo& parameter) {
                             parameter.size));
 }
 
-std::string_view WithoutAt(std::string_view name) { return name.starts_with('@') ? name.substr(1) : name; }
-
 }  // namespace
 
-Value CoerceToParameter(const Value& value, const ParameterInfo& parameter) {
+Value CoerceToParameter(Value value, const ParameterInfo& parameter) {
   if (IsNull(value)) return value;
   Value converted;
   try {
-    converted = Convert(value, parameter.type);
+    converted = Convert(std::move(value), parameter.type);
   } catch (const Error& error) {
     throw Error(
         error.Number(), error.Source(),
-        fmt::format("{}: parameter {} takes {}.", error.Description(), parameter.name, WhatItTakes(parameter.type)));
+        fmt::format("{}: parameter {} takes {}.", error.Description(), parameter.name, Accepted(parameter.type)));
   }
   if (IsTextType(parameter.type)) CheckLength(converted, parameter);
   return converted;
-}
-
-bool SameName(std::string_view left, std::string_view right) noexcept {
-  return EqualIgnoringCase(WithoutAt(left), WithoutAt(right));
 }
 
 }  // namespace quorvel::ado

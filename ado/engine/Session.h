@@ -1,0 +1,47 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ado/engine/DriverError.h"
+#include "ado/engine/Parameter.h"
+#include "ado/engine/RowSet.h"
+
+namespace quorvel::ado {
+
+/// What a batch or a procedure returned.
+struct Result {
+  std::optional<RowSet> rows;        ///< the first result set, read to its end; nothing when there was none
+  std::vector<Diagnostic> messages;  ///< warnings of a run that succeeded
+};
+
+/// One open session of a database engine. Everything it throws is a DriverError. One thread uses
+/// it at a time, and nothing of it stays open between two calls: no cursor, no read transaction.
+class Session {
+ public:
+  virtual ~Session() = default;
+
+  /// How long a statement may wait for others before SQLSTATE HYT00; 0 means without a limit.
+  virtual void SetCommandTimeout(std::chrono::seconds timeout) = 0;
+
+  /// Runs one T-SQL batch. Statements before a failing one keep their effect, as on a server.
+  virtual Result Execute(std::string_view batch) = 0;
+
+  /// The parameters of a procedure, in order, without the return value. The session keeps the answer and
+  /// asks again only when the procedure was changed through it.
+  virtual std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) = 0;
+
+  /// Runs a procedure. `parameters` are matched by position: one without a value takes the procedure's default, except
+  /// that a server gets NULL for an output parameter. Then sets the values of the output parameters; a call that throws
+  /// changes none.
+  virtual Result Call(std::string_view procedure, std::span<Parameter> parameters) = 0;
+
+  /// Engine, version and file or server, as text for people.
+  [[nodiscard]] virtual std::string Describe() const = 0;
+};
+
+}  // namespace quorvel::ado
