@@ -13,27 +13,27 @@ constexpr int kButtonGap = 45;
 constexpr int kButtons = 4;
 
 /// The height that the frame and the column of buttons beside it share.
-int LowerHeight(const EditControls& controls) noexcept {
-  const int column = kButtons * controls.button.height + (kButtons - 1) * kButtonGap;
-  return std::max({EditControls().frameHeight, controls.frameHeight, column});
+int LowerHeight(const EditSizes& sizes) noexcept {
+  const int column = kButtons * sizes.button.height + (kButtons - 1) * kButtonGap;
+  return std::max({EditSizes().frameHeight, sizes.frameHeight, column});
 }
 
-/// What the controls need beyond the room they were drawn with.
-ui::TwipSize GrowthOf(const EditControls& controls) noexcept {
-  const EditControls drawn;
-  return {std::max(0, controls.button.width - drawn.button.width), LowerHeight(controls) - LowerHeight(drawn)};
+/// How much larger than the design the controls make the window.
+ui::TwipSize GrowthOf(const EditSizes& sizes) noexcept {
+  const EditSizes design;
+  return {std::max(0, sizes.button.width - design.button.width), LowerHeight(sizes) - LowerHeight(design)};
 }
 
 }  // namespace
 
-ui::TwipSize SmallestEditor(const EditControls& controls) noexcept {
-  const ui::TwipSize growth = GrowthOf(controls);
+ui::TwipSize SmallestEditor(const EditSizes& sizes) noexcept {
+  const ui::TwipSize growth = GrowthOf(sizes);
   return {kSmallest.width + growth.width, kSmallest.height + growth.height};
 }
 
-EditLayout LayOutEditor(const ui::TwipSize& window, const EditControls& controls) noexcept {
-  const ui::TwipSize smallest = SmallestEditor(controls);
-  const ui::TwipSize growth = GrowthOf(controls);
+EditLayout LayOutEditor(const ui::TwipSize& window, const EditSizes& sizes) noexcept {
+  const ui::TwipSize smallest = SmallestEditor(sizes);
+  const ui::TwipSize growth = GrowthOf(sizes);
   const int width = std::max(window.width, smallest.width);
   const int height = std::max(window.height, smallest.height);
   const int column = width - 1165 - growth.width;
@@ -41,10 +41,10 @@ EditLayout LayOutEditor(const ui::TwipSize& window, const EditControls& controls
   EditLayout layout;
   layout.grid = {kMargin, kMargin, width - 243, height - 2040 - growth.height};
   const int top = layout.grid.top + layout.grid.height + kBelowGrid;
-  layout.frame = {kMargin, top, column - 2 * kMargin, LowerHeight(controls)};
-  const auto button = [&](int place) {
-    const int travel = layout.frame.height - controls.button.height;
-    return ui::TwipRect{column, top + travel * place / (kButtons - 1), controls.button.width, controls.button.height};
+  layout.frame = {kMargin, top, column - 2 * kMargin, LowerHeight(sizes)};
+  const auto button = [&](int index) {
+    const int travel = layout.frame.height - sizes.button.height;
+    return ui::TwipRect{column, top + travel * index / (kButtons - 1), sizes.button.width, sizes.button.height};
   };
   layout.newButton = button(0);
   layout.saveButton = button(1);

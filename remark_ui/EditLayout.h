@@ -6,13 +6,13 @@
 
 namespace quorvel {
 
-/// How much room the controls of the editor need on this desktop, in twips; never less than they were drawn with.
-struct EditControls {
+/// The room that the controls of the editor need on this desktop, in twips. The defaults are the design's.
+struct EditSizes {
   int frameHeight = 1465;
   ui::TwipSize button{982, 330};
 };
 
-/// Where the controls stand inside the window, in twips.
+/// The rectangles of the controls inside the window, in twips.
 struct EditLayout {
   ui::TwipRect grid;
   ui::TwipRect frame;
@@ -22,12 +22,13 @@ struct EditLayout {
   ui::TwipRect closeButton;
 };
 
-/// `window` is the whole window, as TwipScale counts it. The grid takes what the window grows by. Controls that need
-/// more room than drawn make the window larger.
-[[nodiscard]] ui::TwipSize SmallestEditor(const EditControls& controls) noexcept;
-[[nodiscard]] EditLayout LayOutEditor(const ui::TwipSize& window, const EditControls& controls) noexcept;
+/// The smallest size of the whole window, as TwipScale counts it. Controls that need more room than the design's make
+/// it larger.
+[[nodiscard]] ui::TwipSize SmallestEditor(const EditSizes& sizes) noexcept;
+/// Lays out a whole window of that size, or the smallest one. The grid takes all that a window is larger than that.
+[[nodiscard]] EditLayout LayOutEditor(const ui::TwipSize& window, const EditSizes& sizes) noexcept;
 
-/// The height of the grid's rows in grid units, for a context's RowHeight in text lines.
+/// Converts a context's RowHeight, in text lines, to the height of the grid's rows, in grid units.
 [[nodiscard]] std::int32_t GridRowHeight(std::int32_t rowHeight) noexcept;
 
 }  // namespace quorvel

@@ -6,7 +6,7 @@ namespace quorvel {
 
 class RemarkContext;
 
-/// "Acme Tools [C1044] Customer Remarks [SQL01]": the title of the windows on an owner's remarks.
+/// The title of the windows that show an owner's remarks: "Acme Tools [C1044] Customer Remarks [SQL01]".
 [[nodiscard]] std::string OwnerTitle(const RemarkContext& context);
 
 }  // namespace quorvel

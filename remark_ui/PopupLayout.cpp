@@ -11,16 +11,17 @@ constexpr int kGap = 60;
 constexpr int kTextLeft = 960;
 constexpr int kLine = 195;
 
-/// How much higher than drawn: the type line pushes down what is below it, the buttons grow towards the window's edge.
+/// How much higher than the design's the controls are: the type line moves the controls below it down, the buttons grow
+/// towards the window's edge.
 struct Growth {
   int above;
   int below;
 };
 
-Growth GrowthOf(const PopupControls& controls) noexcept {
-  const PopupControls drawn;
-  return {controls.typeHeight - drawn.typeHeight,
-          std::max(controls.next.height, controls.previous.height) - drawn.next.height};
+Growth GrowthOf(const PopupSizes& sizes) noexcept {
+  const PopupSizes design;
+  return {sizes.typeHeight - design.typeHeight,
+          std::max(sizes.next.height, sizes.previous.height) - design.next.height};
 }
 
 /// Level with the first line of text in `control`, `inset` below its edge.
@@ -30,28 +31,28 @@ ui::TwipRect LabelBeside(const ui::TwipRect& control, int inset) noexcept {
 
 }  // namespace
 
-ui::TwipSize SmallestPopup(const PopupControls& controls) noexcept {
-  const Growth growth = GrowthOf(controls);
+ui::TwipSize SmallestPopup(const PopupSizes& sizes) noexcept {
+  const Growth growth = GrowthOf(sizes);
   return {kSmallest.width, kSmallest.height + growth.above + growth.below};
 }
 
-PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupControls& controls) noexcept {
-  const ui::TwipSize smallest = SmallestPopup(controls);
-  const Growth growth = GrowthOf(controls);
+PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupSizes& sizes) noexcept {
+  const ui::TwipSize smallest = SmallestPopup(sizes);
+  const Growth growth = GrowthOf(sizes);
   const int width = std::max(window.width, smallest.width);
   const int height = std::max(window.height, smallest.height) - growth.above - growth.below;
   const int buttonTop = height - 945 + growth.above;
 
   PopupLayout layout;
-  layout.remarkType = {kTextLeft, kMargin / 2, width - 1200, controls.typeHeight};
-  layout.remark = {kTextLeft, layout.remarkType.top + controls.typeHeight + kGap, width - 1200, height - 1450};
-  layout.typeLabel = LabelBeside(layout.remarkType, (controls.typeHeight - kLine) / 2);
+  layout.remarkType = {kTextLeft, kMargin / 2, width - 1200, sizes.typeHeight};
+  layout.remark = {kTextLeft, layout.remarkType.top + sizes.typeHeight + kGap, width - 1200, height - 1450};
+  layout.typeLabel = LabelBeside(layout.remarkType, (sizes.typeHeight - kLine) / 2);
   layout.remarkLabel = LabelBeside(layout.remark, 15);
-  layout.next = {layout.remark.left + layout.remark.width - controls.next.width, buttonTop, controls.next.width,
-                 controls.next.height};
-  layout.previous = {layout.next.left - controls.previous.width - kGap, buttonTop, controls.previous.width,
-                     controls.previous.height};
-  layout.counter = {kMargin, buttonTop, layout.previous.left - kGap - kMargin, controls.next.height};
+  layout.next = {layout.remark.left + layout.remark.width - sizes.next.width, buttonTop, sizes.next.width,
+                 sizes.next.height};
+  layout.previous = {layout.next.left - sizes.previous.width - kGap, buttonTop, sizes.previous.width,
+                     sizes.previous.height};
+  layout.counter = {kMargin, buttonTop, layout.previous.left - kGap - kMargin, sizes.next.height};
   return layout;
 }
 

@@ -4,14 +4,14 @@
 
 namespace quorvel {
 
-/// How large the controls of the pop-up window are on this desktop, in twips; never smaller than they were drawn.
-struct PopupControls {
+/// The sizes of the controls of the pop-up window on this desktop, in twips. The defaults are the design's.
+struct PopupSizes {
   int typeHeight = 285;
   ui::TwipSize next{1215, 375};
   ui::TwipSize previous{1215, 375};
 };
 
-/// Where the controls stand inside the window, in twips.
+/// The rectangles of the controls inside the window, in twips.
 struct PopupLayout {
   ui::TwipRect typeLabel;
   ui::TwipRect remarkType;
@@ -22,9 +22,10 @@ struct PopupLayout {
   ui::TwipRect counter;
 };
 
-/// `window` is the whole window, as TwipScale counts it. Controls that are higher than drawn make the window higher:
-/// what stands below keeps its distances.
-[[nodiscard]] ui::TwipSize SmallestPopup(const PopupControls& controls) noexcept;
-[[nodiscard]] PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupControls& controls) noexcept;
+/// The smallest size of the whole window, as TwipScale counts it. Controls that are higher than the design's make it
+/// higher, and the distances between the controls stay the same.
+[[nodiscard]] ui::TwipSize SmallestPopup(const PopupSizes& sizes) noexcept;
+/// Lays out a whole window of that size, or the smallest one.
+[[nodiscard]] PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupSizes& sizes) noexcept;
 
 }  // namespace quorvel

@@ -22,7 +22,7 @@ template <typename Make>
 void FillText(std::string& text, const Make& make) noexcept {
   try {
     text = make();
-  } catch (const std::exception&) {  // a remark that lacks something is still shown with what it has
+  } catch (const std::exception&) {  // the rest of the remark is still shown
   }
 }
 

@@ -9,7 +9,7 @@ namespace quorvel {
 class Remark;
 class RemarkContext;
 
-/// What the pop-up window shows. A new one holds what its controls are drawn with before anything was read.
+/// The texts and button states of the pop-up window. A new one holds the texts that the controls are designed with.
 struct PopupDisplay {
   bool previousEnabled = true;
   bool previousVisible = true;
@@ -19,23 +19,23 @@ struct PopupDisplay {
   std::string counter = "Label1";
 };
 
-/// The way through the remarks of a context that pop up. It starts at the first remark of the list whatever that is,
-/// and takes the place in the list for the number of the remark wherever it decides what may be pressed: right as long
-/// as the remarks that pop up stand first, which is how they are read.
+/// Walks through the remarks of a context that pop up. The walk starts at the first remark of the list, whether that
+/// pops up or not. The buttons depend on the position in the list, not on the number among the remarks that pop up.
+/// Both are the same as long as these come first in the list, as the database returns them.
 ///
-/// An error leaves the walk where it cannot go on.
+/// After an error the walk cannot be used.
 class PopupWalk {
  public:
-  /// Counts once; what pops up later is not counted. Keeps the context.
+  /// Counts the remarks that pop up; the number does not follow later changes. Shares the context.
   explicit PopupWalk(std::shared_ptr<const RemarkContext> context);
 
   [[nodiscard]] std::int32_t PopupCount() const noexcept { return m_popupCount; }
-  /// Whether Next finishes.
+  /// Whether Next closes the window.
   [[nodiscard]] bool IsAtEnd() const noexcept { return m_listIndex == m_popupCount; }
-  /// To the remark that pops up before or behind this one. Error 91 when the list ends before there is one.
+  /// Moves to the previous or next remark that pops up. Throws error 91 when the list has none.
   void Previous();
   void Next();
-  /// Puts the remark of now into `display`. A text that cannot be made stays as it was there.
+  /// Fills `display` from the current remark. A text that cannot be read keeps its previous value.
   void Fill(PopupDisplay& display) const noexcept;
 
  private:

@@ -5,13 +5,13 @@
 
 namespace quorvel {
 
-/// A remark's text as text boxes take it: every line break (CR LF, CR or LF) a line feed, and a zero, at which they
-/// would end the text, its picture U+2400.
+/// Converts a remark's text for a text box: each line break (CR LF, CR or LF) becomes a line feed, and a zero becomes
+/// its picture U+2400, because a text box ends its text at a zero.
 [[nodiscard]] std::string ShownText(std::string_view stored);
 
-/// What the user made of `original` in a text box, as it is stored: the line breaks are CR LF, which the database's
-/// other programs expect, unless those of `original` were line feeds only; pictures of zeros are zeros where it had
-/// any.
+/// Converts `typed`, the content of a text box that showed `original`, for storing. Line breaks become CR LF, which
+/// other programs on the database expect, unless `original` has line feeds only. Pictures of zeros become zeros if
+/// `original` has zeros.
 [[nodiscard]] std::string StoredText(std::string_view typed, std::string_view original);
 
 }  // namespace quorvel

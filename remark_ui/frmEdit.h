@@ -68,7 +68,7 @@ class frmEdit : public ui::ModalDialog {
   wxButton* cmdDelete = nullptr;
   wxButton* cmdClose = nullptr;
 
-  EditControls m_sizes;
+  EditSizes m_sizes;
   std::unique_ptr<GridEXWrapper> m_wrapper;
   std::shared_ptr<RemarkContext> m_context;  ///< while the window is open
   RemarkRows m_rows;

@@ -93,7 +93,7 @@ void frmPopup::MeasureControls() {
     return ui::TwipSize{std::max(drawn.width, scale.ToTwips(best.GetWidth() + 1)),
                         std::max(drawn.height, scale.ToTwips(best.GetHeight() + 1))};
   };
-  const PopupControls drawn;
+  const PopupSizes drawn;
   m_sizes.typeHeight = atLeast({0, drawn.typeHeight}, *txtRemarkType).height;
   m_sizes.previous = atLeast(drawn.previous, *cmdPrev);
   for (const char* caption : {"&Next", "&Finish"}) {

@@ -42,7 +42,7 @@ class frmPopup : public ui::ModalDialog {
   wxButton* cmdPrev;
   wxButton* cmdNext;
 
-  PopupControls m_sizes;
+  PopupSizes m_sizes;
   PopupDisplay m_display;
   std::optional<PopupWalk> m_walk;  ///< while the window is open
 };

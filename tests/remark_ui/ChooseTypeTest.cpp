@@ -12,7 +12,7 @@
 namespace quorvel::test {
 namespace {
 
-/// A context of types with these rights to create: A, B, C and so on.
+/// Adds the types A, B, C and so on with these rights to create.
 void AddTypes(const ContextHolder& context, std::initializer_list<std::int32_t> rights) {
   std::string id = "A";
   for (const std::int32_t right : rights) {
@@ -25,14 +25,14 @@ void AddTypes(const ContextHolder& context, std::initializer_list<std::int32_t> 
   }
 }
 
-/// What is chosen: the type's identifier and its position, such as "C3"; "-1" for none.
+/// The identifier and position of the chosen type, such as "C3"; "-1" for none.
 std::string Choose(frmChooseType& chooser, const ContextHolder& context) {
   std::int32_t index = 7;
   const auto type = chooser.ChooseType(*context, index);
   return (type ? type->TypeID() : "") + std::to_string(index);
 }
 
-TEST(ChooseType, AsksNobodyWhereThereIsNothingToDecide) {
+TEST(ChooseType, OpensNoWindowForOneTypeOrNone) {
   frmChooseType chooser;
   const ContextHolder none;
   AddTypes(none, {0, 0});
@@ -40,50 +40,41 @@ TEST(ChooseType, AsksNobodyWhereThereIsNothingToDecide) {
   const ContextHolder one;
   AddTypes(one, {0, 0, 1, 0});
   EXPECT_EQ(Choose(chooser, one), "C3");
-  one->Dispose();
+  one->Dispose();  // which leaves no types
   EXPECT_EQ(Choose(chooser, one), "-1");
 }
 
-TEST(ChooseType, TakesWhatIsSelectedWhenTheUserAgreesAndNothingOtherwise) {
-  using Action = std::function<void(frmChooseType&, wxListBox&)>;
-  const Action toLast = [](frmChooseType& chooser, wxListBox& list) {
-    list.SetSelection(1);
-    Press(chooser, "cmdOK");
+TEST(ChooseType, ReturnsTheSelectedTypeUnlessCancelled) {
+  struct Case {
+    std::function<void(frmChooseType&, wxListBox&)> act;
+    const char* chosen;
   };
-  const Action doubleClick = [](frmChooseType&, wxListBox& list) {
+  const auto doubleClickOnLast = [](frmChooseType&, wxListBox& list) {
     list.SetSelection(1);
     wxCommandEvent event(wxEVT_LISTBOX_DCLICK, list.GetId());
     list.Command(event);
   };
-  const Action keys = [](frmChooseType& chooser, wxListBox& list) {
-    wxUIActionSimulator keyboard;
+  const auto downAndEnter = [](frmChooseType&, wxListBox& list) {
     EXPECT_TRUE(WaitFor([&] { return list.HasFocus(); }));
-    keyboard.Char(WXK_DOWN);
+    wxUIActionSimulator().Char(WXK_DOWN);
     EXPECT_TRUE(WaitFor([&] { return list.GetSelection() == 1; }));
-    keyboard.Char(WXK_RETURN);
-    EXPECT_TRUE(WaitFor([&] { return !chooser.IsShown(); }));
-  };
-  const Action escape = [](frmChooseType& chooser, wxListBox&) {
-    wxUIActionSimulator().Char(WXK_ESCAPE);
-    EXPECT_TRUE(WaitFor([&] { return !chooser.IsShown(); }));
+    wxUIActionSimulator().Char(WXK_RETURN);
   };
   const ContextHolder context;
   AddTypes(context, {0, 1, 0, -1});
   frmChooseType chooser;
-  for (const auto& [act, chosen] : std::initializer_list<std::pair<Action, const char*>>{
-           {[](auto&window, auto&) { Press(window, "cmdOK"); }, "B2"},
-           {toLast, "D4"},
-           {[](auto&window, auto&) { Press(window, "cmdCancel"); }, "-1"},
-           {doubleClick, "D4"},
-           {[](auto&window, auto&) { window.Close(); }, "-1"},
-           {keys, "D4"},
-           {escape, "-1"}}) {
+  for (const auto& [act, chosen] :
+       {Case{[](auto&window, auto&) { Press(window, "cmdOK"); }, "B2"},
+        Case{[](auto&window, auto&) { Press(window, "cmdCancel"); }, "-1"}, Case{doubleClickOnLast, "D4"},
+        Case{[](auto&window, auto&) { window.Close(); }, "-1"}, Case{downAndEnter, "D4"},
+        Case{[](auto&, auto&) { wxUIActionSimulator().Char(WXK_ESCAPE); }, "-1"}}) {
     ModalScript script;
     script.ExpectWindow<frmChooseType>("Choose Remark Type", [&act = act](frmChooseType& window) {
       auto& list = Find<wxListBox>(window, "lstRemarkType");
       EXPECT_THAT(list.GetStrings(), testing::ElementsAre("Type B", "Type D"));
       EXPECT_EQ(list.GetSelection(), 0);
       act(window, list);
+      EXPECT_TRUE(WaitFor([&] { return !window.IsShown(); }));
     });
     EXPECT_EQ(Choose(chooser, context), chosen);
   }

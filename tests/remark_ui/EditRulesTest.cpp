@@ -1,3 +1,4 @@
+// The rules of the editor without a window: rights, texts, what is stored, layout.
 #include <limits>
 #include <string>
 #include <utility>
@@ -14,20 +15,17 @@ namespace quorvel {
 namespace {
 
 using test::ContextHolder;
-using test::Number;
 using test::RemarkAt;
 using testing::ElementsAre;
 using testing::Field;
 using Outcome = EditedRemark::Outcome;
-
-constexpr const char* kEmptyRefusal = "Empty remarks not permitted.  Use delete to erase a remark";
 
 RemarkInput Typed(const std::string& text, const std::optional<TypeChoice>& type = {}) { return {text, true, type}; }
 RemarkInput Untouched(const RemarkDisplay& display, const std::optional<TypeChoice>& type = {}) {
   return {display.text, false, type};
 }
 
-/// Remarks of Acme Tools as `user` has them, all made the logon user's own.
+/// The remarks of Acme Tools.
 class EditRulesTest : public testing::Test {
  protected:
   void Open(const std::string& user) {
@@ -37,18 +35,14 @@ class EditRulesTest : public testing::Test {
   }
   /// The position of the first remark of a type.
   [[nodiscard]] std::int32_t First(const std::string& typeID) const {
-    for (std::int32_t i = 1; i <= m_context->MemoCount(); ++i) {
-      if (RemarkAt(m_context, i).RemarkType() == m_context->Item(typeID)) return i;
-    }
-    throw Error(0, "test", "no such remark");
+    std::int32_t position = 1;
+    while (RemarkAt(m_context, position).RemarkType() != m_context->Item(typeID)) ++position;
+    return position;
   }
   [[nodiscard]] TypeChoice Type(const std::string& typeID) const {
-    std::int32_t position = 0;
-    for (const auto& type : m_context->Types()->All()) {
-      ++position;
-      if (type->TypeID() == typeID) return {type->Caption(), position};
-    }
-    throw Error(0, "test", "no such type");
+    std::int32_t position = 1;
+    while (m_context->Item(Value(std::int64_t{position}))->TypeID() != typeID) ++position;
+    return {m_context->Item(typeID)->Caption(), position};
   }
   void BeginNew(const std::string& typeID) {
     const TypeChoice type = Type(typeID);
@@ -62,7 +56,7 @@ class EditRulesTest : public testing::Test {
   const std::string m_login = modUserName::GetUserName();
 };
 
-TEST_F(EditRulesTest, AuthorsAreGrantedTheirOwnRemarksForTheMomentOfTheQuestion) {
+TEST_F(EditRulesTest, AuthorsMayChangeTheirOwnRemarks) {
   struct Case {
     const char* typeID;
     std::int32_t canCreate;
@@ -89,12 +83,10 @@ TEST_F(EditRulesTest, AuthorsAreGrantedTheirOwnRemarksForTheMomentOfTheQuestion)
     EXPECT_EQ(type->CanDelete(), each.right);
   }
   RemarkAt(m_context, 1).SetRemarkType(nullptr);
-  for (const std::int32_t position : {-1, 0, 1, 99}) {
-    EXPECT_FALSE(RightsOnRemark(*m_context, position, "pat").canUpdate) << position;
-  }
+  for (const std::int32_t i : {-1, 0, 1, 99}) EXPECT_FALSE(RightsOnRemark(*m_context, i, "pat").canUpdate) << i;
 }
 
-TEST_F(EditRulesTest, WhatIsShownFollowsTheRights) {
+TEST_F(EditRulesTest, DisplayFollowsTheRights) {
   Open("mjones");  // creates General, creates and updates Credit
   const auto caption = [](const char* text) { return Field("caption", &TypeChoice::caption, text); };
 
@@ -104,7 +96,7 @@ TEST_F(EditRulesTest, WhatIsShownFollowsTheRights) {
   EXPECT_FALSE(display.isLocked);
   EXPECT_TRUE(display.canSave);
   EXPECT_FALSE(display.canDelete);
-  EXPECT_FALSE(display.canChooseType) << "what may not be deleted stays of its type";
+  EXPECT_FALSE(display.canChooseType) << "a remark that may not be deleted keeps its type";
   EXPECT_THAT(display.types, ElementsAre(caption("Credit")));
 
   m_edited.Show(First("Cust.General"));
@@ -129,29 +121,29 @@ TEST_F(EditRulesTest, WhatIsShownFollowsTheRights) {
   EXPECT_EQ(m_edited.Save(Typed("nothing to save it to")), Outcome::Nothing);
 }
 
-TEST_F(EditRulesTest, AnUnchangedRemarkKeepsAuthorAndDate) {
+TEST_F(EditRulesTest, SavingAnUnchangedRemarkKeepsAuthorAndDate) {
   Open("admin");
   Remark& remark = RemarkAt(m_context, 1);
-  // More than a text box can give back.
-  remark.SetMemoText(std::string("a\r\nb\0c\xFF", 7));
-  const DateTime written = remark.DateStamp();
-  const std::string author = remark.UserID();
-  m_edited.Show(1);
-  EXPECT_EQ(m_edited.Save(Untouched(m_edited.Display(), Type("Cust.AR.Coll"))), Outcome::Unchanged);
-  EXPECT_FALSE(m_edited.Display().canSave);
-  m_edited.Show(1);
-  EXPECT_EQ(m_edited.Save(Untouched(m_edited.Display())), Outcome::Unchanged) << "no type is selected";
-  EXPECT_EQ(remark.MemoText(), std::string("a\r\nb\0c\xFF", 7));
-  EXPECT_EQ(remark.UserID(), author);
-  EXPECT_EQ(remark.DateStamp(), written);
+  const std::string text("a\r\nb\0c\xFF", 7);  // a text box cannot return it unchanged
+  remark.SetMemoText(text);
+  remark.SetUserID("pat");
+  remark.SetDateStamp(kZeroDate);
+  for (const auto& type : {std::optional(Type("Cust.AR.Coll")), std::optional<TypeChoice>()}) {
+    m_edited.Show(1);
+    EXPECT_EQ(m_edited.Save(Untouched(m_edited.Display(), type)), Outcome::Unchanged);
+    EXPECT_FALSE(m_edited.Display().canSave);
+  }
+  EXPECT_EQ(remark.MemoText(), text);
+  EXPECT_EQ(remark.UserID(), "pat");
+  EXPECT_EQ(remark.DateStamp(), kZeroDate);
   EXPECT_FALSE(remark.Dirty());
 }
 
-TEST_F(EditRulesTest, ATextOrATypeIsStoredUnderTheLogonNameWithTheDate) {
+TEST_F(EditRulesTest, SavingAChangeStoresLogonNameAndDate) {
   Open("admin");
   Remark& remark = RemarkAt(m_context, 1);
   for (const RemarkInput& input : {Typed("one\ntwo"), Typed("one\ntwo", Type("Cust.Credit"))}) {
-    remark.SetUserID("somebody");
+    remark.SetUserID("pat");
     remark.SetDateStamp(kZeroDate);
     remark.SetDirty(false);
     m_edited.Show(1);
@@ -165,12 +157,12 @@ TEST_F(EditRulesTest, ATextOrATypeIsStoredUnderTheLogonNameWithTheDate) {
 
   m_edited.Show(1);
   m_edited.TypeChosen({"CREDIT", 2});
-  EXPECT_EQ(m_edited.CommitPending(Typed("typed before")), Outcome::Nothing) << "the type is what it was";
+  EXPECT_EQ(m_edited.CommitPending(Typed("typed before")), Outcome::Nothing) << "choosing its own type disables Save";
   m_edited.TypeChosen(Type("Cust.General"));
   EXPECT_TRUE(m_edited.Display().canSave);
 }
 
-TEST_F(EditRulesTest, EmptyTextsAreRefusedWithAMessageOrDroppedWithout) {
+TEST_F(EditRulesTest, EmptyTextIsRefusedBySaveAndDroppedByCommit) {
   Open("admin");
   const std::string before = RemarkAt(m_context, 1).MemoText();
   m_edited.Show(1);
@@ -181,7 +173,7 @@ TEST_F(EditRulesTest, EmptyTextsAreRefusedWithAMessageOrDroppedWithout) {
   m_prompts->answers = {PromptAnswer::Ok};
   EXPECT_EQ(m_edited.Save(Typed("", Type("Cust.Credit"))), Outcome::Nothing);
   ASSERT_EQ(m_prompts->shown.size(), 1U);
-  EXPECT_EQ(m_prompts->shown[0].text, kEmptyRefusal);
+  EXPECT_EQ(m_prompts->shown[0].text, "Empty remarks not permitted.  Use delete to erase a remark");
   EXPECT_EQ(m_prompts->shown[0].title, "Can Not Save");
   EXPECT_EQ(m_prompts->shown[0].buttons, PromptButtons::Ok);
   EXPECT_EQ(m_prompts->shown[0].icon, PromptIcon::Exclamation);
@@ -189,13 +181,13 @@ TEST_F(EditRulesTest, EmptyTextsAreRefusedWithAMessageOrDroppedWithout) {
   EXPECT_EQ(RemarkAt(m_context, 1).MemoText(), before);
   EXPECT_FALSE(m_context->RemarkList()->Dirty());
 
-  EXPECT_EQ(m_edited.Save(Typed("   ")), Outcome::Changed) << "blanks are a text where Save is pressed";
+  EXPECT_EQ(m_edited.Save(Typed("   ")), Outcome::Changed) << "Save accepts blanks";
 }
 
-TEST_F(EditRulesTest, ANewRemarkJoinsTheListWhenItIsSaved) {
+TEST_F(EditRulesTest, NewRemarkJoinsTheListWhenSavedAndLeavesItWhenDeleted) {
   Open("mjones");
   const std::int32_t count = m_context->MemoCount();
-  m_edited.Show(First("Cust.General"));  // locked, of a type that may not be chosen
+  m_edited.Show(First("Cust.General"));  // locked
   BeginNew("Cust.General");
   const RemarkDisplay& display = m_edited.Display();
   EXPECT_EQ(display.caption, "Edit Remark");
@@ -212,27 +204,18 @@ TEST_F(EditRulesTest, ANewRemarkJoinsTheListWhenItIsSaved) {
   EXPECT_EQ(added.UserID(), m_login);
   EXPECT_TRUE(added.Dirty());
   EXPECT_EQ(added.MemoKey(), 0);
-}
 
-TEST_F(EditRulesTest, DeletingTakesTheRemarkOutOfTheListAndANewOneJustAway) {
-  Open("admin");
-  const std::int32_t count = m_context->MemoCount();
-  const auto second = m_context->RemarkList()->Item(Number(2));
-  m_edited.Show(2);
   m_edited.Remove();
-  EXPECT_EQ(m_context->RemarkList()->Index(second), 0);
-  EXPECT_EQ(m_context->MemoCount(), count - 1);
+  EXPECT_EQ(m_context->MemoCount(), count);
   EXPECT_EQ(m_edited.Position(), 0);
-  EXPECT_EQ(m_edited.Display().caption, "View/Edit Remark");
-
   m_edited.Show(1);
   BeginNew("Cust.General");
   m_edited.Remove();
   m_edited.Remove();
-  EXPECT_EQ(m_context->MemoCount(), count - 1);
+  EXPECT_EQ(m_context->MemoCount(), count) << "a new remark is only forgotten";
 }
 
-TEST(RemarkTextTest, TextsSurviveTheTextBox) {
+TEST(RemarkTextTest, LineBreaksAndZerosSurviveTheTextBox) {
   struct Case {
     std::string stored;
     std::string shown;
@@ -250,28 +233,21 @@ TEST(RemarkTextTest, TextsSurviveTheTextBox) {
   }
 }
 
-TEST(EditLayoutTest, TheGridTakesWhatTheWindowHasAndTheRestFollows) {
-  struct Case {
-    ui::TwipSize window;
-    int width;
-    int height;
-  };
-  const EditControls drawn;
-  for (const Case& each : {Case{{12000, 9000}, 12000, 9000}, Case{{8255, 5400}, 8255, 5400},
-                           Case{{100, -5}, 8255, 5400}, Case{{8254, 9000}, 8255, 9000}}) {
-    const EditLayout layout = LayOutEditor(each.window, drawn);
-    EXPECT_EQ(layout.grid.width, each.width - 243);
-    EXPECT_EQ(layout.grid.height, each.height - 2040);
-    EXPECT_EQ(layout.frame.top, layout.grid.top + layout.grid.height + 50);
-    EXPECT_EQ(layout.newButton.left, each.width - 1165);
-    EXPECT_EQ(layout.closeButton.left, each.width - 1165);
-    EXPECT_LT(layout.frame.left + layout.frame.width, layout.saveButton.left);
-    EXPECT_EQ(layout.newButton.top, layout.frame.top);
-    EXPECT_EQ(layout.closeButton.top + layout.closeButton.height, layout.frame.top + layout.frame.height);
-  }
+TEST(EditLayoutTest, TheGridTakesAllThatTheWindowGrowsBy) {
+  const EditLayout smallest = LayOutEditor({8255, 5400}, {});
+  EXPECT_EQ(smallest.grid, (ui::TwipRect{60, 60, 8012, 3360}));
+  EXPECT_EQ(smallest.frame, (ui::TwipRect{60, 3470, 6970, 1465}));
+  EXPECT_EQ(smallest.newButton, (ui::TwipRect{7090, 3470, 982, 330}));
+  EXPECT_EQ(smallest.closeButton, (ui::TwipRect{7090, 3470 + 1465 - 330, 982, 330}));
+  const EditLayout larger = LayOutEditor({12000, 9000}, {});
+  EXPECT_EQ(larger.grid, (ui::TwipRect{60, 60, 11757, 6960}));
+  EXPECT_EQ(larger.saveButton.left, 12000 - 1165);
+  EXPECT_EQ(larger.frame.height, smallest.frame.height);
+  EXPECT_EQ(LayOutEditor({8254, 9000}, {}).grid, (ui::TwipRect{60, 60, 8012, 6960}));
+  EXPECT_EQ(LayOutEditor({12000, -5}, {}).frame.top, smallest.frame.top);
 }
 
-TEST(EditLayoutTest, RowsHaveMoreRoomFromSixLinesOn) {
+TEST(EditLayoutTest, RowsOfSixLinesAndMoreAreHigher) {
   for (const auto& [lines, height] : {std::pair{5, 1025}, {6, 1230}, {0, 75}}) {
     EXPECT_EQ(GridRowHeight(lines), height) << lines;
   }

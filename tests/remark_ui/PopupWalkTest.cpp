@@ -8,7 +8,7 @@
 namespace quorvel::test {
 namespace {
 
-/// "P-P": three remarks, of which the second does not pop up. Each has its number for a text.
+/// "P-P": three remarks, of which the second does not pop up. The text of each is its number.
 void AddRemarks(const ContextHolder& context, const std::string& pattern) {
   for (const bool showPopup : {false, true}) {
     auto type = std::make_shared<RemarkType>();
@@ -27,7 +27,7 @@ PopupWalk WalkAfter(const ContextHolder& context, const std::string& presses) {
   return walk;
 }
 
-TEST(PopupWalk, ThePlaceInTheListDecidesWhatMayBePressed) {
+TEST(PopupWalk, PositionInTheListDecidesTheButtons) {
   struct Case {
     const char* remarks;
     const char* presses;
@@ -60,7 +60,7 @@ TEST(PopupWalk, ThePlaceInTheListDecidesWhatMayBePressed) {
   }
 }
 
-TEST(PopupWalk, PastEitherEndOfTheListIsAnErrorOfWhoeverAsked) {
+TEST(PopupWalk, MovingPastEitherEndIsAnError) {
   for (const auto& [remarks, presses] : {std::pair{"P-P", "NN"}, {"-PP", "NP"}, {"-", "N"}}) {
     const ContextHolder context;
     AddRemarks(context, remarks);
@@ -69,7 +69,7 @@ TEST(PopupWalk, PastEitherEndOfTheListIsAnErrorOfWhoeverAsked) {
   }
 }
 
-TEST(PopupWalk, WhatCannotBeReadLeavesItsTextAndTheRestIsShown) {
+TEST(PopupWalk, AnUnreadableTextKeepsThePreviousOneAndTheRestIsShown) {
   const ContextHolder context;
   AddRemarks(context, "-PP");
   RemarkAt(context, 1).SetRemarkType(nullptr);
@@ -83,48 +83,35 @@ TEST(PopupWalk, WhatCannotBeReadLeavesItsTextAndTheRestIsShown) {
   walk.Fill(display);
   EXPECT_EQ(display.remarkType, "Loud  (jsmith on " + FormatShortDate(RemarkAt(context, 2).DateStamp()) + ")");
 
-  context->Dispose();  // by a host that does not wait
+  context->Dispose();  // by the host, while the window is open
   walk.Fill(display);
   EXPECT_EQ(display.remark, "2");
   EXPECT_EQ(display.counter, "Remark 2 of 2");
   EXPECT_THAT(Caught([&] { walk.Next(); }), HasNumber(ErrorNumber::ObjectNotSet));
 }
 
-int Bottom(const ui::TwipRect& rectangle) { return rectangle.top + rectangle.height; }
-int Right(const ui::TwipRect& rectangle) { return rectangle.left + rectangle.width; }
-
-TEST(PopupLayout, FollowsTheWindowDownToItsSmallestSize) {
-  struct Case {
-    ui::TwipSize window;
-    int textWidth;
-    int textHeight;
-    int buttonTop;
-  };
-  for (const Case& c : {Case{{5640, 2800}, 4440, 1350, 1855}, Case{{9000, 6000}, 7800, 4550, 5055},
-                        Case{{5000, 6000}, 4440, 4550, 5055}, Case{{9000, 100}, 7800, 1350, 1855}}) {
-    const PopupLayout layout = LayOutPopup(c.window, {});
-    EXPECT_EQ(layout.remarkType.width, c.textWidth);
-    EXPECT_EQ(layout.remark.width, c.textWidth);
-    EXPECT_EQ(layout.remark.height, c.textHeight);
-    EXPECT_EQ(layout.next, (ui::TwipRect{Right(layout.remark) - 1215, c.buttonTop, 1215, 375}));
-    EXPECT_EQ(layout.previous, (ui::TwipRect{layout.next.left - 1215 - 60, c.buttonTop, 1215, 375}));
-    EXPECT_EQ(layout.counter.top, c.buttonTop);
-  }
+TEST(PopupLayout, TheTextTakesAllThatTheWindowGrowsBy) {
+  const PopupLayout smallest = LayOutPopup({5640, 2800}, {});
+  EXPECT_EQ(smallest.remark, (ui::TwipRect{960, 405, 4440, 1350}));
+  EXPECT_EQ(smallest.next, (ui::TwipRect{4185, 1855, 1215, 375}));
+  EXPECT_EQ(smallest.previous, (ui::TwipRect{2910, 1855, 1215, 375}));
+  const PopupLayout larger = LayOutPopup({9000, 6000}, {});
+  EXPECT_EQ(larger.remarkType.width, 7800);
+  EXPECT_EQ(larger.remark, (ui::TwipRect{960, 405, 7800, 4550}));
+  EXPECT_EQ(larger.counter.top, 5055);
+  EXPECT_EQ(LayOutPopup({5639, 6000}, {}).remark, (ui::TwipRect{960, 405, 4440, 4550}));
+  EXPECT_EQ(LayOutPopup({9000, -5}, {}).next.top, smallest.next.top);
 }
 
-TEST(PopupLayout, LargerControlsPushNothingOverAnother) {
-  const PopupControls large{.typeHeight = 400, .next = {1500, 420}, .previous = {1600, 420}};
+TEST(PopupLayout, LargerControlsMakeTheWindowHigher) {
+  const PopupSizes large{.typeHeight = 400, .next = {1500, 420}, .previous = {1600, 420}};
   const ui::TwipSize smallest = SmallestPopup(large);
   EXPECT_EQ(smallest, (ui::TwipSize{5640, 2800 + 115 + 45}));
   const PopupLayout layout = LayOutPopup(smallest, large);
-  const PopupLayout drawn = LayOutPopup({5640, 2800}, {});
-  EXPECT_EQ(layout.remark.height, drawn.remark.height);
-  EXPECT_LT(Bottom(layout.remarkType), layout.remark.top);
-  EXPECT_LT(Bottom(layout.remark), layout.next.top);
-  EXPECT_EQ(smallest.height - Bottom(layout.next), 2800 - Bottom(drawn.next));
-  EXPECT_EQ(Right(layout.next), Right(layout.remark));
-  EXPECT_EQ(Right(layout.previous), layout.next.left - 60);
-  EXPECT_LT(Right(layout.counter), layout.previous.left);
+  EXPECT_EQ(layout.remark, (ui::TwipRect{960, 405 + 115, 4440, 1350}));
+  EXPECT_EQ(layout.next, (ui::TwipRect{3900, 1855 + 115, 1500, 420}));
+  EXPECT_EQ(layout.previous, (ui::TwipRect{2240, 1855 + 115, 1600, 420}));
+  EXPECT_LT(layout.counter.left + layout.counter.width, layout.previous.left);
 }
 
 }  // namespace
