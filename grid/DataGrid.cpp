@@ -12,8 +12,7 @@
 #include "grid/RecordsetSource.h"
 #include "grid/WrappedText.h"
 #include "platform/Error.h"
-#include "platform/wx/Accessibility.h"
-#include "platform/wx/ScrollBars.h"
+#include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
 
 namespace quorvel {

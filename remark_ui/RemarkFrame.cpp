@@ -8,10 +8,8 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "platform/wx/Accessibility.h"
-#include "platform/wx/ScrollBars.h"
+#include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
-#include "platform/wx/TextMargins.h"
 #include "platform/wx/Twips.h"
 
 namespace quorvel {

@@ -6,8 +6,8 @@
 #include <wx/listbox.h>
 #include <wx/sizer.h>
 
-#include "platform/wx/Accessibility.h"
-#include "platform/wx/ButtonKeys.h"
+#include "platform/wx/MakeButton.h"
+#include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
 #include "remark_ui/CreatableTypes.h"
 #include "runtime/RemarkContext.h"
@@ -19,14 +19,8 @@ frmChooseType::frmChooseType() : ModalDialog("Choose Remark Type") {
                                 wxLB_SINGLE | wxLB_HSCROLL, wxDefaultValidator, "lstRemarkType");
   lstRemarkType->SetMinSize(wxSize(GetCharWidth() * 40, GetCharHeight() * 12));
   ui::SetAccessibleName(*lstRemarkType, "Remark type");
-  const auto button = [this](const char* caption, const char* name) {
-    auto* made = new wxButton(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
-    ui::SetAccessibleName(*made, caption);
-    ui::ActAtOnce(*made);
-    return made;
-  };
-  cmdOK = button("OK", "cmdOK");
-  cmdCancel = button("Cancel", "cmdCancel");
+  cmdOK = ui::MakeButton(*this, "cmdOK", "OK");
+  cmdCancel = ui::MakeButton(*this, "cmdCancel", "Cancel");
   cmdOK->SetDefault();
   LayOut();
   BindHandlers();
@@ -45,10 +39,10 @@ void frmChooseType::LayOut() {
 }
 
 void frmChooseType::BindHandlers() {
-  const auto choose = Command([this] { cmdOK_Click(); });
+  const auto choose = UserAction([this] { cmdOK_Click(); });
   cmdOK->Bind(wxEVT_BUTTON, choose);
   lstRemarkType->Bind(wxEVT_LISTBOX_DCLICK, choose);
-  cmdCancel->Bind(wxEVT_BUTTON, Command([this] { Finish(); }));
+  cmdCancel->Bind(wxEVT_BUTTON, UserAction([this] { Finish(); }));
   lstRemarkType->Bind(wxEVT_LISTBOX, Guarded([this] { cmdOK->Enable(lstRemarkType->GetSelection() != wxNOT_FOUND); }));
 }
 

@@ -10,9 +10,10 @@
 
 #include "data/modWaitCursor.h"
 #include "grid/DataGrid.h"
+#include "platform/AtScopeEnd.h"
 #include "platform/RaisedFlag.h"
-#include "platform/wx/Accessibility.h"
-#include "platform/wx/ButtonKeys.h"
+#include "platform/wx/MakeButton.h"
+#include "platform/wx/NativeControls.h"
 #include "platform/wx/SendKeys.h"
 #include "platform/wx/Text.h"
 #include "remark_ui/OwnerTitle.h"
@@ -36,32 +37,6 @@ std::vector<GridColumn> Columns() {
 
 }  // namespace
 
-/// The context for as long as the window is open; afterwards nothing of it is left in the controls.
-class frmEdit::Opened {
- public:
-  Opened(frmEdit& window, RemarkContext& context) : m_window(window) {
-    m_window.m_context = context.shared_from_this();
-    m_window.m_rows.SetContext(m_window.m_context);
-    m_window.m_edited.Open(context);
-  }
-  ~Opened() {
-    m_window.m_wrapper.reset();
-    m_window.m_rows.SetContext(nullptr);
-    m_window.m_edited.Close();
-    m_window.m_context.reset();
-    m_window.Guard([this] {
-      const RaisedFlag loading(m_window.m_loading);
-      m_window.gdxMemos->Refetch();
-      m_window.Display();
-    });
-  }
-  Opened(const Opened&) = delete;
-  Opened& operator=(const Opened&) = delete;
-
- private:
-  frmEdit& m_window;
-};
-
 frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
   CreateControls();
   BindHandlers();
@@ -80,17 +55,10 @@ void frmEdit::CreateControls() {
   ui::SetAccessibleName(*gdxMemos, "Remarks");
   m_frame.emplace(*this, Scale());
   SetSizer(m_frame->Sizer());
-  const auto button = [this](const char* name, const char* caption) {
-    auto* made = new wxButton(this, wxID_ANY, caption);
-    made->SetName(name);
-    ui::SetAccessibleName(*made, ui::FromWx(made->GetLabelText()));
-    ui::ActAtOnce(*made);
-    return made;
-  };
-  cmdNew = button("cmdNew", "&New");
-  cmdSave = button("cmdSave", "&Save");
-  cmdDelete = button("cmdDelete", "&Delete");
-  cmdClose = button("cmdClose", "&Close");
+  cmdNew = ui::MakeButton(*this, "cmdNew", "&New");
+  cmdSave = ui::MakeButton(*this, "cmdSave", "&Save");
+  cmdDelete = ui::MakeButton(*this, "cmdDelete", "&Delete");
+  cmdClose = ui::MakeButton(*this, "cmdClose", "&Close");
   SetEscapeId(cmdClose->GetId());
 }
 
@@ -123,7 +91,8 @@ bool frmEdit::Layout() {
 
 void frmEdit::View(RemarkContext& context) {
   if (m_context) return RunModal();  // refuses, and nothing of the remarks on the screen changes
-  const Opened opened(*this, context);
+  const AtScopeEnd release([this] { ReleaseContext(); });
+  HoldContext(context);
   Guard([this] { Load(); });
   try {
     RunModal();
@@ -133,6 +102,25 @@ void frmEdit::View(RemarkContext& context) {
     modWaitCursor::ResetWait();
     throw;
   }
+}
+
+void frmEdit::HoldContext(RemarkContext& context) {
+  m_context = context.shared_from_this();
+  m_rows.SetContext(m_context);
+  m_edited.Open(context);
+}
+
+/// Afterwards the controls show nothing of the context.
+void frmEdit::ReleaseContext() {
+  m_wrapper.reset();
+  m_rows.SetContext(nullptr);
+  m_edited.Close();
+  m_context.reset();
+  Guard([this] {
+    const RaisedFlag loading(m_loading);
+    gdxMemos->Refetch();
+    Display();
+  });
 }
 
 void frmEdit::Load() {

@@ -36,13 +36,13 @@ class frmEdit : public ui::ModalDialog {
   bool Layout() override;
 
  private:
-  class Opened;
-
   void CreateControls();
   void BindHandlers();
   void BindGrid();
   void MeasureControls();
 
+  void HoldContext(RemarkContext& context);
+  void ReleaseContext();
   void Load();
   void Refresh();
   void SetUpGrid();

@@ -17,16 +17,16 @@ namespace quorvel {
 
 void frmEdit::BindHandlers() {
   BindGrid();
-  cmdNew->Bind(wxEVT_BUTTON, Command([this] { cmdNew_Click(); }));
-  cmdSave->Bind(wxEVT_BUTTON, Command([this] { cmdSave_Click(); }));
-  cmdDelete->Bind(wxEVT_BUTTON, Command([this] { cmdDelete_Click(); }));
-  cmdClose->Bind(wxEVT_BUTTON, Command([this] { cmdClose_Click(); }));
-  m_frame->cboRemarkType->Bind(wxEVT_CHOICE, Command([this] { cboRemarkType_Click(); }));
+  cmdNew->Bind(wxEVT_BUTTON, UserAction([this] { cmdNew_Click(); }));
+  cmdSave->Bind(wxEVT_BUTTON, UserAction([this] { cmdSave_Click(); }));
+  cmdDelete->Bind(wxEVT_BUTTON, UserAction([this] { cmdDelete_Click(); }));
+  cmdClose->Bind(wxEVT_BUTTON, UserAction([this] { cmdClose_Click(); }));
+  m_frame->cboRemarkType->Bind(wxEVT_CHOICE, UserAction([this] { cboRemarkType_Click(); }));
   m_frame->txtRemark->Bind(wxEVT_TEXT, Guarded([this] {
                              m_edited.TextEdited();
                              EnableControls(m_edited.Display());
                            }));
-  Bind(wxEVT_CHAR_HOOK, Command([this](wxKeyEvent& event) { KeyPressed(event); }));
+  Bind(wxEVT_CHAR_HOOK, UserAction([this](wxKeyEvent& event) { KeyPressed(event); }));
 }
 
 void frmEdit::BindGrid() {

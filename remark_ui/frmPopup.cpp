@@ -7,11 +7,10 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "platform/wx/Accessibility.h"
-#include "platform/wx/ButtonKeys.h"
-#include "platform/wx/ScrollBars.h"
+#include "platform/AtScopeEnd.h"
+#include "platform/wx/MakeButton.h"
+#include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
-#include "platform/wx/TextMargins.h"
 #include "remark_ui/OwnerTitle.h"
 #include "remark_ui/RemarkText.h"
 #include "runtime/RemarkContext.h"
@@ -20,24 +19,6 @@ namespace quorvel {
 namespace {
 
 constexpr ui::TwipSize kFirstSize{7200, 4200};
-
-/// The walk of an open window, and the window drawn anew at the end: nothing of a context stays behind.
-class OpenWalk {
- public:
-  OpenWalk(std::optional<PopupWalk>& walk, PopupDisplay& display, PopupWalk begun) : m_walk(walk), m_display(display) {
-    m_walk = std::move(begun);
-  }
-  ~OpenWalk() {
-    m_walk.reset();
-    m_display = {};
-  }
-  OpenWalk(const OpenWalk&) = delete;
-  OpenWalk& operator=(const OpenWalk&) = delete;
-
- private:
-  std::optional<PopupWalk>& m_walk;
-  PopupDisplay& m_display;
-};
 
 }  // namespace
 
@@ -57,11 +38,6 @@ void frmPopup::CreateControls() {
     ui::SetAccessibleName(*box, spokenName);
     return box;
   };
-  const auto button = [this](const char* caption, const char* name) {
-    auto* made = new wxButton(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
-    ui::ActAtOnce(*made);
-    return made;
-  };
   Label2 = label("Type", "Label2");
   txtRemarkType = textBox(0, "txtRemarkType", "Type");
   Label1 = label("Remark", "Label1");
@@ -69,20 +45,19 @@ void frmPopup::CreateControls() {
   ui::SetTextMargins(*txtRemark);
   ui::KeepScrollBars(*txtRemark);
   lblRemarkCounter = label("Label1", "lblRemarkCounter");
-  cmdPrev = button("&Previous", "cmdPrev");
-  ui::SetAccessibleName(*cmdPrev, "Previous");
-  cmdNext = button("Next", "cmdNext");
+  cmdPrev = ui::MakeButton(*this, "cmdPrev", "&Previous");
+  cmdNext = ui::MakeButton(*this, "cmdNext", "Next");
   cmdNext->SetDefault();
 }
 
 void frmPopup::BindHandlers() {
-  cmdPrev->Bind(wxEVT_BUTTON, Command([this] { cmdPrev_Click(); }));
-  cmdNext->Bind(wxEVT_BUTTON, Command([this] { cmdNext_Click(); }));
+  cmdPrev->Bind(wxEVT_BUTTON, UserAction([this] { cmdPrev_Click(); }));
+  cmdNext->Bind(wxEVT_BUTTON, UserAction([this] { cmdNext_Click(); }));
   Bind(wxEVT_SIZE, Guarded([this](wxSizeEvent& event) {
          event.Skip();
          if (!IsIconized()) LayOut();
        }));
-  Bind(wxEVT_CHAR_HOOK, Command([this](wxKeyEvent& event) { KeyPressed(event); }));
+  Bind(wxEVT_CHAR_HOOK, UserAction([this](wxKeyEvent& event) { KeyPressed(event); }));
 }
 
 void frmPopup::MeasureControls() {
@@ -108,7 +83,12 @@ void frmPopup::View(RemarkContext& context) {
   PopupWalk walk(context.shared_from_this());
   if (walk.PopupCount() <= 0) return;
   if (m_walk) return RunModal();  // refuses, and the remarks on the screen stay
-  const OpenWalk open(m_walk, m_display, std::move(walk));
+  // At the end nothing of the context stays in the window.
+  const AtScopeEnd closed([this] {
+    m_walk.reset();
+    m_display = {};
+  });
+  m_walk = std::move(walk);
   SetTitle(ui::ToWx(OwnerTitle(context)));
   SetClientSize(Scale().ClientSizeFor(kFirstSize));
   CentreOnScreen();

@@ -1,5 +1,7 @@
 #include "runtime/HostPrompts.h"
 
+#include <mutex>
+
 #include <fmt/format.h>
 
 #include "platform/CurrentPrompts.h"
@@ -11,7 +13,7 @@ namespace quorvel {
 template <typename Question>
 auto HostPrompts::Ask(Question question) {
   try {
-    // Starting the windows puts their boxes in force.
+    // The start of the windows installs their boxes.
     static_cast<void>(CurrentRemarkWindows("Quorvel.Prompts"));
   } catch (const Error& noWindow) {
     try {
@@ -21,8 +23,8 @@ auto HostPrompts::Ask(Question question) {
                   fmt::format("{}\n{}", noTerminal.Description(), noWindow.Description()));
     }
   }
-  Prompts& inForce = CurrentPrompts();
-  return &inForce == this ? question(m_terminal) : question(inForce);
+  Prompts& current = CurrentPrompts();
+  return &current == this ? question(m_terminal) : question(current);
 }
 
 PromptAnswer HostPrompts::ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
@@ -34,15 +36,14 @@ std::optional<std::string> HostPrompts::AskText(std::string_view prompt, std::st
   return Ask([&](Prompts& prompts) { return prompts.AskText(prompt, title); });
 }
 
-// Before the first window there is none to set a pointer over.
+// Before the first window there is no window to set a pointer over.
 void HostPrompts::SetPointer(PointerShape /*shape*/) noexcept {}
 
 void UseHostPrompts() {
-  static const bool once = [] {
+  static std::once_flag once;
+  std::call_once(once, [] {
     if (dynamic_cast<TerminalPrompts*>(&CurrentPrompts()) != nullptr) ExchangePrompts(std::make_shared<HostPrompts>());
-    return true;
-  }();
-  static_cast<void>(once);
+  });
 }
 
 }  // namespace quorvel

@@ -4,10 +4,9 @@
 
 namespace quorvel {
 
-/// How the component asks and tells a person inside a host that has opened no window yet: by the boxes of the window
-/// library, which is started for that, and where there can be none on the terminal. Where there is neither, the error
-/// says why not of both. Stands with the prompts in force and not with the published objects that need it: a host may
-/// unload those and load them again.
+/// The prompts inside a host that has opened no window yet. They start the window library and use its boxes; where it
+/// cannot start they use the terminal. Without either, the error gives both reasons. They live in the core and not with
+/// the published objects that need them, because a host may unload the published objects and load them again.
 class HostPrompts : public Prompts {
  public:
   PromptAnswer ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
@@ -22,7 +21,7 @@ class HostPrompts : public Prompts {
   TerminalPrompts m_terminal;
 };
 
-/// Puts them in force, once per process, unless somebody has put in others than the terminal's.
+/// Installs them, once per process, unless prompts other than the terminal's are installed.
 void UseHostPrompts();
 
 }  // namespace quorvel

@@ -11,19 +11,19 @@
 namespace quorvel {
 namespace {
 
-struct InForce {
+struct CurrentState {
   std::mutex starting;
   std::shared_ptr<RemarkWindows> windows;
-  std::shared_ptr<Prompts> formerPrompts;  ///< other threads may still be using them
+  std::shared_ptr<Prompts> formerPrompts;  ///< other threads may still use them
 };
 
-InForce& Current() {
-  // Never destroyed, as the prompts are not.
-  static auto& current = *new InForce();
+CurrentState& Current() {
+  // Never destroyed, like the prompts: a host's own static objects may still use it when the process ends.
+  static auto& current = *new CurrentState();
   return current;
 }
 
-void Start(InForce& current, std::string_view source) {
+void Start(CurrentState& current, std::string_view source) {
   try {
     WindowLibrary library = StartWindowLibrary();
     current.formerPrompts = ExchangePrompts(std::move(library.prompts));

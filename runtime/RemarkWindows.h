@@ -8,8 +8,8 @@ namespace quorvel {
 
 class RemarkContext;
 
-/// The windows that a context opens. A window library brings them, once per process; what a window keeps for itself it
-/// keeps on the one thread that can have windows.
+/// The windows that a context opens. A window library supplies them, once per process. The state of a window belongs to
+/// the one thread that can have windows.
 class RemarkWindows {
  public:
   virtual ~RemarkWindows() = default;
@@ -21,14 +21,14 @@ class RemarkWindows {
   virtual void ViewManager(std::int32_t modal) = 0;
 };
 
-/// The windows in force. The first call starts the window library and puts its prompts in force too. Error -1 from
-/// `source` when that cannot be done, for want of a display for example; a later call tries again.
+/// The installed windows. The first call starts the window library and installs its windows and prompts. Throws error
+/// -1 from `source` when it cannot start, for example without a display; a later call tries again.
 [[nodiscard]] RemarkWindows& CurrentRemarkWindows(std::string_view source);
 
-/// Whether there are windows in force already.
+/// Whether windows are installed.
 [[nodiscard]] bool HasRemarkWindows();
 
-/// Puts other windows in force and returns those that were. Null takes them away, so that the next call starts the
+/// Installs `windows` and returns the previous ones. After null the next call of CurrentRemarkWindows starts the
 /// library. Call it while no thread opens a window.
 std::shared_ptr<RemarkWindows> ExchangeRemarkWindows(std::shared_ptr<RemarkWindows> windows);
 

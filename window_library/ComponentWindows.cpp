@@ -1,7 +1,8 @@
 #include "window_library/ComponentWindows.h"
 
 #include "platform/Error.h"
-#include "platform/wx/VisualStyles.h"
+#include "platform/wx/Desktop.h"
+#include "platform/wx/DialogPrompts.h"
 #include "platform/wx/WindowSystem.h"
 
 namespace quorvel {
@@ -16,6 +17,11 @@ Window& Only(wxWeakRef<Window>& window) {
 }
 
 }  // namespace
+
+WindowLibrary ComponentWindows::Start() {
+  ui::RequireWindowSystem();
+  return {std::make_shared<ComponentWindows>(), std::make_shared<ui::DialogPrompts>()};
+}
 
 void ComponentWindows::ViewPopup(RemarkContext& context) {
   const ui::VisualStyles styles;

@@ -1,6 +1,6 @@
 #pragma once
 
-// The toolkit's header below uses it and does not ask for it.
+// wx/weakref.h uses this header but does not include it.
 #include <type_traits>
 
 #include <wx/weakref.h>
@@ -8,20 +8,25 @@
 #include "remark_ui/frmEdit.h"
 #include "remark_ui/frmPopup.h"
 #include "runtime/RemarkWindows.h"
+#include "runtime/WindowLibrary.h"
 
 namespace quorvel {
 
-/// The component's own windows: one pop-up and one editor, made when first needed and used again. Every call makes
-/// sure that windows can be opened on the calling thread and throws the error that says why not.
+/// The component's own windows: one pop-up and one editor, each made at its first use and used again. Every call throws
+/// as RequireWindowSystem does when no window can be opened on the calling thread.
 class ComponentWindows : public RemarkWindows {
  public:
+  /// Starts the toolkit on the calling thread and returns new ComponentWindows with the prompts that belong to them.
+  /// Throws as RequireWindowSystem does.
+  [[nodiscard]] static WindowLibrary Start();
+
   void ViewPopup(RemarkContext& context) override;
   void ViewEdit(RemarkContext& context) override;
   /// Error -1: this version has no administration window.
   void ViewManager(std::int32_t modal) override;
 
  private:
-  // The toolkit's, as all windows without a parent are: a host that ends it ends them too.
+  // The toolkit owns them, as it owns every window without a parent: a host that ends the toolkit destroys them.
   wxWeakRef<frmPopup> m_popup;
   wxWeakRef<frmEdit> m_edit;
 };

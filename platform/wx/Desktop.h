@@ -1,26 +1,41 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "platform/Error.h"
 
 namespace quorvel::ui {
 
+// What the component needs of the desktop that it runs on, with one body for each system.
+
 /// Error -1, "No window can be opened: " and the reason.
 [[nodiscard]] Error NoWindowError(std::string_view reason);
 inline constexpr std::string_view kOtherThreadHasWindows =
     "another thread of the program has windows already, and only one thread can have them";
 
-/// How wxWidgets is started inside a host, one body for each system.
-namespace desktop {
+/// Throws NoWindowError when nothing can be shown to a person: there is no display, there is no desktop, or another
+/// thread of the host runs the desktop's loop. Leaves nothing changed and may be called again.
+void RequireDesktop();
 
-/// NoWindowError when nothing can be shown to a person: no display, no desktop, or another thread of the host runs the
-/// desktop's loop. Changes nothing that lasts; may be called again.
-void Require();
-
-/// Starts wxWidgets with the application object that is set, as part of the module that this code is in; false when it
-/// does not start. Require went before.
+/// Starts wxWidgets with the application object that is set, as part of the module that contains this code. Returns
+/// false when it does not start. Call RequireDesktop first.
 [[nodiscard]] bool StartToolkit();
 
-}  // namespace desktop
+/// While it lives, controls that the calling thread makes have the look of today's programs, even in a host that asked
+/// the system for the old look. Scopes of a thread end in the reverse order of their beginning. Has an effect on
+/// Windows only, and none there when the system refuses.
+class VisualStyles {
+ public:
+  VisualStyles() noexcept;
+  // NOLINTNEXTLINE(performance-trivially-destructible): where there is nothing to choose it has nothing to undo.
+  ~VisualStyles();
+  VisualStyles(const VisualStyles&) = delete;
+  VisualStyles& operator=(const VisualStyles&) = delete;
+
+ private:
+  [[maybe_unused]] bool m_active = false;
+  [[maybe_unused]] std::uintptr_t m_cookie = 0;
+};
+
 }  // namespace quorvel::ui

@@ -5,18 +5,17 @@
 #include <wx/thread.h>
 #include <wx/utils.h>
 
-#include "platform/wx/HostLoop.h"
+#include "platform/wx/Desktop.h"
 #include "platform/wx/HostWindows.h"
 #include "platform/wx/MessageDialog.h"
 #include "platform/wx/ModalDialog.h"
 #include "platform/wx/Text.h"
-#include "platform/wx/VisualStyles.h"
 #include "platform/wx/WindowSystem.h"
 
 namespace quorvel::ui {
 namespace {
 
-/// Whether the hourglass is there on the component's behalf. Windows have one thread.
+/// Whether the component shows the hourglass. Only one thread has windows.
 bool isWaiting = false;
 
 bool HasWindows() { return wxAppConsole::GetInstance() != nullptr && wxThread::IsMain(); }
@@ -31,7 +30,7 @@ void ShowHourglass(bool show) {
   isWaiting = show;
 }
 
-/// A box that belongs to another window than its own program's topmost would appear behind it.
+/// The topmost window: a box with another parent would appear below it.
 wxWindow* Parent() {
   if (ModalDialog* topmost = ModalDialog::Topmost()) return topmost;
   wxWindow* active = wxGetTopLevelParent(wxGetActiveWindow());
@@ -55,8 +54,8 @@ long Style(PromptButtons buttons, PromptIcon icon) {
 
 int Run(wxDialog& dialog) {
   const DefaultPointer pointer;
-  const HostWindows hostWindows;
-  return ShowModalInHost(dialog);
+  HostWindows hostWindows;
+  return hostWindows.ShowModal(dialog);
 }
 
 }  // namespace
@@ -68,7 +67,7 @@ PromptAnswer DialogPrompts::ShowMessage(std::string_view text, std::string_view 
   MessageDialog dialog(Parent(), ToWx(text), ToWx(title), Style(buttons, icon));
   int answer = Run(dialog);
   if (buttons == PromptButtons::Ok) return PromptAnswer::Ok;
-  // Some desktops let a question be closed. One that was closed by a stray Esc must not count as a No that loses work.
+  // Some desktops let the user close a question. A stray Esc must not count as a No that loses work.
   while (answer != wxID_YES && answer != wxID_NO) answer = Run(dialog);
   return answer == wxID_YES ? PromptAnswer::Yes : PromptAnswer::No;
 }
@@ -85,7 +84,7 @@ void DialogPrompts::SetPointer(PointerShape shape) noexcept {
   try {
     ShowHourglass(shape == PointerShape::Hourglass);
   } catch (...) {
-    // A pointer is nothing to fail for.
+    // A wrong pointer is no reason to fail.
   }
 }
 

@@ -4,9 +4,9 @@
 
 namespace quorvel::ui {
 
-/// Message and input boxes of the desktop, and the pointer over the component's windows. Boxes belong to the
-/// component's topmost window, if one is open. RequireWindowSystem comes first and its error passes through; SetPointer
-/// does nothing before windows were opened.
+/// Message and input boxes of the desktop, and the pointer over the component's windows. A box belongs to the
+/// component's topmost window, if one is open. ShowMessage and AskText call RequireWindowSystem first and pass its
+/// error on; SetPointer does nothing before windows were opened.
 class DialogPrompts : public Prompts {
  public:
   PromptAnswer ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
@@ -15,7 +15,7 @@ class DialogPrompts : public Prompts {
   void SetPointer(PointerShape shape) noexcept override;
 };
 
-/// Shows the default pointer until the end of the scope, whatever was set before, and then that again.
+/// Shows the default pointer until the end of the scope, and then the previous one again.
 class DefaultPointer {
  public:
   DefaultPointer();

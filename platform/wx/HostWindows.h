@@ -2,11 +2,13 @@
 
 #include <memory>
 
+class wxDialog;
+
 namespace quorvel::ui {
 
-/// While it lives, a window of the component is modal for the host as well: the host's windows of this thread take no
-/// input, where the toolkit does not see to that itself. Afterwards they do again, and the one that was active is
-/// active.
+/// Makes a window of the component modal for the host as well. While the object lives, the host's windows of this
+/// thread take no input, where the toolkit does not do that itself. Afterwards they take input again, and the window
+/// that was active is active.
 class HostWindows {
  public:
   HostWindows();
@@ -14,8 +16,11 @@ class HostWindows {
   HostWindows(const HostWindows&) = delete;
   HostWindows& operator=(const HostWindows&) = delete;
 
-  /// Lets them take input again, ahead of the end: the system activates another program's window when it finds none to
-  /// go to.
+  /// Shows `dialog` as its ShowModal does. A loop that the host runs itself, which the toolkit would end, runs on.
+  int ShowModal(wxDialog& dialog);
+
+  /// Lets the host's windows take input again before the end: when a modal window closes and the system finds no other
+  /// window of the program to activate, it activates another program's.
   void Enable() noexcept;
 
  private:

@@ -1,30 +1,25 @@
+// A host waits in RunModal, so an error of a handler belongs to that call: it is kept, the window is closed, and
+// RunModal throws it. A window that is covered by others closes when those have closed.
 #include "platform/wx/ModalDialog.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
+#include "platform/AtScopeEnd.h"
 #include "platform/Error.h"
 #include "platform/wx/DialogPrompts.h"
-#include "platform/wx/HostLoop.h"
 #include "platform/wx/HostWindows.h"
 #include "platform/wx/WindowSystem.h"
 
 namespace quorvel::ui {
 namespace {
 
-/// The open windows, the topmost last. Windows have one thread.
+/// The open windows, the topmost last. Only one thread has windows.
 std::vector<ModalDialog*>& OpenWindows() {
   static std::vector<ModalDialog*> windows;
   return windows;
 }
-
-class Opened {
- public:
-  explicit Opened(ModalDialog* window) { OpenWindows().push_back(window); }
-  ~Opened() { OpenWindows().pop_back(); }
-  Opened(const Opened&) = delete;
-  Opened& operator=(const Opened&) = delete;
-};
 
 constexpr long kStyle = wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX;
 
@@ -35,28 +30,27 @@ wxWindow* WithWindowSystem() {
 
 }  // namespace
 
-ModalDialog::ModalDialog(const wxString& title)
-    : wxDialog(WithWindowSystem(), wxID_ANY, title, wxDefaultPosition, wxDefaultSize, kStyle | wxDIALOG_NO_PARENT) {
+ModalDialog::ModalDialog(const wxString& title, FailurePolicy policy)
+    : wxDialog(WithWindowSystem(), wxID_ANY, title, wxDefaultPosition, wxDefaultSize, kStyle | wxDIALOG_NO_PARENT),
+      GuardedWindow(static_cast<wxTopLevelWindow&>(*this)),
+      m_policy(policy) {
   Bind(wxEVT_CHAR_HOOK, &ModalDialog::CloseByEscape, this);
-  Bind(wxEVT_SIZE, &ModalDialog::KeepSmallest, this);
 }
 
 ModalDialog::~ModalDialog() = default;
 
 ModalDialog* ModalDialog::Topmost() { return OpenWindows().empty() ? nullptr : OpenWindows().back(); }
 
-bool ModalDialog::IsOpen() const { return std::ranges::count(OpenWindows(), this) != 0; }
-
 void ModalDialog::RunModal(const std::function<void()>& opened) {
-  if (IsOpen()) ThrowAlreadyModal();
+  if (std::ranges::count(OpenWindows(), this) != 0) ThrowAlreadyModal();
   // A handler may have failed while the window was filled.
   if (!m_failure) ShowUntilClosed(opened);
   if (ModalDialog* below = Topmost()) below->CloseAfterFailure();
   if (m_failure) std::rethrow_exception(std::exchange(m_failure, nullptr));
 }
 
-/// A window of the component belongs to the one that opened it, and the first to none: not even to a window of the host
-/// that the toolkit happens to know.
+/// A window of the component belongs to the window that opened it. The first belongs to none, not even to a window of
+/// the host that the toolkit knows.
 void ModalDialog::ChooseOwner() {
   const long style = GetWindowStyleFlag() & ~wxDIALOG_NO_PARENT;
   SetWindowStyleFlag(Topmost() == nullptr ? style | wxDIALOG_NO_PARENT : style);
@@ -64,13 +58,14 @@ void ModalDialog::ChooseOwner() {
 
 void ModalDialog::ShowUntilClosed(const std::function<void()>& opened) {
   ChooseOwner();
-  const Opened open(this);
+  OpenWindows().push_back(this);
+  const AtScopeEnd closed([] { OpenWindows().pop_back(); });
   const DefaultPointer pointer;
   HostWindows hostWindows;
   m_hostWindows = &hostWindows;
   m_opened = &opened;
   CallAfter(&ModalDialog::IsUp);
-  ShowModalInHost(*this);
+  hostWindows.ShowModal(*this);
   m_opened = nullptr;
   m_hostWindows = nullptr;
 }
@@ -78,7 +73,7 @@ void ModalDialog::ShowUntilClosed(const std::function<void()>& opened) {
 void ModalDialog::IsUp() {
   const auto* opened = std::exchange(m_opened, nullptr);
   if (opened == nullptr) return;
-  // Window managers may leave a new window behind the one that has the keyboard.
+  // Window managers may leave a new window below the window that has the keyboard.
   Raise();
   if (*opened && !m_failure) Guard(*opened);
   CloseAfterFailure();
@@ -93,7 +88,7 @@ void ModalDialog::Finish() {
   if (IsModal()) EndModal(wxID_OK);
 }
 
-// The toolkit leaves Esc alone where there is no button for it.
+// The toolkit ignores Esc in a window without a button for it.
 void ModalDialog::CloseByEscape(wxKeyEvent& event) {
   if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers()) {
     Close();
@@ -102,28 +97,13 @@ void ModalDialog::CloseByEscape(wxKeyEvent& event) {
   }
 }
 
-void ModalDialog::SetSmallestInside(const wxSize& smallest) {
-  m_smallest = smallest;
-  m_border = GetSize() - GetClientSize();
-  SetMinClientSize(smallest);
-}
-
-// The toolkit limits the whole window, and learns how wide its border is when the window is on the screen.
-void ModalDialog::KeepSmallest(wxSizeEvent& event) {
-  event.Skip();
-  if (m_smallest == wxSize() || IsIconized()) return;
-  if (GetSize() - GetClientSize() != m_border) SetSmallestInside(m_smallest);
-  wxSize inside = GetClientSize();
-  inside.IncTo(m_smallest);
-  if (inside != GetClientSize()) SetClientSize(inside);
-}
-
-void ModalDialog::FailWith(std::exception_ptr failure) noexcept {
+void ModalDialog::HandleFailure(std::exception_ptr failure) noexcept {
+  if (m_policy == FailurePolicy::ShowAndStay) return GuardedWindow::HandleFailure(std::move(failure));
   if (!m_failure) m_failure = std::move(failure);
   CloseAfterFailure();
 }
 
-// The loop of a window below cannot be ended before those above it; it comes here again when they are closed.
+// The loops of the windows above must end first; this is called again when those windows have closed.
 void ModalDialog::CloseAfterFailure() {
   if (m_failure && Topmost() == this && IsModal()) EndModal(wxID_CANCEL);
 }

@@ -13,13 +13,12 @@
 namespace quorvel::ui {
 namespace {
 
-/// The toolkit's idea of the program, inside a host that is another program: it ends nothing and says nothing.
+/// The toolkit's object for the program. The program is the host, so this object ends nothing and reports nothing.
 class GuestApplication : public wxApp {
  public:
   GuestApplication() { SetExitOnFrameDelete(false); }
   bool OnInit() override { return true; }
-  // Handlers of the component report what they throw themselves. What is left comes out of the toolkit, and the
-  // alternative is the end of the host.
+  // The component's handlers handle their own errors. Any other error comes from the toolkit, and would end the host.
   bool OnExceptionInMainLoop() override { return true; }
   void ProcessPendingEvents() override {
     try {
@@ -29,17 +28,17 @@ class GuestApplication : public wxApp {
     }
   }
   void OnUnhandledException() override {}
-  // By default a window with a debugger's questions.
+  // The default is a window with a debugger's questions.
   void OnAssertFailure(const wxChar* /*file*/, int /*line*/, const wxChar* /*function*/, const wxChar* /*condition*/,
                        const wxChar* /*message*/) override {}
 };
 
 void Start() {
-  desktop::Require();
-  // Owned by the toolkit from here on, which deletes it when it does not start.
+  RequireDesktop();
+  // The toolkit owns it from here on and deletes it when it does not start.
   wxApp::SetInstance(new GuestApplication);
-  if (!desktop::StartToolkit()) throw NoWindowError("the windows' toolkit does not start");
-  // It would open windows of its own for what it logs.
+  if (!StartToolkit()) throw NoWindowError("the windows' toolkit does not start");
+  // The toolkit would open windows for its log messages.
   wxLog::EnableLogging(false);
 }
 

@@ -10,10 +10,10 @@
 
 #include "platform/OperatingSystem.h"
 
-namespace quorvel::ui::desktop {
+namespace quorvel::ui {
 namespace {
 
-/// GTK sets the process's locale when it starts, which is the host's business.
+/// GTK sets the process's locale when it starts, but the locale belongs to the host.
 class LocaleKeeper {
  public:
   LocaleKeeper() {
@@ -30,7 +30,8 @@ class LocaleKeeper {
   std::string m_before;
 };
 
-/// A variable of the environment that the toolkit sets for its own start, which a host's children would inherit.
+/// Restores a variable of the environment: the toolkit sets it for its own start, and the host's children would inherit
+/// it.
 class VariableKeeper {
  public:
   explicit VariableKeeper(const char* name) : m_name(name), m_before(os::Variable(name)) {}
@@ -50,8 +51,8 @@ class VariableKeeper {
   std::optional<std::string> m_before;
 };
 
-/// GTK 2 and GTK 4 have classes of the same names: with one of them in use, GTK 3 would end the process. Widgets have
-/// another parent in GTK 2, and in GTK 4 they are no objects of ATK.
+/// GTK 2 and GTK 4 have classes of the same names, and GTK 3 would end a process that uses one of them. Widgets have
+/// another parent class in GTK 2; in GTK 4 they are not objects of ATK.
 bool HostUsesOtherGtk() {
   const GType widget = g_type_from_name("GtkWidget");
   if (widget == 0) return false;
@@ -60,7 +61,7 @@ bool HostUsesOtherGtk() {
          g_type_is_a(widget, accessible) == FALSE;
 }
 
-/// Whether another thread runs the loop that events come by.
+/// Whether another thread runs the loop that delivers events.
 bool AnotherThreadRunsLoop() {
   if (g_main_context_acquire(nullptr) == FALSE) return true;
   g_main_context_release(nullptr);
@@ -75,11 +76,12 @@ std::string MissingDisplay() {
 
 }  // namespace
 
-void Require() {
+void RequireDesktop() {
   if (AnotherThreadRunsLoop()) throw NoWindowError(kOtherThreadHasWindows);
   if (HostUsesOtherGtk())
     throw NoWindowError("the program uses another version of GTK, and GTK 3 cannot run beside it");
-  // The lower half of GTK's start. The toolkit makes the upper one, and it must be the first to.
+  // This is the lower half of GTK's start. The upper half is the toolkit's, and the toolkit must be the first to run
+  // it.
   if (gdk_init_check(nullptr, nullptr) == FALSE) throw NoWindowError(MissingDisplay());
 }
 
@@ -90,4 +92,9 @@ bool StartToolkit() {
   return wxEntryStart(argumentCount, static_cast<wxChar**>(nullptr));
 }
 
-}  // namespace quorvel::ui::desktop
+// The desktop's theme is the same for all programs.
+VisualStyles::VisualStyles() noexcept = default;
+
+VisualStyles::~VisualStyles() = default;
+
+}  // namespace quorvel::ui

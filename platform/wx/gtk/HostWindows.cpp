@@ -1,6 +1,13 @@
+// GTK's own grab keeps input from the host's windows. Two things remain: the host's active window becomes active again
+// afterwards, and a loop that the host runs survives the component's modal window.
 #include "platform/wx/HostWindows.h"
 
 #include <gtk/gtk.h>
+
+#include <exception>
+
+#include <wx/dialog.h>
+#include <wx/evtloop.h>
 
 namespace quorvel::ui {
 namespace {
@@ -16,9 +23,25 @@ GtkWindow* ActiveWindow() {
   return active;
 }
 
+struct Showing {
+  wxDialog& dialog;
+  int answer = wxID_CANCEL;
+  std::exception_ptr failure;
+};
+
+gboolean Show(gpointer data) {
+  auto& showing = *static_cast<Showing*>(data);
+  try {
+    showing.answer = showing.dialog.ShowModal();
+  } catch (...) {
+    showing.failure = std::current_exception();
+  }
+  gtk_main_quit();
+  return G_SOURCE_REMOVE;
+}
+
 }  // namespace
 
-/// The grab of a modal window keeps input from all windows of GTK, the host's too.
 struct HostWindows::State {
   GWeakRef active;
 };
@@ -33,6 +56,17 @@ HostWindows::~HostWindows() {
     g_object_unref(window);
   }
   g_weak_ref_clear(&m_state->active);
+}
+
+// After a modal window the toolkit also ends the loop around it, because it takes that loop for its own. Where that
+// loop is the host's, another one is put between, which may be ended.
+int HostWindows::ShowModal(wxDialog& dialog) {
+  if (gtk_main_level() == 0 || wxEventLoopBase::GetActive() != nullptr) return dialog.ShowModal();
+  Showing showing{dialog, wxID_CANCEL, nullptr};
+  g_idle_add_full(G_PRIORITY_HIGH, Show, &showing, nullptr);
+  gtk_main();
+  if (showing.failure) std::rethrow_exception(showing.failure);
+  return showing.answer;
 }
 
 void HostWindows::Enable() noexcept {}

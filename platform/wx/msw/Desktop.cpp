@@ -4,12 +4,12 @@
 
 #include <wx/init.h>
 
-#include "platform/wx/VisualStyles.h"
+#include "platform/windows/ModulePath.h"
 
-namespace quorvel::ui::desktop {
+namespace quorvel::ui {
 namespace {
 
-/// Its address tells which module this is.
+/// Its address identifies the module that contains this code.
 const char kInThisModule = 0;
 
 bool HasVisibleDesktop() {
@@ -19,7 +19,7 @@ bool HasVisibleDesktop() {
          (flags.dwFlags & WSF_VISIBLE) != 0;
 }
 
-/// The toolkit leaves window classes and hooks behind that lead into this module, so it stays loaded from here on.
+/// The toolkit leaves window classes and hooks that point into this module, so the module is never unloaded.
 HINSTANCE PinnedModule() {
   HMODULE module = nullptr;
   ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
@@ -27,17 +27,49 @@ HINSTANCE PinnedModule() {
   return module;
 }
 
+HANDLE CreateContext() noexcept {
+  try {
+    const std::wstring file = os::ModulePath();
+    ACTCTXW request{};
+    request.cbSize = sizeof(request);
+    request.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    request.lpSource = file.c_str();
+    request.lpResourceName = ISOLATIONAWARE_MANIFEST_RESOURCE_ID;
+    return ::CreateActCtxW(&request);
+  } catch (...) {
+    return INVALID_HANDLE_VALUE;
+  }
+}
+
+/// The context of the manifest in the component's own file. The system lets each program choose between two libraries
+/// of controls, and without a context the host's choice would apply to the component. Never released, because controls
+/// refer to it; INVALID_HANDLE_VALUE when there is none.
+HANDLE Context() noexcept {
+  static const HANDLE context = CreateContext();
+  return context;
+}
+
 }  // namespace
 
-void Require() {
+void RequireDesktop() {
   if (!HasVisibleDesktop()) throw NoWindowError("the program runs on no desktop that a person sees, as services do");
 }
 
 bool StartToolkit() {
   const HINSTANCE module = PinnedModule();
-  // It looks up which library of controls there is and keeps the answer.
+  // The toolkit looks up which library of controls there is and keeps the answer.
   const VisualStyles styles;
   return module != nullptr && wxEntryStart(module);
 }
 
-}  // namespace quorvel::ui::desktop
+VisualStyles::VisualStyles() noexcept {
+  ULONG_PTR cookie = 0;
+  m_active = Context() != INVALID_HANDLE_VALUE && ::ActivateActCtx(Context(), &cookie) != 0;
+  m_cookie = cookie;
+}
+
+VisualStyles::~VisualStyles() {
+  if (m_active) ::DeactivateActCtx(0, m_cookie);
+}
+
+}  // namespace quorvel::ui

@@ -4,6 +4,9 @@
 
 #include <vector>
 
+#include <wx/dialog.h>
+#include <wx/msw/winundef.h>
+
 namespace quorvel::ui {
 
 struct HostWindows::State {
@@ -15,10 +18,9 @@ struct HostWindows::State {
 
 namespace {
 
-/// An exception would have to pass through the system that calls this; a window that there is no memory to remember
-/// stays enabled.
+/// The system calls this, and no exception may pass through it: a window that cannot be remembered stays enabled.
 BOOL CALLBACK Disable(HWND window, LPARAM windows) noexcept {
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands everything on as a number.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes every argument as a number.
   auto& disabled = *reinterpret_cast<std::vector<HWND>*>(windows);
   if (::IsWindowVisible(window) == 0 || ::IsWindowEnabled(window) == 0) return TRUE;
   try {
@@ -39,12 +41,14 @@ HostWindows::HostWindows() : m_state(std::make_unique<State>()) {
 HostWindows::~HostWindows() {
   Enable();
   if (::IsWindow(m_state->active) != 0) {
-    // While no window of the thread took input the system may have gone to another program's.
+    // While no window of the thread took input, the system may have activated another program's window.
     if (m_state->wasInFront) ::SetForegroundWindow(m_state->active);
     ::SetActiveWindow(m_state->active);
   }
   if (::IsWindow(m_state->focused) != 0) ::SetFocus(m_state->focused);
 }
+
+int HostWindows::ShowModal(wxDialog& dialog) { return dialog.ShowModal(); }
 
 void HostWindows::Enable() noexcept {
   for (HWND window : m_state->disabled) {

@@ -12,8 +12,8 @@
 #include <wx/utils.h>
 
 #include "platform/Error.h"
-#include "platform/wx/ButtonKeys.h"
 #include "platform/wx/DialogPrompts.h"
+#include "platform/wx/MakeButton.h"
 #include "tests/support/Caught.h"
 #include "tests/support/wx/ModalScript.h"
 #include "tests/support/wx/WaitFor.h"
@@ -27,9 +27,8 @@ using ::testing::ElementsAre;
 /// A window with a button.
 class Window : public ModalDialog {
  public:
-  explicit Window(const wxString& title) : ModalDialog(title), m_button(new wxButton(this, wxID_ANY, "&Do")) {
-    ActAtOnce(*m_button);
-    m_button->Bind(wxEVT_BUTTON, Command([this] {
+  explicit Window(const wxString& title) : ModalDialog(title), m_button(MakeButton(*this, "cmdDo", "&Do")) {
+    m_button->Bind(wxEVT_BUTTON, UserAction([this] {
                      if (onClick) onClick();
                    }));
   }
@@ -122,7 +121,7 @@ TEST(ModalDialog, IsNotOpenedWhenFillingItFailed) {
   EXPECT_THROW(window.RunModal(), std::runtime_error);
 }
 
-TEST(ModalDialog, OfAWindowBelowComesOutWhenTheOneAboveIsClosed) {
+TEST(ModalDialog, ErrorOfLowerWindowSurfacesAfterUpperCloses) {
   Window below("Below");
   Window above("Above");
   ModalScript script;

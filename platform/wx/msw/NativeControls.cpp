@@ -1,4 +1,4 @@
-#include "platform/wx/Accessibility.h"
+#include "platform/wx/NativeControls.h"
 
 #include <wx/access.h>
 #include <wx/window.h>
@@ -8,7 +8,7 @@
 namespace quorvel::ui {
 namespace {
 
-/// Gives the control itself a name; everything else about it the system knows.
+/// Gives the control itself a name; the system supplies the rest.
 class NamedControl : public wxAccessible {
  public:
   NamedControl(wxWindow& window, const wxString& name) : wxAccessible(&window), m_name(name) {}
@@ -29,5 +29,13 @@ void SetAccessibleName(wxWindow& window, std::string_view name) {
   // The window owns it.
   window.SetAccessible(new NamedControl(window, ToWx(name)));
 }
+
+// The system's buttons act at once, its scroll bars are always visible, and its text boxes have margins.
+
+void ActAtOnce(wxButton& /*button*/) {}
+
+void KeepScrollBars(wxWindow& /*window*/) {}
+
+void SetTextMargins(wxTextCtrl& /*box*/) {}
 
 }  // namespace quorvel::ui

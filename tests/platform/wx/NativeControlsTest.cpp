@@ -1,4 +1,4 @@
-#include "platform/wx/Accessibility.h"
+#include "platform/wx/NativeControls.h"
 
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+class wxButton;
+class wxTextCtrl;
+class wxWindow;
+
+namespace quorvel::ui {
+
+// What the component asks of a desktop's own controls beyond the toolkit, with one body for each system.
+
+/// Sets the name (UTF-8) that assistive technology uses for `window`: the text of the label beside it, or the text such
+/// a label would have. Works for a control that is made of several, but not for one that holds other controls.
+void SetAccessibleName(wxWindow& window, std::string_view name);
+
+/// Makes a button act at the moment its key is pressed. Some desktops first show it pressed for a while, and the user's
+/// next key overtakes it: the button would then act on another remark, or after its window is closed.
+void ActAtOnce(wxButton& button);
+
+/// Keeps the scroll bars of `window` visible while there is something to scroll. Some desktops show them only while the
+/// pointer moves; until then a text that continues below looks complete.
+void KeepScrollBars(wxWindow& window);
+
+/// Keeps the text of a box of several lines a little off its border, on desktops that otherwise draw it there.
+void SetTextMargins(wxTextCtrl& box);
+
+}  // namespace quorvel::ui

@@ -1,0 +1,63 @@
+#include "platform/wx/NativeControls.h"
+
+#include <gtk/gtk.h>
+
+#include <string>
+
+#include <wx/button.h>
+#include <wx/textctrl.h>
+
+namespace quorvel::ui {
+namespace {
+
+/// The focus goes to a part of some controls, and a screen reader then speaks the name of that part.
+void SetName(GtkWidget* widget, gpointer name) {
+  atk_object_set_name(gtk_widget_get_accessible(widget), static_cast<const char*>(name));
+  if (GTK_IS_CONTAINER(widget) != FALSE) gtk_container_forall(GTK_CONTAINER(widget), SetName, name);
+}
+
+/// The button shows itself pressed until a moment has passed or a key is released, whichever comes first.
+void ReleaseKey(GtkButton* button, gpointer /*data*/) {
+  GtkWidget* const widget = GTK_WIDGET(button);
+  GdkWindow* const window = gtk_widget_get_window(widget);
+  if (window == nullptr) return;
+  GdkEvent* const release = gdk_event_new(GDK_KEY_RELEASE);
+  release->key.window = GDK_WINDOW(g_object_ref(window));
+  gdk_event_set_device(release, gdk_seat_get_keyboard(gdk_display_get_default_seat(gtk_widget_get_display(widget))));
+  gtk_widget_event(widget, release);
+  gdk_event_free(release);
+}
+
+}  // namespace
+
+void SetAccessibleName(wxWindow& window, std::string_view name) {
+  std::string text(name);
+  SetName(window.GetHandle(), text.data());
+}
+
+void ActAtOnce(wxButton& button) {
+  // Runs after the button's own handler of the signal.
+  g_signal_connect(button.GetHandle(), "activate", G_CALLBACK(ReleaseKey), nullptr);
+}
+
+void KeepScrollBars(wxWindow& window) {
+  GtkWidget* const widget = window.GetHandle();
+  if (GTK_IS_SCROLLED_WINDOW(widget) != FALSE) {
+    gtk_scrolled_window_set_overlay_scrolling(GTK_SCROLLED_WINDOW(widget), FALSE);
+  }
+}
+
+void SetTextMargins(wxTextCtrl& box) {
+  GtkWidget* const scrolled = box.GetHandle();
+  if (GTK_IS_BIN(scrolled) == FALSE) return;
+  GtkWidget* const view = gtk_bin_get_child(GTK_BIN(scrolled));
+  if (GTK_IS_TEXT_VIEW(view) == FALSE) return;
+  auto* const text = GTK_TEXT_VIEW(view);
+  const int margin = box.FromDIP(5);
+  gtk_text_view_set_left_margin(text, margin);
+  gtk_text_view_set_right_margin(text, margin);
+  gtk_text_view_set_top_margin(text, margin);
+  gtk_text_view_set_bottom_margin(text, margin);
+}
+
+}  // namespace quorvel::ui

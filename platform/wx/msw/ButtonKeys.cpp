@@ -1,8 +1,0 @@
-#include "platform/wx/ButtonKeys.h"
-
-namespace quorvel::ui {
-
-// They do.
-void ActAtOnce(wxButton& /*button*/) {}
-
-}  // namespace quorvel::ui

@@ -1,8 +1,0 @@
-#include "window_library/MakeWindowLibrary.h"
-
-namespace quorvel {
-
-// There is one file only, so nothing is loaded.
-WindowLibrary StartWindowLibrary() { return MakeWindowLibrary(); }
-
-}  // namespace quorvel
