@@ -1,52 +1,39 @@
 #pragma once
 
-#include <string>
-#include <string_view>
+#include <optional>
+#include <vector>
 
 #include "ado/embedded/Catalog.h"
 #include "ado/embedded/Program.h"
-#include "ado/embedded/QueryTranslator.h"
 #include "ado/embedded/TokenCursor.h"
 
 namespace quorvel::ado::embedded {
 
-/// Turns a T-SQL batch into a Program. DriverError, with its line, where the text is not of the subset that
-/// the engine takes.
+/// Turns a T-SQL batch, or the body of a procedure, into a Program. Control flow, variables and transactions are read
+/// here, every other statement by the parser of its kind.
 class BatchParser {
  public:
-  BatchParser(std::string_view batch, const Catalog& catalog) : m_cursor(batch), m_catalog(catalog) {}
+  BatchParser(TokenCursor cursor, const Catalog& catalog, std::vector<Variable> parameters = {});
 
-  [[nodiscard]] Program ParseBatch();
-  /// The parameters and body of a CREATE PROCEDURE or ALTER PROCEDURE.
-  [[nodiscard]] Program ParseProcedure();
+  /// Once, up to the end of the text. DriverError, with its line, where the text is not of the subset that the engine
+  /// takes.
+  [[nodiscard]] Program Parse();
 
  private:
   void ParseStatements(Block& block);
   void ParseStatement(Block& block);
-  bool ParseFlow(Block& block);
-  bool ParseData(Block& block);
-  bool ParseDefinition(Block& block);
+  bool ParseControl(Block& block);
+  bool ParseTransactionEnd(Block& block);
+  bool ParseMessage(Block& block);
 
   void ParseDeclare(Block& block);
   void ParseSet(Block& block);
+  void ParseAssignment(Block& block);
+  void SkipOption();
   void ParseBegin(Block& block);
   void ParseBranch(Block& block, bool repeats);
-  void ParseExecute(Block& block);
-  CallStep::Passed ParsePassed(QueryTranslator& translator);
-  void ParseInsert(Block& block);
-  void ParseUpdate(Block& block);
-  void ParseDelete(Block& block);
-  void ParseDefineProcedure(Block& block, DefineProcedureStep::Mode mode);
-  void ParseParameter();
-  [[nodiscard]] Variable ParseVariable();
-  std::vector<std::string> ParseInsertColumns();
-  std::string ParseRow(QueryTranslator& translator, const std::string& table, const std::vector<std::string>& columns);
-  [[nodiscard]] std::string Dressed(const std::string& sql, const std::string& table,
-                                    const std::vector<std::string>& columns, std::size_t position) const;
-
-  [[nodiscard]] QueryTranslator Translator() { return {m_cursor, m_program.variables}; }
-  void AddSql(Block& block, int line, std::string sql);
-  /// SELECT of one expression.
+  void ParseReturn(Block& block, int line);
+  bool AcceptTransaction();
   [[nodiscard]] Query ParseScalar();
 
   TokenCursor m_cursor;

@@ -6,8 +6,11 @@
 
 namespace quorvel::ado::embedded {
 
-/// What a translator must know of the tables: dates are kept as texts of one form, and what is written into a date
-/// column has to be brought into it.
+/// The table that keeps the procedures' definitions inside the database file.
+inline constexpr const char* kProcedureTable = "quorvel_procedure";
+
+/// The facts about tables that a translator needs: which columns hold dates, since those are stored as texts of one
+/// form.
 class Catalog {
  public:
   explicit Catalog(sqlite3* database) : m_database(database) {}

@@ -2,8 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "ado/embedded/BatchParser.h"
-#include "ado/embedded/SqlFunctions.h"
+#include "ado/embedded/ProcedureParser.h"
 
 namespace quorvel::ado::embedded {
 namespace {
@@ -28,15 +27,15 @@ bool Procedures::IsKnownReader(std::string_view name) const {
   return found != m_compiled.end() && found->second->onlyReads;
 }
 
-/// SQLite's user_version is free for programs; here it counts the changes of procedures, so that every connection
-/// to the file notices them.
+/// SQLite's user_version is free for programs. The engine counts the changes of procedures in it, so that every
+/// connection to the file notices them.
 std::int64_t Procedures::FileVersion() {
   if (!m_versionQuery) m_versionQuery = Prepare(m_database, "PRAGMA user_version");
   const ResetGuard guard(m_versionQuery.Get());
   return Advance(m_database, m_versionQuery.Get()) ? sqlite3_column_int64(m_versionQuery.Get(), 0) : 0;
 }
 
-std::shared_ptr<const Program> Procedures::Find(std::string_view name) {
+std::shared_ptr<Program> Procedures::Find(std::string_view name) {
   if (const std::int64_t version = FileVersion(); version != m_version) {
     m_compiled.clear();
     m_version = version;
@@ -44,7 +43,7 @@ std::shared_ptr<const Program> Procedures::Find(std::string_view name) {
   const auto found = m_compiled.find(name);
   if (found != m_compiled.end()) return found->second;
   const std::string definition = ReadDefinition(BareName(name));
-  auto program = std::make_shared<const Program>(BatchParser(definition, m_catalog).ParseProcedure());
+  auto program = std::make_shared<Program>(ProcedureParser(definition, m_catalog).Parse());
   m_compiled.emplace(name, program);
   return program;
 }
@@ -67,8 +66,15 @@ bool Procedures::Exists(std::string_view name) {
 }
 
 void Procedures::Define(const DefineProcedureStep& step) {
+  CheckDefinition(step);
+  // A script that is run again must not make every connection compile its procedures again.
+  if (step.mode == DefineProcedureStep::Mode::Alter && ReadDefinition(step.name) == step.definition) return;
+  StoreInTransaction(step);
+}
+
+void Procedures::CheckDefinition(const DefineProcedureStep& step) {
   using Mode = DefineProcedureStep::Mode;
-  if (step.mode != Mode::Drop) (void)BatchParser(step.definition, m_catalog).ParseProcedure();
+  if (step.mode != Mode::Drop) (void)ProcedureParser(step.definition, m_catalog).Parse();
   const bool exists = Exists(step.name);
   if (step.mode == Mode::Create && exists) {
     throw DriverError("42S01", 2714, fmt::format("There is already an object named '{}' in the database.", step.name));
@@ -76,10 +82,10 @@ void Procedures::Define(const DefineProcedureStep& step) {
   if (step.mode != Mode::Create && !exists) {
     throw DriverError("42S02", 208, fmt::format("Invalid object name '{}'.", step.name));
   }
-  // A script that is run again must not make every connection compile its procedures anew.
-  if (step.mode == Mode::Alter && ReadDefinition(step.name) == step.definition) return;
-  // A writer from the beginning: one that begins as a reader can be refused at once, however long it would wait. In a
-  // transaction of the batch's own a savepoint nests.
+}
+
+/// In a transaction that writes from the beginning, see NestedTransaction; inside the batch's own in a savepoint.
+void Procedures::StoreInTransaction(const DefineProcedureStep& step) {
   const bool isOwn = sqlite3_get_autocommit(m_database) != 0;
   Execute(m_database, isOwn ? "BEGIN IMMEDIATE" : "SAVEPOINT define_procedure");
   try {

@@ -1,34 +1,14 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
-#include "ado/embedded/Sqlite.h"
-#include "ado/engine/Parameter.h"
+#include "ado/embedded/Query.h"
+#include "ado/embedded/Variable.h"
 
 namespace quorvel::ado::embedded {
-
-/// A variable or parameter of a batch; `info.name` keeps its @. Variables are numbered in order of declaration,
-/// parameters first.
-struct Variable {
-  ParameterInfo info;
-  std::optional<Value> defaultValue;  ///< of a parameter
-};
-
-/// One SQLite statement: variable n of the batch is bound to ?(n+1). Compiled on first use and kept.
-struct Query {
-  std::string sql;
-  std::vector<std::size_t> variables;  ///< that it reads
-  mutable StatementHandle statement;
-  mutable std::vector<Column> columns = {};  ///< of its result, as of the compilation counted here
-  mutable int compilation = -1;
-};
-
-/// CoerceToParameter for a variable inside a batch: its errors are those of the database.
-[[nodiscard]] Value CoerceVariable(const Value& value, const ParameterInfo& info);
 
 struct Step;
 using Block = std::vector<Step>;
@@ -52,19 +32,19 @@ struct TransactionStep {
 struct ReturnStep {};
 /// EXEC procedure. An argument without a value stands for DEFAULT.
 struct CallStep {
-  struct Passed {
+  struct Argument {
     std::string name;  ///< with its @; empty when passed by position
     std::optional<Query> value;
     std::optional<std::size_t> output;  ///< the variable that receives an OUTPUT parameter
   };
   std::string procedure;
-  std::vector<Passed> arguments;
+  std::vector<Argument> arguments;
 };
-/// EXEC (text).
+/// EXEC (text): runs the batch that a text holds.
 struct ExecuteTextStep {
   Query text;
 };
-/// RAISERROR.
+/// RAISERROR: ends the batch with an error.
 struct RaiseStep {
   Query message;
 };
@@ -84,11 +64,12 @@ struct Step {
       action;
 };
 
-/// A batch or a procedure's body, ready to run. Holds compiled statements of one database: destroy it before that.
+/// A batch or a procedure's body, ready to run on one database. To run it compiles its queries, so that it must be
+/// destroyed before the database is closed.
 struct Program {
   std::vector<Variable> variables;
-  std::size_t parameterCount = 0;  ///< the first so many variables
-  bool onlyReads = true;           ///< nothing but SELECTs
+  std::size_t parameterCount = 0;  ///< that many variables, from the first one on, are parameters
+  bool onlyReads = true;           ///< contains nothing that writes, calls or begins a transaction
   Block steps;
 };
 

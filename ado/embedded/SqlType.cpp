@@ -1,3 +1,4 @@
+// One row of kTypes for each T-SQL type. The declared type of an SQLite column leads back to its row.
 #include "ado/embedded/SqlType.h"
 
 #include <fmt/format.h>
@@ -88,19 +89,14 @@ DataType TypeOfDeclaration(std::string_view declaration) noexcept {
   return known == kTypes.end() ? DataType::Empty : known->type;
 }
 
-bool FindIntegerRange(const SqlType& type, IntegerRange& range) noexcept {
-  if (type.declaration == "TINYINT") {
-    range = {0, 255};
-  } else if (type.type == DataType::SmallInt) {
-    range = {std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()};
-  } else if (type.type == DataType::Integer) {
-    range = {std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()};
-  } else if (type.type == DataType::Boolean) {
-    range = {0, 1};
-  } else {
-    return false;
-  }
-  return true;
+std::optional<IntegerRange> FindIntegerRange(const SqlType& type) noexcept {
+  using Small = std::numeric_limits<std::int16_t>;
+  using Whole = std::numeric_limits<std::int32_t>;
+  if (type.declaration == "TINYINT") return IntegerRange{0, 255};
+  if (type.type == DataType::SmallInt) return IntegerRange{Small::min(), Small::max()};
+  if (type.type == DataType::Integer) return IntegerRange{Whole::min(), Whole::max()};
+  if (type.type == DataType::Boolean) return IntegerRange{0, 1};
+  return std::nullopt;
 }
 
 }  // namespace quorvel::ado::embedded

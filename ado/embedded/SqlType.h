@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,19 +20,14 @@ struct SqlType {
 /// Reads a type such as `nvarchar(max)`. DriverError for a type that the engine does not know.
 [[nodiscard]] SqlType ParseType(TokenCursor& cursor);
 
-/// The type behind a declared SQLite column type; Empty for an expression, which has none.
+/// The type that a declared SQLite column type stands for; Empty for an expression, which has none.
 [[nodiscard]] DataType TypeOfDeclaration(std::string_view declaration) noexcept;
 
-/// Whole numbers that a column of that type takes; false for a type that is not whole.
+/// The whole numbers that a column of that type takes; nothing for a type that is not whole.
 struct IntegerRange {
   std::int64_t lowest;
   std::int64_t highest;
 };
-[[nodiscard]] bool FindIntegerRange(const SqlType& type, IntegerRange& range) noexcept;
-
-/// SQLSTATEs that name the rules a column's type imposes.
-inline constexpr std::string_view kTextTooLong = "22001";
-inline constexpr std::string_view kNumberOutOfRange = "22003";
-inline constexpr std::string_view kNotADate = "22007";
+[[nodiscard]] std::optional<IntegerRange> FindIntegerRange(const SqlType& type) noexcept;
 
 }  // namespace quorvel::ado::embedded

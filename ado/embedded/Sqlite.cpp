@@ -1,126 +1,11 @@
 #include "ado/embedded/Sqlite.h"
 
-#include <fmt/format.h>
-
 #include <limits>
-#include <system_error>
 
 #include "ado/embedded/SqlType.h"
-#include "platform/OperatingSystem.h"
+#include "ado/embedded/SqliteError.h"
 
 namespace quorvel::ado::embedded {
-namespace {
-
-std::string After(std::string_view text, std::string_view prefix) {
-  const auto at = text.find(prefix);
-  return at == std::string_view::npos ? std::string(text) : std::string(text.substr(at + prefix.size()));
-}
-
-/// The engine names its own column checks "SQLSTATE text", see TableTranslator; any other name is a host's CHECK.
-DriverError CheckFailed(const std::string& constraint) {
-  const bool isOwn = constraint.size() > 6 && constraint.starts_with("22") && constraint[5] == ' ';
-  if (!isOwn)
-    return {"23000", 547, fmt::format("The statement conflicted with the CHECK constraint \"{}\".", constraint)};
-  const std::string sqlState = constraint.substr(0, 5);
-  const std::string rule = constraint.substr(6);
-  if (sqlState == kTextTooLong)
-    return {sqlState, 8152, fmt::format("String or binary data would be truncated: {}.", rule)};
-  if (sqlState == kNumberOutOfRange)
-    return {sqlState, 220, fmt::format("Arithmetic overflow or not a number: {}.", rule)};
-  return {sqlState, 241, fmt::format("Conversion failed: {}.", rule)};
-}
-
-DriverError ConstraintFailed(int extendedCode, const std::string& message) {
-  const std::string what = After(message, "failed: ");
-  switch (extendedCode) {
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_ROWID:
-      return {"23000", 2627,
-              fmt::format("Violation of a unique constraint: there is already a row with the same {}.", what)};
-    case SQLITE_CONSTRAINT_FOREIGNKEY:
-      return {
-          "23000", 547,
-          "The statement conflicted with a FOREIGN KEY constraint: a row that it refers to does not exist, or other "
-          "rows still refer to the row."};
-    case SQLITE_CONSTRAINT_NOTNULL:
-      return {"23000", 515,
-              fmt::format("Cannot insert the value NULL into {}; the column does not allow nulls.", what)};
-    case SQLITE_CONSTRAINT_CHECK:
-      return CheckFailed(what);
-    default:
-      return {"23000", extendedCode, message};
-  }
-}
-
-DriverError StatementFailed(const std::string& message) {
-  constexpr std::string_view kNoTable = "no such table: ";
-  constexpr std::string_view kNoColumn = "no such column: ";
-  if (message.starts_with(kNoTable)) {
-    return {"42S02", 208, fmt::format("Invalid object name '{}'.", After(message, kNoTable))};
-  }
-  if (message.ends_with(" already exists")) return {"42S01", 2714, message};
-  if (message.starts_with(kNoColumn)) {
-    return {"42S22", 207, fmt::format("Invalid column name '{}'.", After(message, kNoColumn))};
-  }
-  return {"42000", 170, message};
-}
-
-/// What the operating system said to a failed read or write of the file or of the two beside it.
-DriverError FileFailed(sqlite3* database, int resultCode, const std::string& file) {
-  const std::error_code cause(database != nullptr ? sqlite3_system_errno(database) : 0, std::system_category());
-  if (os::IsOutOfSpace(cause)) {
-    return {"HY000", 1105, fmt::format("The disk is full; nothing was written to {}.", file)};
-  }
-  if (cause == std::errc::read_only_file_system) {
-    return {"HY000", 3906,
-            fmt::format("The database {} stands on a read-only file system and cannot be used there.", file)};
-  }
-  const std::string reason = cause ? os::Explain(cause) : sqlite3_errstr(resultCode);
-  return {(resultCode & 0xFF) == SQLITE_CANTOPEN ? "08001" : "HY000", resultCode,
-          fmt::format("The database {} or a file beside it cannot be used: {}.", file, reason)};
-}
-
-DriverError Translate(sqlite3* database, int resultCode) {
-  const std::string message = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(resultCode);
-  const int extended = database != nullptr ? sqlite3_extended_errcode(database) : resultCode;
-  const char* path = database != nullptr ? sqlite3_db_filename(database, "main") : nullptr;
-  const std::string file = path != nullptr ? path : "";
-  switch (resultCode & 0xFF) {
-    case SQLITE_CONSTRAINT:
-      return ConstraintFailed(extended, message);
-    case SQLITE_ERROR:
-      return StatementFailed(message);
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-      return {"HYT00", 0, fmt::format("Timeout expired: another program kept the database {} locked.", file)};
-    case SQLITE_READONLY:
-      if (extended != SQLITE_READONLY) {
-        return {"HY000", 3906,
-                fmt::format("The database {} cannot be used: this user must be able to write to its folder, "
-                            "where two files stand beside it.",
-                            file)};
-      }
-      return {"HY000", 3906, fmt::format("The database {} is read-only here; nothing was written.", file)};
-    case SQLITE_FULL:
-      return {"HY000", 1105, fmt::format("The disk is full; nothing was written to {}.", file)};
-    case SQLITE_NOTADB:
-      return {"08001", 0, fmt::format("The file {} is not a database of the embedded engine.", file)};
-    case SQLITE_CANTOPEN:
-    case SQLITE_IOERR:
-      return FileFailed(database, extended, file);
-    case SQLITE_CORRUPT:
-      return {"HY000", 824, fmt::format("The database {} is damaged ({}); restore it from a backup.", file, message)};
-    case SQLITE_MISMATCH:
-      return {"22018", 245, "Conversion failed: a key must be a whole number."};
-    default:
-      return {"HY000", extended, file.empty() ? message : fmt::format("{} ({})", message, file)};
-  }
-}
-
-}  // namespace
-
-void ThrowDriverError(sqlite3* database, int resultCode) { throw Translate(database, resultCode); }
 
 StatementHandle Prepare(sqlite3* database, std::string_view sql) {
   if (sql.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) ThrowDriverError(nullptr, SQLITE_TOOBIG);
@@ -193,9 +78,12 @@ void AppendRow(sqlite3_stmt* statement, RowSet& rows) {
         break;
       default: {
         const std::string_view text = ReadText(statement, i);
-        const auto moment =
-            columns[static_cast<std::size_t>(i)].type == DataType::DBTimeStamp ? ParseDateTime(text) : std::nullopt;
-        moment ? rows.AppendDateTime(*moment) : rows.AppendText(text);
+        const bool isDate = columns[static_cast<std::size_t>(i)].type == DataType::DBTimeStamp;
+        if (const auto moment = isDate ? ParseDateTime(text) : std::nullopt) {
+          rows.AppendDateTime(*moment);
+        } else {
+          rows.AppendText(text);
+        }
       }
     }
   }

@@ -26,9 +26,6 @@ struct StatementTraits {
 };
 using StatementHandle = UniqueHandle<StatementTraits>;
 
-/// The database's last failure as the error that a SQL Server would give for it.
-[[noreturn]] void ThrowDriverError(sqlite3* database, int resultCode);
-
 /// Compiles one SQLite statement. DriverError when it cannot be compiled.
 [[nodiscard]] StatementHandle Prepare(sqlite3* database, std::string_view sql);
 

@@ -3,9 +3,8 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include <algorithm>
-
-#include "ado/embedded/QueryTranslator.h"
+#include "ado/embedded/Quoting.h"
+#include "ado/embedded/StatementTranslator.h"
 #include "platform/Text.h"
 
 namespace quorvel::ado::embedded {
@@ -23,30 +22,35 @@ std::string TableTranslator::ParseCreateTable() {
     if (!ParseTableRule()) ParseColumn();
   } while (m_cursor.Accept(",") && !m_cursor.Is(")"));
   m_cursor.Expect(")");
+  return fmt::format("CREATE TABLE {} (\n  {}\n)", QuoteName(table), fmt::join(Lines(), ",\n  "));
+}
 
+/// The columns and constraints in SQLite's SQL.
+std::vector<std::string> TableTranslator::Lines() const {
   std::vector<std::string> lines;
-  const bool hasSoleKey =
-      std::any_of(m_columns.begin(), m_columns.end(), [&](const Column& c) { return IsSoleKey(c); });
-  for (const Column& column : m_columns) lines.push_back(ColumnSql(column));
-  for (const Column& column : m_columns) {
-    if (column.isIdentity && !IsSoleKey(column))
+  bool hasSoleKey = false;
+  for (const ColumnDefinition& column : m_columns) {
+    const bool isSoleKey = IsSoleKey(column);
+    if (column.isIdentity && !isSoleKey) {
       m_cursor.FailUnsupported("IDENTITY on a column that is not the primary key");
+    }
+    hasSoleKey = hasSoleKey || isSoleKey;
+    lines.push_back(column.Sql(isSoleKey));
   }
   if (!m_primaryKey.empty() && !hasSoleKey) {
     lines.push_back(fmt::format("PRIMARY KEY ({})", fmt::join(m_primaryKey, ", ")));
   }
   lines.insert(lines.end(), m_rules.begin(), m_rules.end());
-  return fmt::format("CREATE TABLE {} (\n  {}\n)", QuoteName(table), fmt::join(lines, ",\n  "));
+  return lines;
 }
 
-/// A constraint of the whole table; false when a column stands there.
+/// A constraint of the whole table; false when a column is at the cursor.
 bool TableTranslator::ParseTableRule() {
   if (m_cursor.Accept("CONSTRAINT")) m_cursor.SkipName();
   if (m_cursor.AcceptAll({"PRIMARY", "KEY"})) {
     SkipClustering();
     m_primaryKey = ParseColumnNames(true);
-  } else if (m_cursor.Is("UNIQUE")) {
-    m_cursor.Take();
+  } else if (m_cursor.Accept("UNIQUE")) {
     SkipClustering();
     m_rules.push_back(fmt::format("UNIQUE ({})", fmt::join(ParseColumnNames(true), ", ")));
   } else if (m_cursor.AcceptAll({"FOREIGN", "KEY"})) {
@@ -62,7 +66,7 @@ bool TableTranslator::ParseTableRule() {
 }
 
 void TableTranslator::ParseColumn() {
-  Column column;
+  ColumnDefinition column;
   column.name = m_cursor.ExpectName();
   column.type = ParseType(m_cursor);
   while (ParseColumnRule(column)) {
@@ -71,8 +75,8 @@ void TableTranslator::ParseColumn() {
   m_columns.push_back(std::move(column));
 }
 
-/// One clause behind a column's type; false when there is none.
-bool TableTranslator::ParseColumnRule(Column& column) {
+/// One clause after a column's type; false when there is none.
+bool TableTranslator::ParseColumnRule(ColumnDefinition& column) {
   if (m_cursor.Accept("CONSTRAINT")) m_cursor.SkipName();
   if (m_cursor.AcceptAll({"NOT", "NULL"})) {
     column.isNotNull = true;
@@ -88,11 +92,11 @@ bool TableTranslator::ParseColumnRule(Column& column) {
     SkipClustering();
     column.isUnique = true;
   } else if (m_cursor.Accept("DEFAULT")) {
-    column.extra += " DEFAULT " + ParseConstant();
+    column.clauses += " " + ParseDefault();
   } else if (m_cursor.Accept("REFERENCES")) {
-    column.extra += " " + ParseReferences();
+    column.clauses += " " + ParseReferences();
   } else if (m_cursor.Accept("CHECK")) {
-    column.extra += " " + ParseCheck();
+    column.clauses += " " + ParseCheck();
   } else if (m_cursor.Accept("COLLATE")) {
     m_cursor.SkipName();
   } else {
@@ -125,18 +129,19 @@ std::string TableTranslator::ParseReferences() {
   return sql;
 }
 
-/// A default: an expression, always in brackets for SQLite.
-std::string TableTranslator::ParseConstant() {
-  const std::vector<Variable> none;
-  return fmt::format("({})", QueryTranslator(m_cursor, none).ParseExpression().sql);
-}
+/// SQLite takes an expression as a default only in brackets.
+std::string TableTranslator::ParseDefault() { return fmt::format("DEFAULT ({})", ParseExpression()); }
 
 std::string TableTranslator::ParseCheck() {
   m_cursor.Expect("(");
-  const std::vector<Variable> none;
-  const std::string condition = QueryTranslator(m_cursor, none).ParseExpression().sql;
+  const std::string condition = ParseExpression();
   m_cursor.Expect(")");
   return fmt::format("CHECK ({})", condition);
+}
+
+std::string TableTranslator::ParseExpression() {
+  const std::vector<Variable> none;
+  return StatementTranslator(m_cursor, none).ParseExpression().sql;
 }
 
 std::vector<std::string> TableTranslator::ParseColumnNames(bool allowsDirection) {
@@ -153,43 +158,9 @@ std::vector<std::string> TableTranslator::ParseColumnNames(bool allowsDirection)
 }
 
 /// A single whole-number key is SQLite's row number, the fastest key it has.
-bool TableTranslator::IsSoleKey(const Column& column) const {
+bool TableTranslator::IsSoleKey(const ColumnDefinition& column) const {
   return m_primaryKey.size() == 1 && EqualIgnoringCase(m_primaryKey.front(), QuoteName(column.name)) &&
          column.type.type == DataType::Integer;
-}
-
-std::string TableTranslator::ColumnSql(const Column& column) const {
-  std::string sql = QuoteName(column.name) + " ";
-  if (IsSoleKey(column)) {
-    // AUTOINCREMENT never gives a key twice, as IDENTITY does not.
-    sql += fmt::format("INTEGER PRIMARY KEY{}", column.isIdentity ? " AUTOINCREMENT" : "");
-  } else {
-    sql += column.type.declaration;
-  }
-  if (column.isNotNull) sql += " NOT NULL";
-  if (column.isUnique) sql += " UNIQUE";
-  if (IsTextType(column.type.type)) sql += " COLLATE NOCASE";
-  return sql + column.extra + TypeRule(column);
-}
-
-/// The check that stands for the type; its name tells SQLSTATE and rule (see ThrowDriverError).
-std::string TableTranslator::TypeRule(const Column& column) {
-  const std::string name = QuoteName(column.name);
-  const auto rule = [](std::string_view sqlState, const std::string& text, const std::string& condition) {
-    return fmt::format(" CONSTRAINT {} CHECK ({})", QuoteName(fmt::format("{} {}", sqlState, text)), condition);
-  };
-  IntegerRange range{};
-  if (FindIntegerRange(column.type, range)) {
-    return rule(kNumberOutOfRange,
-                fmt::format("{} holds whole numbers from {} to {}", column.name, range.lowest, range.highest),
-                fmt::format("{} BETWEEN {} AND {}", name, range.lowest, range.highest));
-  }
-  if (column.type.type == DataType::DBTimeStamp) {
-    return rule(kNotADate, column.name + " holds a date and time", name + " LIKE '____-__-__ __:__:__.___'");
-  }
-  if (!IsTextType(column.type.type) || column.type.size == 0) return {};
-  return rule(kTextTooLong, fmt::format("{} holds at most {} characters", column.name, column.type.size),
-              fmt::format("length({}) <= {}", name, column.type.size));
 }
 
 std::string TableTranslator::ParseCreateIndex(bool isUnique) {

@@ -1,16 +1,14 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "ado/embedded/SqlType.h"
+#include "ado/embedded/ColumnDefinition.h"
 #include "ado/embedded/TokenCursor.h"
 
 namespace quorvel::ado::embedded {
 
-/// Turns CREATE TABLE, CREATE INDEX and their DROPs at the cursor into SQLite's. A column's type becomes a check
-/// that refuses what a server would refuse: SQLite by itself lets any value into any column.
+/// Turns CREATE TABLE, CREATE INDEX and their DROPs at the cursor into SQLite's.
 class TableTranslator {
  public:
   explicit TableTranslator(TokenCursor& cursor) : m_cursor(cursor) {}
@@ -24,31 +22,22 @@ class TableTranslator {
   [[nodiscard]] std::string ParseDropIndex();
 
  private:
-  struct Column {
-    std::string name;
-    SqlType type;
-    bool isNotNull = false;
-    bool isIdentity = false;
-    bool isPrimaryKey = false;
-    bool isUnique = false;
-    std::string extra;  ///< DEFAULT, REFERENCES and CHECK clauses
-  };
   void ParseColumn();
-  bool ParseColumnRule(Column& column);
+  bool ParseColumnRule(ColumnDefinition& column);
   bool ParseTableRule();
   void SkipIdentitySeed();
   void SkipClustering();
   std::string ParseReferences();
-  std::string ParseConstant();
+  std::string ParseDefault();
   std::string ParseCheck();
   std::vector<std::string> ParseColumnNames(bool allowsDirection = false);
 
-  [[nodiscard]] bool IsSoleKey(const Column& column) const;
-  [[nodiscard]] std::string ColumnSql(const Column& column) const;
-  [[nodiscard]] static std::string TypeRule(const Column& column);
+  [[nodiscard]] std::string ParseExpression();
+  [[nodiscard]] bool IsSoleKey(const ColumnDefinition& column) const;
+  [[nodiscard]] std::vector<std::string> Lines() const;
 
   TokenCursor& m_cursor;
-  std::vector<Column> m_columns;
+  std::vector<ColumnDefinition> m_columns;
   std::vector<std::string> m_primaryKey;
   std::vector<std::string> m_rules;  ///< table constraints in SQLite's SQL
 };

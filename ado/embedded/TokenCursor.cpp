@@ -11,7 +11,7 @@
 namespace quorvel::ado::embedded {
 namespace {
 
-/// Words that end a name position: a name that is one of them must stand in brackets, as on a server.
+/// Words that cannot be a name unless they are in brackets, as on a server.
 constexpr std::array<std::string_view, 61> kReserved = {
     "ADD",    "ALL",       "ALTER",  "AND",     "AS",       "ASC",    "BEGIN",  "BETWEEN",  "BY",   "CASE",  "CHECK",
     "COMMIT", "CREATE",    "CROSS",  "DECLARE", "DEFAULT",  "DELETE", "DESC",   "DISTINCT", "DROP", "ELSE",  "END",
@@ -23,15 +23,6 @@ constexpr std::array<std::string_view, 61> kReserved = {
 bool IsReserved(std::string_view word) {
   return std::any_of(kReserved.begin(), kReserved.end(),
                      [&](std::string_view reserved) { return EqualIgnoringCase(reserved, word); });
-}
-
-std::string Doubled(std::string_view text, char quote) {
-  std::string result(1, quote);
-  for (const char c : text) {
-    if (c == quote) result += quote;
-    result += c;
-  }
-  return result + quote;
 }
 
 }  // namespace
@@ -107,16 +98,6 @@ void TokenCursor::Fail() const {
 
 void TokenCursor::FailUnsupported(std::string_view what) const {
   throw DriverError("42000", 102, fmt::format("The embedded engine does not support {}.", what), Peek().line);
-}
-
-std::string QuoteName(std::string_view name) { return Doubled(name, '"'); }
-
-std::string QuoteText(std::string_view text) {
-  // SQLite text literals end at a zero character.
-  if (text.find('\0') == std::string_view::npos) return Doubled(text, '\'');
-  std::string hex = "CAST(x'";
-  for (const char c : text) hex += fmt::format("{:02x}", static_cast<unsigned char>(c));
-  return hex + "' AS TEXT)";
 }
 
 }  // namespace quorvel::ado::embedded

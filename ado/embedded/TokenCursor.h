@@ -9,8 +9,8 @@
 
 namespace quorvel::ado::embedded {
 
-/// Walks over the tokens of one batch. Keywords and symbols match without regard to letter case; a name in
-/// brackets or quotes is never a keyword.
+/// Walks over the tokens of one batch, whose text must outlive it. Keywords match without regard to letter case; a
+/// name in brackets or quotes is never a keyword.
 class TokenCursor {
  public:
   explicit TokenCursor(std::string_view batch) : m_batch(batch), m_tokens(Tokenize(batch)) {}
@@ -19,7 +19,7 @@ class TokenCursor {
   [[nodiscard]] bool AtEnd() const { return Peek().kind == TokenKind::End; }
   [[nodiscard]] bool Is(std::string_view word, std::size_t ahead = 0) const;
   [[nodiscard]] bool IsAny(std::initializer_list<std::string_view> words, std::size_t ahead = 0) const;
-  /// Takes the token, or all of several tokens in a row, when they match.
+  /// Takes the next token when it matches, or the next tokens when all of them match.
   bool Accept(std::string_view word);
   bool AcceptAll(std::initializer_list<std::string_view> words);
   Token Take();
@@ -34,8 +34,7 @@ class TokenCursor {
   /// Whether the next token can be a name.
   [[nodiscard]] bool IsName(std::size_t ahead = 0) const;
 
-  /// Counts one level of nesting until the guard goes. DriverError when the text is nested deeper than a parser that
-  /// calls itself can follow.
+  /// Counts one level of nesting while it lives.
   class NestingGuard {
    public:
     explicit NestingGuard(int& depth) : m_depth(depth) { ++m_depth; }
@@ -46,14 +45,15 @@ class TokenCursor {
    private:
     int& m_depth;
   };
+  /// DriverError when the text is nested deeper than a parser that calls itself can follow.
   [[nodiscard]] NestingGuard EnterNesting();
 
   /// "Incorrect syntax near ...", at the next token.
   [[noreturn]] void Fail() const;
-  /// A construct that the embedded engine does not take.
+  /// "The embedded engine does not support ...", at the next token.
   [[noreturn]] void FailUnsupported(std::string_view what) const;
 
-  /// The batch from the next token on, and its text.
+  /// The text of the whole batch.
   [[nodiscard]] std::string_view Batch() const { return m_batch; }
   void SkipToEnd() { m_at = m_tokens.size() - 1; }
 
@@ -63,10 +63,5 @@ class TokenCursor {
   std::size_t m_at = 0;
   int m_depth = 0;
 };
-
-/// `name` as a quoted SQLite identifier.
-[[nodiscard]] std::string QuoteName(std::string_view name);
-/// `text` as an SQLite literal.
-[[nodiscard]] std::string QuoteText(std::string_view text);
 
 }  // namespace quorvel::ado::embedded

@@ -1,0 +1,72 @@
+#include "ado/embedded/EmbeddedSession.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "ado/embedded/BatchParser.h"
+#include "ado/embedded/CallFrame.h"
+
+namespace quorvel::ado::embedded {
+
+EmbeddedSession::EmbeddedSession(DatabaseHandle database)
+    : m_database(std::move(database)),
+      m_procedures(m_database.Get()),
+      m_interpreter(m_database.Get(), m_procedures),
+      m_reading(m_database.Get()) {}
+
+void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) {
+  // ADO's 0 means to wait without end, SQLite's not to wait at all.
+  constexpr std::chrono::seconds kLongest{std::numeric_limits<int>::max() / 1000};
+  const auto wait = timeout.count() <= 0 ? kLongest : std::min(timeout, kLongest);
+  sqlite3_busy_timeout(m_database.Get(), static_cast<int>(wait.count()) * 1000);
+}
+
+Result EmbeddedSession::Execute(std::string_view batch) {
+  Program program = BatchParser(TokenCursor(batch), m_procedures.Tables()).Parse();
+  Frame frame;
+  return {m_interpreter.Run(program, frame), {}};
+}
+
+std::vector<ParameterInfo> EmbeddedSession::DiscoverParameters(std::string_view procedure) {
+  const auto program = m_procedures.Find(procedure);
+  std::vector<ParameterInfo> parameters;
+  for (std::size_t i = 0; i < program->parameterCount; ++i) parameters.push_back(program->variables[i].info);
+  return parameters;
+}
+
+Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> parameters) {
+  if (!m_procedures.IsKnownReader(procedure)) return CallNow(procedure, parameters);
+  m_reading.Begin();
+  try {
+    Result result = CallNow(procedure, parameters);
+    m_reading.End();
+    return result;
+  } catch (...) {
+    m_reading.End();
+    throw;
+  }
+}
+
+Result EmbeddedSession::CallNow(std::string_view procedure, std::span<Parameter> parameters) {
+  const auto program = m_procedures.Find(procedure);
+  // The procedure may have changed to one that writes, and a reader must not turn writer.
+  if (!program->onlyReads) m_reading.End();
+  GivenArguments given;
+  given.reserve(parameters.size());
+  for (const Parameter& parameter : parameters) given.push_back(parameter.Given());
+  Frame frame = MakeFrame(*program, std::move(given), procedure);
+  Result result{m_interpreter.Run(*program, frame), {}};
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    if (parameters[i].IsOutput()) parameters[i].SetOutput(std::move(frame[i]));
+  }
+  return result;
+}
+
+std::string EmbeddedSession::Describe() const {
+  return fmt::format("embedded engine (SQLite {}), file {}", sqlite3_libversion(),
+                     sqlite3_db_filename(m_database.Get(), "main"));
+}
+
+}  // namespace quorvel::ado::embedded

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ado/embedded/Interpreter.h"
+#include "ado/embedded/Procedures.h"
+#include "ado/embedded/ReadTransaction.h"
+#include "ado/embedded/Sqlite.h"
+#include "ado/engine/Session.h"
+
+namespace quorvel::ado::embedded {
+
+/// A session of the embedded engine on an open database.
+class EmbeddedSession final : public Session {
+ public:
+  explicit EmbeddedSession(DatabaseHandle database);
+
+  void SetCommandTimeout(std::chrono::seconds timeout) override;
+  Result Execute(std::string_view batch) override;
+  std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) override;
+  Result Call(std::string_view procedure, std::span<Parameter> parameters) override;
+  [[nodiscard]] std::string Describe() const override;
+
+ private:
+  Result CallNow(std::string_view procedure, std::span<Parameter> parameters);
+
+  DatabaseHandle m_database;
+  Procedures m_procedures;
+  Interpreter m_interpreter;
+  ReadTransaction m_reading;
+};
+
+}  // namespace quorvel::ado::embedded

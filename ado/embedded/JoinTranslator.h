@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "ado/embedded/StatementParts.h"
+#include "ado/embedded/TokenCursor.h"
+
+namespace quorvel::ado::embedded {
+
+/// Turns the FROM clause at the cursor into SQLite's SQL: tables, subqueries and how joins nest.
+class JoinTranslator {
+ public:
+  JoinTranslator(TokenCursor& cursor, StatementParts& parts) : m_cursor(cursor), m_parts(parts) {}
+
+  /// " FROM sources", or nothing.
+  [[nodiscard]] std::string ParseFrom();
+
+ private:
+  std::string ParseSource();
+  std::string ParseJoin(const std::string& left);
+  std::string ParseTable();
+  [[nodiscard]] bool IsJoin() const;
+
+  TokenCursor& m_cursor;
+  StatementParts& m_parts;
+};
+
+}  // namespace quorvel::ado::embedded

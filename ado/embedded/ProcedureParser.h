@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "ado/embedded/Catalog.h"
+#include "ado/embedded/Program.h"
+#include "ado/embedded/TokenCursor.h"
+
+namespace quorvel::ado::embedded {
+
+/// Turns a whole CREATE PROCEDURE or ALTER PROCEDURE into a Program: its parameters here, its body by the BatchParser.
+class ProcedureParser {
+ public:
+  ProcedureParser(std::string_view definition, const Catalog& catalog) : m_cursor(definition), m_catalog(catalog) {}
+
+  /// Once. DriverError, with its line, where the text is not of the subset that the engine takes.
+  [[nodiscard]] Program Parse();
+
+ private:
+  void ParseParameters();
+  [[nodiscard]] Variable ParseParameter();
+  [[nodiscard]] Value ParseDefault(const ParameterInfo& parameter);
+
+  TokenCursor m_cursor;
+  const Catalog& m_catalog;
+  std::vector<Variable> m_parameters;
+};
+
+}  // namespace quorvel::ado::embedded

@@ -1,0 +1,23 @@
+#include "ado/embedded/Query.h"
+
+namespace quorvel::ado::embedded {
+
+sqlite3_stmt* Query::Begin(sqlite3* database, const Frame& frame) {
+  if (!m_statement) m_statement = Prepare(database, m_sql);
+  sqlite3_stmt* statement = m_statement.Get();
+  for (const std::size_t variable : m_variables) {
+    Bind(database, statement, static_cast<int>(variable) + 1, frame[variable]);
+  }
+  return statement;
+}
+
+const std::vector<Column>& Query::Columns() {
+  const int compilation = sqlite3_stmt_status(m_statement.Get(), SQLITE_STMTSTATUS_REPREPARE, 0);
+  if (compilation != m_describedCompilation) {
+    m_columns = DescribeColumns(m_statement.Get());
+    m_describedCompilation = compilation;
+  }
+  return m_columns;
+}
+
+}  // namespace quorvel::ado::embedded

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ado/embedded/Sqlite.h"
+
+namespace quorvel::ado::embedded {
+
+/// One read transaction for two steps: to check whether a procedure has changed, and to run it. To begin a transaction
+/// costs about as much as a small query.
+class ReadTransaction {
+ public:
+  explicit ReadTransaction(sqlite3* database) noexcept : m_database(database) {}
+
+  /// Does nothing inside a transaction of the batch.
+  void Begin();
+  /// Ends what Begin began, if anything.
+  void End();
+
+ private:
+  void Run(StatementHandle& statement, const char* sql);
+
+  sqlite3* m_database;
+  StatementHandle m_begin;
+  StatementHandle m_commit;
+  bool m_isOpen = false;
+};
+
+}  // namespace quorvel::ado::embedded

@@ -1,0 +1,173 @@
+// A function that the T-SQL translators write into statements has a name that begins with tsql_.
+#include "ado/embedded/SqliteExtensions.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <string>
+
+#include "ado/embedded/Catalog.h"
+#include "ado/embedded/DateUnits.h"
+#include "ado/embedded/Sqlite.h"
+#include "ado/embedded/SqliteError.h"
+#include "platform/DateTime.h"
+#include "platform/Text.h"
+
+namespace quorvel::ado::embedded {
+namespace {
+
+std::string_view WithoutTrailingBlanks(const void* text, int length) {
+  std::string_view view(static_cast<const char*>(text), static_cast<std::size_t>(length));
+  while (view.ends_with(' ')) view.remove_suffix(1);
+  return view;
+}
+
+int Collate(void* /*unused*/, int leftLength, const void* left, int rightLength, const void* right) {
+  return CompareIgnoringCase(WithoutTrailingBlanks(left, leftLength), WithoutTrailingBlanks(right, rightLength));
+}
+
+std::string_view TextOf(sqlite3_value* value) {
+  const auto* text = sqlite3_value_text(value);
+  if (text == nullptr) return {};
+  return {reinterpret_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+void ReturnText(sqlite3_context* context, std::string_view text) {
+  sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+bool AnyNull(int count, sqlite3_value** values) {
+  for (int i = 0; i < count; ++i) {
+    if (sqlite3_value_type(values[i]) == SQLITE_NULL) return true;
+  }
+  return false;
+}
+
+void FailConversion(sqlite3_context* context) {
+  sqlite3_result_error(context, "Conversion failed when converting date and/or time from character string.", -1);
+}
+
+void NowFunction(sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
+  ReturnText(context, FormatDateTime(Now()));
+}
+
+/// tsql_datetime(text): a date in any form that the engine reads, in the one form that it stores.
+void DateTimeFunction(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  const auto moment = ParseDateTime(TextOf(values[0]));
+  if (!moment) return FailConversion(context);
+  ReturnText(context, FormatDateTime(*moment));
+}
+
+/// tsql_plus(left, right): `+` between operands whose types are not known before the statement runs.
+void PlusFunction(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  const int left = sqlite3_value_type(values[0]);
+  const int right = sqlite3_value_type(values[1]);
+  if (left == SQLITE_TEXT && right == SQLITE_TEXT) {
+    ReturnText(context, std::string(TextOf(values[0])).append(TextOf(values[1])));
+  } else if (left == SQLITE_FLOAT || right == SQLITE_FLOAT) {
+    sqlite3_result_double(context, sqlite3_value_double(values[0]) + sqlite3_value_double(values[1]));
+  } else {
+    sqlite3_result_int64(context, sqlite3_value_int64(values[0]) + sqlite3_value_int64(values[1]));
+  }
+}
+
+/// tsql_dateadd(unit, number, date)
+void DateAddFunction(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  const auto moment = ParseDateTime(TextOf(values[2]));
+  if (!moment) return FailConversion(context);
+  const std::string_view name = TextOf(values[0]);
+  const DateUnit* unit = FindDateUnit(name);
+  if (unit == nullptr) {
+    return sqlite3_result_error(context, fmt::format("'{}' is not a recognized dateadd option.", name).c_str(), -1);
+  }
+  const auto result = AddUnits(*moment, *unit, sqlite3_value_int64(values[1]));
+  if (!result) {
+    return sqlite3_result_error(context, "Adding a value to a 'datetime' column caused an overflow.", -1);
+  }
+  ReturnText(context, FormatDateTime(*result));
+}
+
+/// tsql_int(value, lowest, highest): a cast to a whole number. SQLite's own accepts any text and any size.
+void IntFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+  if (sqlite3_value_numeric_type(values[0]) == SQLITE_TEXT) {
+    return sqlite3_result_error(
+        context, fmt::format("Conversion failed when converting '{}' to a whole number.", TextOf(values[0])).c_str(),
+        -1);
+  }
+  const sqlite3_int64 number = sqlite3_value_int64(values[0]);
+  if (number < sqlite3_value_int64(values[1]) || number > sqlite3_value_int64(values[2])) {
+    return sqlite3_result_error(context, fmt::format("Arithmetic overflow: {} does not fit.", number).c_str(), -1);
+  }
+  sqlite3_result_int64(context, number);
+}
+
+/// The name in `dbo.[name]`.
+std::string ObjectName(std::string_view name) {
+  std::string result(name.substr(name.rfind('.') + 1));
+  std::erase_if(result, [](char c) { return c == '[' || c == ']' || c == '"'; });
+  return result;
+}
+
+/// Returns the row number that the query finds for the name, if it finds one.
+void ReturnRowId(sqlite3_context* context, std::string_view query, const std::string& name) {
+  const StatementHandle statement = Prepare(sqlite3_context_db_handle(context), query);
+  sqlite3_bind_text(statement.Get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
+  if (sqlite3_step(statement.Get()) == SQLITE_ROW) {
+    sqlite3_result_int64(context, sqlite3_column_int64(statement.Get(), 0));
+  }
+}
+
+bool HasProcedures(sqlite3* database) {
+  return sqlite3_table_column_metadata(database, nullptr, kProcedureTable, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                       nullptr) == SQLITE_OK;
+}
+
+/// tsql_object_id(name, 'U' | 'P' | NULL): a number when there is such a table or procedure, else NULL.
+void ObjectIdFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  try {
+    const std::string name = ObjectName(TextOf(values[0]));
+    const std::string_view kind = TextOf(values[1]);
+    if (kind != "P") {
+      ReturnRowId(context,
+                  "SELECT rowid FROM sqlite_schema WHERE type IN ('table', 'view') AND name = ?1 COLLATE NOCASE", name);
+    }
+    if (kind != "U" && HasProcedures(sqlite3_context_db_handle(context))) {
+      ReturnRowId(context, fmt::format("SELECT rowid FROM {} WHERE Name = ?1", kProcedureTable), name);
+    }
+  } catch (const std::bad_alloc&) {
+    sqlite3_result_error_nomem(context);
+  } catch (const std::exception& error) {
+    sqlite3_result_error(context, error.what(), -1);
+  }
+}
+
+}  // namespace
+
+void RegisterExtensions(sqlite3* database) {
+  struct Function {
+    const char* name;
+    int arguments;
+    int flags;
+    void (*body)(sqlite3_context*, int, sqlite3_value**);
+  };
+  constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+  constexpr std::array<Function, 6> kFunctions = {{{"tsql_now", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &NowFunction},
+                                                   {"tsql_datetime", 1, kPure, &DateTimeFunction},
+                                                   {"tsql_plus", 2, kPure, &PlusFunction},
+                                                   {"tsql_dateadd", 3, kPure, &DateAddFunction},
+                                                   {"tsql_int", 3, kPure, &IntFunction},
+                                                   {"tsql_object_id", 2, SQLITE_UTF8, &ObjectIdFunction}}};
+  for (const auto& [name, arguments, flags, body] : kFunctions) {
+    const int code =
+        sqlite3_create_function_v2(database, name, arguments, flags, nullptr, body, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) ThrowDriverError(database, code);
+  }
+  const int code = sqlite3_create_collation_v2(database, "NOCASE", SQLITE_UTF8, nullptr, &Collate, nullptr);
+  if (code != SQLITE_OK) ThrowDriverError(database, code);
+}
+
+}  // namespace quorvel::ado::embedded
