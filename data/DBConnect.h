@@ -4,12 +4,12 @@
 
 namespace quorvel {
 
-/// The four connection settings of the machine, read from the registry at most once.
-/// One per thread that uses the database (modDatabase::Settings). Error 110 when a missing value cannot be
-/// created; then nothing counts as loaded.
+/// The four connection settings of the machine, read from the registry once and then kept. Each thread that uses the
+/// database has one (modDatabase::Settings). Error 110 when a missing value cannot be created; the next call then reads
+/// all four again.
 class DBConnect {
  public:
-  /// The OLE DB connection string. The values go in as they are, without quoting.
+  /// The OLE DB connection string. The values are inserted without quoting.
   [[nodiscard]] std::string ConnectionString();
   [[nodiscard]] const std::string& Server();
   [[nodiscard]] const std::string& Database();

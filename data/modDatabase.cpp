@@ -1,3 +1,6 @@
+// Everything that the component sends to the database passes here. The connection is per thread, so nothing is locked;
+// only LoadRst reconnects and repeats, because repeating a statement that writes could write twice.
+
 #include "data/modDatabase.h"
 
 #include <fmt/format.h>

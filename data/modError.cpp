@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kMarker = " encountered error ";
 
-/// The error in flight as an Error. With none there is nothing to pass on, which is an invalid call.
+/// The error in flight as an Error. Without one, error 5 (invalid call).
 Error PendingError() {
   try {
     if (std::current_exception() == nullptr) ThrowInvalidCall();

@@ -4,8 +4,8 @@
 
 namespace quorvel::modUserName {
 
-/// The current user's logon name; the empty text when the system does not tell it or it has more than 255
-/// characters. Never throws.
+/// The current user's logon name; the empty text when the system cannot supply it or it has more than 255 characters.
+/// Never throws.
 [[nodiscard]] std::string GetUserName();
 
 }  // namespace quorvel::modUserName

@@ -2,7 +2,7 @@
 
 namespace quorvel::modWaitCursor {
 
-/// The hourglass shows while more waits have begun than ended on this thread.
+/// Waits are counted per thread; the hourglass shows while one is pending.
 void BeginWait() noexcept;
 /// Does nothing when no wait is pending.
 void EndWait() noexcept;

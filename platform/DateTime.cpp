@@ -1,3 +1,6 @@
+// Reads and writes dates without the C library, whose functions follow the process's locale. Grids and databases
+// convert thousands of dates, so both directions work on the characters themselves.
+
 #include "platform/DateTime.h"
 
 #include <array>
@@ -21,7 +24,7 @@ char* PutDigits(char* end, int number, int width) {
   return end;
 }
 
-/// Walks over a text; every Take moves forward only when it finds what it looks for.
+/// Reads a text from its front; a Take moves forward only when it succeeds.
 class Scanner {
  public:
   explicit Scanner(std::string_view text) : m_rest(text) {}
@@ -69,7 +72,7 @@ std::optional<std::chrono::local_days> ScanDate(Scanner& scanner) {
   return std::chrono::local_days(date);
 }
 
-/// The digits after the decimal point; the fourth one rounds, the rest cannot change the result.
+/// The digits after the decimal point; the fourth digit rounds, later ones cannot change the result.
 std::optional<milliseconds> ScanFraction(Scanner& scanner) {
   int digit = 0;
   if (!scanner.TakeDigit(digit)) return std::nullopt;
@@ -139,7 +142,7 @@ std::optional<DateTime> ParseDateTime(std::string_view text) {
   if (!scanner.Take(' ') && !scanner.Take('T')) return std::nullopt;
   const auto time = ScanTime(scanner);
   if (!time || !scanner.AtEnd()) return std::nullopt;
-  // Rounding up the last millisecond of the last year leaves the years that a text can name.
+  // Rounding up the last millisecond of the last year would give a year that the format cannot hold.
   if (*time >= days(1) && *date == std::chrono::local_days(std::chrono::year(kLastYear) / 12 / 31)) return std::nullopt;
   return *date + *time;
 }

@@ -16,7 +16,7 @@ struct WarningSink {
 };
 
 WarningSink& Sink() {
-  // Never destroyed: a host's own static objects may still use the component when the process ends.
+  // Never destroyed: a host's own static objects may still use the component while the process ends.
   static auto& sink = *new WarningSink();
   return sink;
 }

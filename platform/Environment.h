@@ -11,8 +11,8 @@ namespace quorvel {
 /// An environment variable's value; the empty text when it is missing.
 [[nodiscard]] std::string EnvironmentVariable(const char* name);
 
-/// Writes the logon name of the current user and a terminating zero into `buffer`, as the operating
-/// system's own call does. False when the name cannot be found or does not fit.
+/// Writes the logon name of the current user and a terminating zero into `buffer`, like the operating
+/// system's own call. False when the name cannot be found or does not fit.
 [[nodiscard]] bool ReadLogonName(std::span<char> buffer) noexcept;
 
 /// Logs a warning under the source "Quorvel": the application event log, or syslog. Never throws.
@@ -21,7 +21,7 @@ void LogWarning(std::string_view message) noexcept;
 /// Sends warnings to `sink` instead of the system's log; an empty function restores it. For tests.
 void RedirectWarnings(std::function<void(std::string_view)> sink);
 
-/// The component's version as its file carries it.
+/// The version in the component's file.
 struct Version {
   int major;
   int minor;

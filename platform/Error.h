@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-/// The one exception of the component: what a host finds in its error object.
+/// The one exception of the component: the content of a host's error object.
 ///
 /// `number` is -1 for the component's own errors, a classic small number for errors of the language
 /// runtime (see ErrorNumber) and a negative HRESULT for errors of the data layer. `source` names where

@@ -5,11 +5,11 @@
 
 namespace quorvel::registry {
 
-/// How a change of the registry ended.
+/// The result of a change of the registry.
 enum class Outcome { Done, Denied, Failed };
 
-/// A hive as an installation writes it: texts in keys that it makes and takes away again. Keys are paths below the
-/// hive with backslashes between their parts, the empty name is a key's own value; texts are UTF-8.
+/// A registry hive as an installation uses it: text values in keys that it creates and removes again. A key is a path
+/// below the hive with backslashes between its parts; the empty name is the key's default value. Texts are UTF-8.
 class InstallationHive {
  public:
   InstallationHive() = default;
@@ -17,16 +17,16 @@ class InstallationHive {
   InstallationHive& operator=(const InstallationHive&) = delete;
   virtual ~InstallationHive() = default;
 
-  /// Nothing when the value does not exist, is no text or cannot be read.
+  /// Nothing when the value does not exist, is not a text or cannot be read.
   [[nodiscard]] virtual std::optional<std::string> Text(const std::string& key, const std::string& name) const = 0;
 
-  /// Writes a text and makes the keys that it needs.
+  /// Writes a text and creates the missing keys on its path.
   [[nodiscard]] virtual Outcome Write(const std::string& key, const std::string& name, const std::string& text) = 0;
 
-  /// Done also when there is no such value.
+  /// Done also when the value does not exist.
   [[nodiscard]] virtual Outcome DeleteValue(const std::string& key, const std::string& name) = 0;
 
-  /// Deletes a key that has neither values nor keys below it; one that has is left, and that is Done too.
+  /// Deletes a key without values and without keys below it. Done also when it has some, and then it stays.
   [[nodiscard]] virtual Outcome DeleteEmptyKey(const std::string& key) = 0;
 };
 

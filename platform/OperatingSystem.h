@@ -8,7 +8,7 @@
 
 #include "platform/DateTime.h"
 
-/// What the component asks of the operating system besides the faces that have a header of their own.
+/// The calls of the operating system that have no header of their own.
 /// All texts are UTF-8.
 namespace quorvel::os {
 
@@ -18,23 +18,22 @@ namespace quorvel::os {
 /// The logon name of the current user; empty when it cannot be found.
 [[nodiscard]] std::string LogonName();
 
-/// Writes a warning into the system's log under the source "Quorvel". A log that cannot be written is no error.
+/// Writes a warning into the system's log under the source "Quorvel". A log that cannot be written is not an error.
 void WriteWarning(std::string_view message);
 
 /// The current local date and time.
 [[nodiscard]] DateTime LocalNow();
 
-/// A date in the short form of the user's regional settings; nothing without such settings, or for a date that they do
-/// not reach.
+/// A date in the short form of the user's regional settings; nothing without such settings, or outside their calendar.
 [[nodiscard]] std::optional<std::string> RegionalShortDate(std::chrono::year_month_day date);
 
-/// What the operating system says of an error, without the line's end.
+/// The operating system's text for an error, without a line break.
 [[nodiscard]] std::string Explain(const std::error_code& error);
 
-/// Whether an error says that there is no room: the disk, the user's share of it or the longest file is full.
+/// Whether an error means that the disk is full or that the user's quota or the largest file size is reached.
 [[nodiscard]] bool IsOutOfSpace(const std::error_code& error);
 
-/// The name of a file as the file functions take it.
+/// A file name in the form that the file functions take.
 [[nodiscard]] std::filesystem::path PathOf(std::string_view name);
 
 }  // namespace quorvel::os

@@ -8,17 +8,17 @@
 
 namespace quorvel {
 
-/// Error -1: the thread has given back what the component kept for it.
+/// Error -1: the state of this thread is already destroyed.
 [[noreturn]] void ThrowThreadHasEnded();
 
-/// The calling thread's own State, made on first use and destroyed when the thread ends. There is one for each type,
-/// so that a module names its own. Its destructor uses no static object: on the thread that ends the process they may
-/// be gone before it. Elsewhere than on Windows a host's own objects may outlive it; then ThrowThreadHasEnded.
+/// The calling thread's State, made on first use and destroyed when the thread ends. There is one for each type, so
+/// each module declares a type for its own use. A State's destructor must not use static objects: when the process ends
+/// they may be destroyed first. Except on Windows, a host's own objects may call this after the State is destroyed;
+/// then it calls ThrowThreadHasEnded.
 template <typename State>
 [[nodiscard]] State& PerThread() {
 #ifdef _WIN32
-  // The compiler's thread_local frees an object's memory before it runs the destructor there, so it is for objects
-  // without one.
+  // The Windows compiler's thread_local frees an object's memory before it runs the destructor.
   struct Holder : os::ThreadSlot::Held {
     State state;
   };

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// Raises a flag until the end of the scope, and then leaves it as it was before.
+/// Raises a flag until the end of the scope and then restores its former value.
 class RaisedFlag {
  public:
   explicit RaisedFlag(bool& flag) noexcept : m_flag(flag), m_before(std::exchange(flag, true)) {}

@@ -1,3 +1,6 @@
+// The text is kept as its lines, each with its bytes. A look-up walks over them, and a change replaces, inserts or
+// erases single lines, so that a person's comments and layout survive.
+
 #include "platform/RegistryExport.h"
 
 #include <algorithm>
@@ -13,17 +16,7 @@ constexpr std::string_view kHeader = "Windows Registry Editor Version 5.00";
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
-std::optional<std::string> FromUtf16(std::string_view bytes) {
-  if (bytes.size() % 2 != 0) return std::nullopt;
-  std::u16string text;
-  for (std::size_t i = 0; i < bytes.size(); i += 2) {
-    text +=
-        static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) | static_cast<unsigned char>(bytes[i + 1]) << 8U);
-  }
-  return utf::ToUtf8(text);
-}
-
-/// Takes one line with its line break off the front of `rest`.
+/// Takes one line with its line break from the front of `rest`.
 std::string_view TakeLine(std::string_view& rest) {
   const std::size_t end = std::min(rest.find('\n'), rest.size() - 1) + 1;
   const std::string_view line = rest.substr(0, end);
@@ -44,7 +37,7 @@ bool IsBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") =
 std::optional<RegistryExport> RegistryExport::Parse(std::string_view bytes) {
   RegistryExport file;
   if (!bytes.starts_with(kUtf16Mark)) return file.ReadLines(bytes) ? std::optional(std::move(file)) : std::nullopt;
-  const auto text = FromUtf16(bytes.substr(kUtf16Mark.size()));
+  const auto text = utf::FromUtf16Bytes(bytes.substr(kUtf16Mark.size()));
   return text && file.ReadLines(*text) ? std::optional(std::move(file)) : std::nullopt;
 }
 
@@ -53,7 +46,7 @@ bool RegistryExport::ReadLines(std::string_view text) {
   while (!text.empty()) {
     std::string raw(TakeLine(text));
     if (m_lines.empty() && !IsHeader(raw)) return false;
-    while (!text.empty() && GoesOn(raw)) raw += TakeLine(text);
+    while (!text.empty() && ContinuesOnNextLine(raw)) raw += TakeLine(text);
     m_lines.push_back(ParseLine(std::move(raw)));
   }
   if (m_lines.front().raw.ends_with("\r\n")) m_lineBreak = "\r\n";
@@ -93,7 +86,7 @@ bool RegistryExport::SetString(std::string_view key, std::string_view name, std:
 }
 
 void RegistryExport::Remove(std::string_view key, std::string_view name) {
-  // From the last to the first: what is erased moves only what has been dealt with.
+  // From the last to the first, so that the remaining positions stay valid.
   for (auto positions = PositionsOfValue(key, name); !positions.empty(); positions.pop_back()) {
     m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(positions.back()));
   }

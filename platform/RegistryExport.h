@@ -11,24 +11,24 @@
 
 namespace quorvel::registry {
 
-/// A text in the registry's export format, version 5.00: what it says of keys and values, and how to change it.
-/// Lines that are not changed keep every byte, and so does what is not understood. Where a key or value stands
-/// more than once the last value counts. Names ignore letter case; keys are given with their hive.
+/// A text in the registry's export format, version 5.00, whose keys and values can be read and changed. Lines that are
+/// not changed or not understood keep every byte. When a value occurs more than once, the last one counts. Names ignore
+/// letter case; a key's name begins with its hive.
 class RegistryExport {
  public:
-  /// Reads UTF-8, or UTF-16LE with its byte order mark as the operating system exports it; Text gives UTF-8 either
-  /// way. The empty text is a file without keys. Nothing for any other text without the format's header, so that
-  /// a foreign file is never written to.
+  /// Reads UTF-8, or UTF-16LE with a byte order mark, as the operating system exports it. The empty text is a file
+  /// without keys. Nothing for any other text without the format's header: a foreign file must not be changed.
   [[nodiscard]] static std::optional<RegistryExport> Parse(std::string_view bytes);
 
   [[nodiscard]] bool HasKey(std::string_view key) const;
   [[nodiscard]] std::optional<StoredValue> Find(std::string_view key, std::string_view name) const;
 
-  /// False for a key or value that the format cannot hold, or a value without its key.
+  /// False for a key or value that the format cannot hold, or for a value whose key does not exist.
   [[nodiscard]] bool AddKey(std::string_view key);
   [[nodiscard]] bool SetString(std::string_view key, std::string_view name, std::string_view text);
   void Remove(std::string_view key, std::string_view name);
 
+  /// The whole text as UTF-8.
   [[nodiscard]] std::string Text() const;
 
  private:

@@ -1,3 +1,6 @@
+// Reads and writes single lines: [key], "name"=data and @=data, where the data is a quoted text, dword: or hex:. The
+// Take functions consume the front of a view when it has the form they expect.
+
 #include "platform/RegistryExportLine.h"
 
 #include <fmt/format.h>
@@ -7,7 +10,6 @@
 #include <cstdint>
 #include <iterator>
 #include <utility>
-#include <vector>
 
 #include "platform/Text.h"
 #include "platform/Utf.h"
@@ -36,7 +38,7 @@ std::string Quote(std::string_view text) {
   return quoted + '"';
 }
 
-/// Takes a quoted text off the front of `rest`.
+/// Takes a quoted text from the front of `rest`.
 std::optional<std::string> TakeQuoted(std::string_view& rest) {
   if (!rest.starts_with('"')) return std::nullopt;
   std::string text;
@@ -52,7 +54,7 @@ std::optional<std::string> TakeQuoted(std::string_view& rest) {
   return std::nullopt;
 }
 
-/// Takes `"name"=` or `@=` off the front of `rest`.
+/// Takes `"name"=` or `@=` from the front of `rest`.
 std::optional<std::string> TakeName(std::string_view& rest) {
   std::optional<std::string> name;
   if (rest.starts_with('@')) {
@@ -80,7 +82,7 @@ std::optional<std::uint32_t> ReadHex(std::string_view digits) {
   return problem == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
-/// Takes `hex:` or `hex(type):` off the front of `rest`.
+/// Takes `hex:` or `hex(type):` from the front of `rest`.
 std::optional<ValueType> TakeHexType(std::string_view& rest) {
   if (TakePrefix(rest, "hex:")) return ValueType::Binary;
   if (!TakePrefix(rest, "hex(")) return std::nullopt;
@@ -92,28 +94,19 @@ std::optional<ValueType> TakeHexType(std::string_view& rest) {
 }
 
 /// Bytes in hexadecimal between commas, with a backslash before each line break.
-std::optional<std::vector<std::uint8_t>> ReadBytes(std::string_view list) {
+std::optional<std::string> ReadBytes(std::string_view list) {
   std::string digits(list);
   std::erase_if(digits, [](char c) { return c == '\\' || kSpace.find(c) != std::string_view::npos; });
-  std::vector<std::uint8_t> bytes;
+  std::string bytes;
   if (digits.empty()) return bytes;
   for (std::string_view rest = digits;;) {
     const std::size_t comma = rest.find(',');
     const auto byte = ReadHex(rest.substr(0, comma));
     if (!byte || *byte > 0xFF) return std::nullopt;
-    bytes.push_back(static_cast<std::uint8_t>(*byte));
+    bytes += static_cast<char>(*byte);
     if (comma == std::string_view::npos) return bytes;
     rest.remove_prefix(comma + 1);
   }
-}
-
-/// The text in a string's bytes: UTF-16LE, usually with its terminating zero.
-std::optional<std::string> TextOfBytes(const std::vector<std::uint8_t>& bytes) {
-  if (bytes.size() % 2 != 0) return std::nullopt;
-  std::u16string text;
-  for (std::size_t i = 0; i < bytes.size(); i += 2) text += static_cast<char16_t>(bytes[i] | bytes[i + 1] << 8U);
-  if (text.ends_with(u'\0')) text.pop_back();
-  return utf::ToUtf8(text);
 }
 
 std::optional<StoredValue> ReadHexValue(std::string_view data) {
@@ -121,7 +114,9 @@ std::optional<StoredValue> ReadHexValue(std::string_view data) {
   const auto bytes = type ? ReadBytes(data) : std::nullopt;
   if (!bytes) return std::nullopt;
   if (*type != ValueType::String) return StoredValue{*type, {}};
-  auto text = TextOfBytes(*bytes);
+  auto text = utf::FromUtf16Bytes(*bytes);
+  // A string's bytes usually end with a zero.
+  if (text && text->ends_with('\0')) text->pop_back();
   return text ? std::optional(StoredValue{*type, *std::move(text)}) : std::nullopt;
 }
 
@@ -143,7 +138,7 @@ RegistryExportLine ParseLine(std::string raw) {
   RegistryExportLine line;
   std::string_view rest = TrimSpace(raw);
   if (rest.starts_with('[')) {
-    // Without its bracket it still ends the key before; it then has no name, which nobody looks for.
+    // Even without its closing bracket the line ends the former key; without a name it matches no key.
     line.kind = RegistryExportLine::Kind::Key;
     if (rest.ends_with(']')) line.name = rest.substr(1, rest.size() - 2);
   } else if (auto name = TakeName(rest)) {
@@ -157,7 +152,7 @@ RegistryExportLine ParseLine(std::string raw) {
   return line;
 }
 
-bool GoesOn(std::string_view raw) {
+bool ContinuesOnNextLine(std::string_view raw) {
   std::string_view rest = TrimSpace(raw);
   return rest.ends_with('\\') && TakeName(rest) && TakeHexType(rest);
 }

@@ -6,9 +6,9 @@
 
 namespace quorvel {
 
-/// The date in the short form of the user's regional settings, UTF-8: the environment's LC_ALL, LC_TIME or LANG, or
-/// Windows' own settings. Neither asks nor touches the locale that the process has set. Without regional settings
-/// "YYYY-MM-DD".
+/// The date in the short form of the user's regional settings, UTF-8: those of LC_ALL, LC_TIME or LANG in the
+/// environment, or of Windows. Without regional settings "YYYY-MM-DD". The process's own locale does not count and is
+/// not changed.
 [[nodiscard]] std::string FormatShortDate(DateTime value);
 
 }  // namespace quorvel

@@ -11,7 +11,7 @@ namespace {
 constexpr int kStandardInput = 0;
 constexpr int kStandardError = 2;
 
-/// What a person meant; nothing when it is neither.
+/// The answer in a line; nothing when it is neither yes nor no.
 std::optional<PromptAnswer> ReadAnswer(std::string_view line) {
   const std::string_view answer = TrimBlanks(line);
   if (EqualIgnoringCase(answer, "y") || EqualIgnoringCase(answer, "yes")) return PromptAnswer::Yes;

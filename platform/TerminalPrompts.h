@@ -6,14 +6,14 @@
 
 namespace quorvel {
 
-/// Prompts on the terminal: texts go to standard error, answers come from standard input, and standard output
-/// is left to the program. On Windows the terminal is the console. A message with an OK button does not wait. The end
-/// of input answers a question with No and cancels an input box. Without a terminal on both every prompt throws Error
-/// -1 from "Quorvel.Prompts".
+/// Prompts on the terminal, on Windows the console. Texts go to standard error and answers come from standard input;
+/// standard output belongs to the program. Icons are not shown. A message with an OK button does not wait. The end of
+/// input answers a question with No and cancels an input box. Unless both descriptors are a terminal, every prompt
+/// throws Error -1 from "Quorvel.Prompts".
 class TerminalPrompts : public Prompts {
  public:
   TerminalPrompts();
-  /// On other descriptors, which stay the caller's.
+  /// On other descriptors, which the caller closes.
   TerminalPrompts(int input, int output) : m_input(input), m_output(output) {}
 
   PromptAnswer ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,

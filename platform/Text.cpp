@@ -1,3 +1,6 @@
+// Texts are compared by code point after folding each character to lower case. ASCII, by far the most common case, is
+// compared byte by byte without decoding.
+
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -24,7 +27,7 @@ char32_t NextFolded(std::string_view text, std::size_t& position) noexcept {
   return utf::IsCharacter(character) ? LowerCase(character) : character;
 }
 
-/// How many bytes at the beginning are the same but for the letter case of ASCII; never within a character.
+/// The number of leading bytes that are equal except for the letter case of ASCII; never ends inside a character.
 std::size_t CommonBeginning(std::string_view left, std::string_view right) noexcept {
   const std::size_t end = std::min(left.size(), right.size());
   std::size_t i = 0;
@@ -54,8 +57,8 @@ int CompareCharacters(std::string_view left, std::string_view right) noexcept {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-/// Bytes of the control character at the front; 0 when there is none. A carriage return counts as one, and so do
-/// the two bytes of U+0080 to U+009F, which terminals obey as well.
+/// The number of bytes of the control character at the front; 0 when there is none. Terminals obey the two-byte
+/// characters U+0080 to U+009F as well.
 std::size_t ControlLength(std::string_view text) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   if (byte(0) < 0x20 || byte(0) == 0x7F) return 1;
@@ -78,7 +81,7 @@ std::string FoldCase(std::string_view text) {
 }
 
 int CompareIgnoringCase(std::string_view left, std::string_view right) noexcept {
-  // Names and identifiers are nearly always ASCII, and are compared for every row and field.
+  // Names and identifiers are nearly always ASCII and are compared for every row and field.
   const std::size_t i = CommonBeginning(left, right);
   if (i < left.size() && i < right.size()) {
     const auto leftByte = static_cast<unsigned char>(left[i]);

@@ -9,7 +9,7 @@ namespace quorvel {
 [[nodiscard]] std::string_view TrimBlanks(std::string_view text) noexcept;
 
 /// `text` (UTF-8) with every character folded to lower case, one character for one; bytes that are not UTF-8
-/// stay as they are. Used wherever letter case does not count.
+/// are unchanged. Used wherever letter case does not count.
 [[nodiscard]] std::string FoldCase(std::string_view text);
 
 /// Less than, equal or greater than 0, comparing without regard to letter case and without allocating.
@@ -17,8 +17,8 @@ namespace quorvel {
 [[nodiscard]] int CompareIgnoringCase(std::string_view left, std::string_view right) noexcept;
 [[nodiscard]] bool EqualIgnoringCase(std::string_view left, std::string_view right) noexcept;
 
-/// `text` as it may go to a terminal: every control character but line feed and tab, with which one user's text could
-/// take over another user's terminal, becomes U+FFFD; a carriage return before a line feed goes.
+/// `text` made safe for a terminal: with control characters one user's text could take over another user's terminal, so
+/// all except line feed and tab become U+FFFD. A carriage return before a line feed is dropped.
 [[nodiscard]] std::string Printable(std::string_view text);
 
 /// Orders texts without regard to letter case; for maps with text keys that are looked up without a copy.

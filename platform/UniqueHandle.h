@@ -25,11 +25,11 @@ class UniqueHandle {
   explicit operator bool() const noexcept { return m_handle != Traits::Invalid(); }
   [[nodiscard]] Type Release() noexcept { return std::exchange(m_handle, Traits::Invalid()); }
   void Reset(Type handle = Traits::Invalid()) noexcept {
-    // Forgotten before it is closed: what closing calls may come back here.
+    // The member changes first: closing may call code that uses this object.
     const Type closing = std::exchange(m_handle, handle);
     if (closing != Traits::Invalid()) Traits::Close(closing);
   }
-  /// For functions that return a handle through a pointer; whatever was held is closed first.
+  /// For functions that return a handle through a pointer. Closes the former handle first.
   [[nodiscard]] Type* Put() noexcept {
     Reset();
     return &m_handle;

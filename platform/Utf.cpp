@@ -1,3 +1,6 @@
+// Conversion between UTF-8 and UTF-16 with all the checks of the standard. Stray bytes of a malformed UTF-8 text
+// survive as numbers beyond Unicode, so that Take and Append change no text.
+
 #include "platform/Utf.h"
 
 #include <algorithm>
@@ -16,11 +19,11 @@ constexpr char32_t kReplacement = 0xFFFD;
 
 constexpr bool IsSurrogate(char32_t character) { return character >= kFirstHigh && character < kPastSurrogates; }
 
-/// The smallest character of each length in bytes: longer forms of a smaller one are no UTF-8.
+/// The smallest character of each length in bytes: UTF-8 does not allow a longer form of a smaller one.
 constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
 constexpr std::array<unsigned, 5> kLead = {0, 0, 0xC0, 0xE0, 0xF0};
 
-/// How many bytes a character has that begins with `lead`; 0 where none can begin.
+/// The number of bytes of a character that begins with `lead`; 0 when none can.
 constexpr std::size_t LengthAfter(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead < 0xC2 || lead > 0xF4) return 0;
@@ -28,7 +31,7 @@ constexpr std::size_t LengthAfter(unsigned char lead) {
   return lead < 0xF0 ? 3 : 4;
 }
 
-/// The character in `bytes`, which have the length that the first one asks for; kStrayByte if malformed.
+/// The character in `bytes`, whose number fits the first one; kStrayByte when malformed.
 char32_t Decode(std::string_view bytes) noexcept {
   char32_t character = static_cast<unsigned char>(bytes.front()) & (0x7FU >> bytes.size());
   for (const char c : bytes.substr(1)) {
@@ -39,7 +42,7 @@ char32_t Decode(std::string_view bytes) noexcept {
   return character < kSmallest[bytes.size()] || IsSurrogate(character) ? kStrayByte : character;
 }
 
-/// The character at `position`, which moves past it; half a pair stands for itself.
+/// Returns the character at `position` and moves `position` past it; half a pair is returned alone.
 char32_t TakeWide(std::u16string_view text, std::size_t& position) noexcept {
   const char32_t first = text[position++];
   if (first < kFirstHigh || first >= kFirstLow || position == text.size()) return first;
@@ -103,13 +106,24 @@ std::optional<std::string> ToUtf8(std::u16string_view text) {
   return narrow;
 }
 
+std::optional<std::string> FromUtf16Bytes(std::string_view bytes) {
+  if (bytes.size() % 2 != 0) return std::nullopt;
+  std::u16string text;
+  for (std::size_t i = 0; i < bytes.size(); i += 2) {
+    const auto low = static_cast<unsigned char>(bytes[i]);
+    const auto high = static_cast<unsigned char>(bytes[i + 1]);
+    text += static_cast<char16_t>(low | high << 8U);
+  }
+  return ToUtf8(text);
+}
+
 void AppendUtf8(std::string& narrow, std::u16string_view text) {
   narrow.reserve(narrow.size() + text.size());
   const auto isBeyondAscii = [](char16_t unit) { return unit >= kSmallest[2]; };
   for (std::size_t position = 0; position < text.size();) {
     const std::u16string_view rest = text.substr(position);
     const auto end = std::find_if(rest.begin(), rest.end(), isBeyondAscii);
-    // Most texts are ASCII from end to end.
+    // Most texts are ASCII only.
     std::transform(rest.begin(), end, std::back_inserter(narrow),
                    [](char16_t unit) { return static_cast<char>(unit); });
     position += static_cast<std::size_t>(end - rest.begin());

@@ -1,3 +1,6 @@
+// The conversions of the classic language runtime, with std::from_chars and std::to_chars underneath: numbers look the
+// same in every locale. Integers in texts are read exactly and not through a double.
+
 #include "platform/Value.h"
 
 #include <array>
@@ -39,7 +42,7 @@ std::string TextOf(DateTime date) {
   return text;
 }
 
-/// Days since the zero date; before it the fraction still counts forward through the day, as automation has it.
+/// Days since the zero date. As in automation, the fraction counts forward through the day before it too.
 double AutomationDate(DateTime date) {
   const auto sinceZero = date - kZeroDate;
   const auto days = std::chrono::floor<std::chrono::days>(sinceZero);
@@ -48,7 +51,7 @@ double AutomationDate(DateTime date) {
   return whole < 0 ? whole - fraction : whole + fraction;
 }
 
-/// What is left of a text that should be a number: no blanks around it, no plus sign.
+/// The text of a number without the blanks around it and without a plus sign. Error 13 when it begins otherwise.
 std::string_view NumberText(std::string_view text) {
   text = TrimBlanks(text);
   const std::size_t sign = !text.empty() && (text.front() == '+' || text.front() == '-') ? 1 : 0;

@@ -8,20 +8,20 @@
 
 namespace quorvel {
 
-/// SQL NULL, and the value of a parameter that nobody set.
+/// SQL NULL, and the value of a parameter that was never set.
 struct Null {
   friend bool operator==(Null, Null) = default;
 };
 
-/// What a field or a parameter holds, and what a caller passes where any type is accepted (`i_v...`).
+/// The value of a field or a parameter, and an argument of any type (`i_v...`).
 /// Integers of every width are held as 64 bits; texts are UTF-8.
 using Value = std::variant<Null, bool, std::int64_t, double, DateTime, std::string>;
 
 [[nodiscard]] inline bool IsNull(const Value& value) { return std::holds_alternative<Null>(value); }
 [[nodiscard]] inline bool IsText(const Value& value) { return std::holds_alternative<std::string>(value); }
 
-/// Conversions with the rules of the classic language runtime. Errors: 94 for NULL, 13 where the value
-/// has no such reading ("abc" as a number), 6 where it does not fit.
+/// Conversions with the rules of the classic language runtime. Errors: 94 for NULL, 13 when the value
+/// cannot be read as the type ("abc" as a number), 6 when it does not fit.
 ///
 /// Text: numbers in plain decimal, booleans "True"/"False", dates "YYYY-MM-DD HH:MM:SS[.mmm]".
 [[nodiscard]] std::string ToText(const Value& value);

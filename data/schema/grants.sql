@@ -1,10 +1,10 @@
--- The database role QuorvelUser: all that the component's login needs, and no more.
+-- The database role QuorvelUser: exactly the permissions that the component's login needs.
 --
 -- For a SQL Server; the embedded engine has no users. Run it after quorvel.sql, as a user who may create roles and grant
--- on the objects named here, a member of db_owner as a rule. Run again it changes nothing.
+-- on these objects, usually a member of db_owner. A second run changes nothing.
 --
--- The role gets nothing on tciMemo and ttwSurrogateKey: the procedures reach these for it, as long as procedures and
--- tables have the same owner. Make the component's login a user of the database and a member of the role:
+-- The role gets no permission on tciMemo and ttwSurrogateKey: the procedures use them on its behalf, provided that
+-- procedures and tables have the same owner. Make the component's login a user of the database and a member of the role:
 --
 --   CREATE USER app FOR LOGIN app
 --   ALTER ROLE QuorvelUser ADD MEMBER app
@@ -13,7 +13,7 @@ IF NOT EXISTS (SELECT * FROM sys.database_principals WHERE name = 'QuorvelUser' 
   CREATE ROLE QuorvelUser
 GO
 
--- Inserting, deleting, linking and all that happens to remarks goes through procedures.
+-- Inserts, deletes, links and all access to remarks go through procedures.
 GRANT EXECUTE ON spTWCqvGetContext TO QuorvelUser
 GRANT EXECUTE ON spTWCqvGetRemarkTypes TO QuorvelUser
 GRANT EXECUTE ON spTWCqvGetUserRights TO QuorvelUser
@@ -44,7 +44,7 @@ GRANT EXECUTE ON spTWCqvAddRemarkContext TO QuorvelUser
 GRANT EXECUTE ON spTWCqvRemoveRemarkContext TO QuorvelUser
 GO
 
--- The administration lists these tables, and edits some of their columns in place.
+-- The administration lists these tables and updates some of their columns directly.
 GRANT SELECT ON ttwUser TO QuorvelUser
 GRANT SELECT ON ttwGroup TO QuorvelUser
 GRANT SELECT ON ttwGroupMember TO QuorvelUser
@@ -68,8 +68,8 @@ GRANT UPDATE ON ttwRemarkRight (CanCreate, CanRead, CanUpdate, CanDelete) TO Quo
 GRANT UPDATE ON ttwRemarkContext (DisplaySeq, Priority) TO QuorvelUser
 GO
 
--- Each entity's owner lookup must be granted too. These statements are listed and not run: users of the administration may
--- change the names, so somebody should look at them first.
+-- The owner lookup of each entity needs a grant too. The statements are listed and not run, because users of the
+-- administration can change the names: an administrator should read the list first.
 SELECT N'GRANT EXECUTE ON ' + spGetOwnerName + N' TO QuorvelUser' AS OwnerLookups
 FROM ttwRemarkEntity
 WHERE spGetOwnerName <> N''

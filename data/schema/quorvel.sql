@@ -1,14 +1,14 @@
--- Quorvel's tables and stored procedures: the security model (ttw...), the counters that number the memos, and every
--- procedure that the component calls.
+-- Quorvel's tables and stored procedures: the security model (ttw...), the key counters, and all procedures that the
+-- component calls.
 --
--- T-SQL for SQL Server 2012 or later and for the embedded engine: only what both understand. Run it as a user whose
--- default schema is that of the component's login, dbo as a rule: names stand here without a schema. Run it in the host's
--- database. Run again it leaves tables and rows alone, brings the procedures to this version and keeps the grants on them.
--- What the component's login needs is in grants.sql.
+-- T-SQL for SQL Server 2012 or later and for the embedded engine, restricted to statements that both understand. Run it
+-- in the host's database, as a user whose default schema is that of the component's login, usually dbo: the names here
+-- have no schema. A second run leaves tables and rows alone, brings the procedures to this version and keeps the grants
+-- on them. The permissions for the component's login are in grants.sql.
 --
--- The memo table tciMemo and the branches ttwBranch belong to the host, be they tables, views or synonyms, and are made
--- only where there are none. A host whose own tciMemo names its columns differently adapts the procedures that read and
--- write it, after every run.
+-- The memo table tciMemo and the branches ttwBranch belong to the host, as tables, views or synonyms. They are created
+-- only when they are missing. If the host's tciMemo has other column names, adapt the procedures that read and write it
+-- after every run.
 
 SET ANSI_NULLS ON
 GO
@@ -28,8 +28,8 @@ BEGIN
 END
 GO
 
--- BranchID names a branch without a foreign key: it may be empty, and the host may remove or add branches at any time.
--- IsActive informs the administration; it takes no rights away.
+-- BranchID has no foreign key: it may be empty, and the host may add or remove branches at any time. IsActive is shown
+-- in the administration and has no effect on rights.
 IF OBJECT_ID('ttwUser', 'U') IS NULL
 BEGIN
   CREATE TABLE ttwUser (
@@ -54,7 +54,7 @@ BEGIN
 END
 GO
 
--- Every new user joins the group with key 1, so this one comes first.
+-- Every new user joins the group with key 1, so this group must be the first.
 IF NOT EXISTS (SELECT * FROM ttwGroup WHERE GroupID = 'Default')
   INSERT INTO ttwGroup (GroupID, Caption) VALUES ('Default', N'Default');
 GO
@@ -92,8 +92,8 @@ BEGIN
 END
 GO
 
--- AcuityEntityKey is the host's number for the entity, under which it files the memos; the remark procedures take it
--- as a smallint.
+-- AcuityEntityKey is the host's number for the entity, which is stored with the memos. The remark procedures take it as a
+-- smallint.
 IF OBJECT_ID('ttwRemarkEntity', 'U') IS NULL
 BEGIN
   CREATE TABLE ttwRemarkEntity (
@@ -153,8 +153,8 @@ BEGIN
 END
 GO
 
--- A type belongs only into contexts of its own entity; the administration offers no others. Two types of a context may
--- share a DisplaySeq for a moment: the administration exchanges positions with two updates.
+-- A type may only be in contexts of its own entity; the administration offers no others. DisplaySeq is not unique: the
+-- administration swaps two positions with two updates.
 IF OBJECT_ID('ttwRemarkContext', 'U') IS NULL
 BEGIN
   CREATE TABLE ttwRemarkContext (
@@ -168,7 +168,7 @@ BEGIN
 END
 GO
 
--- A memo is tied to its type by the type's identifier, so that it outlives the type.
+-- A memo refers to its type by the type's identifier, so that it outlives the type.
 IF OBJECT_ID('tciMemo') IS NULL
 BEGIN
   CREATE TABLE tciMemo (
@@ -184,7 +184,7 @@ BEGIN
 END
 GO
 
--- The last key given out for each table whose keys spGetNextSurrogateKey gives.
+-- The last key that spGetNextSurrogateKey returned for each table.
 IF OBJECT_ID('ttwSurrogateKey', 'U') IS NULL
 BEGIN
   CREATE TABLE ttwSurrogateKey (
@@ -198,12 +198,12 @@ IF NOT EXISTS (SELECT * FROM ttwSurrogateKey WHERE TableName = 'tciMemo')
   INSERT INTO ttwSurrogateKey (TableName, LastKey) VALUES ('tciMemo', 0);
 GO
 
--- Administration: adding and deleting. A delete takes the row's links with it, all or nothing; an entity also its types
--- and contexts. Memos stay.
+-- Administration: adding and deleting. A delete also removes the row's links, in one transaction; the delete of an entity
+-- also removes its types and contexts. Memos are kept.
 --
--- SET XACT_ABORT ON stands where there is a transaction: without it an error would not end it, and a caller that gives up
--- waiting would leave it open. A single statement undoes itself, and whether its failure ends a transaction of the
--- caller's is for the caller to say.
+-- Procedures with a transaction use SET XACT_ABORT ON: without it an error would not end the transaction, and a caller that
+-- times out would leave it open. A single statement needs neither, and its failure must not end the caller's
+-- transaction.
 
 IF OBJECT_ID('spTWCAddUser', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCAddUser AS SELECT 1 AS Nothing')
@@ -321,7 +321,7 @@ SET NOCOUNT ON
 INSERT INTO ttwRemarkType (RemarkTypeID, RemarkEntityKey) VALUES (RTRIM(@RemarkTypeID), @RemarkEntityKey)
 GO
 
--- The memos of the type stay: they are the host's, and no context shows them any more.
+-- The memos of the type are kept because they belong to the host; no context shows them any more.
 IF OBJECT_ID('spTWCDeleteRemarkType', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCDeleteRemarkType AS SELECT 1 AS Nothing')
 GO
@@ -362,7 +362,7 @@ DELETE FROM ttwContext WHERE ContextKey = @ContextKey
 COMMIT TRANSACTION
 GO
 
--- Administration: linking and unlinking. Flags and positions start at 0; the administration updates them.
+-- Administration: adding and removing links. Flags and positions start at 0; the administration updates them.
 
 IF OBJECT_ID('spTWCqvAddGroupMember', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCqvAddGroupMember AS SELECT 1 AS Nothing')
@@ -500,7 +500,7 @@ WHERE u.UserID = RTRIM(@UserID)
 GROUP BY t.RemarkTypeID
 GO
 
--- The pop-up viewer counts from the start of the list, so the types that pop up come first; then the newest first.
+-- The pop-up viewer counts from the start of the list, so memos of pop-up types come first, and then the newest.
 IF OBJECT_ID('spTWCqvGetFilteredMemos', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCqvGetFilteredMemos AS SELECT 1 AS Nothing')
 GO
@@ -519,7 +519,7 @@ WHERE c.ContextID = RTRIM(@ContextID) AND m.EntityType = @EntityType AND m.Owner
 ORDER BY rc.Priority DESC, m.DateStamp DESC, m.MemoKey DESC
 GO
 
--- Runtime: writing. The time stamp is the server's.
+-- Runtime: writing. The date stamp is the server's time.
 
 IF OBJECT_ID('spTWCqvAddRemark', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCqvAddRemark AS SELECT 1 AS Nothing')
@@ -553,7 +553,7 @@ UPDATE tciMemo
 SET MemoType = RTRIM(@MemoType), EntityType = @EntityType, OwnerKey = @OwnerKey, DateStamp = GETDATE(),
   UserID = RTRIM(@UserID), MemoText = @MemoText
 WHERE MemoKey = @MemoKey
--- Somebody may have deleted it meanwhile, or its insert may have failed: what was typed is kept.
+-- Another user may have deleted the memo, or its insert may have failed: the user's text must not be lost.
 INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText)
 SELECT @MemoKey, RTRIM(@MemoType), @EntityType, @OwnerKey, GETDATE(), RTRIM(@UserID), @MemoText
 WHERE NOT EXISTS (SELECT MemoKey FROM tciMemo WHERE MemoKey = @MemoKey)
@@ -569,13 +569,13 @@ SET NOCOUNT ON
 DELETE FROM tciMemo WHERE MemoKey = @MemoKey
 GO
 
--- A host that numbers its tables with a procedure of this name keeps its own. In ours the update comes first: it holds the
--- counter until the transaction ends (the caller's, if it has one), so that the next caller waits and no key is given
--- twice. The level is READ COMMITTED whatever the caller's is, for under SNAPSHOT the one that waited would fail with an
--- update conflict; a server puts the caller's level back by itself. An unknown table is refused before the transaction
--- begins, so that no rollback of ours ends one of the caller's. The host may have written memos under keys of its own,
--- which are never given again; they are looked up without waiting for writers that have not committed, and once only: the
--- next look may see less, and the counter never goes back.
+-- A host's own procedure of this name is kept. In this one the update comes first: it locks the counter until the
+-- transaction ends (the caller's, if there is one), so the next caller waits and no key is returned twice. The
+-- isolation level is READ COMMITTED because a caller that waited under SNAPSHOT would fail with an update conflict;
+-- the server restores the caller's level on return. An unknown table is refused before the transaction begins, so that
+-- no rollback here ends a transaction of the caller. The host may have written memos with keys of its own, and those
+-- are skipped. They are read without waiting for uncommitted writers, and only once: a second read may see fewer, and
+-- the counter must not go back.
 IF OBJECT_ID('spGetNextSurrogateKey', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spGetNextSurrogateKey
   @iTableName varchar(128),

@@ -1,16 +1,16 @@
--- Sample data for Quorvel: a small wholesaler's customers and orders with the remarks that its clerks wrote, and the
--- users, groups, rights and contexts through which they are seen. All names are made up.
+-- Sample data for Quorvel: a small wholesaler's customers and orders with its clerks' remarks, and the users, groups,
+-- rights and contexts that show them. All names are fictitious.
 --
--- T-SQL like quorvel.sql, which must have run before. For a database to try things out in, not for a host's own: it makes
--- tables Customer and SalesOrder. The data goes in once, all or nothing: where there are customers already, no row
--- changes. Tables and procedures that bear these names already stay as they are.
+-- T-SQL like quorvel.sql, which must run first. For a trial database and not for a host's own, because it creates the
+-- tables Customer and SalesOrder. Existing tables and procedures with these names are not changed. The rows are inserted
+-- in one transaction, and only when there are no customers yet.
 
 SET ANSI_NULLS ON
 GO
 SET QUOTED_IDENTIFIER ON
 GO
 
--- The host's own tables, and the procedures by which the entities find their owners.
+-- The host's tables, and the procedures that look up the owners of remarks.
 
 IF OBJECT_ID('Customer', 'U') IS NULL
 BEGIN
@@ -42,7 +42,7 @@ SET NOCOUNT ON
 SELECT CustKey AS OwnerKey, CustName AS OwnerName FROM Customer WHERE CustID = RTRIM(@OwnerID)')
 GO
 
--- An order goes by its customer's name.
+-- The owner name of an order is its customer's name.
 IF OBJECT_ID('spGetOrderName', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spGetOrderName
   @OwnerID varchar(30)
@@ -61,7 +61,7 @@ SET XACT_ABORT ON
 
 BEGIN TRANSACTION
 
--- The keys of the remarks follow on from this one; nobody else is given one before the end.
+-- The remarks take this key and the ones after it. The counter stays locked until the end of the transaction.
 DECLARE @firstMemo int
 EXEC spGetNextSurrogateKey @iTableName = 'tciMemo', @oNewKey = @firstMemo OUTPUT
 
@@ -220,7 +220,7 @@ FROM (
 INNER JOIN ttwGroup g ON g.GroupID = r.GroupID
 INNER JOIN ttwRemarkType t ON t.RemarkTypeID = r.RemarkTypeID
 
--- Customers' remarks. Acme Tools (45) has two of Collections, one of Credit, three of General and one of Internal.
+-- Remarks of customers. Acme Tools (45) has two of Collections, one of Credit, three of General and one of Internal.
 INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) VALUES
   (@firstMemo, 'Cust.General', 501, 45, '20230612 09:20:00', 'mjones',
     N'Receiving closes at 3 pm. Call the dock, not the front desk, for delivery appointments.'),
@@ -283,7 +283,7 @@ INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID,
   (@firstMemo + 29, 'Cust.AR.Coll', 501, 50, '20240312 11:10:00', 'jsmith',
     N'Broken promise, was to pay on the 8th. Next step is the letter.')
 
--- Orders' remarks.
+-- Remarks of orders.
 INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) VALUES
   (@firstMemo + 30, 'Ord.Note', 801, 1, '20240108 15:40:00', 'mjones',
     N'Customer will take the 18 volt drills in place of the 14.4 if those are short.'),
@@ -310,7 +310,7 @@ INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID,
   (@firstMemo + 41, 'Ord.Ship', 801, 20, '20240312 08:40:00', 'mjones',
     N'Hold for release by collections.')
 
--- Harrow & Pell (8) has 2,000: ten a week from Monday 6 January 2020 on, at different times of the working day.
+-- Harrow & Pell (8) has 2,000: ten a week since Monday, 6 January 2020, at different times of the working day.
 INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText)
 SELECT @firstMemo + 42 + s.n,
   CASE s.n % 4 WHEN 0 THEN 'Cust.AR.Coll' WHEN 1 THEN 'Cust.General' WHEN 2 THEN 'Cust.Credit' ELSE 'Cust.Internal' END,

@@ -1,3 +1,6 @@
+// A file is replaced by writing a temporary file beside it, fsync and rename, while a lock on the folder keeps other
+// writers out. Readers need no lock: the name leads to the old file or the new one.
+
 #include "platform/FileUpdate.h"
 
 #include <fcntl.h>
@@ -38,7 +41,7 @@ bool WriteAll(int descriptor, std::string_view content) {
   return true;
 }
 
-/// Gives a new file the access of the one that it will replace.
+/// Gives a new file the owner, group and mode of the one that it will replace.
 bool CopyAccess(const fs::path& from, int descriptor) {
   struct stat before {};
   if (::stat(from.c_str(), &before) != 0) return errno == ENOENT && ::fchmod(descriptor, kWidestMode) == 0;
@@ -56,8 +59,8 @@ bool WriteNew(const fs::path& temporary, const fs::path& replaced, std::string_v
   return file && WriteAll(file.Get(), content) && CopyAccess(replaced, file.Get()) && ::fsync(file.Get()) == 0;
 }
 
-/// Puts a new file in the place of `file`. The caller holds the folder's lock, so one temporary name is enough, and
-/// what a killed process left under it goes away here.
+/// Replaces `file` with a new one. The caller holds the folder's lock, so one temporary name is enough; a file that a
+/// killed process left under it is deleted first.
 bool Replace(const fs::path& file, const Descriptor& folder, std::string_view content) {
   const fs::path temporary = file.parent_path() / ("." + file.filename().string() + ".new");
   ::unlink(temporary.c_str());
@@ -69,7 +72,7 @@ bool Replace(const fs::path& file, const Descriptor& folder, std::string_view co
   return true;
 }
 
-/// The file that a path leads to: a symbolic link is followed, so that it is not replaced by a file.
+/// The file that a path names. A symbolic link is followed, so that the new file does not replace the link.
 fs::path Resolve(const fs::path& path) {
   std::error_code failure;
   fs::path absolute = fs::absolute(path, failure);
@@ -95,7 +98,7 @@ Descriptor LockFolder(const fs::path& folder) {
 }  // namespace
 
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& file) {
-  // Not blocking, so that a pipe in the file's place is an error and no endless wait.
+  // Not blocking: a pipe under that name is then an error and not an endless wait.
   const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (!descriptor) return errno == ENOENT ? std::optional(std::string()) : std::nullopt;
   struct stat status {};

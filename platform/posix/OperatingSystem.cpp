@@ -29,7 +29,7 @@ std::string LogonName() {
   return found != nullptr ? found->pw_name : "";
 }
 
-/// The log belongs to the whole process: its name for the process stays, so the source stands in the text.
+/// The log's name for the process belongs to the host, so the source is part of the text.
 void WriteWarning(std::string_view message) {
   std::string line(kApplicationName);
   line.append(": ").append(message);

@@ -25,7 +25,7 @@ std::optional<RegistryExport> ReadStore() {
   return content ? RegistryExport::Parse(*content) : std::nullopt;
 }
 
-/// Lets `change` (bool(RegistryExport&)) change the stored file; false when it or the writing fails.
+/// Changes the stored file with `change` (bool(RegistryExport&)); false when `change` or the writing fails.
 template <typename Change>
 bool ChangeStore(Change change) {
   return UpdateFile(StoreLocation(), [&](const std::string& before) -> std::optional<std::string> {
@@ -40,7 +40,7 @@ std::optional<Key> Key::Create(Hive hive, std::string_view path) {
   const std::string name = FullName(hive, path);
   const auto store = ReadStore();
   if (!store) return std::nullopt;
-  // A key that is there needs no writing, which most users of the machine may not do.
+  // Most users of the machine may not write the file, and need not when the key exists.
   if (!store->HasKey(name) && !ChangeStore([&](RegistryExport& file) { return file.AddKey(name); }))
     return std::nullopt;
   return Key(hive, std::string(path));

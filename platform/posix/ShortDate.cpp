@@ -18,7 +18,7 @@ struct LocaleTraits {
 };
 using Locale = UniqueHandle<LocaleTraits>;
 
-/// The locale used last. Making one takes as long as formatting dozens of dates, and grids show thousands.
+/// The locale used last: creating one takes as long as formatting dozens of dates, and grids show thousands.
 struct LastLocale {
   std::string name;
   Locale locale;
@@ -33,7 +33,7 @@ locale_t LocaleNamed(const std::string& name) {
   return last.locale.Get();
 }
 
-/// The locale for dates by the rules of the environment; empty where it has none.
+/// The name of the locale that the environment sets for dates; empty when it sets none.
 std::string LocaleName() {
   for (const char* name : {"LC_ALL", "LC_TIME", "LANG"}) {
     auto value = Variable(name);
@@ -42,7 +42,7 @@ std::string LocaleName() {
   return {};
 }
 
-/// Dates of the standard's own locale are American ones, which nobody chose.
+/// The standard's own locale writes American dates, which no user chose.
 bool IsRegional(const std::string& name) {
   return !name.empty() && name != "POSIX" && name != "C" && !name.starts_with("C.");
 }
@@ -61,7 +61,7 @@ std::optional<std::string> RegionalShortDate(std::chrono::year_month_day date) {
   parts.tm_wday = static_cast<int>(std::chrono::weekday(date).c_encoding());
   std::array<char, 128> buffer{};
   const std::string text(buffer.data(), ::strftime_l(buffer.data(), buffer.size(), "%x", &parts, locale));
-  // Some languages write a word into a date, and some locales are in another encoding.
+  // A locale may have another encoding than UTF-8.
   return text.empty() || !utf::ToUtf16(text) ? std::nullopt : std::optional(text);
 }
 

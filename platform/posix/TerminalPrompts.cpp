@@ -21,7 +21,7 @@ void TerminalPrompts::Write(std::string_view text) const {
 }
 
 std::optional<std::string> TerminalPrompts::ReadLine() const {
-  // Byte by byte: what follows the line is the host's to read.
+  // Byte by byte: the host may read the input after the line.
   std::string line;
   while (true) {
     char byte = 0;

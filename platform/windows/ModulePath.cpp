@@ -7,10 +7,10 @@
 namespace quorvel::os {
 namespace {
 
-/// Longer than any path of the file system, which counts in 16 bits.
+/// Longer than any path: the file system counts in 16 bits.
 constexpr std::size_t kLongest = 0x10000;
 
-/// Its address tells which module this is.
+/// Its address identifies this module.
 const char kInThisModule = 0;
 
 }  // namespace
@@ -24,7 +24,7 @@ std::wstring ModulePath() {
   std::wstring path(MAX_PATH, L'\0');
   for (;;) {
     const DWORD length = ::GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-    // A path that fills the buffer has been cut.
+    // A path that fills the buffer was cut off.
     if (length < path.size()) {
       path.resize(length);
       return path;

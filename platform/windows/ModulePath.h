@@ -4,8 +4,7 @@
 
 namespace quorvel::os {
 
-/// The full path of the file that this code was loaded from, the component's and not the host's, of any length; empty
-/// when the system does not tell.
+/// The full path of the component's file, not the host's; it may have any length. Empty when the system fails.
 [[nodiscard]] std::wstring ModulePath();
 
 }  // namespace quorvel::os

@@ -1,7 +1,7 @@
 #include "platform/OperatingSystem.h"
 
 #include <windows.h>
-// The list of names is declared on top of it.
+// After windows.h, whose types it uses.
 #include <lmcons.h>
 
 #include <array>
@@ -33,7 +33,7 @@ using LocalText = UniqueHandle<LocalMemoryTraits>;
 std::optional<std::string> Variable(const char* name) {
   const auto wideName = ToWide(name);
   std::wstring value;
-  // Another thread may make the value longer between two calls.
+  // Another thread may make the value longer between the two calls.
   for (DWORD size = wideName ? ::GetEnvironmentVariableW(wideName->c_str(), nullptr, 0) : 0; size > value.size();) {
     value.resize(size);
     size = ::GetEnvironmentVariableW(wideName->c_str(), value.data(), size);
@@ -45,7 +45,7 @@ std::optional<std::string> Variable(const char* name) {
 std::string LogonName() {
   std::array<wchar_t, UNLEN + 1> name{};
   auto size = static_cast<DWORD>(name.size());
-  // The size that comes back counts the terminating zero.
+  // The returned size includes the terminating zero.
   return ::GetUserNameW(name.data(), &size) != 0 && size > 0 ? FromWide({name.data(), size - 1}) : "";
 }
 
@@ -69,7 +69,7 @@ DateTime LocalNow() {
 std::string Explain(const std::error_code& error) {
   if (error.category() != std::system_category()) return error.message();
   LocalText text;
-  // The category's own message is in the code page of the machine.
+  // The category's own message has the machine's code page.
   const DWORD length = ::FormatMessageW(
       FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
       static_cast<DWORD>(error.value()), 0, reinterpret_cast<wchar_t*>(text.Put()), 0, nullptr);
@@ -80,7 +80,7 @@ std::string Explain(const std::error_code& error) {
 }
 
 bool IsOutOfSpace(const std::error_code& error) {
-  constexpr int kQuotaExceeded = 1295;  // ERROR_DISK_QUOTA_EXCEEDED, which not every header has
+  constexpr int kQuotaExceeded = 1295;  // ERROR_DISK_QUOTA_EXCEEDED, which some headers lack
   return error == std::errc::no_space_on_device || error == std::errc::file_too_large ||
          error == std::error_code(kQuotaExceeded, std::system_category());
 }

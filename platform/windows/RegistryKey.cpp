@@ -29,7 +29,7 @@ KeyHandle OpenKey(Hive hive, std::string_view path, REGSAM access) {
   return key;
 }
 
-/// A text as it is stored has a terminating zero, unless another program left it out, and any number of bytes.
+/// A stored text may have any number of bytes and usually ends with a zero; some programs leave that out.
 std::string TextOf(const std::wstring& buffer, DWORD bytes) {
   std::wstring_view text(buffer.data(), bytes / sizeof(wchar_t));
   if (text.ends_with(L'\0')) text.remove_suffix(1);
@@ -41,7 +41,7 @@ std::string TextOf(const std::wstring& buffer, DWORD bytes) {
 std::optional<Key> Key::Create(Hive hive, std::string_view path) {
   const auto name = os::ToWide(path);
   if (!name) return std::nullopt;
-  // Who may not write gets no key, although he might read it: hosts know that their users need the right to write.
+  // A user without the right to write gets no key, even where reading is allowed: hosts rely on that.
   return CreateKey(hive, *name) ? std::optional(Key(hive, std::string(path))) : std::nullopt;
 }
 
@@ -53,7 +53,7 @@ std::optional<StoredValue> Key::Query(std::string_view name) const {
   DWORD bytes = 0;
   LSTATUS status = ::RegQueryValueExW(key.Get(), valueName->c_str(), nullptr, &type, nullptr, &bytes);
   std::wstring buffer;
-  // The value may be changed between two calls; a longer one asks for more room.
+  // Another program may make the value longer between two calls.
   while ((status == ERROR_SUCCESS || status == ERROR_MORE_DATA) && type == REG_SZ) {
     buffer.resize(bytes / sizeof(wchar_t) + 1);
     bytes = static_cast<DWORD>(buffer.size() * sizeof(wchar_t));

@@ -1,3 +1,5 @@
+// InstallationHive over the registry of Windows. Every call opens its key by name and closes it again.
+
 #include "platform/windows/SystemHive.h"
 
 #include "platform/windows/KeyHandle.h"
@@ -11,7 +13,7 @@ Outcome OutcomeOf(LSTATUS status) noexcept {
   return status == ERROR_ACCESS_DENIED ? Outcome::Denied : Outcome::Failed;
 }
 
-/// What is to be deleted and is not there needs no deleting.
+/// A missing key or value is as good as a deleted one.
 Outcome OutcomeOfDeleting(LSTATUS status) noexcept {
   return status == ERROR_FILE_NOT_FOUND ? Outcome::Done : OutcomeOf(status);
 }
@@ -21,7 +23,7 @@ LSTATUS ReadText(HKEY root, const std::wstring& key, const std::wstring& name, s
   LSTATUS status = ::RegGetValueW(root, key.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, nullptr, &bytes);
   if (status != ERROR_SUCCESS) return status;
   do {
-    // The value may be changed between two calls; a longer one asks for more room.
+    // Another program may make the value longer between two calls.
     text.resize(bytes / sizeof(wchar_t) + 1);
     bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
     status = ::RegGetValueW(root, key.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, text.data(), &bytes);
@@ -77,7 +79,7 @@ class SystemHive final : public InstallationHive {
     const LSTATUS counted = ::RegQueryInfoKeyW(opened.Get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr,
                                                &values, nullptr, nullptr, nullptr, nullptr);
     if (counted != ERROR_SUCCESS) return OutcomeOf(counted);
-    // The system's own deleting looks at the keys only and would take the values along.
+    // The system's own call only looks for keys below and would delete the values too.
     if (keys != 0 || values != 0) return Outcome::Done;
     opened.Reset();
     return OutcomeOfDeleting(::RegDeleteKeyW(m_root, path->c_str()));

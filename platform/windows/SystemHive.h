@@ -4,7 +4,7 @@
 
 namespace quorvel::registry {
 
-/// The hives of the machine's registry; live as long as the process.
+/// The hives of the Windows registry, which live as long as the process.
 [[nodiscard]] InstallationHive& MachineHive() noexcept;
 [[nodiscard]] InstallationHive& UserHive() noexcept;
 

@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kLongestPiece = 8192;
 constexpr wchar_t kEndOfInput = 0x1A;  // Ctrl+Z, as the first character of a line
 
-/// The console behind a descriptor; only a console's functions take and give UTF-16.
+/// The console of a descriptor; only the console's functions use UTF-16.
 HANDLE ConsoleOf(int descriptor) {
   return reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor));  // NOLINT(performance-no-int-to-ptr)
 }
@@ -40,7 +40,7 @@ void TerminalPrompts::Write(std::string_view text) const {
 }
 
 std::optional<std::string> TerminalPrompts::ReadLine() const {
-  // Unit by unit: what follows the line is the host's to read.
+  // Unit by unit: the host may read the input after the line.
   std::wstring line;
   while (true) {
     wchar_t unit = 0;

@@ -5,9 +5,9 @@
 
 namespace quorvel::os {
 
-/// A place of which every thread has its own; what a thread puts there is destroyed when the thread ends. A slot is
-/// never given back, and once there is one the component stays loaded until the process ends: the system calls its
-/// code at the end of each thread. Safe to use on all threads at once.
+/// One pointer for each thread; the object that a thread puts there is destroyed when the thread ends. A slot is never
+/// released. Once one exists the component stays loaded until the process ends, because the system calls its code at
+/// the end of each thread. Safe on all threads at once.
 class ThreadSlot {
  public:
   struct Held {
@@ -20,9 +20,9 @@ class ThreadSlot {
   /// std::bad_alloc when the system has no more slots.
   ThreadSlot();
 
-  /// What the calling thread has put there; null at first.
+  /// The object that the calling thread put there; null at first.
   [[nodiscard]] Held* Get() const noexcept;
-  /// Takes the place of nothing; std::bad_alloc when the system has no room.
+  /// May be called once a thread; std::bad_alloc when the system has no memory.
   void Put(std::unique_ptr<Held> held) const;
 
  private:

@@ -6,10 +6,10 @@
 
 namespace quorvel::os {
 
-/// UTF-16 as the system's functions take it; nothing where the text is no well-formed UTF-8.
+/// UTF-16, the form of the system's functions; nothing when the text is not well-formed UTF-8.
 [[nodiscard]] std::optional<std::wstring> ToWide(std::string_view text);
 
-/// UTF-8; half a surrogate pair, which the system's names and values may hold, becomes U+FFFD.
+/// UTF-8. Names and values of the system may contain half a surrogate pair, which becomes U+FFFD.
 [[nodiscard]] std::string FromWide(std::wstring_view text);
 
 }  // namespace quorvel::os
