@@ -33,7 +33,7 @@ class DatabaseTest : public testing::Test {
   test::TestDatabase m_database{test::TestDatabase::Content::Schema};
 };
 
-TEST_F(DatabaseTest, LoadRstReportsTheSecondFailureAndGivesNull) {
+TEST_F(DatabaseTest, LoadRstReportsTheSecondFailureAndReturnsNull) {
   const auto before = ConnectionNow();
   const std::string sql = "SELECT GroupKey FROM ttwGruop";
   EXPECT_EQ(LoadRst(sql), nullptr);
@@ -48,7 +48,7 @@ TEST_F(DatabaseTest, LoadRstReportsTheSecondFailureAndGivesNull) {
   EXPECT_EQ(modDatabase::LoadDisconnectedRst(sql), nullptr);
 }
 
-TEST_F(DatabaseTest, LoadRstReconnectsWhenErrorsAreLeftOver) {
+TEST_F(DatabaseTest, LoadRstReconnectsWhenErrorsRemain) {
   const auto before = ConnectionNow();
   EXPECT_EQ(Caught([] { UpdateField("ttwNowhere", "A", std::string("b"), "C", std::int64_t{1}); }).Number(),
             ErrorNumber::DbObjectNotFound);
@@ -61,7 +61,7 @@ TEST_F(DatabaseTest, LoadRstReconnectsWhenErrorsAreLeftOver) {
   EXPECT_THAT(m_prompts->shown, IsEmpty());
 }
 
-TEST_F(DatabaseTest, LoadRstLetsAnErrorOfTheReconnectThrough) {
+TEST_F(DatabaseTest, LoadRstPassesOnAnErrorOfTheReconnect) {
   std::filesystem::remove(m_database.DatabaseFile());
   EXPECT_EQ(Caught([] { static_cast<void>(LoadRst("SELECT 1 FROM ttwNowhere")); }).Number(),
             ErrorNumber::DbUnspecified);
@@ -69,28 +69,22 @@ TEST_F(DatabaseTest, LoadRstLetsAnErrorOfTheReconnectThrough) {
   EXPECT_FALSE(SharedConnection()->IsOpen());
 }
 
-TEST_F(DatabaseTest, ExecSpGivesNamedParametersInAnyOrder) {
+TEST_F(DatabaseTest, ExecSpTakesNamedParametersInAnyOrder) {
   ExecSP("spTWCAddRemarkEntity", {{"@RemarkEntityID", std::string("Customer")}, {"", std::string("skipped")}});
   const std::string key =
       m_database.Ask("SELECT RemarkEntityKey FROM ttwRemarkEntity WHERE RemarkEntityID = 'Customer'");
   ExecSP("spTWCAddContext", {{"remarkentitykey", key}, {"@CONTEXTID", std::string("O'Brien's")}});
   EXPECT_EQ(m_database.Ask("SELECT RemarkEntityKey FROM ttwContext WHERE ContextID = 'O''Brien''s'"), key);
-  EXPECT_EQ(Caught([] {
-              ExecSP("spTWCAddGroup", {{"@Group", std::string("A")}});
-            }).Number(),
-            ErrorNumber::AdoItemNotFound);
-  EXPECT_EQ(Caught([] {
-              ExecSP("spTWCAddGruop", {{"@GroupID", std::string("A")}});
-            }).Number(),
-            ErrorNumber::DbStatement);
+  const auto failureOf = [](const char* procedure, std::initializer_list<modDatabase::NamedValue> pairs) {
+    return Caught([&] { ExecSP(procedure, pairs); }).Number();
+  };
   const modDatabase::NamedValue pair{"", std::string()};
-  EXPECT_EQ(Caught([&] {
-              ExecSP("spTWCAddGroup", {pair, pair, pair, pair, pair, pair, pair});
-            }).Number(),
-            ErrorNumber::InvalidCall);
+  EXPECT_EQ(failureOf("spTWCAddGroup", {{"@Group", std::string("A")}}), ErrorNumber::AdoItemNotFound);
+  EXPECT_EQ(failureOf("spTWCAddGruop", {{"@GroupID", std::string("A")}}), ErrorNumber::DbStatement);
+  EXPECT_EQ(failureOf("spTWCAddGroup", {pair, pair, pair, pair, pair, pair, pair}), ErrorNumber::InvalidCall);
 }
 
-TEST_F(DatabaseTest, UpdateFieldWritesTheRowsThatTheKeysLocate) {
+TEST_F(DatabaseTest, UpdateFieldWritesOnlyTheRowOfItsKeys) {
   m_database.Run(
       "INSERT INTO ttwGroup (GroupID) VALUES ('G1'); INSERT INTO ttwGroup (GroupID) VALUES ('G2');"
       "INSERT INTO ttwBranch (BranchID, BranchName) VALUES ('B1', 'one'); "
@@ -107,7 +101,7 @@ TEST_F(DatabaseTest, UpdateFieldWritesTheRowsThatTheKeysLocate) {
                                                PointerShape::Default, PointerShape::Hourglass, PointerShape::Default));
 }
 
-TEST_F(DatabaseTest, UpdateFieldLeavesTheWaitOneDeeperOnAnError) {
+TEST_F(DatabaseTest, UpdateFieldLeavesTheWaitPendingOnAnError) {
   EXPECT_EQ(
       Caught([] { UpdateField("ttwGroup", "Caption", std::string("it's"), "GroupKey", std::int64_t{1}); }).Number(),
       ErrorNumber::DbStatement);
@@ -118,14 +112,6 @@ TEST_F(DatabaseTest, UpdateFieldLeavesTheWaitOneDeeperOnAnError) {
   EXPECT_THAT(m_prompts->pointers, ElementsAre(PointerShape::Hourglass, PointerShape::Default));
 }
 
-TEST_F(DatabaseTest, SurrogateKeysAreNeverGivenTwice) {
-  const std::int32_t first = modDatabase::GetNextSurrogateKey("tciMemo");
-  modDatabase::OpenConnection();
-  const std::int32_t second = modDatabase::GetNextSurrogateKey("tciMemo");
-  EXPECT_GT(first, 0);
-  EXPECT_GT(second, first);
-}
-
 TEST_F(DatabaseTest, FieldTextIsEmptyForNull) {
   m_database.Run("INSERT INTO ttwBranch (BranchID, BranchName, ShipMethKey) VALUES ('B1', 'one', 5)");
   const auto branches = LoadRst("SELECT ShipMethKey, WhseKey FROM ttwBranch WHERE BranchID = 'B1'");
@@ -133,7 +119,7 @@ TEST_F(DatabaseTest, FieldTextIsEmptyForNull) {
   EXPECT_EQ(modDatabase::FieldText(branches->Fields("WhseKey")), "");
 }
 
-TEST(ModDatabase, StartsWithoutAConnectionOnEveryThread) {
+TEST(ModDatabase, EveryThreadStartsWithoutAConnection) {
   test::TestDatabase database(test::TestDatabase::Content::Schema);
   std::thread([] {
     EXPECT_EQ(SharedConnection(), nullptr);

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 constexpr auto kHourglass = PointerShape::Hourglass;
 constexpr auto kDefault = PointerShape::Default;
 
-TEST(WaitCursor, ShowsWhileAnyWaitIsPending) {
+TEST(WaitCursor, ShowsWhileAWaitIsPending) {
   const test::PromptsGuard prompts;
   modWaitCursor::BeginWait();
   modWaitCursor::BeginWait();
@@ -25,7 +25,7 @@ TEST(WaitCursor, ShowsWhileAnyWaitIsPending) {
   modWaitCursor::EndWait();
   EXPECT_THAT(prompts->pointers, ElementsAre(kHourglass, kDefault));
   modWaitCursor::BeginWait();
-  EXPECT_EQ(prompts->pointers.back(), kHourglass) << "one wait too many ended leaves nothing behind";
+  EXPECT_EQ(prompts->pointers.back(), kHourglass) << "an extra EndWait is not counted";
 
   modWaitCursor::BeginWait();
   modWaitCursor::ResetWait();
@@ -33,11 +33,11 @@ TEST(WaitCursor, ShowsWhileAnyWaitIsPending) {
   modWaitCursor::BeginWait();
   EXPECT_THAT(prompts->pointers, ElementsAre(kHourglass, kDefault, kHourglass, kDefault, kHourglass));
   std::jthread([] { modWaitCursor::EndWait(); }).join();
-  EXPECT_EQ(prompts->pointers.size(), 5U) << "another thread has waits of its own";
+  EXPECT_EQ(prompts->pointers.size(), 5U) << "each thread counts its own waits";
   modWaitCursor::ResetWait();
 }
 
-TEST(UserName, IsTheEffectiveUsers) { EXPECT_EQ(modUserName::GetUserName(), ::getpwuid(::geteuid())->pw_name); }
+TEST(UserName, IsThatOfTheEffectiveUser) { EXPECT_EQ(modUserName::GetUserName(), ::getpwuid(::geteuid())->pw_name); }
 
 }  // namespace
 }  // namespace quorvel

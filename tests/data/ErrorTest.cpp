@@ -16,7 +16,7 @@ std::string Line(const char* place) {
   return fmt::format("Quorvel.{}@PC17:jsmith[version {}.{}.{}]", place, version.major, version.minor, version.revision);
 }
 
-/// What becomes of `thrown` on its way through a handler.
+/// The error that a handler with RaiseError makes of `thrown`.
 template <typename Thrown>
 Error Passed(const Thrown& thrown, const char* procName, const char* context = "") {
   try {
@@ -37,7 +37,7 @@ class Errors : public testing::Test {
   test::ScopedVariable m_user{"USERNAME", "jsmith"};
 };
 
-TEST_F(Errors, TheChainGrowsByOneLineAndTheDescriptionIsGivenOnce) {
+TEST_F(Errors, ChainGrowsByOneLineAndContextIsAddedOnce) {
   const Error plain(6, "Plain", "Overflow");
   const Error inner = Passed(plain, "Inner", "Reading (all)");
   EXPECT_EQ(inner.Number(), 6);
@@ -49,14 +49,14 @@ TEST_F(Errors, TheChainGrowsByOneLineAndTheDescriptionIsGivenOnce) {
   EXPECT_EQ(outer.Description(), inner.Description());
 }
 
-TEST_F(Errors, TheFirstHandlerWithAContextDescribes) {
+TEST_F(Errors, FirstHandlerWithAContextDescribes) {
   const Error first = Passed(Error(-2147217865, "Driver.Manager", "no table"), "SyncRecordset");
   EXPECT_EQ(first.Description(), "no table");
   EXPECT_EQ(first.Source(), "Driver.Manager->\r\n" + Line("GridEXWrapper.SyncRecordset"));
   EXPECT_EQ(Passed(first, "Outer", "Loading").Description(), "Loading encountered error -2147217865 (no table)");
 }
 
-TEST_F(Errors, AForeignExceptionBecomesAnError) {
+TEST_F(Errors, ForeignExceptionBecomesAnError) {
   const Error foreign = Passed(std::runtime_error("v1.2 broke"), "Inner", "Reading");
   EXPECT_EQ(foreign.Number(), ErrorNumber::DbUnspecified);
   EXPECT_EQ(foreign.Source(), Line("GridEXWrapper.Inner"));
@@ -64,7 +64,7 @@ TEST_F(Errors, AForeignExceptionBecomesAnError) {
   EXPECT_EQ(Passed(42, "Inner").Number(), ErrorNumber::DbUnspecified);
 }
 
-TEST_F(Errors, MissingVariablesAndAMissingErrorLeaveGaps) {
+TEST_F(Errors, MissingVariablesLeaveGaps) {
   ::unsetenv("COMPUTERNAME");
   ::unsetenv("USERNAME");
   EXPECT_EQ(modError::ErrorSource("M", "P").substr(0, 23), "Quorvel.M.P@:[version 5");

@@ -60,7 +60,7 @@ std::int32_t FailureOf(const std::string& procedure, std::initializer_list<Named
 
 Value Number(std::int32_t number) { return std::int64_t{number}; }
 
-TEST_F(SchemaTest, RunningTheScriptsAgainChangesNothing) {
+TEST_F(SchemaTest, SecondRunOfTheScriptsChangesNothing) {
   ExecSP("spTWCAddUser", {{"@UserID", "later"}});
   ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(1)}});
   ExecSP("spTWCqvRemoveGroupMember", {{"@GroupKey", Number(1)}, {"@UserKey", Number(Key("ttwUser", "jsmith"))}});
@@ -72,7 +72,7 @@ TEST_F(SchemaTest, RunningTheScriptsAgainChangesNothing) {
   EXPECT_EQ(Dump(), before);
 }
 
-TEST_F(SchemaTest, TheSampleIsWhole) {
+TEST_F(SchemaTest, SampleIsComplete) {
   EXPECT_EQ(Count("Customer"), "50");
   EXPECT_EQ(Count("SalesOrder"), "20");
   EXPECT_EQ(Count("ttwUser"), "4");
@@ -90,12 +90,13 @@ TEST_F(SchemaTest, TheSampleIsWhole) {
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 2043);
 }
 
-TEST_F(SchemaTest, ADeleteTakesTheLinksAlong) {
+TEST_F(SchemaTest, DeletesRemoveTheLinks) {
   struct Case {
     const char* table;
     const char* id;
     std::vector<const char*> links;
   };
+  const std::string memos = Count("tciMemo");
   ExecSP("spTWCAddRight", {{"@RightID", "ExportData"}});
   ExecSP("spTWCqvAddGroupRight",
          {{"@GroupKey", Number(Key("ttwGroup", "Collections"))}, {"@RightKey", Number(Key("ttwRight", "ExportData"))}});
@@ -120,20 +121,14 @@ TEST_F(SchemaTest, ADeleteTakesTheLinksAlong) {
       EXPECT_EQ(Count(each.links[i]), std::to_string(others[i])) << each.links[i] << where;
     }
   }
-  // The remarks of a type that is gone are still the host's.
-  EXPECT_EQ(Count("tciMemo WHERE MemoType = 'Cust.AR.Coll' AND OwnerKey = 45"), "2");
-}
-
-TEST_F(SchemaTest, AnEntityTakesItsTypesAndContextsAlongButNoMemo) {
-  const std::string memos = Count("tciMemo");
   ExecSP("spTWCDeleteRemarkEntity", {{"@RemarkEntityKey", Number(Key("ttwRemarkEntity", "Order"))}});
   EXPECT_EQ(Count("ttwRemarkEntity"), "1");
-  EXPECT_EQ(Count("ttwRemarkType"), "4");
-  EXPECT_EQ(Count("ttwContext"), "2");
-  EXPECT_EQ(Count("tciMemo"), memos);
+  EXPECT_EQ(Count("ttwRemarkType"), "3");
+  EXPECT_EQ(Count("ttwContext"), "1");
+  EXPECT_EQ(Count("tciMemo"), memos) << "memos belong to the host";
 }
 
-TEST_F(SchemaTest, ADeleteThatIsRefusedTakesNothing) {
+TEST_F(SchemaTest, RefusedDeletesRemoveNothing) {
   m_database.Run("CREATE TABLE HostTeam (GroupKey int NOT NULL REFERENCES ttwGroup (GroupKey))");
   m_database.Run("INSERT INTO HostTeam (GroupKey) SELECT GroupKey FROM ttwGroup WHERE GroupID = 'Sales'");
   const std::string before = Dump();
@@ -141,7 +136,7 @@ TEST_F(SchemaTest, ADeleteThatIsRefusedTakesNothing) {
   EXPECT_EQ(Dump(), before);
 }
 
-TEST_F(SchemaTest, AddsUnderTrimmedIDsThatAreUnique) {
+TEST_F(SchemaTest, AddsTrimmedUniqueIDs) {
   const std::string longest(30, 'L');
   const Value entity = Number(Key("ttwRemarkEntity", "Order"));
   struct Case {
@@ -169,12 +164,12 @@ TEST_F(SchemaTest, AddsUnderTrimmedIDsThatAreUnique) {
     trimmed.append(" + '.') = 8 AND ").append(column).append(" = 'new one'");
     EXPECT_EQ(Count(trimmed), "1");
   }
-  // What the administration has not filled in yet is empty, not NULL: the new context loads.
+  // Columns that the administration has not set yet are empty and not NULL, so the new context loads.
   EXPECT_THAT(test::RowsOf(*m_database.Connect(), "EXEC spTWCqvGetContext 'New one'"),
               ElementsAre("|801|Sales Order|spGetOrderName|0|0|1|0"));
 }
 
-TEST_F(SchemaTest, LinksComeAndGo) {
+TEST_F(SchemaTest, LinksAreAddedOnceAndRemoved) {
   const Value group = Number(Key("ttwGroup", "Sales"));
   const Value user = Number(Key("ttwUser", "guest"));
   const Value type = Number(Key("ttwRemarkType", "Cust.Internal"));
@@ -203,7 +198,7 @@ TEST_F(SchemaTest, LinksComeAndGo) {
   }
 }
 
-TEST_F(SchemaTest, AUserHasTheHighestOfTheGroupsRights) {
+TEST_F(SchemaTest, UsersHaveTheHighestRightOfTheirGroups) {
   const auto rightsOf = [this](const std::string& user) {
     return test::RowsOf(*m_database.Connect(), "EXEC spTWCqvGetUserRights '" + user + "'");
   };
@@ -219,7 +214,7 @@ TEST_F(SchemaTest, AUserHasTheHighestOfTheGroupsRights) {
   EXPECT_THAT(rightsOf("MJONES "), testing::Contains("Cust.General|1|1|1|1"));
 }
 
-TEST_F(SchemaTest, MemosOfTheOwnerAndTheContextOnly) {
+TEST_F(SchemaTest, ReadsMemosOfOneOwnerAndContext) {
   // The same owner key under another entity, and a type that the context does not show.
   ExecSP("spTWCqvAddRemark", {{"@MemoKey", Number(9001)},
                               {"@MemoType", "Cust.General"},
@@ -245,24 +240,26 @@ TEST_F(SchemaTest, MemosOfTheOwnerAndTheContextOnly) {
   EXPECT_EQ(memos("CustMaint", 501, 4), 0);
 }
 
-TEST_F(SchemaTest, KeysAreNeverGivenTwice) {
-  // The host may number its own memos; rows that go leave no key to use again.
-  m_database.Run("UPDATE tciMemo SET MemoKey = 5000 WHERE MemoKey = 2042");
+TEST_F(SchemaTest, NoKeyIsReturnedTwice) {
+  // The host may number memos itself; with the very next key or far ahead.
+  m_database.Run("UPDATE tciMemo SET MemoKey = 2043 WHERE MemoKey = 2042");
+  EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 2044);
+  m_database.Run("UPDATE tciMemo SET MemoKey = 5000 WHERE MemoKey = 2043");
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 5001);
   m_database.Run("DELETE FROM tciMemo");
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("TCIMEMO"), 5002);
   m_database.Run("INSERT INTO ttwSurrogateKey (TableName, LastKey) VALUES ('SalesOrder', 20)");
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("SalesOrder"), 21);
-  EXPECT_THROW((void)modDatabase::GetNextSurrogateKey("Customer"), Error) << "a counter must be there first";
+  EXPECT_THROW((void)modDatabase::GetNextSurrogateKey("Customer"), Error) << "there is no counter for this table";
   EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 5003);
   m_database.Run("UPDATE ttwSurrogateKey SET LastKey = 2147483647 WHERE TableName = 'SalesOrder'");
   EXPECT_THROW((void)modDatabase::GetNextSurrogateKey("SalesOrder"), Error);
   EXPECT_EQ(m_database.Ask("SELECT LastKey FROM ttwSurrogateKey WHERE TableName = 'SalesOrder'"), "2147483647");
 }
 
-// What only a server would notice: a count of rows that comes back as a result, a transaction that an error leaves
-// open.
-TEST(SchemaScripts, EveryProcedureKeepsQuietAndEndsItsTransactions) {
+// Only a SQL Server would show these faults: a row count that is returned as a result, and a transaction that an error
+// leaves open.
+TEST(SchemaScripts, ProceduresReturnNoCountsAndEndTheirTransactions) {
   std::size_t procedures = 0;
   for (const std::string_view script : {SchemaScript(), SampleScript()}) {
     for (const ado::Batch& batch : ado::SplitBatches(script)) {

@@ -8,7 +8,7 @@
 namespace quorvel {
 namespace {
 
-TEST(Environment, ALogonNameMustFitWithItsZero) {
+TEST(Environment, LogonNameMustFitWithItsTerminatingZero) {
   std::array<char, 256> buffer{};
   buffer.fill('*');
   ASSERT_TRUE(ReadLogonName(buffer));
@@ -19,7 +19,7 @@ TEST(Environment, ALogonNameMustFitWithItsZero) {
   EXPECT_FALSE(ReadLogonName({}));
 }
 
-TEST(Environment, AWarningNeverThrows) {
+TEST(Environment, WarningsNeverThrow) {
   RedirectWarnings([](std::string_view) { throw std::runtime_error("the log is gone"); });
   EXPECT_NO_THROW(LogWarning("lost"));
   RedirectWarnings({});

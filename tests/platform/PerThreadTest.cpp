@@ -13,7 +13,7 @@ namespace {
 std::mutex reportsLock;
 std::vector<std::string> reports;
 
-/// Reports what it held when its thread ended; the text is too long to stand inside the object.
+/// Reports its text when its thread ends. The text is too long for the string object itself.
 struct Diary {
   ~Diary() {
     const std::scoped_lock lock(reportsLock);
@@ -22,7 +22,7 @@ struct Diary {
   std::string text = "nothing was written into this one";
 };
 
-TEST(PerThread, EachThreadHasItsOwnAndItIsWholeWhenItsThreadEnds) {
+TEST(PerThread, EachThreadHasItsOwnUntilItEnds) {
   std::vector<std::string> written;
   for (int i = 0; i < 8; ++i) {
     written.push_back("what thread " + std::to_string(i) + " wrote into its own");

@@ -28,15 +28,15 @@ bool MakeLocale(const test::TemporaryFolder& folder, const std::string& language
   return std::system(command.c_str()) == 0;
 }
 
-TEST(ShortDate, IsTheStandardOneWhereNobodyChoseAnother) {
+TEST(ShortDate, IsIsoWithoutRegionalSettings) {
   for (const char* locale : {"", "C", "POSIX", "C.UTF-8", "xx_YY.UTF-8"}) {
     EXPECT_EQ(Date(locale, "", ""), "2002-03-14") << locale;
   }
 }
 
-// Machines have few regional settings or none, so the test makes its own. The C library loses some bytes each time that
-// it is told of another folder for them, hence the programs that end without a look at that.
-TEST(ShortDate, IsThatOfTheEnvironmentAndNotOfTheProcess) {
+// Machines have few locales or none, so the test makes its own. The C library leaks some bytes for each new locale
+// folder, so each date is printed by a process that ends without a leak check.
+TEST(ShortDate, FollowsTheEnvironmentAndNotTheProcess) {
   const test::TemporaryFolder folder;
   if (!MakeLocale(folder, "de_DE", "UTF-8") || !MakeLocale(folder, "ja_JP", "UTF-8") ||
       !MakeLocale(folder, "ja_JP", "EUC-JP")) {

@@ -7,7 +7,7 @@
 namespace quorvel {
 namespace {
 
-TEST(Text, LetterCaseDoesNotCount) {
+TEST(Text, IgnoresLetterCase) {
   const std::pair<const char*, const char*> equal[] = {
       {"", ""},           {"MiXed", "mIxED"}, {"STRASSE", "strasse"},      {"ÄÖÜ é", "äöü É"}, {"ЖУК", "жук"},
       {"ΛΌΓΟΙ", "λόγοι"}, {"ĀĮĹŽ", "āįĺž"},   {"ǄǅꟶⱭ", "ǆǆꟶɑ"}, {"𐐀", "𐐨"}};
@@ -25,7 +25,7 @@ TEST(Text, LetterCaseDoesNotCount) {
   }
 }
 
-TEST(Text, BytesThatAreNoUtf8AreKeptAndDiffer) {
+TEST(Text, KeepsBytesThatAreNotUtf8) {
   for (const std::string text : {"a\xFFz", "\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82"}) {
     EXPECT_EQ(FoldCase(text), text);
     EXPECT_EQ(CountCharacters(text), text.size());
@@ -35,7 +35,7 @@ TEST(Text, BytesThatAreNoUtf8AreKeptAndDiffer) {
   EXPECT_EQ(CountCharacters("aé日😀"), 4U);
 }
 
-TEST(Text, Utf16KeepsEveryPlane) {
+TEST(Text, ConvertsEveryPlaneToUtf16AndBack) {
   const std::string text("a\0é日😀\xF4\x8F\xBF\xBF", 15);
   const auto wide = utf::ToUtf16(text);
   ASSERT_TRUE(wide);
@@ -44,7 +44,7 @@ TEST(Text, Utf16KeepsEveryPlane) {
   for (const std::u16string_view broken : {u"\xD800", u"x\xDC00", u"\xD800y"}) EXPECT_FALSE(utf::ToUtf8(broken));
 }
 
-TEST(Text, OnlyBlanksAreTrimmed) {
+TEST(Text, TrimsOnlyBlanks) {
   EXPECT_EQ(TrimBlanks("  \ta b\n "), "\ta b\n");
   EXPECT_EQ(TrimBlanks("   "), "");
 }
