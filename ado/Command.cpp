@@ -17,7 +17,7 @@ Parameter Command::CreateParameter(std::string name, DataType type, ParameterDir
 }
 
 void Command::SetCommandText(std::string text) {
-  // What was discovered belongs to the former procedure; what the caller declared is the caller's.
+  // Discovered parameters belong to the previous procedure, declared ones to the caller.
   if (m_isDiscovered) m_parameters.clear();
   m_isDiscovered = false;
   m_text = std::move(text);

@@ -12,9 +12,9 @@ namespace quorvel::ado {
 
 enum class CommandType : int { Text = 1, StoredProcedure = 4 };
 
-/// A statement or a stored procedure with its parameters. Use: set connection, type and text; then either
-/// append declared parameters, which are sent in that order, or reach for Parameters(name), which discovers
-/// them from the database on first use.
+/// A statement or a stored procedure with its parameters. Set connection, type and text; then either append
+/// declared parameters, which are sent in that order, or use Parameters(name), which discovers them from the
+/// database on first use.
 class Command {
  public:
   void SetActiveConnection(std::shared_ptr<Connection> connection) { m_connection = std::move(connection); }
@@ -32,7 +32,8 @@ class Command {
   /// procedure does not exist.
   [[nodiscard]] Parameter& Parameters(std::string_view name);
 
-  /// Runs it and returns the first result set; a closed recordset when there was none.
+  /// Runs it and returns the first result set; a closed recordset when there was none. adErrInvalidConnection without
+  /// an open connection, adErrInvalidArgument for a text with parameters; otherwise the provider's error.
   std::shared_ptr<Recordset> Execute(int options = kUnspecified);
 
  private:

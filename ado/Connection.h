@@ -22,8 +22,8 @@ enum class ConnectMode : int { Unknown = 0, ReadWrite = 3 };
 /// "Options unspecified", ADO's default for the options of Open and Execute.
 inline constexpr int kUnspecified = -1;
 
-/// A connection to a database. Made by make_shared; commands and recordsets keep it alive. It closes when
-/// the last of them lets go. Used by one thread at a time.
+/// A connection to a database. Made by make_shared; commands and recordsets keep it alive, and it closes with the last
+/// of them. Used by one thread at a time.
 class Connection : public std::enable_shared_from_this<Connection> {
  public:
   using SessionOpener = std::function<std::unique_ptr<Session>(const ConnectOptions&)>;
@@ -42,23 +42,23 @@ class Connection : public std::enable_shared_from_this<Connection> {
   void SetConnectionTimeout(std::chrono::seconds timeout) noexcept { m_connectionTimeout = timeout; }
   [[nodiscard]] std::chrono::seconds ConnectionTimeout() const noexcept { return m_connectionTimeout; }
 
-  /// Opens the session that the connection string describes; `userId` and `password` replace the string's
-  /// when they are not empty. Throws Error, and then the connection stays closed.
+  /// Opens the session that the connection string describes; `userId` and `password` replace the string's when they are
+  /// not empty. adErrObjectOpen when it is open already. After any other Error the connection stays closed.
   void Open(std::string_view userId = {}, std::string_view password = {}, int options = kUnspecified);
   [[nodiscard]] bool IsOpen() const noexcept { return m_session != nullptr; }
 
   /// Runs a batch and returns its first result set; a closed recordset when it had none.
   std::shared_ptr<Recordset> Execute(std::string_view batch, int options = kUnspecified);
 
-  /// Every record of the last operation that failed or warned. An operation that does neither leaves it as
-  /// it is, as ADO documents.
+  /// Every record of the last operation of the database that failed or warned. An operation that does neither leaves
+  /// them unchanged, as ADO documents.
   [[nodiscard]] const std::vector<ProviderError>& Errors() const noexcept { return m_errors; }
   void ClearErrors() noexcept { m_errors.clear(); }
 
-  /// What the other end is, for people. adErrObjectClosed when not open.
+  /// Engine, version and file or server, as text for people. adErrObjectClosed when not open.
   [[nodiscard]] std::string Describe();
 
-  /// For Command and Recordset.
+  /// For Command and Recordset. adErrObjectClosed when not open.
   Result Run(std::string_view batch);
   Result Call(std::string_view procedure, std::span<Parameter> parameters);
   [[nodiscard]] std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure);

@@ -1,3 +1,5 @@
+// The reader of an OLE DB connection string. Its messages never show the text, which may hold a password.
+
 #include "ado/ConnectionString.h"
 
 #include <fmt/format.h>
@@ -39,7 +41,7 @@ const Keyword* FindKeyword(std::string_view key) {
   return found == kKeywords.end() ? nullptr : &*found;
 }
 
-/// Reads the pairs one after the other. Its errors give places, never the text: that may be a password.
+/// Reads the pairs one after the other; its errors give positions only.
 class PairReader {
  public:
   explicit PairReader(std::string_view text) : m_text(text) {}
@@ -65,7 +67,7 @@ class PairReader {
     return std::string(value);
   }
 
-  /// A key that is not known may be a piece of a password that a semicolon has split.
+  /// Only known keys are named: an unknown one may be a piece of a password that a semicolon has split.
   static std::string Named(std::string_view key) {
     const Keyword* keyword = FindKeyword(key);
     return keyword == nullptr ? "value" : fmt::format("value of {}", keyword->name);

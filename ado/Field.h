@@ -11,7 +11,7 @@ namespace quorvel::ado {
 class Recordset;
 
 /// One column of a recordset; its value is that of the recordset's current row. A field may be kept while
-/// the recordset moves, and must not outlive it.
+/// the recordset moves, but must not outlive it.
 class Field {
  public:
   Field(const Recordset& recordset, std::size_t column) : m_recordset(&recordset), m_column(column) {}

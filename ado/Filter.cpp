@@ -1,3 +1,6 @@
+// Criteria are evaluated while they are read, a whole column at a time: every condition gives one flag per row, and AND
+// and OR combine the flags. No tree is built.
+
 #include "ado/Filter.h"
 
 #include <fmt/format.h>
@@ -14,7 +17,7 @@
 namespace quorvel::ado {
 namespace {
 
-/// Deeper brackets than anybody writes, and few enough for any stack.
+/// Deeper than real criteria, and safe for the stack.
 constexpr int kDeepestBrackets = 100;
 
 bool IsWordCharacter(char c) {
@@ -23,7 +26,7 @@ bool IsWordCharacter(char c) {
   return isLetter || isNonAscii || (c >= '0' && c <= '9') || c == '_' || c == '@' || c == '$';
 }
 
-/// One flag for each row. Criteria are evaluated as they are read, a whole column at a time, so no tree is built.
+/// One flag for each row.
 using Mask = std::vector<bool>;
 
 class CriteriaReader {

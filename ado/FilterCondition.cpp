@@ -19,7 +19,7 @@ int Order(Number left, Number right) {
   return left > right ? 1 : 0;
 }
 
-/// What the literal reads as, or nothing.
+/// The literal as `reader` reads it, or nothing.
 template <typename Reader>
 auto Attempt(Reader reader, const std::string& text) -> std::optional<decltype(reader(Value{}))> {
   try {
@@ -36,7 +36,11 @@ std::string_view WithoutTrailingBlanks(std::string_view text) { return text.subs
 FilterCondition::FilterCondition(const RowSet& rows, std::size_t column, FilterOperator op, FilterLiteral literal)
     : m_rows(rows), m_column(column), m_operator(op), m_literal(std::move(literal)) {
   ReadLiteral();
-  Check(rows.Columns()[column].type);
+  if (!Fits(rows.Columns()[column].type)) {
+    ThrowAdoError(ErrorNumber::AdoInvalidArgument,
+                  fmt::format(R"(The filter cannot compare the field "{}" with the value "{}" in this way.)",
+                              rows.Columns()[column].name, m_literal.text));
+  }
   if (op == FilterOperator::Like) ReadPattern();
 }
 
@@ -46,40 +50,32 @@ void FilterCondition::ReadLiteral() {
   if (m_literal.kind == FilterLiteral::Kind::Date) return;
   m_boolean = Attempt(ToBoolean, m_literal.text);
   m_real = Attempt(ToDouble, m_literal.text);
-  // Keys beyond 2^53 must not pass through a double; a fraction must not be rounded away.
+  // A key beyond 2^53 must not become a double, and a fraction must not be rounded away.
   const auto whole = Attempt(ToInt64, m_literal.text);
   if (whole && m_real && static_cast<double>(*whole) == *m_real) m_integer = whole;
 }
 
-void FilterCondition::Check(DataType columnType) const {
-  bool fits = false;
-  if (m_literal.kind == FilterLiteral::Kind::Null) {
-    fits = m_operator == FilterOperator::Equal || m_operator == FilterOperator::NotEqual;
-  } else if (columnType == DataType::Empty) {
-    fits = m_operator != FilterOperator::Like || m_literal.kind == FilterLiteral::Kind::Text;
-  } else if (IsTextType(columnType)) {
-    fits = m_literal.kind == FilterLiteral::Kind::Text ||
-           (m_literal.kind == FilterLiteral::Kind::Number && m_operator != FilterOperator::Like);
-  } else if (m_operator != FilterOperator::Like) {
-    const bool isDate = columnType == DataType::DBTimeStamp;
-    const bool isBoolean = columnType == DataType::Boolean;
-    fits = isDate ? m_date.has_value() : (isBoolean ? m_boolean.has_value() : m_real.has_value());
-  }
-  if (!fits) {
-    ThrowAdoError(ErrorNumber::AdoInvalidArgument,
-                  fmt::format(R"(The filter cannot compare the field "{}" with the value "{}" in this way.)",
-                              m_rows.Columns()[m_column].name, m_literal.text));
-  }
+bool FilterCondition::Fits(DataType columnType) const {
+  using Kind = FilterLiteral::Kind;
+  const bool isLike = m_operator == FilterOperator::Like;
+  if (m_literal.kind == Kind::Null)
+    return m_operator == FilterOperator::Equal || m_operator == FilterOperator::NotEqual;
+  if (columnType == DataType::Empty) return !isLike || m_literal.kind == Kind::Text;
+  if (IsTextType(columnType)) return m_literal.kind == Kind::Text || (m_literal.kind == Kind::Number && !isLike);
+  if (isLike) return false;
+  if (columnType == DataType::DBTimeStamp) return m_date.has_value();
+  if (columnType == DataType::Boolean) return m_boolean.has_value();
+  return m_real.has_value();
 }
 
 void FilterCondition::ReadPattern() {
   std::string_view pattern = m_literal.text;
   if (!pattern.empty() && kWildcards.find(pattern.front()) != std::string_view::npos) {
-    m_isOpenInFront = true;
+    m_anyBefore = true;
     pattern.remove_prefix(1);
   }
   if (!pattern.empty() && kWildcards.find(pattern.back()) != std::string_view::npos) {
-    m_isOpenBehind = true;
+    m_anyAfter = true;
     pattern.remove_suffix(1);
   }
   if (pattern.find_first_of(kWildcards) != std::string_view::npos) {
@@ -87,15 +83,17 @@ void FilterCondition::ReadPattern() {
         ErrorNumber::AdoInvalidArgument,
         fmt::format("The filter's LIKE takes a wildcard only at the beginning and the end: \"{}\".", m_literal.text));
   }
-  m_literal.text = FoldCase(m_isOpenBehind ? pattern : WithoutTrailingBlanks(pattern));
+  m_literal.text = FoldCase(m_anyAfter ? pattern : WithoutTrailingBlanks(pattern));
 }
 
 bool FilterCondition::Meets(std::size_t row) const {
   const auto text = m_rows.TextAt(row, m_column);
-  if (text && m_literal.kind != FilterLiteral::Kind::Null) return MeetsText(*text);
-  const Value cell = text ? Value{false} : m_rows.At(row, m_column);
-  if (m_literal.kind == FilterLiteral::Kind::Null) return IsNull(cell) == (m_operator == FilterOperator::Equal);
-  const auto order = Compare(cell);
+  if (m_literal.kind == FilterLiteral::Kind::Null) {
+    const bool isNull = !text && IsNull(m_rows.At(row, m_column));
+    return isNull == (m_operator == FilterOperator::Equal);
+  }
+  if (text) return MeetsText(*text);
+  const auto order = Compare(m_rows.At(row, m_column));
   return order && Holds(*order);
 }
 
@@ -105,11 +103,11 @@ bool FilterCondition::MeetsText(std::string_view text) const {
 }
 
 bool FilterCondition::MatchesPattern(std::string_view text) const {
-  const std::string folded = FoldCase(m_isOpenBehind ? text : WithoutTrailingBlanks(text));
-  if (m_isOpenInFront) {
-    return m_isOpenBehind ? folded.find(m_literal.text) != std::string::npos : folded.ends_with(m_literal.text);
-  }
-  return m_isOpenBehind ? folded.starts_with(m_literal.text) : folded == m_literal.text;
+  const std::string folded = FoldCase(m_anyAfter ? text : WithoutTrailingBlanks(text));
+  const std::string& pattern = m_literal.text;
+  if (m_anyBefore && m_anyAfter) return folded.find(pattern) != std::string::npos;
+  if (m_anyBefore) return folded.ends_with(pattern);
+  return m_anyAfter ? folded.starts_with(pattern) : folded == pattern;
 }
 
 std::optional<int> FilterCondition::Compare(const Value& cell) const {

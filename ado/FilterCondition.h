@@ -12,28 +12,30 @@ namespace quorvel::ado {
 
 enum class FilterOperator { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, Like };
 
-/// The value of a criterion as it was written: what stood between the quotes, the digits of a number.
+/// The value of a criterion as it was written, without quotes or #.
 struct FilterLiteral {
   enum class Kind { Null, Text, Number, Date };
   Kind kind;
   std::string text;
 };
 
-/// One `Field op value` of filter criteria. Must not outlive `rows`.
+/// One `Field op value` of filter criteria. The literal is converted once to every type that it can be read as, and
+/// each cell is then compared in its own type. Must not outlive `rows`.
 class FilterCondition {
  public:
-  /// adErrInvalidArgument where operator, value and the column's type do not go together.
+  /// adErrInvalidArgument when operator, value and the column's type do not match.
   FilterCondition(const RowSet& rows, std::size_t column, FilterOperator op, FilterLiteral literal);
 
   [[nodiscard]] bool Meets(std::size_t row) const;
 
  private:
   void ReadLiteral();
-  void Check(DataType columnType) const;
+  [[nodiscard]] bool Fits(DataType columnType) const;
   void ReadPattern();
   [[nodiscard]] bool MeetsText(std::string_view text) const;
   [[nodiscard]] bool MatchesPattern(std::string_view text) const;
-  /// How the cell stands to the literal; nothing when they cannot be compared.
+  /// Negative, 0 or positive as the cell is less than, equal to or greater than the literal; nothing when they cannot
+  /// be compared.
   [[nodiscard]] std::optional<int> Compare(const Value& cell) const;
   [[nodiscard]] bool Holds(int order) const;
 
@@ -45,8 +47,8 @@ class FilterCondition {
   std::optional<std::int64_t> m_integer;
   std::optional<double> m_real;
   std::optional<DateTime> m_date;
-  bool m_isOpenInFront = false;  ///< the pattern began with a wildcard
-  bool m_isOpenBehind = false;
+  bool m_anyBefore = false;  ///< the pattern began with a wildcard
+  bool m_anyAfter = false;   ///< the pattern ended with a wildcard
 };
 
 }  // namespace quorvel::ado

@@ -100,11 +100,10 @@ quorvel::Value Recordset::At(std::int32_t row, std::size_t field) const {
 std::int32_t Recordset::BookmarkAt(std::int32_t row) const { return static_cast<std::int32_t>(VisibleRow(row)) + 1; }
 
 std::size_t Recordset::VisibleRow(std::int32_t row) const {
-  const std::int64_t place = std::int64_t{row} - 1;
-  if (place < 0 || place >= static_cast<std::int64_t>(VisibleCount())) {
+  if (row < 1 || static_cast<std::size_t>(row) > VisibleCount()) {
     ThrowAdoError(ErrorNumber::AdoInvalidArgument, fmt::format("There is no row {}.", row));
   }
-  const auto visible = static_cast<std::size_t>(place);
+  const auto visible = static_cast<std::size_t>(row) - 1;
   return m_filter.empty() ? visible : m_visible[visible];
 }
 

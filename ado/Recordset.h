@@ -16,15 +16,15 @@ class Connection;
 /// A static snapshot of a result: read whole when it is opened, then walked, counted, filtered and
 /// bookmarked without the database.
 ///
-/// A recordset is closed until a result with columns has been put into it; then every operation but Open,
-/// IsOpen and ActiveConnection throws adErrObjectClosed. Opened, it stands on its first row, if any.
+/// A recordset is closed until it gets a result with columns. While it is closed, every operation except Open, IsOpen
+/// and those on the active connection throws adErrObjectClosed. An opened one is at its first row, if any.
 class Recordset {
  public:
   Recordset() = default;
   Recordset(std::shared_ptr<Connection> connection, std::optional<RowSet> rows);
 
-  /// Runs `source` on `connection` and holds its first result set. Throws the provider's error, and then
-  /// the recordset is closed. Cursor type, lock type and options are unspecified.
+  /// Runs `source` on `connection` and holds its first result set; it stays closed when there is none or the provider
+  /// fails. adErrObjectOpen when it is open already, adErrInvalidConnection without an open connection.
   void Open(std::string_view source, std::shared_ptr<Connection> connection);
   [[nodiscard]] bool IsOpen() const noexcept { return m_rows != nullptr; }
 
@@ -34,29 +34,28 @@ class Recordset {
   [[nodiscard]] std::size_t FieldCount() const;
 
   [[nodiscard]] bool EndOfFile() const;
-  /// Rows that the filter lets through.
+  /// The number of rows that pass the filter.
   [[nodiscard]] std::int32_t RecordCount() const;
   /// adErrNoCurrentRecord without rows.
   void MoveFirst();
-  /// From the last row to the end of the file; adErrNoCurrentRecord when it is there already.
+  /// After the last row comes the end of the file; adErrNoCurrentRecord when it is there already.
   void MoveNext();
   /// adErrNoCurrentRecord without rows.
   void MoveLast();
 
   /// Criteria as SelectRows reads them; the empty text shows all rows. Setting it moves to the first row
-  /// that is let through. Throws adErrInvalidArgument for criteria that cannot be read and
+  /// that passes. Throws adErrInvalidArgument for criteria that cannot be read and
   /// adErrItemNotFound for an unknown field, and then nothing changes.
   void SetFilter(std::string_view criteria);
   [[nodiscard]] const std::string& Filter() const;
 
-  /// The current row's place in the unfiltered snapshot, 1-based; adErrNoCurrentRecord at the end.
+  /// The current row's number in the unfiltered snapshot, 1-based; adErrNoCurrentRecord at the end.
   [[nodiscard]] std::int32_t Bookmark() const;
   /// Moves to that row; adErrInvalidArgument when the filter hides it or it does not exist.
   void SetBookmark(std::int32_t bookmark);
 
-  /// A value and the bookmark of another row than the current one, which stays as it is: `row` counts from 1 the rows
-  /// that the filter lets through, `field` from 0. adErrInvalidArgument for a row and adErrItemNotFound for a field
-  /// that is not there.
+  /// A value and the bookmark of any row, without a move: `row` is 1-based among the rows that pass the filter, `field`
+  /// 0-based. adErrInvalidArgument for a row and adErrItemNotFound for a field that does not exist.
   [[nodiscard]] Value At(std::int32_t row, std::size_t field) const;
   [[nodiscard]] std::int32_t BookmarkAt(std::int32_t row) const;
 

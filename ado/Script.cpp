@@ -1,3 +1,6 @@
+// A line can be a separator only where no comment and no quoted text is open, so the splitter reads line by line and
+// skips comments and quoted texts, which may hold line ends.
+
 #include "ado/Script.h"
 
 #include <algorithm>
@@ -59,7 +62,7 @@ class Splitter {
     m_at += skipped.size();
   }
 
-  /// Up to and with the next line end that stands outside comments and quoted texts.
+  /// Reads up to the next line end outside comments and quoted texts, and that line end.
   void ReadLine() {
     while (m_at < m_script.size()) {
       const std::string_view rest = m_script.substr(m_at);
@@ -70,7 +73,7 @@ class Splitter {
         Skip(CommentLength(rest));
       } else if (c == '\'' || c == '"' || c == '[') {
         m_hasContent = true;
-        // A doubled quote ends one text and begins the next, which comes to the same.
+        // A doubled quote ends one text and begins the next, with the same effect.
         Skip(std::min(rest.find(c == '[' ? ']' : c, 1), rest.size() - 1) + 1);
       } else {
         m_hasContent = m_hasContent || !IsBlank(c);
@@ -80,7 +83,7 @@ class Splitter {
     }
   }
 
-  /// Comments of this kind nest.
+  /// T-SQL nests these comments.
   static std::size_t CommentLength(std::string_view text) {
     int depth = 0;
     for (std::size_t i = 0; i + 1 < text.size(); ++i) {

@@ -12,9 +12,8 @@ struct Batch {
   int firstLine;          ///< 1-based line of the script on which the batch begins
 };
 
-/// Cuts a script at its lines that hold nothing but GO (any case, blanks and a comment after it allowed);
-/// a GO inside a comment or a quoted text does not count, and a GO with a repeat
-/// count is not taken. Empty batches are left out.
+/// Splits a script at the lines that hold only GO, in any letter case, with blanks around it or a comment after it. A
+/// GO inside a comment or a quoted text does not count, nor does one with a repeat count. Empty batches are left out.
 [[nodiscard]] std::vector<Batch> SplitBatches(std::string_view script);
 
 }  // namespace quorvel::ado

@@ -13,8 +13,7 @@ std::string_view Sentence(std::int32_t number) {
       return "Arguments are of the wrong type, are out of acceptable range, or are in conflict with one another.";
     case ErrorNumber::AdoNoCurrentRecord:
       return "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a "
-             "current "
-             "record.";
+             "current record.";
     case ErrorNumber::AdoItemNotFound:
       return "Item cannot be found in the collection corresponding to the requested name or ordinal.";
     case ErrorNumber::AdoDataConversion:

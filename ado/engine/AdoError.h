@@ -5,8 +5,8 @@
 
 namespace quorvel::ado {
 
-/// Throws the error that a wrong use of connections, commands and recordsets gives: ADO's own sentence for
-/// `number` (one of ErrorNumber::Ado...), then `detail`, which says what it was about. Source "Quorvel.ADO".
+/// Throws the Error of a wrong use of connections, commands and recordsets: ADO's own sentence for `number` (one of
+/// ErrorNumber::Ado...), then `detail`, which says what it is about. The source is "Quorvel.ADO".
 [[noreturn]] void ThrowAdoError(std::int32_t number, std::string_view detail = {});
 
 }  // namespace quorvel::ado

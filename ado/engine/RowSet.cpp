@@ -57,11 +57,11 @@ const char* RowSet::Store(std::string_view text) {
 
 char* RowSet::AddBlock(std::size_t needed) {
   const std::size_t size = std::clamp(2 * m_blockSize, kFirstBlock, kLargestBlock);
-  // A text that would leave little of a block gets one of its own, so that the rest of the current one stays in use.
-  const bool standsAlone = needed > size / 4;
-  const std::size_t allocated = standsAlone ? needed : size;
+  // A long text gets its own block, so that the rest of the current block stays in use.
+  const bool hasOwnBlock = needed > size / 4;
+  const std::size_t allocated = hasOwnBlock ? needed : size;
   char* place = m_textBlocks.emplace_back(std::make_unique_for_overwrite<char[]>(allocated)).get();
-  if (!standsAlone) {
+  if (!hasOwnBlock) {
     m_blockSize = size;
     m_free = place + needed;
     m_freeSize = size - needed;

@@ -12,6 +12,7 @@
 
 namespace quorvel::ado {
 
+/// One column of a result; its type is Empty when the engine knows none, as for an expression.
 struct Column {
   std::string name;
   DataType type = DataType::Empty;
@@ -28,7 +29,7 @@ class RowSet {
   void AppendInteger(std::int64_t value);
   void AppendReal(double value);
   void AppendDateTime(DateTime value);
-  /// UTF-8, at most 4 GB - 1; embedded zeros are kept.
+  /// UTF-8, at most 4 GB - 1 (std::length_error beyond that); embedded zeros are kept.
   void AppendText(std::string_view text);
 
   [[nodiscard]] const std::vector<Column>& Columns() const noexcept { return m_columns; }
@@ -37,7 +38,7 @@ class RowSet {
   [[nodiscard]] std::size_t RowCount() const noexcept { return m_columns.empty() ? 0 : m_cellCount / m_columns.size(); }
   /// `row` and `column` are 0-based and must exist.
   [[nodiscard]] Value At(std::size_t row, std::size_t column) const;
-  /// The text itself, valid as long as the row set; nothing when the cell holds something else.
+  /// The text itself, valid as long as the row set; nothing when the cell holds no text.
   [[nodiscard]] std::optional<std::string_view> TextAt(std::size_t row, std::size_t column) const;
 
  private:
@@ -51,8 +52,8 @@ class RowSet {
     std::uint32_t length;
     Kind kind;
   };
-  /// Blocks are small enough that the allocator keeps them for the next result: larger ones go back to the
-  /// operating system, and to fault their pages in again costs more than to fill them.
+  /// Blocks are small enough that the allocator keeps them for the next result. Larger ones go back to the operating
+  /// system, and getting their pages again costs more than filling them.
   static constexpr std::size_t kCellsPerBlock = 1024;
 
   [[nodiscard]] Cell& AddCell(Kind kind);

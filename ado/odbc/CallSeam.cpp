@@ -5,12 +5,12 @@
 namespace quorvel::ado::odbc {
 namespace {
 
-thread_local CallObserver* observerInForce = nullptr;
+thread_local CallObserver* currentObserver = nullptr;
 
 }  // namespace
 
-CallObserver* Observe(CallObserver* observer) noexcept { return std::exchange(observerInForce, observer); }
+CallObserver* Observe(CallObserver* observer) noexcept { return std::exchange(currentObserver, observer); }
 
-bool MayCall(const char* function) { return observerInForce == nullptr || observerInForce->Allows(function); }
+bool MayCall(const char* function) { return currentObserver == nullptr || currentObserver->Allows(function); }
 
 }  // namespace quorvel::ado::odbc

@@ -4,20 +4,20 @@
 
 namespace quorvel::ado::odbc {
 
-/// What a test puts between the engine and the driver manager, to see every ODBC call and to let some fail.
+/// A test's observer between the engine and the driver manager: it sees every ODBC call and can make a call fail.
 class CallObserver {
  public:
   virtual ~CallObserver() = default;
 
-  /// Asked before each call. False: the call is not made and the engine finds SQL_ERROR as its result; a call
-  /// that gives something back to the driver (SQLFreeHandle, SQLDisconnect) is made all the same.
+  /// Asked before each call. After false the call is not made and the engine gets SQL_ERROR; a call that releases
+  /// something (SQLFreeHandle, SQLDisconnect) is made nevertheless.
   virtual bool Allows(std::string_view function) = 0;
 };
 
-/// Puts an observer in force for the calling thread and returns the former one; null is none.
+/// Installs `observer` for the calling thread and returns the previous one; null means none.
 CallObserver* Observe(CallObserver* observer) noexcept;
 
-/// For the engine: whether the observer in force, if any, lets this call pass.
+/// For the engine: whether the current observer, if any, allows this call.
 [[nodiscard]] bool MayCall(const char* function);
 
 }  // namespace quorvel::ado::odbc

@@ -13,20 +13,20 @@
 namespace quorvel::ado::odbc {
 namespace {
 
-/// Units of one piece of a long text: most memos are one piece.
+/// UTF-16 units of one piece of a long text; most memos fit one piece.
 constexpr std::size_t kPiece = std::size_t{16} * 1024;
-/// An exact number of that many digits fits 64 bits.
+/// The most digits of an exact number that surely fits 64 bits.
 constexpr SQLULEN kDigitsOfInteger = 18;
 
-// SQL Server's own types, by the numbers of its drivers' documentation.
+// SQL Server's own types, numbered as its drivers document them.
 constexpr SQLSMALLINT kXml = -152;
 constexpr SQLSMALLINT kVariant = -150;
 constexpr SQLSMALLINT kTime = -154;
 constexpr SQLSMALLINT kTimestampOffset = -155;
-/// Room for the textual form of the short ones among them.
+/// Enough characters for a time, an offset or a GUID as text.
 constexpr SQLULEN kShortForm = 64;
 
-/// How many UTF-16 units a value takes as a text; 0 when there is no telling.
+/// How many UTF-16 units a value takes as text; 0 when that is unknown.
 SQLULEN UnitsAsText(SQLSMALLINT sqlType, SQLULEN size) {
   switch (sqlType) {
     case kXml:
@@ -125,7 +125,7 @@ void ColumnReader::AppendTo(RowSet& rows, std::size_t row) {
 }
 
 SQLRETURN ColumnReader::GetData(SQLPOINTER buffer, std::size_t bytes, SQLLEN& length) {
-  // Not through Call: that more of a text is to come is no message for anybody.
+  // Not through Call, which would keep "more of the text follows" as a message.
   const SQLRETURN code =
       api::GetData(m_statement.Get(), m_number, ClientType(), buffer, static_cast<SQLLEN>(bytes), &length);
   if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) m_statement.Fail(api::GetData.Name());

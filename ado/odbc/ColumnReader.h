@@ -8,21 +8,22 @@
 
 namespace quorvel::ado::odbc {
 
-/// Reads the cells of one result column, either block by block through a bound buffer or one by one.
+/// Reads the cells of one result column, either in blocks through a bound buffer or one by one. A text without a useful
+/// limit is read in pieces.
 class ColumnReader {
  public:
-  /// Asks the driver what column `number` (1-based) of the open result is.
+  /// Asks the driver to describe column `number` (1-based) of the open result.
   ColumnReader(Statement& statement, SQLUSMALLINT number);
 
   [[nodiscard]] const Column& Description() const noexcept { return m_column; }
-  /// Bytes of a cell in the bound buffer; 0 for a text without a limit worth a buffer, which is read by pieces.
+  /// Bytes of a cell in the bound buffer; 0 for a text that is read in pieces.
   [[nodiscard]] std::size_t Width() const noexcept { return m_width; }
 
-  /// Binds the column for blocks of `rows` rows. Width must not be 0, and the reader must stay where it is.
+  /// Binds the column for blocks of `rows` rows. Width must not be 0, and the reader must not move afterwards.
   void Bind(std::size_t rows);
 
-  /// Appends the cell of the fetched block's `row` (0-based; 0 for a column that is not bound, whose cell is
-  /// fetched now). DriverError 22001 when the driver announced a smaller text than it has.
+  /// Appends the cell in `row` of the fetched block (0-based; 0 for an unbound column, whose cell is fetched
+  /// now). DriverError 22001 when the text is longer than the driver announced.
   void AppendTo(RowSet& rows, std::size_t row);
 
  private:

@@ -1,3 +1,6 @@
+// What the drivers report, made uniform: every record, without the names before the message, with the line where SQL
+// Server gives one, and with a lost connection under its own SQLSTATE.
+
 #include "ado/odbc/Diagnostics.h"
 
 #include <fmt/format.h>
@@ -11,10 +14,10 @@ namespace quorvel::ado::odbc {
 namespace {
 
 constexpr SQLSMALLINT kUsualMessage = 1024;
-/// SQL Server's own field of a record: the line of the batch, or of the procedure that the error came from.
+/// SQL Server's own field of a record: the line in the batch, or in the procedure that raised the error.
 constexpr SQLSMALLINT kLineField = -1154;
 
-/// FreeTDS files the end of a connection under 01000: reading, writing, a dead connection, an end in the middle.
+/// FreeTDS reports a lost connection as 01000: read or write failed, connection dead, unexpected end.
 bool IsLostConnection(std::int32_t number) {
   constexpr std::array<std::int32_t, 4> kNumbers = {20004, 20006, 20017, 20047};
   return std::find(kNumbers.begin(), kNumbers.end(), number) != kNumbers.end();
@@ -24,11 +27,11 @@ constexpr std::string_view kNoReason = "failed and the driver gave no reason.";
 
 bool IsWarning(const Diagnostic& record) { return record.sqlState.starts_with("01"); }
 
-/// Asked of every driver; those that have no such field refuse.
+/// 0 from drivers that have no such field: they refuse the call.
 int LineOf(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number) {
   SQLINTEGER line = 0;
   SQLSMALLINT length = 0;
-  // The standard's word for the size of an integer field, and the one that FreeTDS wants instead.
+  // The standard's code for the size of an integer field, and the one that FreeTDS needs instead.
   for (const SQLSMALLINT size : {SQLSMALLINT{SQL_IS_INTEGER}, SQLSMALLINT{sizeof line}}) {
     const SQLRETURN code =
         api::GetDiagField(handleType, handle, number, kLineField, static_cast<SQLPOINTER>(&line), size, &length);
@@ -38,7 +41,7 @@ int LineOf(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number) {
   return 0;
 }
 
-/// False behind the last record.
+/// False after the last record.
 bool ReadRecord(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number, Diagnostic& record) {
   std::array<SQLWCHAR, SQL_SQLSTATE_SIZE + 1> state{};
   std::u16string text(kUsualMessage, u'\0');
@@ -90,7 +93,7 @@ bool IsMadeUp(const Diagnostic& record) noexcept {
 }
 
 std::string_view WithoutPrefixes(std::string_view message) noexcept {
-  // Behind the server's name the message is the server's own, brackets and all.
+  // After the server's name comes the server's own message, which may begin with a bracket too.
   constexpr std::string_view kServer = "[SQL Server]";
   bool isServers = false;
   while (message.starts_with('[') && !isServers) {

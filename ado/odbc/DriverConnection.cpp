@@ -7,20 +7,21 @@
 #include <limits>
 
 #include "ado/odbc/Drivers.h"
+#include "ado/odbc/OdbcConnectionString.h"
 #include "ado/odbc/WideText.h"
 
 namespace quorvel::ado::odbc {
 namespace {
 
-/// SQL Server's errors of a login: unknown or wrong password, not trusted, disabled, locked, expired, to be changed.
-/// Some drivers file them under 42000.
+/// SQL Server's login errors: wrong user or password, not trusted, disabled, locked, expired, to be changed.
+/// Some drivers report them as 42000.
 bool IsLoginFailure(std::int32_t number) {
   constexpr std::array<std::int32_t, 6> kNumbers = {18452, 18456, 18470, 18486, 18487, 18488};
   return std::find(kNumbers.begin(), kNumbers.end(), number) != kNumbers.end();
 }
 
-/// Whoever reads one record of the failure must learn from it who could not be reached through what, and the reason
-/// with it: drivers put a general "unable to connect" before the server's own word.
+/// Adds server and driver to every record, since a reader may see only one of them, and the server's own reason to the
+/// driver's general "unable to connect" before it.
 DriverError Located(const DriverError& failure, const ConnectOptions& options, std::string_view driver) {
   std::vector<Diagnostic> records = failure.Records();
   for (Diagnostic& record : records) {
@@ -58,8 +59,8 @@ void DriverConnection::Connect(const ConnectOptions& options) {
   if (text.size() > std::numeric_limits<SQLSMALLINT>::max()) {
     throw DriverError("HY090", 0, "The settings of the connection are too long.");
   }
-  // What a server says while it connects ("Changed database context ...") is told nobody: the caller would find it
-  // among the connection's Errors behind its first statement and take it for that one's.
+  // Messages of the login ("Changed database context ...") are dropped: the caller would find them in the connection's
+  // Errors after the first statement and take them for that statement's.
   Require(api::DriverConnect, SQL_HANDLE_DBC, Get(), SQLHWND{nullptr}, Wide(text),
           static_cast<SQLSMALLINT>(text.size()), static_cast<SQLWCHAR*>(nullptr), SQLSMALLINT{0},
           static_cast<SQLSMALLINT*>(nullptr), SQLUSMALLINT{SQL_DRIVER_NOPROMPT});

@@ -18,13 +18,13 @@ class DriverConnection {
 
   [[nodiscard]] SQLHDBC Get() const noexcept { return m_connection.Get(); }
 
-  /// The name by which the driver is installed.
+  /// The name under which the driver is installed.
   [[nodiscard]] const std::string& Driver() const noexcept { return m_driver; }
-  /// What the driver says of itself or of the server; empty where it says nothing.
+  /// A text of SQLGetInfo about driver or server; empty when the driver has none.
   [[nodiscard]] std::string TextInfo(SQLUSMALLINT item) const;
-  /// Whether the driver has found out that the connection is gone.
+  /// Whether the driver knows that the connection is lost.
   [[nodiscard]] bool IsDead() const;
-  /// Whether SQLGetData reads any column and not just those behind the last bound one.
+  /// Whether SQLGetData reads any column and not only those after the last bound one.
   [[nodiscard]] bool ReadsAnyColumn() const noexcept { return m_readsAnyColumn; }
 
  private:

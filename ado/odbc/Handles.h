@@ -11,7 +11,7 @@ struct HandleTraits {
   using Type = SQLHANDLE;
   static Type Invalid() noexcept { return SQL_NULL_HANDLE; }
   static void Close(Type handle) noexcept {
-    // A driver manager keeps a handle that is still connected, and the connection with it.
+    // A driver manager does not free a handle that is still connected.
     if constexpr (HandleType == SQL_HANDLE_DBC) api::Disconnect.Release(handle);
     api::FreeHandle.Release(HandleType, handle);
   }
@@ -22,7 +22,7 @@ using ConnectionHandle = UniqueHandle<HandleTraits<SQL_HANDLE_DBC>>;
 using StatementHandle = UniqueHandle<HandleTraits<SQL_HANDLE_STMT>>;
 
 /// Calls `function` on `handle`, its first argument. DriverError with every record when it fails; SQL_NO_DATA is
-/// no failure.
+/// not a failure.
 template <auto Function, typename... Arguments>
 SQLRETURN Require(const Api<Function>& function, SQLSMALLINT handleType, SQLHANDLE handle, Arguments... arguments) {
   const SQLRETURN code = function(handle, arguments...);

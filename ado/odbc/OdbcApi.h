@@ -15,8 +15,8 @@
 
 #include "ado/odbc/CallSeam.h"
 
-/// The ODBC functions that the engine uses. It calls them by these names only, so that every call passes the
-/// seam; the wide forms where there are two. For the .cpp files of this folder.
+/// The ODBC functions that the engine uses, in their wide form where there is one. The engine calls them only by these
+/// names, so that every call passes the seam. For this folder alone.
 namespace quorvel::ado::odbc {
 
 template <auto Function>
@@ -31,7 +31,7 @@ class Api {
     return MayCall(m_name) ? Function(arguments...) : SQLRETURN{SQL_ERROR};
   }
 
-  /// For calls that give something back, which must not stay behind whatever the seam says.
+  /// For a call that releases something: it is made whatever the observer says.
   template <typename... Arguments>
   void Release(Arguments... arguments) const noexcept {
     (void)MayCall(m_name);
@@ -69,7 +69,7 @@ inline constexpr Api<SQLSetStmtAttrW> SetStmtAttr{"SQLSetStmtAttr"};
 
 }  // namespace api
 
-/// What a driver wrote into a buffer of bytes.
+/// Reads the number that a driver wrote into a buffer of bytes.
 template <typename Number>
 [[nodiscard]] Number ReadAs(const std::byte* bytes) noexcept {
   Number number;
@@ -82,7 +82,7 @@ template <typename Number>
   return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
 }
 
-/// A timeout as ODBC takes it; 0 is without end.
+/// A timeout as ODBC takes it; 0 means no limit.
 [[nodiscard]] inline SQLPOINTER AsPointer(std::chrono::seconds timeout) noexcept {
   constexpr std::chrono::seconds kLongest{std::numeric_limits<std::int32_t>::max()};
   return AsPointer(static_cast<SQLULEN>(std::clamp(timeout, std::chrono::seconds{0}, kLongest).count()));

@@ -32,7 +32,7 @@ class OdbcSession final : public Session {
     if (batch.empty()) return {};
     if (MayChangeProcedures(batch)) m_catalog.Forget();
     Statement statement(m_connection, m_timeout);
-    statement.ExecuteUnread(batch);
+    statement.ExecuteVerbatim(batch);
     return ReadResults(statement);
   }
 

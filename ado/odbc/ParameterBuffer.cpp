@@ -12,9 +12,9 @@
 namespace quorvel::ado::odbc {
 namespace {
 
-/// The most that nvarchar(n) takes; a varchar beyond it loses nothing by going as a long one.
+/// The most characters of nvarchar(n). A longer varchar is sent as a long text, which loses nothing.
 constexpr std::int32_t kLongestShort = 4000;
-/// Units of room for an output text without a limit.
+/// UTF-16 units reserved for an output text without a limit.
 constexpr std::size_t kLongOutput = std::size_t{64} * 1024;
 /// A `datetime`: "yyyy-mm-dd hh:mm:ss.fff".
 constexpr SQLULEN kDateTimeSize = 23;
@@ -26,7 +26,7 @@ struct Binding {
   std::size_t width;  ///< bytes; 0 for texts
 };
 
-/// A text without a limit goes as one of the long types: FreeTDS cuts a short one without a size.
+/// A text without a limit is sent as one of the long types: FreeTDS truncates a short one without a size.
 Binding BindingOf(DataType type, bool hasLimit) {
   switch (type) {
     case DataType::SmallInt:
@@ -81,6 +81,7 @@ void ParameterBuffer::Fill(const Value& value) {
     case SQL_C_TYPE_TIMESTAMP:
       return FillNumber(ToTimestamp(ToDateTime(value)));
     default:
+      if (const auto* text = std::get_if<std::string>(&value)) return FillText(*text);
       return FillText(ToText(value));
   }
 }
@@ -91,7 +92,7 @@ void ParameterBuffer::FillNumber(Number number) {
   m_length = sizeof number;
 }
 
-void ParameterBuffer::FillText(const std::string& text) {
+void ParameterBuffer::FillText(std::string_view text) {
   const std::u16string wide = ToWide(text);
   const auto bytes = std::as_bytes(std::span(wide));
   m_bytes.assign(bytes.begin(), bytes.end());
@@ -106,7 +107,7 @@ void ParameterBuffer::MakeRoom() {
 }
 
 void ParameterBuffer::Bind(Statement& statement, SQLUSMALLINT number) {
-  // Drivers mind a null pointer even where there is nothing to read.
+  // Some drivers refuse a null pointer even when there is nothing to read.
   if (m_bytes.empty()) m_bytes.resize(sizeof(SQLWCHAR));
   statement.Call(api::BindParameter, number, IoType(), m_clientType, m_sqlType, m_size, m_digits,
                  static_cast<SQLPOINTER>(m_bytes.data()), static_cast<SQLLEN>(m_bytes.size()), &m_length);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 #include "ado/engine/Parameter.h"
@@ -8,8 +9,8 @@
 
 namespace quorvel::ado::odbc {
 
-/// The memory of one parameter of a call: bound before the call, read after it. It must stay where it is for the life
-/// of the statement.
+/// The memory of one parameter of a call: bound before the call, read after it. It must not move while the statement
+/// lives.
 class ParameterBuffer {
  public:
   /// DriverError 22021 when a text is not well-formed UTF-8.
@@ -18,12 +19,12 @@ class ParameterBuffer {
   /// Binds it as the `number`th marker (1-based) of the statement.
   void Bind(Statement& statement, SQLUSMALLINT number);
 
-  /// What an output parameter holds after the call. DriverError 22001 when its text had no room.
+  /// The value of an output parameter after the call. DriverError 22001 when its text had no room.
   [[nodiscard]] Value Output() const;
 
  private:
   void Fill(const Value& value);
-  void FillText(const std::string& text);
+  void FillText(std::string_view text);
   template <typename Number>
   void FillNumber(Number number);
   void MakeRoom();
@@ -33,8 +34,8 @@ class ParameterBuffer {
   ParameterInfo m_info;
   SQLSMALLINT m_clientType = SQL_C_WCHAR;
   SQLSMALLINT m_sqlType = SQL_WVARCHAR;
-  bool m_hasLimit;     ///< of a text
-  SQLULEN m_size = 0;  ///< in characters; for a text without a limit what this value needs
+  bool m_hasLimit;     ///< only for texts
+  SQLULEN m_size = 0;  ///< in characters; for a text without a limit the length of this value
   SQLSMALLINT m_digits = 0;
   std::vector<std::byte> m_bytes;
   SQLLEN m_length = SQL_NULL_DATA;

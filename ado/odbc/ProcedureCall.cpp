@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "ado/odbc/ParameterBuffer.h"
-#include "ado/odbc/ProcedureCatalog.h"
+#include "ado/odbc/ProcedureName.h"
 #include "ado/odbc/ResultReader.h"
 
 namespace quorvel::ado::odbc {
@@ -24,7 +24,7 @@ std::string CallText(std::string_view procedure, std::size_t count) {
   return text + (count == 0 ? "}" : ")}");
 }
 
-/// Not every driver knows ODBC's default parameter, and none says more than its SQLSTATE.
+/// Not every driver supports ODBC's default parameter, and its error is a bare SQLSTATE 07S01.
 void Execute(Statement& statement, std::string_view procedure, std::span<const Parameter> sent) {
   try {
     statement.Execute(CallText(procedure, sent.size()));

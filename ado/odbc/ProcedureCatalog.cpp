@@ -1,7 +1,5 @@
 #include "ado/odbc/ProcedureCatalog.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <set>
@@ -22,13 +20,6 @@ constexpr std::size_t kType = 5;
 constexpr std::size_t kSize = 7;
 constexpr std::size_t kOrdinal = 17;
 
-/// Bytes of the longest identifier: 128 UTF-16 units.
-constexpr std::size_t kLongestName = std::size_t{128} * 3;
-
-[[noreturn]] void ThrowNotFound(std::string_view procedure) {
-  throw DriverError("42000", 2812, fmt::format("Could not find stored procedure '{}'.", procedure));
-}
-
 std::int64_t NumberAt(const RowSet& rows, std::size_t row, std::size_t column) {
   if (column >= rows.Columns().size()) return 0;
   const Value value = rows.At(row, column);
@@ -43,7 +34,7 @@ std::string TextAt(const RowSet& rows, std::size_t row, std::size_t column) {
 /// SQL Server appends the number of the procedure's group: "name;1".
 std::string_view WithoutGroup(std::string_view name) { return name.substr(0, name.rfind(';')); }
 
-/// The rows of the procedure of just that name: what the driver was asked for is a pattern to it.
+/// The rows of the procedure of exactly that name: the driver takes the name that it gets for a pattern.
 std::vector<std::size_t> RowsOf(const RowSet& rows, const ProcedureName& procedure) {
   std::vector<std::size_t> found;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
@@ -72,7 +63,7 @@ ParameterInfo ParameterAt(const RowSet& rows, std::size_t row) {
 template <auto Function, typename... More>
 RowSet AskCatalog(Statement& statement, const Api<Function>& function, const ProcedureName& procedure, More... more) {
   std::array<std::u16string, 3> parts = {ToWide(procedure.catalog), ToWide(procedure.schema), ToWide(procedure.name)};
-  // An empty part would ask for objects without one; a missing part asks for any.
+  // An empty part would ask for procedures without that part; null asks for any.
   const auto text = [](std::u16string& part) { return part.empty() ? nullptr : Wide(part); };
   const auto length = [](const std::u16string& part) { return static_cast<SQLSMALLINT>(part.size()); };
   statement.Call(function, text(parts[0]), length(parts[0]), text(parts[1]), length(parts[1]), text(parts[2]),
@@ -81,13 +72,6 @@ RowSet AskCatalog(Statement& statement, const Api<Function>& function, const Pro
 }
 
 }  // namespace
-
-ProcedureName RequireProcedureName(std::string_view procedure) {
-  auto name = ParseProcedureName(procedure);
-  const auto isTooLong = [](const std::string& part) { return part.size() > kLongestName; };
-  if (!name || isTooLong(name->catalog) || isTooLong(name->schema) || isTooLong(name->name)) ThrowNotFound(procedure);
-  return std::move(*name);
-}
 
 const std::vector<ParameterInfo>& ProcedureCatalog::ParametersOf(std::string_view procedure,
                                                                  std::chrono::seconds timeout) {
@@ -101,15 +85,9 @@ std::vector<ParameterInfo> ProcedureCatalog::Ask(const ProcedureName& procedure,
   const RowSet rows =
       AskCatalog(statement, api::ProcedureColumns, procedure, static_cast<SQLWCHAR*>(nullptr), SQLSMALLINT{0});
   std::vector<std::size_t> found = RowsOf(rows, procedure);
-  std::set<std::string, LessIgnoringCase> schemas;
-  for (const std::size_t row : found) schemas.insert(TextAt(rows, row, kSchema));
-  if (schemas.size() > 1) {
-    const std::string schema = DefaultSchema(timeout);
-    const std::string_view chosen = schemas.contains(schema) ? std::string_view(schema) : "dbo";
-    std::erase_if(found, [&](std::size_t row) { return !EqualIgnoringCase(TextAt(rows, row, kSchema), chosen); });
-  }
-  // A procedure without parameters still has its return value, but not on every server.
-  if (found.empty() && !Exists(procedure, timeout)) ThrowNotFound(procedure.name);
+  KeepOneSchema(rows, found, timeout);
+  // No rows: most servers give a return value even for a procedure without parameters, but not all do.
+  if (found.empty() && !Exists(procedure, timeout)) ThrowNoSuchProcedure(procedure.name);
   std::stable_sort(found.begin(), found.end(), [&rows](std::size_t left, std::size_t right) {
     return NumberAt(rows, left, kOrdinal) < NumberAt(rows, right, kOrdinal);
   });
@@ -120,6 +98,17 @@ std::vector<ParameterInfo> ProcedureCatalog::Ask(const ProcedureName& procedure,
     if (isParameter) parameters.push_back(ParameterAt(rows, row));
   }
   return parameters;
+}
+
+/// Where several schemas have the procedure, the login's default schema counts, then dbo.
+void ProcedureCatalog::KeepOneSchema(const RowSet& rows, std::vector<std::size_t>& found,
+                                     std::chrono::seconds timeout) const {
+  std::set<std::string, LessIgnoringCase> schemas;
+  for (const std::size_t row : found) schemas.insert(TextAt(rows, row, kSchema));
+  if (schemas.size() <= 1) return;
+  const std::string schema = DefaultSchema(timeout);
+  const std::string_view chosen = schemas.contains(schema) ? std::string_view(schema) : "dbo";
+  std::erase_if(found, [&](std::size_t row) { return !EqualIgnoringCase(TextAt(rows, row, kSchema), chosen); });
 }
 
 bool ProcedureCatalog::Exists(const ProcedureName& procedure, std::chrono::seconds timeout) const {

@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "ado/engine/Parameter.h"
+#include "ado/engine/RowSet.h"
 #include "ado/odbc/DriverConnection.h"
 #include "ado/odbc/ProcedureName.h"
 #include "platform/Text.h"
 
 namespace quorvel::ado::odbc {
 
-/// What the server tells of its procedures' parameters: asked once for each name and kept.
+/// The parameters of the server's procedures, asked for once per name and kept until Forget.
 class ProcedureCatalog {
  public:
   explicit ProcedureCatalog(const DriverConnection& connection) : m_connection(connection) {}
@@ -27,13 +28,11 @@ class ProcedureCatalog {
  private:
   [[nodiscard]] std::vector<ParameterInfo> Ask(const ProcedureName& procedure, std::chrono::seconds timeout) const;
   [[nodiscard]] bool Exists(const ProcedureName& procedure, std::chrono::seconds timeout) const;
+  void KeepOneSchema(const RowSet& rows, std::vector<std::size_t>& found, std::chrono::seconds timeout) const;
   [[nodiscard]] std::string DefaultSchema(std::chrono::seconds timeout) const;
 
   const DriverConnection& m_connection;
   std::map<std::string, std::vector<ParameterInfo>, LessIgnoringCase> m_known;
 };
-
-/// The parts of a procedure's name. DriverError 42000 (2812) when no procedure can bear it.
-[[nodiscard]] ProcedureName RequireProcedureName(std::string_view procedure);
 
 }  // namespace quorvel::ado::odbc

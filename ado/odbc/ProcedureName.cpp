@@ -1,21 +1,27 @@
 #include "ado/odbc/ProcedureName.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <vector>
 
+#include "ado/engine/DriverError.h"
 #include "platform/Text.h"
 
 namespace quorvel::ado::odbc {
 namespace {
 
+/// Bytes of the longest identifier: 128 UTF-16 units.
+constexpr std::size_t kLongestName = std::size_t{128} * 3;
+
 bool IsPlain(char c) {
-  // Bytes above ASCII belong to letters; whether the server takes them is its own decision.
+  // Bytes above ASCII belong to letters; the server decides whether it accepts them.
   const auto byte = static_cast<unsigned char>(c);
   return byte >= 0x80 || (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') ||
          c == '_' || c == '#' || c == '@' || c == '$';
 }
 
-/// Takes one part off the front of `rest`; nothing when brackets or quotes stay open.
+/// Removes one part from the front of `rest`; nothing when a bracket or quote is not closed.
 std::optional<std::string> TakePart(std::string_view& rest) {
   std::string part;
   if (!rest.starts_with('[') && !rest.starts_with('"')) {
@@ -37,7 +43,7 @@ std::optional<std::string> TakePart(std::string_view& rest) {
   }
 }
 
-/// Plain parts stay plain: not every server takes off brackets from the name of a remote call.
+/// Plain parts stay plain: not every server removes brackets from the name of a remote call.
 std::string Bracketed(std::string_view part) {
   if (std::all_of(part.begin(), part.end(), IsPlain)) return std::string(part);
   std::string text = "[";
@@ -70,6 +76,17 @@ std::optional<ProcedureName> ParseProcedureName(std::string_view text) {
   if (!rest.empty() || parts.size() > 3 || parts.back().empty()) return std::nullopt;
   parts.insert(parts.begin(), 3 - parts.size(), std::string());
   return ProcedureName{parts[0], parts[1], parts[2]};
+}
+
+ProcedureName RequireProcedureName(std::string_view text) {
+  auto name = ParseProcedureName(text);
+  const auto isTooLong = [](const std::string& part) { return part.size() > kLongestName; };
+  if (!name || isTooLong(name->catalog) || isTooLong(name->schema) || isTooLong(name->name)) ThrowNoSuchProcedure(text);
+  return std::move(*name);
+}
+
+void ThrowNoSuchProcedure(std::string_view procedure) {
+  throw DriverError("42000", 2812, fmt::format("Could not find stored procedure '{}'.", procedure));
 }
 
 }  // namespace quorvel::ado::odbc

@@ -1,3 +1,6 @@
+// Rows are fetched in blocks into buffers bound to the columns. A result with a long text, which has no buffer, is
+// fetched row by row.
+
 #include "ado/odbc/ResultReader.h"
 
 #include <algorithm>
@@ -10,7 +13,7 @@
 namespace quorvel::ado::odbc {
 namespace {
 
-/// Bytes of a block, and the most rows of one. A small result does not fill a block, so a large one would only cost.
+/// Bytes and most rows of a block. Most results are small, so larger blocks would only cost memory.
 constexpr std::size_t kBlockBytes = std::size_t{128} * 1024;
 constexpr std::size_t kMostRows = 256;
 
@@ -25,7 +28,7 @@ class BlockReader {
     std::vector<Column> columns;
     for (const ColumnReader& column : m_columns) columns.push_back(column.Description());
     RowSet rows(std::move(columns));
-    // A block that is not full is the last one. To fetch behind it would lose what the server says there.
+    // A block that is not full is the last one. Fetching again would lose the messages that follow the rows.
     bool isFull = true;
     while (isFull && m_statement.Call(api::Fetch) != SQL_NO_DATA) {
       AppendBlock(rows);
@@ -35,8 +38,8 @@ class BlockReader {
   }
 
  private:
-  /// Columns up to the first long one are bound, and those behind it where the driver reads in any order. With a
-  /// column that is not bound rows come one by one: ODBC knows no portable way to its cells in a block.
+  /// Binds the columns before the first long one, and those after it when the driver reads columns in any order. With
+  /// an unbound column rows come one by one: ODBC has no portable way to its cells in a block.
   void BindColumns() {
     const auto firstLong = std::find_if(m_columns.begin(), m_columns.end(), IsLong);
     const bool readsAnyColumn = m_statement.Connection().ReadsAnyColumn();
@@ -58,7 +61,7 @@ class BlockReader {
 
   void AppendBlock(RowSet& rows) {
     for (std::size_t row = 0; row < std::min<std::size_t>(m_fetched, m_blockRows); ++row) {
-      // A block of which some rows failed is a success to ODBC.
+      // ODBC reports a block as a success even when some of its rows failed.
       if (m_status[row] == SQL_ROW_ERROR) m_statement.Fail(api::Fetch.Name());
       if (m_status[row] == SQL_ROW_NOROW) break;
       for (ColumnReader& column : m_columns) column.AppendTo(rows, row);
@@ -80,15 +83,15 @@ SQLUSMALLINT CountColumns(Statement& statement) {
   return static_cast<SQLUSMALLINT>(std::max<SQLSMALLINT>(count, 0));
 }
 
-/// Not when the connection is gone, the time is up or the driver gave no reason.
+/// Not after a lost connection, a timeout or a failure without a reason.
 bool MayGoOnAfter(const Diagnostic& failure) {
   return failure.nativeError != 0 && !failure.sqlState.starts_with("08") && !failure.sqlState.starts_with("HYT");
 }
 
-/// Takes one step through the results; false when there is nothing more to be had. What failed is added to `failures`.
+/// Takes one step through the results and adds a failure to `failures`; false when no further step is possible.
 template <typename Step>
 bool Try(const Step& step, std::vector<Diagnostic>& failures) {
-  // A driver that repeats itself must not hold the caller for ever.
+  // A driver that repeats a failure endlessly must not block the caller.
   constexpr std::size_t kMostRecords = 1000;
   try {
     return step();

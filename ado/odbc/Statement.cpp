@@ -14,7 +14,7 @@ Statement::Statement(const DriverConnection& connection, std::chrono::seconds ti
 
 void Statement::Fail(std::string_view function) {
   std::vector<Diagnostic> records = FailureOf(SQL_HANDLE_STMT, Get(), function).Records();
-  // FreeTDS says no more than "Unknown error" when the connection went while nobody looked.
+  // FreeTDS says only "Unknown error" when the connection was lost between two calls.
   if (Diagnostic& first = records.front(); first.sqlState == "HY000" && m_connection.IsDead()) {
     first.sqlState = "08S01";
     first.message += " The connection to the server is lost.";
@@ -24,13 +24,13 @@ void Statement::Fail(std::string_view function) {
   throw DriverError(std::move(records));
 }
 
-void Statement::ExecuteUnread(std::string_view text) {
+void Statement::ExecuteVerbatim(std::string_view text) {
   SetOptionalAttribute(SQL_ATTR_NOSCAN, AsPointer(SQLULEN{SQL_NOSCAN_ON}));
   Execute(text);
 }
 
 void Statement::Execute(std::string_view text) {
-  // A driver would send what stands before it, which may be another statement altogether.
+  // A driver would send only the part before it, which may be a quite different statement.
   if (text.find('\0') != std::string_view::npos) {
     throw DriverError("42000", 0, "The statement holds a NUL character; nothing was sent.");
   }
@@ -42,7 +42,7 @@ void Statement::SetOptionalAttribute(SQLINTEGER attribute, SQLPOINTER value) {
   const SQLRETURN code = api::SetStmtAttr(Get(), attribute, value, SQLINTEGER{SQL_IS_UINTEGER});
   if (SQL_SUCCEEDED(code)) return;
   const DriverError failure = FailureOf(SQL_HANDLE_STMT, Get(), api::SetStmtAttr.Name());
-  // Drivers refuse under various SQLSTATEs, but they say so.
+  // Drivers refuse under various SQLSTATEs, but always with a record; a failure without one is a real failure.
   if (IsMadeUp(failure.Records().front())) throw DriverError(failure);
 }
 

@@ -10,18 +10,18 @@
 
 namespace quorvel::ado::odbc {
 
-/// One statement on its way: executed once, its results read to the end, then thrown away. Keeps the messages
-/// that come with successful calls.
+/// One statement: executed once, its results read to the end, then destroyed. It collects the messages of successful
+/// calls.
 class Statement {
  public:
-  /// `timeout` limits each execution; 0 is without end. A driver that knows no such limit goes without.
+  /// `timeout` limits each execution; 0 means no limit, and a driver without query timeouts has none.
   Statement(const DriverConnection& connection, std::chrono::seconds timeout);
 
   [[nodiscard]] const DriverConnection& Connection() const noexcept { return m_connection; }
   [[nodiscard]] SQLHSTMT Get() const noexcept { return m_handle.Get(); }
 
-  /// Calls `function` on the statement. DriverError when it fails: the records of the failure, then the messages
-  /// before it.
+  /// Calls `function` on the statement. DriverError when it fails: the records of the failure, then the earlier
+  /// messages.
   template <auto Function, typename... Arguments>
   SQLRETURN Call(const Api<Function>& function, Arguments... arguments) {
     const SQLRETURN code = function(Get(), arguments...);
@@ -30,7 +30,7 @@ class Statement {
     return code;
   }
 
-  /// Throws the failure of the call just made.
+  /// Throws the failure of the last call, which was `function`.
   [[noreturn]] void Fail(std::string_view function);
 
   void SetAttribute(SQLINTEGER attribute, SQLPOINTER value, SQLINTEGER length = SQL_IS_POINTER) {
@@ -38,10 +38,10 @@ class Statement {
   }
   /// DriverError 42000 when the text holds a NUL character.
   void Execute(std::string_view text);
-  /// The same for a text in which the driver must not look for ODBC's own braces and parameter marks.
-  void ExecuteUnread(std::string_view text);
+  /// The same for a text that the driver must not search for ODBC's own braces and parameter marks.
+  void ExecuteVerbatim(std::string_view text);
 
-  /// Keeps what the driver has pointers to: it may write there until the statement is gone.
+  /// Keeps memory that the driver has pointers to: it may write there until the statement is destroyed.
   void Keep(std::shared_ptr<void> buffers) { m_kept.push_back(std::move(buffers)); }
 
   [[nodiscard]] std::vector<Diagnostic> TakeMessages() { return std::exchange(m_messages, {}); }
@@ -49,7 +49,7 @@ class Statement {
  private:
   void KeepMessages();
 
-  /// For an attribute that a driver may do without: nobody is told when it does.
+  /// For an attribute that a driver may not have; its refusal is ignored.
   void SetOptionalAttribute(SQLINTEGER attribute, SQLPOINTER value);
 
   const DriverConnection& m_connection;

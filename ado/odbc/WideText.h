@@ -12,7 +12,7 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "ODBC's wide texts are UTF-1
 /// UTF-16 as ODBC takes it. DriverError 22021 when the text is not well-formed UTF-8.
 [[nodiscard]] std::u16string ToWide(std::string_view text);
 
-/// The buffer of a wide text, as ODBC's functions take it; they do not write through it where they only read.
+/// The buffer of a wide text, as ODBC's functions take it; those that only read do not write to it.
 [[nodiscard]] inline SQLWCHAR* Wide(std::u16string& text) noexcept { return reinterpret_cast<SQLWCHAR*>(text.data()); }
 
 /// Reads `length` units that a driver wrote; half a surrogate pair becomes U+FFFD.
