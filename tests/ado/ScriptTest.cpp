@@ -16,7 +16,7 @@ std::vector<std::string> Split(std::string_view script) {
   return batches;
 }
 
-TEST(Script, IsCutAtLinesThatHoldNothingButGo) {
+TEST(Script, IsSplitAtLinesThatHoldOnlyGo) {
   const std::vector<std::pair<std::string_view, std::vector<std::string>>> cases = {
       {"", {}},
       {"GO\n\n  \ngo\nGO", {}},
