@@ -2,19 +2,28 @@
 
 #include <chrono>
 #include <cstdint>
-#include <memory>
+#include <list>
+#include <map>
+#include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "ado/engine/Session.h"
+#include "tests/support/tds/TdsSocket.h"
 
 namespace quorvel::test {
 
-/// A T-SQL server for tests: speaks the TDS 7.4 protocol on a port of the loopback address and runs what it is
-/// asked on a database file of the embedded engine, so that a real ODBC driver, the driver manager and the
-/// network stand between the component and its database. It shows what a driver does with our calls; it proves
-/// nothing about SQL Server itself.
+namespace tds {
+class StandInSession;
+}
+
+/// A T-SQL server for tests: it speaks the TDS 7.4 protocol on a port of the loopback address and runs the requests
+/// on a database file of the embedded engine, so that a real ODBC driver, the driver manager and the network are
+/// between the component and its database. It shows what a driver does with our calls; it proves nothing about
+/// SQL Server.
 ///
 /// Knows: login with user and password, batches, remote procedure calls by name, parameter discovery
 /// (sp_sproc_columns, sp_stored_procedures), and what a test asks for with the members below. Thread-safe.
@@ -23,7 +32,7 @@ class StandInServer {
   static constexpr std::string_view kUser = "app";
   static constexpr std::string_view kPassword = "S;ec}r'e=t";  // every character that a connection string minds
 
-  /// Listens as soon as it is made. `databaseFile` is one that the embedded engine opens.
+  /// Listens at once. `databaseFile` is one that the embedded engine opens.
   explicit StandInServer(std::string databaseFile);
   /// Ends every connection.
   ~StandInServer();
@@ -33,22 +42,21 @@ class StandInServer {
   /// "127.0.0.1,PORT", as a Data Source takes it.
   [[nodiscard]] std::string Address() const;
 
-  /// One request that came in after the login, in order of arrival: a batch's text, or a procedure's name with
-  /// "call " before it.
+  /// The requests after the login, in order of arrival: a batch's text, or a procedure's name with "call " before it.
   [[nodiscard]] std::vector<std::string> Requests() const;
   void ForgetRequests();
   /// How many logins succeeded so far.
   [[nodiscard]] int Logins() const;
 
-  /// Closes every connection that is open now, as a server does that is shut down; new ones are welcome.
+  /// Closes every open connection, as a server does when it is shut down; new ones are accepted.
   void DropConnections();
   /// Closes the connection that sends the `request`th request from now (1-based) before anything is run.
-  void DropAtRequest(int request);
-  /// The same, but what was asked is run first and only its answer is lost.
-  void DropAfterRequest(int request);
+  void DropAtRequest(int request) { Plan(Fault::DropAtRequest, request); }
+  /// The same, but the request is run first and only its answer is lost.
+  void DropAfterRequest(int request) { Plan(Fault::DropAfterRequest, request); }
   /// The same, in the middle of the rows of the answer.
-  void DropAmidRows(int request);
-  /// Waits this long before it runs each further request; one that the client takes back before is not run.
+  void DropAmidRows(int request) { Plan(Fault::DropAmidRows, request); }
+  /// Waits this long before it runs each later request; one that the client cancels before is not run.
   void DelayAnswers(std::chrono::milliseconds delay);
 
   /// One part of an answer that a test writes itself.
@@ -60,15 +68,43 @@ class StandInServer {
     std::vector<ado::Column> columns;               ///< Rows
     std::vector<std::vector<quorvel::Value>> rows;  ///< Rows
   };
-  /// From now on that request, written as Requests() gives it, gets that answer.
+  /// From now on that request, written as Requests() returns it, gets that answer.
   void AnswerWith(std::string request, std::vector<Part> answer);
 
   /// Gives parameter names in lower case, as some servers do.
   void UseLowerCaseNames();
 
  private:
-  class Implementation;
-  std::unique_ptr<Implementation> m_implementation;
+  enum class Fault { None, DropAtRequest, DropAfterRequest, DropAmidRows };
+  /// What to do with one request.
+  struct Treatment {
+    Fault fault = Fault::None;
+    std::chrono::milliseconds delay{0};
+    bool lowerCaseNames = false;
+    std::optional<std::vector<Part>> answer;
+  };
+
+  void Plan(Fault fault, int request);
+  [[nodiscard]] Treatment Note(const std::string& request);
+  void Accept();
+  void Serve(int socket);
+  [[nodiscard]] bool LogIn(int socket);
+  void AnswerRequests(int socket);
+  /// False when the connection is to be dropped.
+  [[nodiscard]] bool AnswerRequest(int socket, tds::StandInSession& session, const tds::Message& message);
+
+  std::string m_databaseFile;
+  tds::Socket m_listener;
+  mutable std::mutex m_mutex;  ///< guards everything below
+  std::vector<std::string> m_requests;
+  int m_logins = 0;
+  Fault m_fault = Fault::None;
+  int m_requestsToFault = 0;
+  Treatment m_treatment;  ///< of requests without a fault or an answer of their own
+  std::map<std::string, std::vector<Part>> m_answers;
+  std::list<int> m_open;
+  std::list<std::thread> m_clients;
+  std::thread m_acceptor;
 };
 
 }  // namespace quorvel::test

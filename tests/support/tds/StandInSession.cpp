@@ -1,9 +1,13 @@
+// Runs requests on the embedded engine and answers them as a SQL Server would: with its error numbers, its catalog
+// procedures and the order of its tokens.
+
 #include "tests/support/tds/StandInSession.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "platform/Text.h"
@@ -17,7 +21,7 @@ using ado::ParameterInfo;
 constexpr std::uint8_t kErrorClass = 16;
 constexpr std::uint8_t kMessageClass = 0;
 
-/// SQL Server's number for what the embedded engine tells by SQLSTATE alone: drivers know errors by number.
+/// SQL Server's number for errors that the embedded engine gives only a SQLSTATE: drivers know errors by number.
 std::int32_t ServerNumber(const ado::Diagnostic& record) {
   if (record.sqlState == "22001") return 8152;
   if (record.sqlState == "HYT00") return 1222;
@@ -31,102 +35,41 @@ void WriteFailure(const ado::DriverError& failure, Writer& answer) {
   }
 }
 
-const Value& ArgumentOf(const Call& call, std::string_view name, std::size_t position) {
-  static const Value kNothing = Null{};
+/// The first argument of a catalog procedure, which drivers send by name or by position.
+std::string TextArgument(const Call& call, std::string_view name) {
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
-    const auto& parameter = call.parameters[i];
-    const bool isIt = parameter.name.empty() ? i == position : ado::SameName(parameter.name, name);
-    if (isIt && parameter.value) return *parameter.value;
+    const auto& [given, isOutput, value] = call.parameters[i];
+    const bool isIt = given.empty() ? i == 0 : ado::SameName(given, name);
+    if (isIt && value && !IsNull(*value)) return ToText(*value);
   }
-  return kNothing;
+  return {};
 }
 
-std::string TextArgument(const Call& call, std::string_view name, std::size_t position) {
-  const Value& value = ArgumentOf(call, name, position);
-  return IsNull(value) ? std::string() : ToText(value);
-}
-
+/// How sp_sproc_columns describes a type; texts have their own length as the precision.
 struct ServerType {
+  DataType type;
   int odbc;
   const char* name;
   int precision;
 };
 
+constexpr std::array kServerTypes = std::to_array<ServerType>({{DataType::SmallInt, 5, "smallint", 5},
+                                                               {DataType::Integer, 4, "int", 10},
+                                                               {DataType::BigInt, -5, "bigint", 19},
+                                                               {DataType::Double, 6, "float", 53},
+                                                               {DataType::Boolean, -7, "bit", 1},
+                                                               {DataType::DBTimeStamp, 93, "datetime", 23},
+                                                               {DataType::VarChar, 12, "varchar", 0},
+                                                               {DataType::LongVarChar, 12, "varchar", 0},
+                                                               {DataType::VarWChar, -9, "nvarchar", 0},
+                                                               {DataType::LongVarWChar, -9, "nvarchar", 0}});
+
 ServerType TypeOf(const ParameterInfo& info) {
-  switch (info.type) {
-    case DataType::SmallInt:
-      return {5, "smallint", 5};
-    case DataType::Integer:
-      return {4, "int", 10};
-    case DataType::BigInt:
-      return {-5, "bigint", 19};
-    case DataType::Double:
-      return {6, "float", 53};
-    case DataType::Boolean:
-      return {-7, "bit", 1};
-    case DataType::DBTimeStamp:
-      return {93, "datetime", 23};
-    case DataType::VarChar:
-      return {12, "varchar", info.size};
-    case DataType::LongVarChar:
-      return {12, "varchar", 0};
-    case DataType::LongVarWChar:
-      return {-9, "nvarchar", 0};
-    default:
-      return {-9, "nvarchar", info.size};
-  }
-}
-
-/// Of the columns that clients look at only what they look at is filled in.
-void AppendParameter(ado::RowSet& rows, const std::string& procedure, const ParameterInfo& info, int direction,
-                     int ordinal) {
-  const ServerType type = TypeOf(info);
-  for (const std::string_view text : {std::string_view("Ledger"), std::string_view("dbo")}) rows.AppendText(text);
-  rows.AppendText(procedure + ";1");
-  rows.AppendText(info.name);
-  rows.AppendInteger(direction);
-  rows.AppendInteger(type.odbc);
-  rows.AppendText(type.name);
-  rows.AppendInteger(type.precision);
-  rows.AppendInteger(std::int64_t{type.precision} * 2);
-  for (int i = 0; i < 2; ++i) rows.AppendNull();
-  rows.AppendInteger(1);
-  for (int i = 0; i < 5; ++i) rows.AppendNull();
-  rows.AppendInteger(ordinal);
-  rows.AppendText("YES");
-  rows.AppendInteger(0);
-}
-
-std::vector<ado::Column> ParameterColumns() {
-  const auto text = DataType::VarWChar;
-  const auto small = DataType::SmallInt;
-  const auto integer = DataType::Integer;
-  return {{"PROCEDURE_QUALIFIER", text},
-          {"PROCEDURE_OWNER", text},
-          {"PROCEDURE_NAME", text},
-          {"COLUMN_NAME", text},
-          {"COLUMN_TYPE", small},
-          {"DATA_TYPE", small},
-          {"TYPE_NAME", text},
-          {"PRECISION", integer},
-          {"LENGTH", integer},
-          {"SCALE", small},
-          {"RADIX", small},
-          {"NULLABLE", small},
-          {"REMARKS", text},
-          {"COLUMN_DEF", text},
-          {"SQL_DATA_TYPE", small},
-          {"SQL_DATETIME_SUB", small},
-          {"CHAR_OCTET_LENGTH", integer},
-          {"ORDINAL_POSITION", integer},
-          {"IS_NULLABLE", text},
-          {"SS_DATA_TYPE", small}};
-}
-
-/// A result behind which more comes.
-void WriteRows(const ado::RowSet& rows, Writer::Last last, Writer& answer) {
-  answer.Rows(rows);
-  answer.Done(last, {.more = true}, static_cast<std::int64_t>(rows.RowCount()));
+  ServerType type = *std::find_if(kServerTypes.begin(), kServerTypes.end(),
+                                  [&info](const ServerType& each) { return each.type == info.type; });
+  const bool hasLimit = info.type == DataType::VarChar || info.type == DataType::VarWChar;
+  if (hasLimit) type.precision = info.size;
+  return type;
 }
 
 void Append(ado::RowSet& rows, const Value& value) {
@@ -136,6 +79,34 @@ void Append(ado::RowSet& rows, const Value& value) {
   if (const auto* number = std::get_if<std::int64_t>(&value)) rows.AppendInteger(*number);
   if (const auto* real = std::get_if<double>(&value)) rows.AppendReal(*real);
   if (const auto* time = std::get_if<DateTime>(&value)) rows.AppendDateTime(*time);
+}
+
+void Append(ado::RowSet& rows, const std::vector<Value>& cells) {
+  for (const Value& cell : cells) Append(rows, cell);
+}
+
+/// Columns without a type, from names between blanks: the writer takes the type of their values.
+std::vector<ado::Column> Untyped(const std::string& names) {
+  std::vector<ado::Column> columns;
+  std::istringstream rest(names);
+  for (std::string name; rest >> name;) columns.push_back({name});
+  return columns;
+}
+
+/// A row of sp_sproc_columns; the columns that no client reads are null.
+void AppendParameter(ado::RowSet& rows, const std::string& procedure, const ParameterInfo& info, int direction,
+                     int ordinal) {
+  const auto number = [](int value) { return Value{std::int64_t{value}}; };
+  const ServerType type = TypeOf(info);
+  Append(rows, {"Ledger", "dbo", procedure + ";1", info.name, number(direction), number(type.odbc), type.name});
+  Append(rows, {number(type.precision), number(2 * type.precision), Null{}, Null{}, number(1)});
+  Append(rows, {Null{}, Null{}, Null{}, Null{}, Null{}, number(ordinal), "YES", number(0)});
+}
+
+/// A result that is followed by another part of the answer.
+void WriteRows(const ado::RowSet& rows, Writer::Last last, Writer& answer) {
+  answer.Rows(rows);
+  answer.Done(last, {.more = true}, static_cast<std::int64_t>(rows.RowCount()));
 }
 
 /// The answer of a catalog procedure.
@@ -166,7 +137,7 @@ void StandInSession::RunBatch(std::string_view batch, Writer& answer) {
 }
 
 void StandInSession::RunCall(const Call& call, bool lowerCaseNames, Writer& answer) {
-  // Drivers put dots before the names of catalog procedures, in the place of database and owner.
+  // Drivers put dots before the names of catalog procedures, for database and owner.
   const std::string_view name = std::string_view(call.procedure).substr(call.procedure.rfind('.') + 1);
   try {
     if (name == "sp_sproc_columns") return DescribeColumns(call, lowerCaseNames, answer);
@@ -179,10 +150,13 @@ void StandInSession::RunCall(const Call& call, bool lowerCaseNames, Writer& answ
 }
 
 void StandInSession::DescribeColumns(const Call& call, bool lowerCaseNames, Writer& answer) {
-  constexpr int kOutput = 2;  // a server gives OUTPUT parameters as input and output
+  constexpr int kOutput = 2;  // a server reports OUTPUT parameters as input and output
   constexpr int kReturnValue = 5;
-  ado::RowSet rows(ParameterColumns());
-  for (const std::string& name : ProceduresLike(TextArgument(call, "@procedure_name", 0))) {
+  ado::RowSet rows(Untyped(
+      "PROCEDURE_QUALIFIER PROCEDURE_OWNER PROCEDURE_NAME COLUMN_NAME COLUMN_TYPE DATA_TYPE TYPE_NAME PRECISION "
+      "LENGTH SCALE RADIX NULLABLE REMARKS COLUMN_DEF SQL_DATA_TYPE SQL_DATETIME_SUB CHAR_OCTET_LENGTH "
+      "ORDINAL_POSITION IS_NULLABLE SS_DATA_TYPE"));
+  for (const std::string& name : ProceduresLike(TextArgument(call, "@procedure_name"))) {
     AppendParameter(rows, name, {"@RETURN_VALUE", DataType::Integer, {}, 0}, kReturnValue, 0);
     int ordinal = 0;
     for (ParameterInfo info : m_session->DiscoverParameters(name)) {
@@ -195,16 +169,14 @@ void StandInSession::DescribeColumns(const Call& call, bool lowerCaseNames, Writ
 }
 
 void StandInSession::DescribeProcedures(const Call& call, Writer& answer) {
-  ado::RowSet rows({{"PROCEDURE_QUALIFIER", DataType::VarWChar},
-                    {"PROCEDURE_OWNER", DataType::VarWChar},
-                    {"PROCEDURE_NAME", DataType::VarWChar}});
-  for (const std::string& name : ProceduresLike(TextArgument(call, "@sp_name", 0))) {
-    for (const std::string& text : {std::string("Ledger"), std::string("dbo"), name + ";1"}) rows.AppendText(text);
+  ado::RowSet rows(Untyped("PROCEDURE_QUALIFIER PROCEDURE_OWNER PROCEDURE_NAME"));
+  for (const std::string& name : ProceduresLike(TextArgument(call, "@sp_name"))) {
+    Append(rows, {"Ledger", "dbo", name + ";1"});
   }
   WriteCatalog(rows, answer);
 }
 
-/// To a server the name in a question of the catalog is a pattern: an underscore stands for any character.
+/// A server takes the name in a catalog query for a pattern: an underscore matches any character.
 std::vector<std::string> StandInSession::ProceduresLike(std::string_view pattern) {
   std::string quoted;
   for (const char c : pattern) quoted.append(c == '\'' ? 2 : 1, c);
@@ -213,7 +185,7 @@ std::vector<std::string> StandInSession::ProceduresLike(std::string_view pattern
     const ado::Result found = m_session->Execute(
         fmt::format("SELECT Name FROM quorvel_procedure WHERE Name LIKE N'{}' ORDER BY Name", quoted));
     for (std::size_t row = 0; row < found.rows->RowCount(); ++row) names.emplace_back(*found.rows->TextAt(row, 0));
-  } catch (const ado::DriverError&) {  // NOLINT(bugprone-empty-catch): the table is made with the first procedure.
+  } catch (const ado::DriverError&) {  // NOLINT(bugprone-empty-catch): the first procedure makes the table.
   }
   return names;
 }
@@ -226,14 +198,11 @@ void StandInSession::CallProcedure(const Call& call, Writer& answer) {
                            fmt::format("Procedure or function {} has too many arguments specified.", call.procedure));
   }
   std::vector<std::size_t> places;
-  for (std::size_t i = 0; i < call.parameters.size(); ++i) {
-    const auto& given = call.parameters[i];
-    auto place = arguments.begin() + static_cast<std::ptrdiff_t>(i);
-    if (!given.name.empty()) {
-      place = std::find_if(arguments.begin(), arguments.end(),
-                           [&](const ado::Parameter& each) { return ado::SameName(each.Info().name, given.name); });
-      if (place == arguments.end()) throw ado::DriverError("42000", 8145, given.name + " is not a parameter.");
-    }
+  for (const auto& given : call.parameters) {
+    const auto isIt = [&](const ado::Parameter& each) { return ado::SameName(each.Info().name, given.name); };
+    const auto place = given.name.empty() ? arguments.begin() + static_cast<std::ptrdiff_t>(places.size())
+                                          : std::find_if(arguments.begin(), arguments.end(), isIt);
+    if (place == arguments.end()) throw ado::DriverError("42000", 8145, given.name + " is not a parameter.");
     *place = ado::Parameter(place->Info(), given.value);
     places.push_back(static_cast<std::size_t>(place - arguments.begin()));
   }
@@ -259,9 +228,7 @@ void WriteParts(const std::vector<StandInServer::Part>& parts, Writer& answer) {
     if (part.kind == Kind::RowCount) answer.Done(Writer::Last::InBatch, {.more = true}, part.count);
     if (part.kind != Kind::Rows) continue;
     ado::RowSet rows(part.columns);
-    for (const auto& row : part.rows) {
-      for (const Value& value : row) Append(rows, value);
-    }
+    for (const auto& row : part.rows) Append(rows, row);
     WriteRows(rows, Writer::Last::InBatch, answer);
   }
   answer.Done(Writer::Last::InBatch, {.error = hasFailed});

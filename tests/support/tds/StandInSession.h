@@ -10,7 +10,7 @@
 
 namespace quorvel::test::tds {
 
-/// Runs what one client asks on the database file and writes the answers.
+/// Runs the requests of one client on the database file and writes the answers.
 class StandInSession {
  public:
   explicit StandInSession(const std::string& databaseFile);
@@ -27,7 +27,7 @@ class StandInSession {
   std::unique_ptr<ado::Session> m_session;
 };
 
-/// An answer that a test wrote itself.
+/// Writes an answer that a test composed.
 void WriteParts(const std::vector<StandInServer::Part>& parts, Writer& answer);
 
 }  // namespace quorvel::test::tds

@@ -1,3 +1,5 @@
+// Reads what an ODBC driver sends: the login, batches and remote procedure calls with their typed parameters.
+
 #include "tests/support/tds/TdsReader.h"
 
 #include <array>
@@ -19,17 +21,11 @@ constexpr std::uint8_t kDefault = 2;
 
 std::string FromUcs2(std::string_view bytes) { return Reader(bytes).Text(bytes.size() / 2); }
 
-/// The stand-in's collation is a single-byte one.
+/// The stand-in's collation has one byte per character.
 std::string FromLatin(std::string_view bytes) {
   std::string text;
   for (const char c : bytes) utf::Append(text, static_cast<unsigned char>(c));
   return text;
-}
-
-std::string TakeChunks(Reader& reader) {
-  std::string bytes;
-  while (const auto size = reader.Take<std::uint32_t>()) bytes += reader.Bytes(size);
-  return bytes;
 }
 
 Value TakeText(Reader& reader, bool isWide) {
@@ -38,7 +34,7 @@ Value TakeText(Reader& reader, bool isWide) {
   std::string bytes;
   if (limit == kNullText) {
     if (reader.Take<std::uint64_t>() == kNullLong) return Null{};
-    bytes = TakeChunks(reader);
+    while (const auto size = reader.Take<std::uint32_t>()) bytes += reader.Bytes(size);
   } else {
     const auto length = reader.Take<std::uint16_t>();
     if (length == kNullText) return Null{};
@@ -47,19 +43,11 @@ Value TakeText(Reader& reader, bool isWide) {
   return isWide ? FromUcs2(bytes) : FromLatin(bytes);
 }
 
+/// One byte is unsigned, more are signed.
 Value TakeInteger(Reader& reader, std::size_t size) {
-  switch (size) {
-    case 0:
-      return Null{};
-    case 1:
-      return std::int64_t{reader.Take<std::uint8_t>()};
-    case 2:
-      return std::int64_t{reader.Take<std::int16_t>()};
-    case 4:
-      return std::int64_t{reader.Take<std::int32_t>()};
-    default:
-      return reader.Take<std::int64_t>();
-  }
+  if (size == 0) return Null{};
+  const auto unusedBits = size == 1 ? 0U : 64U - 8U * static_cast<unsigned>(size);
+  return static_cast<std::int64_t>(reader.Unsigned(size) << unusedBits) >> unusedBits;
 }
 
 Value TakeReal(Reader& reader, std::size_t size) {
@@ -74,16 +62,14 @@ Value TakeDateTime2(Reader& reader) {
   const auto size = reader.Take<std::uint8_t>();
   if (size == 0) return Null{};
   Reader value(reader.Bytes(size));
-  std::uint64_t units = 0;
-  for (unsigned i = 0; i + 3U < size; ++i) units |= std::uint64_t{value.Take<std::uint8_t>()} << (8U * i);
-  std::uint32_t day = 0;
-  for (unsigned i = 0; i < 3; ++i) day |= std::uint32_t{value.Take<std::uint8_t>()} << (8U * i);
+  std::uint64_t units = value.Unsigned(size - 3U);
+  const auto day = static_cast<std::int32_t>(value.Unsigned(3));
   for (unsigned i = scale; i < 3; ++i) units *= 10;
   for (unsigned i = 3; i < scale; ++i) units /= 10;
   return DateTime{local_days{year{1} / 1 / 1} + days{day} + milliseconds{units}};
 }
 
-/// A type's description and the value behind it.
+/// The value after the description of its type.
 Value TakeTyped(Reader& reader) {
   const auto type = static_cast<Type>(reader.Take<std::uint8_t>());
   const auto size = [&reader] {
@@ -106,7 +92,7 @@ Value TakeTyped(Reader& reader) {
     case Type::VarChar:
       return TakeText(reader, false);
     default:
-      throw std::out_of_range("a parameter's type that the stand-in does not know");
+      throw std::out_of_range("an unknown type of a parameter");
   }
 }
 
@@ -125,6 +111,13 @@ std::string Reader::Text(std::size_t units) {
   std::string text;
   utf::AppendUtf8(text, wide);
   return text;
+}
+
+std::uint64_t Reader::Unsigned(std::size_t size) {
+  const std::string_view bytes = Bytes(size);
+  std::uint64_t number = 0;
+  for (std::size_t i = size; i-- > 0;) number = number << 8U | static_cast<unsigned char>(bytes[i]);
+  return number;
 }
 
 void Reader::SkipHeaders() {
@@ -169,6 +162,12 @@ Call ReadCall(std::string_view message) {
     call.parameters.push_back(std::move(parameter));
   }
   return call;
+}
+
+std::string ReadBatch(std::string_view message) {
+  Reader reader(message);
+  reader.SkipHeaders();
+  return reader.RestAsText();
 }
 
 }  // namespace quorvel::test::tds

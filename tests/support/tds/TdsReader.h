@@ -10,13 +10,13 @@
 
 namespace quorvel::test::tds {
 
-/// One message of a client, put together from its packets.
+/// One message of a client, joined from its packets.
 struct Message {
   std::uint8_t type = 0;
   std::string bytes;
 };
 
-/// Takes the fields of a message off its front; numbers are little-endian. Throws std::out_of_range behind the end.
+/// Takes the fields of a message from its front; numbers are little-endian. Throws std::out_of_range after the end.
 class Reader {
  public:
   explicit Reader(std::string_view bytes) : m_rest(bytes) {}
@@ -25,22 +25,21 @@ class Reader {
   [[nodiscard]] std::string_view Bytes(std::size_t count);
   template <typename Number>
   [[nodiscard]] Number Take() {
-    const std::string_view bytes = Bytes(sizeof(Number));
-    std::uint64_t number = 0;
-    for (std::size_t i = bytes.size(); i-- > 0;) number = number << 8U | static_cast<unsigned char>(bytes[i]);
-    return static_cast<Number>(number);
+    return static_cast<Number>(Unsigned(sizeof(Number)));
   }
-  /// UTF-8 of so many UTF-16 units.
+  /// A number of at most 8 bytes.
+  [[nodiscard]] std::uint64_t Unsigned(std::size_t size);
+  /// A text of so many UTF-16 units, as UTF-8.
   [[nodiscard]] std::string Text(std::size_t units);
   [[nodiscard]] std::string RestAsText() { return Text(m_rest.size() / 2); }
-  /// The headers before a batch or a call.
+  /// Skips the headers before a batch or a call.
   void SkipHeaders();
 
  private:
   std::string_view m_rest;
 };
 
-/// What a client asks to log in with.
+/// The credentials of a login message.
 struct Login {
   std::string user;
   std::string password;
@@ -59,5 +58,8 @@ struct Call {
   std::vector<Parameter> parameters;
 };
 [[nodiscard]] Call ReadCall(std::string_view message);
+
+/// The text of a batch.
+[[nodiscard]] std::string ReadBatch(std::string_view message);
 
 }  // namespace quorvel::test::tds

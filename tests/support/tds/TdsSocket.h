@@ -22,9 +22,10 @@ using Socket = UniqueHandle<SocketTraits>;
 [[nodiscard]] Socket Listen();
 [[nodiscard]] std::uint16_t PortOf(int socket);
 
-/// The next message of the client; nothing when it has gone.
+/// The next message of the client; nothing when it has disconnected.
 [[nodiscard]] std::optional<Message> Receive(int socket);
-/// Sends an answer in packets; `isWhole` false leaves out the mark of the end. A client that has gone is ignored.
+/// Sends an answer in packets; `isWhole` false leaves out the mark of the end. A client that has disconnected is
+/// ignored.
 void Send(int socket, std::string_view answer, bool isWhole = true);
 /// Whether the client sends something before the time is over.
 [[nodiscard]] bool WaitForClient(int socket, std::chrono::milliseconds time);

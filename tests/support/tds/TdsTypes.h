@@ -6,7 +6,7 @@
 
 namespace quorvel::test::tds {
 
-/// The protocol's data types that clients send or get.
+/// The data types of the protocol that clients send or receive.
 enum class Type : std::uint8_t {
   IntN = 0x26,
   DateTime2 = 0x2A,

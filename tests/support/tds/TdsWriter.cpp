@@ -1,6 +1,9 @@
+// Writes what a server answers: messages, result sets, output values and the marks of their ends.
+
 #include "tests/support/tds/TdsWriter.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 
 #include "platform/Utf.h"
@@ -26,11 +29,25 @@ constexpr std::size_t kLongestShort = 4000;
 
 std::u16string ToWide(std::string_view text) { return utf::ToUtf16(text).value_or(u"?"); }
 
-bool IsInteger(DataType type) {
-  return type == DataType::SmallInt || type == DataType::Integer || type == DataType::BigInt;
+/// How a type that is no text is sent: its code and the bytes of a value.
+struct Fixed {
+  DataType type;
+  Type code;
+  std::uint8_t size;
+};
+
+constexpr std::array kFixed = std::to_array<Fixed>({{DataType::SmallInt, Type::IntN, 2},
+                                                    {DataType::Integer, Type::IntN, 4},
+                                                    {DataType::BigInt, Type::IntN, 8},
+                                                    {DataType::Boolean, Type::BitN, 1},
+                                                    {DataType::Double, Type::FloatN, 8},
+                                                    {DataType::DBTimeStamp, Type::DateTimeN, 8}});
+
+const Fixed& FixedOf(DataType type) {
+  return *std::find_if(kFixed.begin(), kFixed.end(), [type](const Fixed& each) { return each.type == type; });
 }
 
-/// The column as the client is told of it: one without a type gets that of its values.
+/// The column as the client sees it: one without a type gets the type of its values.
 ado::Column Typed(const ado::RowSet& rows, std::size_t index) {
   ado::Column column = rows.Columns()[index];
   for (std::size_t row = 0; column.type == DataType::Empty && row < rows.RowCount(); ++row) {
@@ -48,11 +65,11 @@ bool IsLong(DataType type) { return type == DataType::LongVarChar || type == Dat
 
 bool IsLong(std::string_view text) { return text.size() > kLongestShort && ToWide(text).size() > kLongestShort; }
 
+/// Whether the type or any text of the column is a long one.
 bool IsLong(const ado::RowSet& rows, std::size_t index, DataType type) {
   bool isLong = IsLong(type);
   for (std::size_t row = 0; !isLong && row < rows.RowCount(); ++row) {
-    const auto text = rows.TextAt(row, index);
-    isLong = text && IsLong(*text);
+    isLong = IsLong(rows.TextAt(row, index).value_or(""));
   }
   return isLong;
 }
@@ -71,7 +88,7 @@ void Writer::PutShortText(std::string_view text) {
   for (const char16_t unit : wide) Put(unit);
 }
 
-/// The length of what was written behind `place` goes into the two bytes there.
+/// Writes the length of everything after `place` into the two bytes there.
 void Writer::PutLengthAt(std::size_t place) {
   const std::size_t length = m_bytes.size() - place - 2;
   m_bytes[place] = static_cast<char>(length & 0xFFU);
@@ -159,43 +176,29 @@ void Writer::ReturnValue(std::uint16_t ordinal, std::string_view name, const ado
 
 void Writer::PutColumn(const ado::Column& column, bool isLong) {
   constexpr std::uint16_t kNullable = 1;
-  const auto sized = [this](Type type, std::uint8_t size) {
-    Put(static_cast<std::uint8_t>(type));
-    Put(size);
-  };
   Put(std::uint32_t{0});
   Put(kNullable);
-  if (IsInteger(column.type))
-    return sized(Type::IntN, column.type == DataType::SmallInt ? 2 : column.type == DataType::Integer ? 4 : 8);
-  if (column.type == DataType::Boolean) return sized(Type::BitN, 1);
-  if (column.type == DataType::Double) return sized(Type::FloatN, 8);
-  if (column.type == DataType::DBTimeStamp) return sized(Type::DateTimeN, 8);
+  if (!ado::IsTextType(column.type)) {
+    const Fixed fixed = FixedOf(column.type);
+    Put(static_cast<std::uint8_t>(fixed.code));
+    return Put(fixed.size);
+  }
   Put(static_cast<std::uint8_t>(Type::NVarChar));
   Put(static_cast<std::uint16_t>(isLong ? 0xFFFF : kLongestShort * 2));
   m_bytes.append(kCollation.data(), kCollation.size());
 }
 
 void Writer::PutValue(const ado::Column& column, bool isLong, const Value& value) {
-  const bool isText = ado::IsTextType(column.type);
-  if (IsNull(value)) {
-    if (isText && isLong) return Put(~std::uint64_t{0});
-    return isText ? Put(std::uint16_t{0xFFFF}) : Put(std::uint8_t{0});
+  if (ado::IsTextType(column.type)) {
+    if (!IsNull(value)) return PutText(ToText(value), isLong);
+    return isLong ? Put(~std::uint64_t{0}) : Put(std::uint16_t{0xFFFF});
   }
-  if (isText) return PutText(ToText(value), isLong);
-  if (column.type == DataType::Boolean) {
-    Put(std::uint8_t{1});
-    return Put(static_cast<std::uint8_t>(ToBoolean(value) ? 1 : 0));
-  }
-  if (column.type == DataType::SmallInt) {
-    Put(std::uint8_t{2});
-    return Put(ToInt16(value));
-  }
-  if (column.type == DataType::Integer) {
-    Put(std::uint8_t{4});
-    return Put(ToInt32(value));
-  }
-  Put(std::uint8_t{8});
+  if (IsNull(value)) return Put(std::uint8_t{0});
+  Put(FixedOf(column.type).size);
+  if (column.type == DataType::SmallInt) return Put(ToInt16(value));
+  if (column.type == DataType::Integer) return Put(ToInt32(value));
   if (column.type == DataType::BigInt) return Put(ToInt64(value));
+  if (column.type == DataType::Boolean) return Put(static_cast<std::uint8_t>(ToBoolean(value) ? 1 : 0));
   if (column.type == DataType::Double) return Put(std::bit_cast<std::uint64_t>(ToDouble(value)));
   const DateTime time = ToDateTime(value);
   const auto day = floor<days>(time);
@@ -204,13 +207,11 @@ void Writer::PutValue(const ado::Column& column, bool isLong, const Value& value
 }
 
 void Writer::PutText(std::string_view text, bool isLong) {
-  // Uneven on purpose: the end of a chunk may stand anywhere.
+  // An odd size, so that chunks end inside characters.
   constexpr std::size_t kChunk = 4999;
-  std::string bytes;
-  for (const char16_t unit : ToWide(text)) {
-    bytes += static_cast<char>(unit & 0xFFU);
-    bytes += static_cast<char>(unit >> 8U);
-  }
+  Writer wide;
+  for (const char16_t unit : ToWide(text)) wide.Put(unit);
+  const std::string& bytes = wide.m_bytes;
   if (!isLong) {
     Put(static_cast<std::uint16_t>(bytes.size()));
     m_bytes += bytes;
@@ -234,7 +235,7 @@ void Writer::Done(Last kind, DoneFlags flags, std::optional<std::int64_t> count)
 }
 
 std::string PreLoginAnswer() {
-  // Version, encryption (2: not supported), instance, thread, multiple sessions; places and lengths are big-endian.
+  // Version, encryption (2: not supported), instance, thread, multiple sessions; offsets and lengths are big-endian.
   constexpr std::string_view kAnswer(
       "\x00\x00\x1A\x00\x06"
       "\x01\x00\x20\x00\x01"

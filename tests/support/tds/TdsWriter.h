@@ -14,7 +14,7 @@ class Writer {
  public:
   void DatabaseChanged(std::string_view database);
   void LoggedIn();
-  /// An error, or with class 10 or less a message.
+  /// An error, or a message when the severity is 10 or less.
   void Message(const ado::Diagnostic& diagnostic, std::uint8_t severity);
   void Rows(const ado::RowSet& rows);
   void ReturnStatus(std::int32_t status);
@@ -29,7 +29,7 @@ class Writer {
   void Done(Last kind, DoneFlags flags, std::optional<std::int64_t> count = std::nullopt);
 
   [[nodiscard]] const std::string& Bytes() const noexcept { return m_bytes; }
-  /// How many bytes reach to the middle of the last result set's rows.
+  /// The number of bytes up to the middle of the last result set's rows.
   [[nodiscard]] std::size_t AmidRows() const noexcept { return (m_rowsBegin + m_rowsEnd) / 2; }
 
  private:
@@ -47,7 +47,7 @@ class Writer {
   std::size_t m_rowsEnd = 0;
 };
 
-/// What a client gets before its login: no encryption to be had.
+/// The answer before the login: no encryption.
 [[nodiscard]] std::string PreLoginAnswer();
 
 }  // namespace quorvel::test::tds
