@@ -3,11 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <random>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "platform/Error.h"
+#include "tests/support/Rows.h"
 
 namespace quorvel::test {
 namespace {
@@ -22,17 +24,8 @@ std::string ServerString() {
 }  // namespace
 
 std::string NameOf(EngineKind kind) {
-  switch (kind) {
-    case EngineKind::Embedded:
-      return "Embedded";
-    case EngineKind::SqliteDriver:
-      return "SqliteDriver";
-    case EngineKind::StandIn:
-      return "StandIn";
-    case EngineKind::SqlServer:
-      break;
-  }
-  return "SqlServer";
+  constexpr std::array kNames = {"Embedded", "SqliteDriver", "StandIn", "SqlServer"};
+  return kNames.at(static_cast<std::size_t>(kind));
 }
 
 std::string WhyNot(EngineKind kind) {
@@ -52,7 +45,7 @@ EngineUnderTest::~EngineUnderTest() {
   for (const std::string& drop : m_drops) {
     try {
       Connect()->Execute(drop);
-    } catch (const Error&) {  // NOLINT(bugprone-empty-catch): the test never came to make it.
+    } catch (const Error&) {  // NOLINT(bugprone-empty-catch): the test did not get as far as making it.
     }
   }
 }
@@ -72,13 +65,6 @@ std::string EngineUnderTest::ConnectionString() const {
   return ServerString();
 }
 
-std::shared_ptr<ado::Connection> EngineUnderTest::Connect() const {
-  auto connection = std::make_shared<ado::Connection>();
-  connection->SetConnectionString(ConnectionString());
-  connection->Open();
-  return connection;
-}
-
 std::string_view EngineUnderTest::LongText() const noexcept { return SpeaksTransactSql() ? "nvarchar(max)" : "text"; }
 
 std::string EngineUnderTest::Literal(std::string_view text) const {
@@ -90,19 +76,17 @@ std::string EngineUnderTest::Literal(std::string_view text) const {
   return literal + "'";
 }
 
-std::string EngineUnderTest::Table(std::string_view name) { return Claim("TABLE", name); }
-
-std::string EngineUnderTest::Procedure(std::string_view name) { return Claim("PROCEDURE", name); }
+std::shared_ptr<ado::Connection> EngineUnderTest::Connect() const { return ConnectBy(ConnectionString()); }
 
 std::string EngineUnderTest::UniqueName(std::string_view name) {
   static const auto kRun = std::random_device{}();
   return fmt::format("QvTest_{}_{:08x}", name, kRun);
 }
 
-std::string EngineUnderTest::Claim(std::string_view kind, std::string_view name) {
-  std::string claimed = UniqueName(name);
-  m_drops.push_back(fmt::format("DROP {} {}", kind, claimed));
-  return claimed;
+std::string EngineUnderTest::NameToDrop(std::string_view kind, std::string_view name) {
+  std::string unique = UniqueName(name);
+  m_drops.push_back(fmt::format("DROP {} {}", kind, unique));
+  return unique;
 }
 
 }  // namespace quorvel::test

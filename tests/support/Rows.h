@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,10 +10,16 @@
 
 namespace quorvel::test {
 
+/// An open connection by that connection string.
+[[nodiscard]] std::shared_ptr<ado::Connection> ConnectBy(std::string connectionString);
+
+/// A value as text; NULL for null.
+[[nodiscard]] std::string Shown(const Value& value);
+
 /// Every row of a batch's first result as one text, its values between bars, NULL for null.
 [[nodiscard]] std::vector<std::string> RowsOf(ado::Connection& connection, std::string_view batch);
 
-/// The error that a batch ends in; fails the test when there is none.
+/// The error of a batch; fails the test when there is none.
 [[nodiscard]] Error FailureOf(ado::Connection& connection, std::string_view batch);
 
 }  // namespace quorvel::test

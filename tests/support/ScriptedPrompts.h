@@ -10,8 +10,8 @@
 
 namespace quorvel::test {
 
-/// Prompts that answer from a script and remember what they showed. In force for the life of the guard
-/// that Install returns; a question without a scripted answer fails the test and gets No or a cancel.
+/// Prompts that answer from a script and remember what they showed. A question without a scripted answer fails
+/// the test and gets No or a cancel.
 class ScriptedPrompts : public Prompts {
  public:
   struct Shown {
@@ -32,7 +32,7 @@ class ScriptedPrompts : public Prompts {
   std::vector<PointerShape> pointers;
 };
 
-/// Puts scripted prompts in force and the former ones back at the end.
+/// Installs scripted prompts, and the previous ones again at the end.
 class PromptsGuard {
  public:
   PromptsGuard();

@@ -7,8 +7,8 @@
 
 namespace quorvel::test {
 
-/// The sample database behind the stand-in server, with settings that point to that server: after construction
-/// modDatabase of this thread reaches it through ODBC. The file underneath is there for a look past the server.
+/// The sample database on the stand-in server, with settings that point to that server: after construction
+/// modDatabase of this thread reaches it through ODBC. File() gives a look at the database without the server.
 class ServedDatabase {
  public:
   ServedDatabase();

@@ -17,18 +17,13 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 ScopedVariable::ScopedVariable(const char* name, const std::string& value) : m_name(name) {
-  const char* before = std::getenv(name);
-  m_wasSet = before != nullptr;
-  if (m_wasSet) m_before = before;
+  if (const char* before = std::getenv(name)) m_before = before;
   ::setenv(name, value.c_str(), 1);
 }
 
 ScopedVariable::~ScopedVariable() {
-  if (m_wasSet) {
-    ::setenv(m_name, m_before.c_str(), 1);
-  } else {
-    ::unsetenv(m_name);
-  }
+  ::unsetenv(m_name);
+  if (m_before) ::setenv(m_name, m_before->c_str(), 1);
 }
 
 }  // namespace quorvel::test

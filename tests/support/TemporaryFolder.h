@@ -1,12 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace quorvel::test {
 
-/// A folder of its own for one test, removed with everything in it at the end.
+/// A new folder for one test, removed with its content at the end.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -31,8 +32,7 @@ class ScopedVariable {
 
  private:
   const char* m_name;
-  bool m_wasSet;
-  std::string m_before;
+  std::optional<std::string> m_before;
 };
 
 }  // namespace quorvel::test

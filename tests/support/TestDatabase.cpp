@@ -6,10 +6,13 @@
 #include "ado/Script.h"
 #include "ado/embedded/EmbeddedEngine.h"
 #include "data/Schema.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestSettings.h"
 
 namespace quorvel::test {
 namespace {
+
+std::string ConnectionStringOf(const std::string& file) { return "Data Source=(embedded); Initial Catalog=" + file; }
 
 void RunScript(ado::Connection& connection, std::string_view script) {
   for (const ado::Batch& batch : ado::SplitBatches(script)) connection.Execute(batch.text);
@@ -22,9 +25,7 @@ const std::string& Template(TestDatabase::Content content) {
   auto [entry, isNew] = made.try_emplace(content, folder.File(std::to_string(static_cast<int>(content)) + ".db"));
   if (isNew) {
     ado::CreateEmbeddedDatabase(entry->second);
-    auto connection = std::make_shared<ado::Connection>();
-    connection->SetConnectionString("Data Source=(embedded); Initial Catalog=" + entry->second);
-    connection->Open();
+    const auto connection = ConnectBy(ConnectionStringOf(entry->second));
     if (content != TestDatabase::Content::Empty) RunScript(*connection, SchemaScript());
     if (content == TestDatabase::Content::Sample) RunScript(*connection, SampleScript());
   }
@@ -38,17 +39,11 @@ TestDatabase::TestDatabase(Content content) : m_registry("QUORVEL_REGISTRY", m_f
   UseSettings(ado::kEmbeddedDataSource, DatabaseFile());
 }
 
-TestDatabase::~TestDatabase() = default;
-
-std::string TestDatabase::ConnectionString() const {
-  return "Data Source=(embedded); Initial Catalog=" + DatabaseFile();
-}
+std::string TestDatabase::ConnectionString() const { return ConnectionStringOf(DatabaseFile()); }
 
 std::shared_ptr<ado::Connection> TestDatabase::Connect() const {
-  auto connection = std::make_shared<ado::Connection>();
-  connection->SetConnectionString(ConnectionString());
+  auto connection = ConnectBy(ConnectionString());
   connection->SetCommandTimeout(std::chrono::seconds(5));
-  connection->Open();
   return connection;
 }
 
@@ -57,8 +52,7 @@ void TestDatabase::Run(std::string_view batch) const { Connect()->Execute(batch)
 std::string TestDatabase::Ask(std::string_view query) const {
   const auto rows = Connect()->Execute(query);
   if (!rows->IsOpen() || rows->EndOfFile()) return "";
-  const Value value = rows->Fields(std::size_t{0}).Value();
-  return IsNull(value) ? "NULL" : ToText(value);
+  return Shown(rows->Fields(std::size_t{0}).Value());
 }
 
 }  // namespace quorvel::test

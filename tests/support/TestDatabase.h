@@ -9,23 +9,22 @@
 
 namespace quorvel::test {
 
-/// An embedded database of its own for one test, with settings that point to it: after construction
-/// modDatabase of this thread opens this database and no other.
+/// An embedded database for one test, with settings that point to it: after construction modDatabase of this
+/// thread opens this database and no other.
 class TestDatabase {
  public:
   enum class Content { Empty, Schema, Sample };
 
   explicit TestDatabase(Content content = Content::Sample);
-  ~TestDatabase();
 
   [[nodiscard]] std::string DatabaseFile() const { return m_folder.File("test.db"); }
   [[nodiscard]] std::string SettingsFile() const { return m_folder.File("settings.reg"); }
   [[nodiscard]] std::string ConnectionString() const;
 
-  /// A second connection of its own to the same file, with a short command timeout.
+  /// Another connection to the same file, with a short command timeout.
   [[nodiscard]] std::shared_ptr<ado::Connection> Connect() const;
 
-  /// Runs a batch on a second connection.
+  /// Runs a batch on another connection.
   void Run(std::string_view batch) const;
   /// The first column of the first row of a query, as text; "NULL" for null and "" without a row.
   [[nodiscard]] std::string Ask(std::string_view query) const;

@@ -4,8 +4,7 @@
 
 namespace quorvel::test {
 
-/// Puts these four values into the settings store in force and makes modDatabase of this thread open a connection
-/// by them.
+/// Writes these four values into the current settings store and makes modDatabase of this thread connect by them.
 void UseSettings(std::string_view server, std::string_view database, std::string_view userId = {},
                  std::string_view password = {});
 

@@ -45,7 +45,7 @@ std::string TextArgument(const Call& call, std::string_view name) {
   return {};
 }
 
-/// How sp_sproc_columns describes a type; texts have their own length as the precision.
+/// How sp_sproc_columns describes a type; a text's precision is its length.
 struct ServerType {
   DataType type;
   int odbc;
@@ -64,12 +64,9 @@ constexpr std::array kServerTypes = std::to_array<ServerType>({{DataType::SmallI
                                                                {DataType::VarWChar, -9, "nvarchar", 0},
                                                                {DataType::LongVarWChar, -9, "nvarchar", 0}});
 
-ServerType TypeOf(const ParameterInfo& info) {
-  ServerType type = *std::find_if(kServerTypes.begin(), kServerTypes.end(),
-                                  [&info](const ServerType& each) { return each.type == info.type; });
-  const bool hasLimit = info.type == DataType::VarChar || info.type == DataType::VarWChar;
-  if (hasLimit) type.precision = info.size;
-  return type;
+const ServerType& TypeOf(const ParameterInfo& info) {
+  return *std::find_if(kServerTypes.begin(), kServerTypes.end(),
+                       [&info](const ServerType& each) { return each.type == info.type; });
 }
 
 void Append(ado::RowSet& rows, const Value& value) {
@@ -97,9 +94,10 @@ std::vector<ado::Column> Untyped(const std::string& names) {
 void AppendParameter(ado::RowSet& rows, const std::string& procedure, const ParameterInfo& info, int direction,
                      int ordinal) {
   const auto number = [](int value) { return Value{std::int64_t{value}}; };
-  const ServerType type = TypeOf(info);
+  const ServerType& type = TypeOf(info);
+  const int precision = type.precision > 0 ? type.precision : std::max(info.size, 0);
   Append(rows, {"Ledger", "dbo", procedure + ";1", info.name, number(direction), number(type.odbc), type.name});
-  Append(rows, {number(type.precision), number(2 * type.precision), Null{}, Null{}, number(1)});
+  Append(rows, {number(precision), number(2 * precision), Null{}, Null{}, number(1)});
   Append(rows, {Null{}, Null{}, Null{}, Null{}, Null{}, number(ordinal), "YES", number(0)});
 }
 
@@ -107,13 +105,6 @@ void AppendParameter(ado::RowSet& rows, const std::string& procedure, const Para
 void WriteRows(const ado::RowSet& rows, Writer::Last last, Writer& answer) {
   answer.Rows(rows);
   answer.Done(last, {.more = true}, static_cast<std::int64_t>(rows.RowCount()));
-}
-
-/// The answer of a catalog procedure.
-void WriteCatalog(const ado::RowSet& rows, Writer& answer) {
-  WriteRows(rows, Writer::Last::InProcedure, answer);
-  answer.ReturnStatus(0);
-  answer.Done(Writer::Last::OfProcedure, {});
 }
 
 }  // namespace
@@ -140,9 +131,14 @@ void StandInSession::RunCall(const Call& call, bool lowerCaseNames, Writer& answ
   // Drivers put dots before the names of catalog procedures, for database and owner.
   const std::string_view name = std::string_view(call.procedure).substr(call.procedure.rfind('.') + 1);
   try {
-    if (name == "sp_sproc_columns") return DescribeColumns(call, lowerCaseNames, answer);
-    if (name == "sp_stored_procedures") return DescribeProcedures(call, answer);
-    CallProcedure(call, answer);
+    if (name == "sp_sproc_columns") {
+      DescribeColumns(call, lowerCaseNames, answer);
+    } else if (name == "sp_stored_procedures") {
+      DescribeProcedures(call, answer);
+    } else {
+      CallProcedure(call, answer);
+    }
+    answer.Done(Writer::Last::OfProcedure, {});
   } catch (const ado::DriverError& failure) {
     WriteFailure(failure, answer);
     answer.Done(Writer::Last::OfProcedure, {.error = true});
@@ -165,7 +161,8 @@ void StandInSession::DescribeColumns(const Call& call, bool lowerCaseNames, Writ
       AppendParameter(rows, name, info, isInput ? 1 : kOutput, ++ordinal);
     }
   }
-  WriteCatalog(rows, answer);
+  WriteRows(rows, Writer::Last::InProcedure, answer);
+  answer.ReturnStatus();
 }
 
 void StandInSession::DescribeProcedures(const Call& call, Writer& answer) {
@@ -173,7 +170,8 @@ void StandInSession::DescribeProcedures(const Call& call, Writer& answer) {
   for (const std::string& name : ProceduresLike(TextArgument(call, "@sp_name"))) {
     Append(rows, {"Ledger", "dbo", name + ";1"});
   }
-  WriteCatalog(rows, answer);
+  WriteRows(rows, Writer::Last::InProcedure, answer);
+  answer.ReturnStatus();
 }
 
 /// A server takes the name in a catalog query for a pattern: an underscore matches any character.
@@ -208,14 +206,13 @@ void StandInSession::CallProcedure(const Call& call, Writer& answer) {
   }
   const ado::Result result = m_session->Call(call.procedure, arguments);
   if (result.rows) WriteRows(*result.rows, Writer::Last::InProcedure, answer);
-  answer.ReturnStatus(0);
+  answer.ReturnStatus();
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
     const ado::Parameter& parameter = arguments[places[i]];
     if (!call.parameters[i].isOutput || !parameter.IsOutput()) continue;
     const ParameterInfo& info = parameter.Info();
     answer.ReturnValue(static_cast<std::uint16_t>(i), info.name, {"", info.type}, parameter.Value());
   }
-  answer.Done(Writer::Last::OfProcedure, {});
 }
 
 void WriteParts(const std::vector<StandInServer::Part>& parts, Writer& answer) {

@@ -73,14 +73,12 @@ void Send(int socket, std::string_view answer, bool isWhole) {
     answer.remove_prefix(part.size());
     const std::size_t size = part.size() + kHeader;
     const bool isLast = isWhole && answer.empty();
-    std::string packet = {static_cast<char>(kAnswer),
-                          static_cast<char>(isLast ? kEnd : 0),
-                          static_cast<char>(size >> 8U),
-                          static_cast<char>(size & 0xFFU),
-                          0,
-                          0,
-                          static_cast<char>(number++),
-                          0};
+    std::string packet(kHeader, '\0');
+    packet[0] = kAnswer;
+    packet[1] = isLast ? kEnd : 0;
+    packet[2] = static_cast<char>(size >> 8U);
+    packet[3] = static_cast<char>(size & 0xFFU);
+    packet[6] = static_cast<char>(number++);
     packet += part;
     if (::send(socket, packet.data(), packet.size(), MSG_NOSIGNAL) < 0) return;
   } while (!answer.empty());

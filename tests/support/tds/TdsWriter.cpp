@@ -88,21 +88,24 @@ void Writer::PutShortText(std::string_view text) {
   for (const char16_t unit : wide) Put(unit);
 }
 
-/// Writes the length of everything after `place` into the two bytes there.
-void Writer::PutLengthAt(std::size_t place) {
+/// A token that begins with the length of the rest, which `write` writes.
+template <typename Write>
+void Writer::Token(std::uint8_t token, const Write& write) {
+  Put(token);
+  const std::size_t place = m_bytes.size();
+  Put(std::uint16_t{0});
+  write();
   const std::size_t length = m_bytes.size() - place - 2;
   m_bytes[place] = static_cast<char>(length & 0xFFU);
   m_bytes[place + 1] = static_cast<char>(length >> 8U);
 }
 
 void Writer::Change(std::uint8_t what, std::string_view now) {
-  Put(kEnvironmentChange);
-  const std::size_t place = m_bytes.size();
-  Put(std::uint16_t{0});
-  Put(what);
-  PutShortText(now);
-  PutShortText("");
-  PutLengthAt(place);
+  Token(kEnvironmentChange, [&] {
+    Put(what);
+    PutShortText(now);
+    PutShortText("");
+  });
 }
 
 void Writer::DatabaseChanged(std::string_view database) {
@@ -113,31 +116,26 @@ void Writer::DatabaseChanged(std::string_view database) {
 
 void Writer::LoggedIn() {
   constexpr std::uint8_t kPacketSize = 4;
-  Put(kLoginAnswer);
-  const std::size_t place = m_bytes.size();
-  Put(std::uint16_t{0});
-  Put(std::uint8_t{1});
-  m_bytes += std::string_view("\x74\x00\x00\x04", 4);
-  PutShortText("Microsoft SQL Server");
-  m_bytes += std::string_view("\x0F\x00\x07\xD0", 4);
-  PutLengthAt(place);
+  Token(kLoginAnswer, [this] {
+    m_bytes += std::string_view("\x01\x74\x00\x00\x04", 5);
+    PutShortText("Microsoft SQL Server");
+    m_bytes += std::string_view("\x0F\x00\x07\xD0", 4);
+  });
   Change(kPacketSize, "4096");
 }
 
 void Writer::Message(const ado::Diagnostic& diagnostic, std::uint8_t severity) {
-  Put(severity > kHighestOfMessages ? kError : kInformation);
-  const std::size_t place = m_bytes.size();
-  Put(std::uint16_t{0});
-  Put(diagnostic.nativeError);
-  Put(std::uint8_t{1});
-  Put(severity);
-  const std::u16string text = ToWide(diagnostic.message).substr(0, 2000);
-  Put(static_cast<std::uint16_t>(text.size()));
-  for (const char16_t unit : text) Put(unit);
-  PutShortText("STANDIN");
-  PutShortText("");
-  Put(static_cast<std::uint32_t>(diagnostic.line));
-  PutLengthAt(place);
+  Token(severity > kHighestOfMessages ? kError : kInformation, [&] {
+    Put(diagnostic.nativeError);
+    Put(std::uint8_t{1});
+    Put(severity);
+    const std::u16string text = ToWide(diagnostic.message).substr(0, 2000);
+    Put(static_cast<std::uint16_t>(text.size()));
+    for (const char16_t unit : text) Put(unit);
+    PutShortText("STANDIN");
+    PutShortText("");
+    Put(static_cast<std::uint32_t>(diagnostic.line));
+  });
 }
 
 void Writer::Rows(const ado::RowSet& rows) {
@@ -159,9 +157,9 @@ void Writer::Rows(const ado::RowSet& rows) {
   m_rowsEnd = m_bytes.size();
 }
 
-void Writer::ReturnStatus(std::int32_t status) {
+void Writer::ReturnStatus() {
   Put(kReturnStatus);
-  Put(status);
+  Put(std::int32_t{0});
 }
 
 void Writer::ReturnValue(std::uint16_t ordinal, std::string_view name, const ado::Column& type, const Value& value) {

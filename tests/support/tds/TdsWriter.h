@@ -17,7 +17,7 @@ class Writer {
   /// An error, or a message when the severity is 10 or less.
   void Message(const ado::Diagnostic& diagnostic, std::uint8_t severity);
   void Rows(const ado::RowSet& rows);
-  void ReturnStatus(std::int32_t status);
+  void ReturnStatus();  ///< of success
   void ReturnValue(std::uint16_t ordinal, std::string_view name, const ado::Column& type, const Value& value);
 
   enum class Last : std::uint8_t { InBatch = 0xFD, InProcedure = 0xFF, OfProcedure = 0xFE };
@@ -39,7 +39,8 @@ class Writer {
   void PutColumn(const ado::Column& column, bool isLong);
   void PutValue(const ado::Column& column, bool isLong, const Value& value);
   void PutText(std::string_view text, bool isLong);
-  void PutLengthAt(std::size_t place);
+  template <typename Write>
+  void Token(std::uint8_t token, const Write& write);
   void Change(std::uint8_t what, std::string_view now);
 
   std::string m_bytes;
