@@ -8,7 +8,7 @@ HRESULT Fail(HRESULT result, UINT position, UINT* argumentInError) noexcept {
   return result;
 }
 
-/// How scripts leave out an argument between others.
+/// Scripts mark an omitted argument between others with this error value.
 bool IsOmitted(const VARIANT* value) noexcept {
   if (value == nullptr) return true;
   const VARIANT plain = Borrow(*value);
@@ -71,7 +71,7 @@ HRESULT Arguments::Convert(const VARIANT& given, const ArgumentType& wanted, LCI
 HRESULT Arguments::ConvertObject(const VARIANT& given, const ArgumentType& wanted, std::size_t position) noexcept {
   VARIANT& converted = m_converted.at(position).Get();
   const bool isObject = given.vt == VT_DISPATCH || given.vt == VT_UNKNOWN;
-  // Scripts have a null that is no object reference; it stands for none all the same.
+  // A script's null is not an object reference, but it also means no object.
   if (!isObject && given.vt != VT_NULL) return DISP_E_TYPEMISMATCH;
   if (isObject && given.punkVal != nullptr) {
     void* object = nullptr;

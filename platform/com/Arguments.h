@@ -8,21 +8,21 @@
 
 namespace quorvel::com {
 
-/// The arguments of one call by name, put in the member's order and converted to its types. What needs no conversion
-/// is borrowed from the caller.
+/// The arguments of one call by name in the member's order and types. Values that need no conversion are borrowed from
+/// the caller.
 class Arguments {
  public:
-  /// The longest list of parameters that a member may have.
+  /// The maximum number of parameters of a member.
   static constexpr std::size_t kMaximum = 4;
 
-  /// On failure `argumentInError` (may be null) is the position in the caller's own array. E_NOINTERFACE for an object
-  /// of the wrong kind.
+  /// On failure sets `argumentInError`, which may be null, to the position in the caller's array. E_NOINTERFACE for an
+  /// object of the wrong kind.
   HRESULT Take(const Member& member, const DISPPARAMS& given, LCID locale, UINT* argumentInError) noexcept;
 
   [[nodiscard]] VARIANT* Values() noexcept { return m_values.data(); }
 
  private:
-  /// Finds for each parameter the caller's argument: a position in the caller's array, or none.
+  /// Finds the caller's argument for each parameter; null when there is none.
   HRESULT Match(const Member& member, const DISPPARAMS& given, UINT* argumentInError) noexcept;
   HRESULT Convert(const VARIANT& given, const ArgumentType& wanted, LCID locale, std::size_t position) noexcept;
   HRESULT ConvertObject(const VARIANT& given, const ArgumentType& wanted, std::size_t position) noexcept;

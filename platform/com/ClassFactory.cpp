@@ -1,6 +1,6 @@
 #include "platform/com/ClassFactory.h"
 
-#include "platform/com/ErrorInfo.h"
+#include "platform/com/CallGuard.h"
 #include "platform/com/Object.h"
 #include "platform/com/Pointer.h"
 

@@ -14,7 +14,7 @@ namespace quorvel::com {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// What tells scripts and designers the class of an object. Its IUnknown is that of the object it is a part of.
+/// Lets scripts and designers find the class of an object. IUnknown comes from the object that derives from it.
 class ClassInformation : public IProvideClassInfo {
  public:
   explicit ClassInformation(REFCLSID classId) noexcept : m_classId(classId) {}
@@ -27,7 +27,7 @@ class ClassInformation : public IProvideClassInfo {
 
  protected:
   ~ClassInformation() = default;
-  /// The part with that interface, or null.
+  /// The interface `riid`, or null.
   void* Find(REFIID riid) noexcept {
     return riid == IID_IProvideClassInfo ? static_cast<IProvideClassInfo*>(this) : nullptr;
   }
@@ -44,7 +44,7 @@ class ClassInformation : public IProvideClassInfo {
 
 namespace quorvel::com {
 
-/// Elsewhere there is no type information.
+/// Other systems have no type information.
 class ClassInformation {
  public:
   explicit ClassInformation(REFCLSID /*classId*/) noexcept {}

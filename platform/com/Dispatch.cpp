@@ -1,3 +1,5 @@
+// IDispatch over a member table: finds the member and its parameters by name, converts the arguments, calls the
+// operation and turns its error object into an EXCEPINFO.
 #include "platform/com/Dispatch.h"
 
 #include <algorithm>
@@ -6,13 +8,13 @@
 #include "platform/Environment.h"
 #include "platform/Error.h"
 #include "platform/com/Arguments.h"
-#include "platform/com/ErrorInfo.h"
+#include "platform/com/CallGuard.h"
 #include "platform/com/Variant.h"
 
 namespace quorvel::com {
 namespace {
 
-/// The names of the boundary are plain, so letter case matters for these letters only.
+/// All names are ASCII, so only these letters have two cases.
 OLECHAR Fold(OLECHAR character) noexcept {
   return character >= 'A' && character <= 'Z' ? static_cast<OLECHAR>(character - 'A' + 'a') : character;
 }
@@ -39,9 +41,9 @@ DISPID FindParameter(std::span<const Member> members, DISPID id, LPCOLESTR name)
 bool Answers(const Member& member, WORD flags) noexcept {
   constexpr WORD kAssignments = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
   const auto kind = static_cast<WORD>(member.kind);
-  // Callers by name do not know which properties take objects.
+  // Callers by name do not know which properties hold objects.
   if (member.kind == MemberKind::PutRef) return (flags & kAssignments) != 0;
-  // Some script engines ask for an enumerator as one calls a method.
+  // Some script engines request the enumerator as a method.
   if (member.id == DISPID_NEWENUM && (flags & DISPATCH_METHOD) != 0) return true;
   return (flags & kind) != 0;
 }
@@ -51,7 +53,7 @@ const Member* FindMember(std::span<const Member> members, DISPID id, WORD flags)
   return found != members.end() ? &*found : nullptr;
 }
 
-/// What one call by name leaves behind when the operation itself failed.
+/// The result of a call by name whose operation failed.
 HRESULT Failed(HRESULT result, EXCEPINFO* exception) noexcept {
   TakeError(result, exception);
   return DISP_E_EXCEPTION;
@@ -86,7 +88,7 @@ HRESULT CallMember(const Call& call) noexcept {
   return S_OK;
 }
 
-/// Whether the arguments are meant for the default member of the object that the member delivers.
+/// Whether the arguments belong to the default member of the object that the member delivers.
 bool IsForDeliveredObject(const Call& call) noexcept {
   return call.member.kind == MemberKind::Get && call.member.parameters.empty() &&
          call.member.result.type == VT_DISPATCH && call.given.cArgs > 0;

@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/com/ErrorInfo.h"
+#include "platform/com/CallGuard.h"
 #include "platform/com/Object.h"
 
 namespace quorvel::com {

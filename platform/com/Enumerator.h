@@ -7,16 +7,16 @@
 
 namespace quorvel::com {
 
-/// What an enumerator walks over.
+/// The objects of an enumeration.
 struct ObjectSource {
-  /// How many there are at this moment.
+  /// The current number of objects.
   std::function<std::size_t()> count;
   /// A new reference to the object at a 0-based position below count.
   std::function<IDispatch*(std::size_t)> at;
 };
 
-/// An IEnumVARIANT over a source that may change while it is walked over: what is behind the position counts.
-/// Throws std::bad_alloc.
+/// An IEnumVARIANT over a source that may change during the enumeration: each step reads the source again. Throws
+/// std::bad_alloc.
 [[nodiscard]] IEnumVARIANT* MakeEnumerator(ObjectSource source);
 
 }  // namespace quorvel::com

@@ -2,19 +2,34 @@
 
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 
 #include "platform/com/Dispatch.h"
 
-/// Makes the rows of a member table from the operations themselves, so that a row can say nothing about types that the
-/// operation does not:
+/// Makes the rows of a member table from the operations themselves, so that the types in a row are always those of the
+/// operation:
 ///
-///     constexpr Member kMembers[] = {Get<&_Remark::get_MemoText>(OLESTR("MemoText"), 14), ...};
+///     constexpr Member kMembers[] = {Get<&_RemarkList::get_Item, kIndexKey>(OLESTR("Item"), DISPID_VALUE), ...};
+///
+/// This row is the same as
+///
+///     Member{OLESTR("Item"), DISPID_VALUE, MemberKind::Get, kIndexKey,
+///            {ArgumentType{VT_VARIANT, true}},
+///            ArgumentType{VT_DISPATCH, false, &IID__Remark},
+///            [](IDispatch& object, VARIANT* arguments, VARIANT& result) {
+///              _Remark* delivered = nullptr;
+///              const HRESULT outcome = static_cast<_RemarkList&>(object).get_Item(&arguments[0], &delivered);
+///              if (FAILED(outcome)) return outcome;
+///              result.vt = VT_DISPATCH;
+///              result.pdispVal = delivered;
+///              return outcome;
+///            }}
 namespace quorvel::com {
 
-/// The identifier of an interface; specialised for each interface that members take or deliver.
+/// The identifier of an interface, specialised for each one that members take or deliver.
 template <typename Interface>
 inline constexpr const GUID* kInterfaceId = nullptr;
 
@@ -73,7 +88,7 @@ struct Carried<Interface*> {
   static void Write(VARIANT& value, Interface* object) { value.pdispVal = object; }
 };
 
-/// One argument on its way from a VARIANT to an operation: by value, by reference, or as a VARIANT.
+/// Passes a VARIANT to an operation as an argument of type T: a value, a pointer to a value, or the VARIANT itself.
 template <typename T>
 class Argument {
  public:
@@ -108,34 +123,51 @@ class Argument<VARIANT*> {
   VARIANT& m_value;
 };
 
-/// An operation whose arguments are all given.
-template <typename Interface, typename... Arguments>
-struct PlainSignature {
-  static constexpr std::array<ArgumentType, sizeof...(Arguments)> kTypes{Argument<Arguments>::kType...};
+/// Splits the type of an operation, HRESULT (Interface::*)(Arguments...), into its parts.
+template <typename Operation>
+struct Signature;
+
+template <typename InterfaceType, typename... ArgumentTypes>
+struct Signature<HRESULT (QUORVEL_CALL InterfaceType::*)(ArgumentTypes...)> {
+  using Interface = InterfaceType;
+  using Arguments = std::tuple<ArgumentTypes...>;
+  static constexpr std::size_t kCount = sizeof...(ArgumentTypes);
+};
+
+template <auto Slot>
+using SignatureOf = Signature<decltype(Slot)>;
+template <auto Slot, std::size_t Position>
+using TypeAt = std::tuple_element_t<Position, typename SignatureOf<Slot>::Arguments>;
+
+/// Calls an operation without a result.
+template <auto Slot, typename Positions = std::make_index_sequence<SignatureOf<Slot>::kCount>>
+struct PlainCall;
+
+template <auto Slot, std::size_t... Position>
+struct PlainCall<Slot, std::index_sequence<Position...>> {
+  static constexpr std::array<ArgumentType, sizeof...(Position)> kTypes{Argument<TypeAt<Slot, Position>>::kType...};
   static constexpr ArgumentType kResult{};
 
-  template <auto Slot>
-  static HRESULT Call(IDispatch& object, VARIANT* arguments, VARIANT& /*result*/) {
-    return [&]<std::size_t... Index>(std::index_sequence<Index...>) {
-      return (static_cast<Interface&>(object).*Slot)(Argument<Arguments>(arguments[Index]).Pass()...);
-    }
-    (std::index_sequence_for<Arguments...>{});
+  static HRESULT Invoke(IDispatch& object, VARIANT* arguments, VARIANT& /*result*/) {
+    auto& target = static_cast<typename SignatureOf<Slot>::Interface&>(object);
+    return (target.*Slot)(Argument<TypeAt<Slot, Position>>(arguments[Position]).Pass()...);
   }
 };
 
-/// An operation that delivers through its last argument, a pointer to `Result`.
-template <typename Interface, typename Result, typename... Arguments>
-struct DeliveringSignature {
-  static constexpr std::array<ArgumentType, sizeof...(Arguments)> kTypes{Argument<Arguments>::kType...};
+/// Calls an operation that delivers its result through its last argument, a pointer to `Result`.
+template <auto Slot, typename Positions = std::make_index_sequence<SignatureOf<Slot>::kCount - 1>>
+struct DeliveringCall;
+
+template <auto Slot, std::size_t... Position>
+struct DeliveringCall<Slot, std::index_sequence<Position...>> {
+  using Result = std::remove_pointer_t<TypeAt<Slot, sizeof...(Position)>>;
+  static constexpr std::array<ArgumentType, sizeof...(Position)> kTypes{Argument<TypeAt<Slot, Position>>::kType...};
   static constexpr ArgumentType kResult = Carried<Result>::kType;
 
-  template <auto Slot>
-  static HRESULT Call(IDispatch& object, VARIANT* arguments, VARIANT& result) {
+  static HRESULT Invoke(IDispatch& object, VARIANT* arguments, VARIANT& result) {
+    auto& target = static_cast<typename SignatureOf<Slot>::Interface&>(object);
     Result delivered{};
-    const HRESULT outcome = [&]<std::size_t... Index>(std::index_sequence<Index...>) {
-      return (static_cast<Interface&>(object).*Slot)(Argument<Arguments>(arguments[Index]).Pass()..., &delivered);
-    }
-    (std::index_sequence_for<Arguments...>{});
+    const HRESULT outcome = (target.*Slot)(Argument<TypeAt<Slot, Position>>(arguments[Position]).Pass()..., &delivered);
     if (FAILED(outcome)) return outcome;
     result.vt = kResult.type;
     Carried<Result>::Write(result, delivered);
@@ -143,53 +175,34 @@ struct DeliveringSignature {
   }
 };
 
-/// Takes an operation's type apart.
-template <typename Operation>
-struct Signature;
-
-template <typename Interface, typename... Arguments>
-struct Signature<HRESULT (QUORVEL_CALL Interface::*)(Arguments...)> {
-  using All = std::tuple<Arguments...>;
-  using Plain = PlainSignature<Interface, Arguments...>;
-
-  /// Only its type counts.
-  static constexpr auto Delivering() {
-    return []<std::size_t... Index>(std::index_sequence<Index...>) {
-      using Result = std::remove_pointer_t<std::tuple_element_t<sizeof...(Index), All>>;
-      return DeliveringSignature<Interface, Result, std::tuple_element_t<Index, All>...>{};
-    }
-    (std::make_index_sequence<sizeof...(Arguments) - 1>{});
-  }
-};
-
-template <auto Slot, typename Shape>
-constexpr Member MakeMember(Name name, DISPID id, MemberKind kind, std::span<const Parameter> parameters) {
-  // A wrong number of parameters does not compile: the tables are constants.
-  if (parameters.size() != Shape::kTypes.size()) throw "a parameter for each argument";
-  return {name, id, kind, parameters, Shape::kTypes, Shape::kResult, &Shape::template Call<Slot>};
-}
-
+inline constexpr std::array<Parameter, 0> kNoParameters{};
 inline constexpr Parameter kNewValue[] = {{OLESTR("value")}};
 
-template <auto Slot>
-constexpr Member Get(Name name, DISPID id, std::span<const Parameter> parameters = {}) {
-  return MakeMember<Slot, decltype(Signature<decltype(Slot)>::Delivering())>(name, id, MemberKind::Get, parameters);
+template <typename Caller, const auto& Parameters>
+constexpr Member MakeMember(Name name, DISPID id, MemberKind kind) {
+  static_assert(std::size(Parameters) == Caller::kTypes.size(), "one parameter for each argument");
+  return {name, id, kind, Parameters, Caller::kTypes, Caller::kResult, &Caller::Invoke};
+}
+
+template <auto Slot, const auto& Parameters = kNoParameters>
+constexpr Member Get(Name name, DISPID id) {
+  return MakeMember<DeliveringCall<Slot>, Parameters>(name, id, MemberKind::Get);
 }
 template <auto Slot>
 constexpr Member Put(Name name, DISPID id) {
-  return MakeMember<Slot, typename Signature<decltype(Slot)>::Plain>(name, id, MemberKind::Put, kNewValue);
+  return MakeMember<PlainCall<Slot>, kNewValue>(name, id, MemberKind::Put);
 }
 template <auto Slot>
 constexpr Member PutRef(Name name, DISPID id) {
-  return MakeMember<Slot, typename Signature<decltype(Slot)>::Plain>(name, id, MemberKind::PutRef, kNewValue);
+  return MakeMember<PlainCall<Slot>, kNewValue>(name, id, MemberKind::PutRef);
 }
-template <auto Slot>
-constexpr Member Method(Name name, DISPID id, std::span<const Parameter> parameters = {}) {
-  return MakeMember<Slot, typename Signature<decltype(Slot)>::Plain>(name, id, MemberKind::Method, parameters);
+template <auto Slot, const auto& Parameters = kNoParameters>
+constexpr Member Method(Name name, DISPID id) {
+  return MakeMember<PlainCall<Slot>, Parameters>(name, id, MemberKind::Method);
 }
-template <auto Slot>
-constexpr Member Function(Name name, DISPID id, std::span<const Parameter> parameters = {}) {
-  return MakeMember<Slot, decltype(Signature<decltype(Slot)>::Delivering())>(name, id, MemberKind::Method, parameters);
+template <auto Slot, const auto& Parameters = kNoParameters>
+constexpr Member Function(Name name, DISPID id) {
+  return MakeMember<DeliveringCall<Slot>, Parameters>(name, id, MemberKind::Method);
 }
 
 }  // namespace quorvel::com

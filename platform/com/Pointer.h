@@ -22,7 +22,7 @@ class Pointer : public UniqueHandle<ReferenceTraits<Interface>> {
   Interface* operator->() const noexcept { return this->Get(); }
 };
 
-/// Asks an object, which may be null, for an interface; null when it does not have it.
+/// The interface `interfaceId` of an object, which may be null; null when the object does not have it.
 template <typename Interface>
 Pointer<Interface> Query(IUnknown* object, REFIID interfaceId) noexcept {
   void* found = nullptr;

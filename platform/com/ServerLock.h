@@ -4,7 +4,7 @@
 
 namespace quorvel::com {
 
-/// Keeps the library loaded: every object that a host may hold has one.
+/// Keeps the library loaded. Every object that a host may hold contains one.
 class ServerLock {
  public:
   ServerLock() noexcept { Add(); }
@@ -12,11 +12,11 @@ class ServerLock {
   ServerLock& operator=(const ServerLock&) noexcept = default;
   ~ServerLock() { Remove(); }
 
-  /// For a host's own locks, which have no object.
+  /// For the locks that a host sets through a class factory.
   static void Add() noexcept;
   static void Remove() noexcept;
 
-  /// Whether nobody holds anything.
+  /// Whether there are no locks.
   [[nodiscard]] static bool None() noexcept;
 };
 

@@ -1,6 +1,9 @@
 #include "platform/com/Text.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <new>
 
@@ -30,8 +33,8 @@ std::size_t CountUnits(std::string_view text) noexcept {
   return units;
 }
 
-/// Most texts are plain: every byte is a character. Looking at all bytes without stopping early is what the compiler
-/// can do many at a time.
+/// Most texts are plain: every byte is a character. The loop does not stop early, so that the compiler can vectorise
+/// it.
 bool IsPlain(std::string_view text) noexcept {
   unsigned char bits = 0;
   for (const char c : text) bits |= static_cast<unsigned char>(c);
@@ -68,9 +71,15 @@ std::string FromBstr(BSTR text) { return FromWide(Name(text, SysStringLen(text))
 std::string FromWide(Name text) {
   std::string narrow;
   narrow.reserve(text.size());
-  // Both are UTF-16 units; only their names differ between the platforms.
+  // OLECHAR is a UTF-16 unit on every platform, but not always char16_t.
   utf::AppendUtf8(narrow, {reinterpret_cast<const char16_t*>(text.data()), text.size()});
   return narrow;
+}
+
+std::string TextOf(const GUID& id) {
+  std::string text = fmt::format("{{{:08X}-{:04X}-{:04X}-", id.Data1, id.Data2, id.Data3);
+  for (std::size_t i = 0; i < std::size(id.Data4); ++i) text += fmt::format("{}{:02X}", i == 2 ? "-" : "", id.Data4[i]);
+  return text + '}';
 }
 
 }  // namespace quorvel::com

@@ -5,17 +5,17 @@
 #include "platform/com/Com.h"
 #include "platform/com/Pointer.h"
 
-/// The error object of a thread, which is the operating system's on Windows and the component's own elsewhere.
+/// The error object of the current thread. The operating system keeps it on Windows, the component elsewhere.
 namespace quorvel::com {
 
-/// A new error object. Null when memory ran out. Texts are UTF-8.
+/// A new error object with texts in UTF-8. Null when there is no memory.
 [[nodiscard]] Pointer<IErrorInfo> MakeErrorInfo(REFIID interfaceId, std::string_view source,
                                                 std::string_view description) noexcept;
 
-/// Replaces the thread's error object; null takes it away.
+/// Replaces the thread's error object; null removes it.
 void SetThreadError(IErrorInfo* error) noexcept;
 
-/// Takes the thread's error object; null when there is none.
+/// Removes and returns the thread's error object; null when there is none.
 [[nodiscard]] Pointer<IErrorInfo> TakeThreadError() noexcept;
 
 }  // namespace quorvel::com

@@ -4,11 +4,11 @@
 
 namespace quorvel::com {
 
-/// How many type informations an object has, as IDispatch tells it: 1 where the system has type libraries, else 0.
+/// The result of IDispatch::GetTypeInfoCount: 1 on systems with type libraries, else 0.
 [[nodiscard]] UINT TypeInfoCount() noexcept;
 
-/// The type information of a class or interface from the type library that the component carries. E_NOTIMPL where the
-/// system has none.
+/// The type information of a class or interface from the component's type library. E_NOTIMPL on systems without type
+/// libraries.
 [[nodiscard]] HRESULT TypeInfoOf(REFGUID id, ITypeInfo** info) noexcept;
 
 }  // namespace quorvel::com

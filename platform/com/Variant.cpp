@@ -1,3 +1,4 @@
+// Reads VARIANTs as hosts pass them: by value, by reference, or as an object with a default value.
 #include "platform/com/Variant.h"
 
 #include <cstddef>
@@ -13,7 +14,7 @@
 namespace quorvel::com {
 namespace {
 
-/// Bytes that a value of a type has in a VARIANT; 0 for types that the component does not use.
+/// The size of a type's value in a VARIANT; 0 for types that the component does not use.
 std::size_t SizeOf(VARTYPE type) noexcept {
   switch (type) {
     case VT_I1:
@@ -47,8 +48,7 @@ std::size_t SizeOf(VARTYPE type) noexcept {
 
 constexpr double kCurrencyUnit = 10000;
 
-/// An object's default value. An object whose default value is itself an object without end would call for ever,
-/// so only one step is taken.
+/// An object's default value. It must not be an object again: a chain of default values might never end.
 Value DefaultValue(IUnknown* object) {
   if (object == nullptr) ThrowObjectNotSet();
   const auto dispatch = Query<IDispatch>(object, IID_IDispatch);
@@ -73,7 +73,7 @@ Value FromUnsigned(ULONGLONG number) {
 
 VARIANT Borrow(const VARIANT& value) noexcept {
   constexpr VARTYPE kReference = VT_BYREF | VT_VARIANT;
-  // A reference to a value may lead to one more reference, but not to another of its own kind.
+  // A VARIANT by reference may contain a value by reference, but not a second VARIANT by reference.
   if (value.vt == kReference && value.pvarVal != nullptr && value.pvarVal->vt != kReference) {
     return Borrow(*value.pvarVal);
   }

@@ -5,7 +5,7 @@
 
 namespace quorvel::com {
 
-/// Owns what a VARIANT holds.
+/// A VARIANT that is cleared at the end of its scope.
 class OwnedVariant {
  public:
   OwnedVariant() noexcept { VariantInit(&m_value); }
@@ -14,7 +14,7 @@ class OwnedVariant {
   ~OwnedVariant() { VariantClear(&m_value); }
 
   [[nodiscard]] VARIANT& Get() noexcept { return m_value; }
-  /// Hands what is held over to the caller and is empty then.
+  /// Gives the value to the caller, who clears it.
   VARIANT Release() noexcept {
     const VARIANT value = m_value;
     VariantInit(&m_value);
@@ -25,17 +25,17 @@ class OwnedVariant {
   VARIANT m_value;
 };
 
-/// What a value by reference refers to, not copied: it lives as long as what it was borrowed from. Other values, and
-/// references to types that the component does not use, are returned as they are.
+/// The value that a VT_BYREF value refers to, not copied: it is valid as long as the original. Other values, and
+/// references to types that the component does not use, are returned unchanged.
 [[nodiscard]] VARIANT Borrow(const VARIANT& value) noexcept;
 
-/// What a caller passed where any type is accepted. Empty is 0; an object stands for its default value. Error 91 for
-/// no object, 13 for what has no value (an array, an omitted argument), 6 for a date out of range.
+/// Converts an argument that may have any type. Empty is 0; an object is read through its default member. Error 91 for
+/// a null object, 13 for types without a value (an array, an omitted argument), 6 for a date out of range.
 [[nodiscard]] Value ToValue(const VARIANT& value);
 
-/// Converts to the type `type` into `target`, which must be empty and is left empty on failure; `value` is not by
-/// reference. DISP_E_TYPEMISMATCH and DISP_E_OVERFLOW where there is no conversion. On Windows numbers and dates are
-/// read and written as the locale does it, elsewhere as Value.h says.
+/// Converts `value`, which must not be by reference, to `type`. `target` must be empty and stays empty on failure.
+/// DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW when there is no conversion. On Windows numbers and dates follow the locale,
+/// elsewhere the rules of Value.h.
 [[nodiscard]] HRESULT ChangeType(const VARIANT& value, VARTYPE type, LCID locale, VARIANT& target) noexcept;
 
 }  // namespace quorvel::com

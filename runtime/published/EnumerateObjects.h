@@ -7,12 +7,12 @@
 
 #include "platform/Error.h"
 #include "platform/com/Enumerator.h"
-#include "runtime/published/Interfaces.h"
+#include "runtime/published/Publish.h"
 
 namespace quorvel::published {
 
-/// An enumerator over the runtime objects that `objects(*owner)` gives at each moment; it keeps the owner, which may
-/// meanwhile have been replaced where it came from. Error 91 without an owner.
+/// An enumerator over the runtime objects that `objects(*owner)` returns at each step. It keeps `owner` alive, even
+/// after a reload has replaced it in its context. Error 91 without an owner.
 template <typename Owner, typename Objects>
 [[nodiscard]] IUnknown* EnumerateObjects(std::shared_ptr<Owner> owner, Objects objects) {
   if (!owner) ThrowObjectNotSet();

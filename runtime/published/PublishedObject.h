@@ -12,21 +12,21 @@
 #include "platform/Environment.h"
 #include "platform/Error.h"
 #include "platform/Value.h"
+#include "platform/com/CallGuard.h"
 #include "platform/com/ClassInformation.h"
 #include "platform/com/Date.h"
 #include "platform/com/Dispatch.h"
-#include "platform/com/ErrorInfo.h"
 #include "platform/com/Object.h"
 #include "platform/com/Pointer.h"
 #include "platform/com/Text.h"
 #include "platform/com/TypeLibrary.h"
 #include "platform/com/Variant.h"
-#include "runtime/published/Classes.h"
-#include "runtime/published/Interfaces.h"
+#include "runtime/published/Publish.h"
+#include "runtime/published/PublishedClasses.h"
 
 namespace quorvel::published {
 
-/// What the runtime gives, as the boundary carries it.
+/// Values of the runtime in the types of the boundary.
 [[nodiscard]] inline LONG ToHost(std::int32_t number) { return number; }
 [[nodiscard]] inline VARIANT_BOOL ToHost(bool flag) { return flag ? VARIANT_TRUE : VARIANT_FALSE; }
 [[nodiscard]] inline BSTR ToHost(const std::string& text) { return com::ToBstr(text); }
@@ -37,7 +37,7 @@ template <typename Object>
   return Publish(object);
 }
 
-/// What a host passed by reference. Error E_POINTER when it passed nothing.
+/// An argument by reference. Error E_POINTER when the host passed a null pointer.
 template <typename T>
 [[nodiscard]] T& Required(T* argument) {
   if (argument == nullptr) {
@@ -47,7 +47,7 @@ template <typename T>
   return *argument;
 }
 
-/// The position or key that a host passed to look something up. What cannot be one finds nothing, as NULL does.
+/// The position or key that a host looks something up by. A value that cannot be either finds nothing, as NULL does.
 [[nodiscard]] inline Value IndexOf(const VARIANT& indexKey) {
   try {
     return com::ToValue(indexKey);
@@ -56,27 +56,36 @@ template <typename T>
   }
 }
 
-// Interfaces have no destructor; objects are deleted by their own Release only.
+// Interfaces have no destructor; only Release deletes an object.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// The common part of the four published classes: IUnknown, IDispatch over the class's member table, and what every
-/// operation does around its one line, which gets the runtime object. It stands for one runtime object and is the only
-/// one that does. An operation keeps the runtime object alive: what it calls may release the last reference to this
-/// one.
+/// The interfaces of a published object: its own, which comes first, and those that every one has.
+template <typename Interface>
+class PublishedInterfaces : public Interface, public ISupportErrorInfo, public com::ClassInformation {
+ public:
+  explicit PublishedInterfaces(REFCLSID classId) noexcept : com::ClassInformation(classId) {}
+};
+
+/// The common part of the four published classes: IUnknown, IDispatch over the class's member table, and the error
+/// handling around each operation's one line, which receives the runtime object. A runtime object has at most one
+/// published object. An operation keeps the runtime object alive, because the call may release the last reference to
+/// the published one.
 ///
-/// Released on the thread that made it. Asked for its own class identifier, which no interface has, it
-/// gives itself: that is how an object of this component is told from any other.
+/// The thread that made the object releases it. QueryInterface for the class identifier, which no interface has,
+/// returns the object itself: this distinguishes objects of this component from all others.
 template <typename Interface, typename Object>
-class PublishedObject : public Interface, public ISupportErrorInfo, public com::ClassInformation {
+class PublishedObject : public com::Counted<PublishedInterfaces<Interface>> {
  public:
   PublishedObject(const PublishedClass& description, std::shared_ptr<Object> object) noexcept
-      : com::ClassInformation(description.classId), m_class(description), m_object(std::move(object)) {
+      : com::Counted<PublishedInterfaces<Interface>>(description.classId),
+        m_class(description),
+        m_object(std::move(object)) {
     m_object->SetPublished(this);
   }
   PublishedObject(const PublishedObject&) = delete;
   PublishedObject& operator=(const PublishedObject&) = delete;
-  virtual ~PublishedObject() { m_object->SetPublished(nullptr); }
+  ~PublishedObject() override { m_object->SetPublished(nullptr); }
 
   using Base = PublishedObject;
   using PublishedInterface = Interface;
@@ -87,14 +96,8 @@ class PublishedObject : public Interface, public ISupportErrorInfo, public com::
     if (object == nullptr) return E_POINTER;
     *object = Find(riid);
     if (*object == nullptr) return E_NOINTERFACE;
-    m_references.Add();
+    this->AddRef();
     return S_OK;
-  }
-  ULONG QUORVEL_CALL AddRef() noexcept override { return m_references.Add(); }
-  ULONG QUORVEL_CALL Release() noexcept override {
-    const ULONG left = m_references.Remove();
-    if (left == 0) delete this;
-    return left;
   }
 
   HRESULT QUORVEL_CALL GetTypeInfoCount(UINT* count) noexcept override {
@@ -122,7 +125,7 @@ class PublishedObject : public Interface, public ISupportErrorInfo, public com::
   }
 
  protected:
-  /// The body of an operation that delivers what `read` returns.
+  /// The body of an operation that delivers the result of `read`.
   template <typename Result, typename Read>
   [[nodiscard]] HRESULT Deliver(Result* result, Read read) const noexcept {
     return com::Guarded(m_class.interfaceId, [&, object = m_object] {
@@ -131,7 +134,7 @@ class PublishedObject : public Interface, public ISupportErrorInfo, public com::
       target = static_cast<Result>(ToHost(std::invoke(read, *object)));
     });
   }
-  /// The body of an operation without result.
+  /// The body of an operation without a result.
   template <typename Work>
   [[nodiscard]] HRESULT Perform(Work work) const noexcept {
     return com::Guarded(m_class.interfaceId, [&, object = m_object] { std::invoke(work, *object); });
@@ -146,15 +149,13 @@ class PublishedObject : public Interface, public ISupportErrorInfo, public com::
     return com::ClassInformation::Find(riid);
   }
 
-  com::ServerLock m_lock;
-  com::ReferenceCount m_references;
   const PublishedClass& m_class;
   std::shared_ptr<Object> m_object;
 };
 
 #pragma GCC diagnostic pop
 
-/// The published object for a runtime object, made where there is none yet.
+/// The published object of a runtime object, made when there is none yet.
 template <typename Class, typename Object>
 [[nodiscard]] Class* PublishAs(const PublishedClass& description, const std::shared_ptr<Object>& object) {
   if (!object) return nullptr;
@@ -164,12 +165,12 @@ template <typename Class, typename Object>
   return static_cast<Class*>(published);
 }
 
-/// The runtime object behind a host's object of the class; error 13 for any other object.
+/// The runtime object of a host's object of the class; error 13 for any other object.
 template <typename Class, typename Object>
 [[nodiscard]] std::shared_ptr<Object> UnpublishAs(const PublishedClass& description, IUnknown* object) {
   if (object == nullptr) return nullptr;
   const auto own = com::Query<IUnknown>(object, description.classId);
-  // An object that answers to everything is a stranger too, and ours answer to no empty identifier.
+  // A foreign object may answer to every identifier; ours do not answer to the null one.
   if (own && !com::Query<IUnknown>(object, IID_NULL)) {
     auto* published = static_cast<typename Class::PublishedInterface*>(own.Get());
     return static_cast<typename Class::Base*>(published)->RuntimeObject();

@@ -52,7 +52,7 @@ class PublishedRemark final : public PublishedObject<_Remark, Remark> {
   HRESULT QUORVEL_CALL Delete() noexcept override { return Perform(&Remark::Delete); }
 };
 
-/// Its row among the classes of the library.
+/// Describes the class to the rest of the library.
 [[nodiscard]] const PublishedClass& RemarkClass() noexcept;
 
 }  // namespace quorvel::published

@@ -34,31 +34,31 @@ constexpr com::Member kMembers[] = {
     com::Put<&_RemarkContext::put_OwnerKey>(OLESTR("OwnerKey"), 13),
     com::Get<&_RemarkContext::get_OwnerName>(OLESTR("OwnerName"), 15),
     com::Get<&_RemarkContext::get_RemarkList>(OLESTR("RemarkList"), 16),
-    com::Get<&_RemarkContext::get_Item>(OLESTR("Item"), DISPID_VALUE, kIndexKey),
+    com::Get<&_RemarkContext::get_Item, kIndexKey>(OLESTR("Item"), DISPID_VALUE),
     com::Get<&_RemarkContext::get_TypeCount>(OLESTR("TypeCount"), 18),
     com::Get<&_RemarkContext::get_MemoCount>(OLESTR("MemoCount"), 19),
     com::Get<&_RemarkContext::get_PopupCount>(OLESTR("PopupCount"), 20),
     com::Get<&_RemarkContext::get_NewEnum>(OLESTR("NewEnum"), DISPID_NEWENUM),
     com::Get<&_RemarkContext::get_CreateableTypes>(OLESTR("CreateableTypes"), 22),
     com::Get<&_RemarkContext::get_ConnectionString>(OLESTR("ConnectionString"), 23),
-    com::Function<&_RemarkContext::CanUpdate>(OLESTR("CanUpdate"), 24, kPosition),
-    com::Function<&_RemarkContext::CanDelete>(OLESTR("CanDelete"), 25, kPosition),
-    com::Function<&_RemarkContext::CanCreate>(OLESTR("CanCreate"), 26, kPosition),
-    com::Method<&_RemarkContext::Edit>(OLESTR("Edit"), 27, kLoading),
-    com::Method<&_RemarkContext::Popup>(OLESTR("Popup"), 28, kLoading),
-    com::Method<&_RemarkContext::Load>(OLESTR("Load"), 29, kLoading),
-    com::Method<&_RemarkContext::Save>(OLESTR("Save"), 30, kForcing),
+    com::Function<&_RemarkContext::CanUpdate, kPosition>(OLESTR("CanUpdate"), 24),
+    com::Function<&_RemarkContext::CanDelete, kPosition>(OLESTR("CanDelete"), 25),
+    com::Function<&_RemarkContext::CanCreate, kPosition>(OLESTR("CanCreate"), 26),
+    com::Method<&_RemarkContext::Edit, kLoading>(OLESTR("Edit"), 27),
+    com::Method<&_RemarkContext::Popup, kLoading>(OLESTR("Popup"), 28),
+    com::Method<&_RemarkContext::Load, kLoading>(OLESTR("Load"), 29),
+    com::Method<&_RemarkContext::Save, kForcing>(OLESTR("Save"), 30),
     com::Method<&_RemarkContext::RefreshRemarkList>(OLESTR("RefreshRemarkList"), 31),
     com::Method<&_RemarkContext::Dispose>(OLESTR("Dispose"), 32),
-    com::Method<&_RemarkContext::AddRemark>(OLESTR("AddRemark"), 33, kAdding),
-    com::Method<&_RemarkContext::PopupMemos>(OLESTR("PopupMemos"), 34, kRefreshing),
-    com::Method<&_RemarkContext::EditMemos>(OLESTR("EditMemos"), 35, kRefreshing),
-    com::Method<&_RemarkContext::ViewManager>(OLESTR("ViewManager"), 36, kModal),
+    com::Method<&_RemarkContext::AddRemark, kAdding>(OLESTR("AddRemark"), 33),
+    com::Method<&_RemarkContext::PopupMemos, kRefreshing>(OLESTR("PopupMemos"), 34),
+    com::Method<&_RemarkContext::EditMemos, kRefreshing>(OLESTR("EditMemos"), 35),
+    com::Method<&_RemarkContext::ViewManager, kModal>(OLESTR("ViewManager"), 36),
     com::Get<&_RemarkContext::get_Server>(OLESTR("Server"), 37),
 };
 
 IDispatch* Create() {
-  // Contexts are what asks.
+  // Only contexts ask the user questions.
   UseHostPrompts();
   return Publish(RemarkContext::Create());
 }

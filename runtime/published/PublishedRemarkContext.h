@@ -121,7 +121,7 @@ class PublishedRemarkContext final : public PublishedObject<_RemarkContext, Rema
   HRESULT QUORVEL_CALL get_Server(BSTR* server) noexcept override { return Deliver(server, &RemarkContext::Server); }
 };
 
-/// Its row among the classes of the library.
+/// Describes the class to the rest of the library.
 [[nodiscard]] const PublishedClass& RemarkContextClass() noexcept;
 
 }  // namespace quorvel::published

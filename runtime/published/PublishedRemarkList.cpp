@@ -12,18 +12,18 @@ constexpr com::Parameter kClearing[] = {{OLESTR("i_bRecreateCollection"), true, 
 
 constexpr com::Member kMembers[] = {
     com::Get<&_RemarkList::get_NewEnum>(OLESTR("NewEnum"), DISPID_NEWENUM),
-    com::Get<&_RemarkList::get_Item>(OLESTR("Item"), DISPID_VALUE, kIndexKey),
+    com::Get<&_RemarkList::get_Item, kIndexKey>(OLESTR("Item"), DISPID_VALUE),
     com::Get<&_RemarkList::get_Count>(OLESTR("Count"), 3),
     com::Get<&_RemarkList::get_PopupCount>(OLESTR("PopupCount"), 4),
     com::Get<&_RemarkList::get_Dirty>(OLESTR("Dirty"), 5),
-    com::Function<&_RemarkList::Index>(OLESTR("Index"), 6, kRemark),
+    com::Function<&_RemarkList::Index, kRemark>(OLESTR("Index"), 6),
     com::Method<&_RemarkList::Backup>(OLESTR("Backup"), 7),
     com::Method<&_RemarkList::Restore>(OLESTR("Restore"), 8),
     com::Function<&_RemarkList::Add>(OLESTR("Add"), 9),
-    com::Method<&_RemarkList::AddRemark>(OLESTR("AddRemark"), 10, kRemark),
+    com::Method<&_RemarkList::AddRemark, kRemark>(OLESTR("AddRemark"), 10),
     com::Method<&_RemarkList::Save>(OLESTR("Save"), 11),
-    com::Method<&_RemarkList::Remove>(OLESTR("Remove"), 12, kIndexKey),
-    com::Method<&_RemarkList::Clear>(OLESTR("Clear"), 13, kClearing),
+    com::Method<&_RemarkList::Remove, kIndexKey>(OLESTR("Remove"), 12),
+    com::Method<&_RemarkList::Clear, kClearing>(OLESTR("Clear"), 13),
 };
 
 }  // namespace

@@ -36,7 +36,7 @@ class PublishedRemarkList final : public PublishedObject<_RemarkList, RemarkList
   }
 };
 
-/// Its row among the classes of the library.
+/// Describes the class to the rest of the library.
 [[nodiscard]] const PublishedClass& RemarkListClass() noexcept;
 
 }  // namespace quorvel::published

@@ -49,7 +49,7 @@ class PublishedRemarkType final : public PublishedObject<_RemarkType, RemarkType
   }
 };
 
-/// Its row among the classes of the library.
+/// Describes the class to the rest of the library.
 [[nodiscard]] const PublishedClass& RemarkTypeClass() noexcept;
 
 }  // namespace quorvel::published

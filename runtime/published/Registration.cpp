@@ -1,104 +1,108 @@
+// Writes the entries of RegistryEntries.h to a hive as a transaction, and removes them without harming the registration
+// of the other bitness.
 #include "runtime/published/Registration.h"
 
-#include <fmt/format.h>
-#include <quorvel/quorvel.h>
-
-#include "platform/com/Text.h"
+#include <algorithm>
+#include <optional>
 
 namespace quorvel::published {
 namespace {
 
-constexpr std::string_view kClasses = R"(Software\Classes)";
-constexpr std::string_view kEventSources = R"(SYSTEM\CurrentControlSet\Services\EventLog\Application)";
-/// Carries calls between apartments by what the type library says of an interface.
-constexpr std::string_view kAutomationMarshaller = "{00020424-0000-0000-C000-000000000046}";
+using registry::InstallationHive;
+using registry::Outcome;
+using Entries = std::vector<RegistryEntry>;
 
-std::string TextOf(const GUID& id) {
-  std::string text = fmt::format("{{{:08X}-{:04X}-{:04X}-", id.Data1, id.Data2, id.Data3);
-  for (std::size_t i = 0; i < std::size(id.Data4); ++i) text += fmt::format("{}{:02X}", i == 2 ? "-" : "", id.Data4[i]);
-  return text + '}';
-}
+/// Only the machine's hive may hold an event source.
+enum class Scope { Machine, User };
 
-std::string LibraryVersion() { return fmt::format("{:x}.{:x}", kLibraryMajor, kLibraryMinor); }
+Outcome FirstFailure(Outcome first, Outcome second) { return first != Outcome::Done ? first : second; }
 
-std::string FolderOf(const std::string& path) { return path.substr(0, path.find_last_of('\\')); }
-
-/// Entries under one key of Software\Classes, written one below the other.
-class Entries {
- public:
-  Entries(std::vector<RegistryEntry>& entries, std::string_view parent, std::string key, bool shared)
-      : m_entries(entries),
-        m_parent(parent.empty() ? std::string(kClasses) : fmt::format("{}\\{}", kClasses, parent)),
-        m_key(std::move(key)),
-        m_shared(shared) {}
-
-  /// `below` is the path from the key; empty for the key itself.
-  Entries& Add(std::string_view below, std::string_view name, std::string_view text) {
-    std::string key = below.empty() ? m_key : fmt::format("{}\\{}", m_key, below);
-    m_entries.push_back({m_parent, std::move(key), std::string(name), std::string(text), m_shared});
-    return *this;
+/// Deletes the entry's key and the component's own keys above it if they are empty.
+Outcome DeleteEmptyKeys(InstallationHive& hive, const RegistryEntry& entry) {
+  Outcome outcome = Outcome::Done;
+  for (std::string key = entry.key; !key.empty();) {
+    outcome = FirstFailure(outcome, hive.DeleteEmptyKey(entry.parent + '\\' + key));
+    const std::size_t end = key.find_last_of('\\');
+    key.resize(end == std::string::npos ? 0 : end);
   }
-
- private:
-  std::vector<RegistryEntry>& m_entries;
-  std::string m_parent;
-  std::string m_key;
-  bool m_shared;
-};
-
-void AddCreatableClass(std::vector<RegistryEntry>& entries, const PublishedClass& published, const ServerFile& file) {
-  const std::string classId = TextOf(published.classId);
-  const std::string progId = com::FromWide(kLibraryName) + '.' + com::FromWide(published.name);
-  Entries(entries, "CLSID", classId, false)
-      .Add("", "", progId)
-      .Add("InprocServer32", "", file.path)
-      .Add("InprocServer32", "ThreadingModel", "Apartment")
-      .Add("ProgID", "", progId)
-      .Add("Programmable", "", "")
-      .Add("TypeLib", "", TextOf(LIBID_Quorvel))
-      .Add("Version", "", LibraryVersion());
-  Entries(entries, "", progId, true).Add("", "", progId).Add("CLSID", "", classId);
+  return outcome;
 }
 
-void AddInterface(std::vector<RegistryEntry>& entries, const PublishedClass& published) {
-  Entries(entries, "Interface", TextOf(published.interfaceId), false)
-      .Add("", "", com::FromWide(published.interfaceName))
-      .Add("ProxyStubClsid32", "", kAutomationMarshaller)
-      .Add("TypeLib", "", TextOf(LIBID_Quorvel))
-      .Add("TypeLib", "Version", LibraryVersion());
+Outcome DeleteEntry(InstallationHive& hive, const RegistryEntry& entry) {
+  const Outcome outcome = hive.DeleteValue(entry.Path(), entry.name);
+  return FirstFailure(outcome, DeleteEmptyKeys(hive, entry));
 }
 
-/// Where the marshaller looks for the library: not every system's goes on to other languages than the neutral one.
-constexpr LCID kNeutralLocale = 0;
+/// Restores the values that the first entries had before, as far as the hive permits; `before` has one for each.
+void TakeBack(InstallationHive& hive, const Entries& entries, const std::vector<std::optional<std::string>>& before) {
+  for (std::size_t i = before.size(); i-- > 0;) {
+    if (before[i]) {
+      static_cast<void>(hive.Write(entries[i].Path(), entries[i].name, *before[i]));
+    } else {
+      static_cast<void>(DeleteEntry(hive, entries[i]));
+    }
+  }
+}
 
-RegistryEntry LibraryFileIn(LCID locale, const ServerFile& file) {
-  std::vector<RegistryEntry> entries;
-  const std::string below = fmt::format("{}\\{:x}\\{}", LibraryVersion(), locale, file.is64Bit ? "win64" : "win32");
-  Entries(entries, "TypeLib", TextOf(LIBID_Quorvel), false).Add(below, "", file.path);
-  return entries.front();
+/// Writes all entries or, after a failure, none.
+Outcome Write(InstallationHive& hive, const Entries& entries) {
+  std::vector<std::optional<std::string>> before;
+  for (const RegistryEntry& entry : entries) {
+    // Recorded before writing, because a failing Write may still have created the key.
+    before.push_back(hive.Text(entry.Path(), entry.name));
+    const Outcome outcome = hive.Write(entry.Path(), entry.name, entry.text);
+    if (outcome == Outcome::Done) continue;
+    TakeBack(hive, entries, before);
+    return outcome;
+  }
+  return Outcome::Done;
+}
+
+Entries AllEntries(const ServerFile& file, Scope scope) {
+  Entries entries = ClassEntries(PublishedClasses(), file);
+  if (scope == Scope::Machine) entries.push_back(EventSourceEntry(file));
+  return entries;
+}
+
+std::optional<ServerFile> OtherFile(const InstallationHive& hive, const ServerFile& file) {
+  const RegistryEntry entry = LibraryFileEntry({{}, !file.is64Bit});
+  const auto path = hive.Text(entry.Path(), entry.name);
+  return path ? std::optional(ServerFile{*path, !file.is64Bit}) : std::nullopt;
+}
+
+/// Writes the shared entries as `other` would have written them; they may name the file that is being removed.
+void LeaveTo(const ServerFile& other, InstallationHive& hive, Scope scope) {
+  for (const RegistryEntry& entry : AllEntries(other, scope)) {
+    if (entry.shared) static_cast<void>(hive.Write(entry.Path(), entry.name, entry.text));
+  }
+}
+
+Outcome Remove(InstallationHive& hive, const ServerFile& file, Scope scope) {
+  const std::optional<ServerFile> other = OtherFile(hive, file);
+  Outcome outcome = Outcome::Done;
+  for (const RegistryEntry& entry : AllEntries(file, scope)) {
+    if (!entry.shared || !other) outcome = FirstFailure(outcome, DeleteEntry(hive, entry));
+  }
+  if (other) LeaveTo(*other, hive, scope);
+  return outcome;
 }
 
 }  // namespace
 
-std::vector<RegistryEntry> ClassEntries(std::span<const PublishedClass> classes, const ServerFile& file) {
-  std::vector<RegistryEntry> entries;
-  Entries(entries, "TypeLib", TextOf(LIBID_Quorvel), true)
-      .Add(LibraryVersion(), "", kLibraryDescription)
-      .Add(LibraryVersion() + "\\FLAGS", "", "0")
-      .Add(LibraryVersion() + "\\HELPDIR", "", FolderOf(file.path));
-  entries.push_back(LibraryFileEntry(file));
-  entries.push_back(LibraryFileIn(kNeutralLocale, file));
-  for (const PublishedClass& published : classes) {
-    AddInterface(entries, published);
-    if (published.create != nullptr) AddCreatableClass(entries, published, file);
-  }
-  return entries;
+Outcome Register(InstallationHive& machine, InstallationHive& user, const ServerFile& file) {
+  const Entries entries = ClassEntries(PublishedClasses(), file);
+  const Outcome outcome = Write(machine, entries);
+  if (outcome == Outcome::Denied) return Write(user, entries);
+  if (outcome != Outcome::Done) return outcome;
+  static_cast<void>(Remove(user, file, Scope::User));
+  // A failure is not a reason to refuse the component: only the event viewer's display suffers.
+  static_cast<void>(Write(machine, {EventSourceEntry(file)}));
+  return Outcome::Done;
 }
 
-RegistryEntry LibraryFileEntry(const ServerFile& file) { return LibraryFileIn(kLibraryLocale, file); }
-
-RegistryEntry EventSourceEntry(const ServerFile& file) {
-  return {std::string(kEventSources), com::FromWide(kLibraryName), "EventMessageFile", file.path, true};
+Outcome Unregister(InstallationHive& machine, InstallationHive& user, const ServerFile& file) {
+  const Outcome outcome = Remove(machine, file, Scope::Machine);
+  return FirstFailure(outcome, Remove(user, file, Scope::User));
 }
 
 }  // namespace quorvel::published

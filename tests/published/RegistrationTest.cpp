@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "runtime/published/Registrar.h"
+#include "runtime/published/Registration.h"
 #include "tests/published/MemoryRegistry.h"
 
 namespace quorvel::published {
@@ -17,21 +17,21 @@ const ServerFile kFile32{R"(C:\Program Files\Host\x86\Quorvel.dll)", false};
 const std::string kEventSource = R"(SYSTEM\CurrentControlSet\Services\EventLog\Application\Quorvel)";
 const std::string kLibrary = R"(Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1)";
 
-/// One line for each text: key [name] = text.
+/// One line for each value: key [name] = text.
 std::string Listing(const HiveContent& content) {
   std::string listing;
   for (const auto& [place, text] : content.texts) listing += place.first + " [" + place.second + "] = " + text + '\n';
   return listing;
 }
 
-/// A machine on which other programs have registered, and a key that somebody left empty.
+/// A hive with the registrations of other programs and an empty key.
 HiveContent UsedHive() {
   MemoryRegistry hive;
   for (const char* key : {R"(Software\Classes\CLSID\{00000000-0000-0000-0000-000000000001}\InprocServer32)",
                           R"(Software\Classes\Interface\{00000000-0000-0000-0000-000000000002})",
                           R"(Software\Classes\TypeLib\{00000000-0000-0000-0000-000000000003}\1.0)",
                           R"(SYSTEM\CurrentControlSet\Services\EventLog\Application\Other)"}) {
-    static_cast<void>(hive.Write(key, "", "another's"));
+    static_cast<void>(hive.Write(key, "", "of another program"));
   }
   hive.content.keys.insert(R"(Software\Classes\CLSID\{00000000-0000-0000-0000-000000000004})");
   return hive.content;
@@ -44,21 +44,14 @@ class RegistrationTest : public testing::Test {
   MemoryRegistry m_user{m_before};
 };
 
-TEST(RegistrationEntriesTest, TellTheClassesTheInterfacesAndTheLibrary) {
+TEST(RegistryEntriesTest, DescribeClassInterfaceAndLibrary) {
+  const auto remark = PublishedClasses().subspan(1, 1);
   MemoryRegistry hive;
-  for (const RegistryEntry& entry : ClassEntries(Classes(), kFile64)) {
+  for (const RegistryEntry& entry : ClassEntries(remark, kFile64)) {
     EXPECT_EQ(std::nullopt, hive.Text(entry.Path(), entry.name)) << "twice: " << entry.Path();
     static_cast<void>(hive.Write(entry.Path(), entry.name, entry.text));
   }
-  // What early-bound hosts, scripts and calls between apartments look up; the identifiers never change.
-  EXPECT_EQ(R"(Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3} [] = Quorvel.RemarkContext
-Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\InprocServer32 [] = C:\Program Files\Host\x64\Quorvel.dll
-Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\InprocServer32 [ThreadingModel] = Apartment
-Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\ProgID [] = Quorvel.RemarkContext
-Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\Programmable [] = 
-Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
-Software\Classes\CLSID\{8698FEEE-5589-45FA-8B93-90956F55C6A3}\Version [] = 1.1
-Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C} [] = Quorvel.Remark
+  EXPECT_EQ(R"(Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C} [] = Quorvel.Remark
 Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\InprocServer32 [] = C:\Program Files\Host\x64\Quorvel.dll
 Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\InprocServer32 [ThreadingModel] = Apartment
 Software\Classes\CLSID\{878C05C7-73A1-4CD6-8392-74C0FDB3051C}\ProgID [] = Quorvel.Remark
@@ -69,21 +62,7 @@ Software\Classes\Interface\{45C92F4D-006D-4800-83CF-4A99C3CACB26} [] = _Remark
 Software\Classes\Interface\{45C92F4D-006D-4800-83CF-4A99C3CACB26}\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}
 Software\Classes\Interface\{45C92F4D-006D-4800-83CF-4A99C3CACB26}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
 Software\Classes\Interface\{45C92F4D-006D-4800-83CF-4A99C3CACB26}\TypeLib [Version] = 1.1
-Software\Classes\Interface\{4BF3EBDA-B8DB-4139-BA9E-D222B0F9BF38} [] = _RemarkType
-Software\Classes\Interface\{4BF3EBDA-B8DB-4139-BA9E-D222B0F9BF38}\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}
-Software\Classes\Interface\{4BF3EBDA-B8DB-4139-BA9E-D222B0F9BF38}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
-Software\Classes\Interface\{4BF3EBDA-B8DB-4139-BA9E-D222B0F9BF38}\TypeLib [Version] = 1.1
-Software\Classes\Interface\{8B330B1D-9736-4D88-9132-B37CCC6ACAC4} [] = _RemarkList
-Software\Classes\Interface\{8B330B1D-9736-4D88-9132-B37CCC6ACAC4}\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}
-Software\Classes\Interface\{8B330B1D-9736-4D88-9132-B37CCC6ACAC4}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
-Software\Classes\Interface\{8B330B1D-9736-4D88-9132-B37CCC6ACAC4}\TypeLib [Version] = 1.1
-Software\Classes\Interface\{E79433FC-7F61-493D-8546-2D2C4AA9F0BA} [] = _RemarkContext
-Software\Classes\Interface\{E79433FC-7F61-493D-8546-2D2C4AA9F0BA}\ProxyStubClsid32 [] = {00020424-0000-0000-C000-000000000046}
-Software\Classes\Interface\{E79433FC-7F61-493D-8546-2D2C4AA9F0BA}\TypeLib [] = {42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}
-Software\Classes\Interface\{E79433FC-7F61-493D-8546-2D2C4AA9F0BA}\TypeLib [Version] = 1.1
 Software\Classes\Quorvel.Remark [] = Quorvel.Remark
-Software\Classes\Quorvel.RemarkContext [] = Quorvel.RemarkContext
-Software\Classes\Quorvel.RemarkContext\CLSID [] = {8698FEEE-5589-45FA-8B93-90956F55C6A3}
 Software\Classes\Quorvel.Remark\CLSID [] = {878C05C7-73A1-4CD6-8392-74C0FDB3051C}
 Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1 [] = Quorvel remarks
 Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1\0\win64 [] = C:\Program Files\Host\x64\Quorvel.dll
@@ -92,9 +71,11 @@ Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1\FLAGS [] = 0
 Software\Classes\TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1\HELPDIR [] = C:\Program Files\Host\x64
 )",
             Listing(hive.content));
+  // Two creatable classes and four interfaces.
+  EXPECT_EQ(5U + 2 * 9 + 4 * 4, ClassEntries(PublishedClasses(), kFile64).size());
 }
 
-TEST_F(RegistrationTest, RegisteringTwiceAndUnregisteringLeavesTheHivesAsTheyWere) {
+TEST_F(RegistrationTest, UnregisteringAfterTwoRegistrationsRestoresTheHives) {
   for (const ServerFile& file : {kFile64, kFile32}) {
     ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, file));
     EXPECT_EQ(file.path, m_machine.Text(kLibrary + (file.is64Bit ? R"(\409\win64)" : R"(\409\win32)"), ""));
@@ -108,7 +89,7 @@ TEST_F(RegistrationTest, RegisteringTwiceAndUnregisteringLeavesTheHivesAsTheyWer
   EXPECT_EQ(Outcome::Done, Unregister(m_machine, m_user, kFile64)) << "nothing is registered";
 }
 
-TEST_F(RegistrationTest, WhatOthersWroteUnderOurKeysStays) {
+TEST_F(RegistrationTest, ForeignValuesUnderOurKeysAreKept) {
   ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
   const std::string key = kLibrary + R"(\407\win64)";
   static_cast<void>(m_machine.Write(key, "", "a translation"));
@@ -119,10 +100,9 @@ TEST_F(RegistrationTest, WhatOthersWroteUnderOurKeysStays) {
   EXPECT_EQ(m_before.texts.size() + 2, m_machine.content.texts.size());
 }
 
-/// Registering over an older registration, which fails at each of its steps in turn.
-TEST_F(RegistrationTest, AFailurePartWayTakesBackWhatWasWritten) {
+TEST_F(RegistrationTest, FailureAtAnyStepRestoresTheHives) {
   const ServerFile older{R"(C:\Older\Quorvel.dll)", true};
-  const int steps = static_cast<int>(ClassEntries(Classes(), kFile64).size());
+  const int steps = static_cast<int>(ClassEntries(PublishedClasses(), kFile64).size());
   for (const bool registered : {false, true}) {
     if (registered) {
       ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, older));
@@ -138,8 +118,8 @@ TEST_F(RegistrationTest, AFailurePartWayTakesBackWhatWasWritten) {
   }
 }
 
-TEST_F(RegistrationTest, WhoMayNotWriteForTheMachineRegistersForHimself) {
-  const auto entries = ClassEntries(Classes(), kFile64);
+TEST_F(RegistrationTest, UserWithoutRightsRegistersForHimself) {
+  const auto entries = ClassEntries(PublishedClasses(), kFile64);
   for (int step = 0; step < static_cast<int>(entries.size()); ++step) {
     SCOPED_TRACE(step);
     m_machine.failure = Outcome::Denied;
@@ -156,7 +136,7 @@ TEST_F(RegistrationTest, WhoMayNotWriteForTheMachineRegistersForHimself) {
   EXPECT_EQ(m_before, m_user.content);
 }
 
-TEST_F(RegistrationTest, TheMachinesRegistrationTakesThePlaceOfTheUsers) {
+TEST_F(RegistrationTest, RegistrationForTheMachineRemovesTheUsers) {
   m_machine.failure = Outcome::Denied;
   m_machine.failingWrite = 0;
   ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, {R"(C:\Own\Quorvel.dll)", true}));
@@ -164,14 +144,14 @@ TEST_F(RegistrationTest, TheMachinesRegistrationTakesThePlaceOfTheUsers) {
   EXPECT_EQ(m_before, m_user.content);
 }
 
-TEST_F(RegistrationTest, AnEventLogThatCannotBeWrittenIsNoReasonToRefuse) {
-  m_machine.failingWrite = static_cast<int>(ClassEntries(Classes(), kFile64).size());
+TEST_F(RegistrationTest, FailureOfTheEventSourceIsIgnored) {
+  m_machine.failingWrite = static_cast<int>(ClassEntries(PublishedClasses(), kFile64).size());
   EXPECT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
   EXPECT_EQ(kFile64.path, m_machine.Text(kLibrary + R"(\409\win64)", ""));
   EXPECT_FALSE(m_machine.content.keys.contains(kEventSource));
 }
 
-TEST_F(RegistrationTest, UnregisteringGoesOnAfterADenial) {
+TEST_F(RegistrationTest, UnregisteringContinuesAfterADenial) {
   ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
   MemoryRegistry closed;
   closed.failure = Outcome::Denied;
@@ -179,10 +159,10 @@ TEST_F(RegistrationTest, UnregisteringGoesOnAfterADenial) {
   ASSERT_EQ(Outcome::Done, Register(closed, m_user, kFile64));
   m_machine.closed = true;
   EXPECT_EQ(Outcome::Denied, Unregister(m_machine, m_user, kFile64));
-  EXPECT_EQ(m_before, m_user.content) << "the user's own is gone all the same";
+  EXPECT_EQ(m_before, m_user.content) << "the user's own registration is gone";
 }
 
-/// The system shows each bitness its own CLSID and Interface and the same rest.
+/// The machine's hive as 32-bit programs see it: they have their own CLSID and Interface and share the other keys.
 class SharingView : public registry::InstallationHive {
  public:
   explicit SharingView(MemoryRegistry& hive) : m_hive(hive) {}
@@ -207,7 +187,7 @@ class SharingView : public registry::InstallationHive {
   MemoryRegistry& m_hive;
 };
 
-TEST_F(RegistrationTest, TheOtherBitnessKeepsWhatItNeedsUntilItGoes) {
+TEST_F(RegistrationTest, OtherBitnessKeepsItsEntriesUntilItUnregisters) {
   for (const char* shared : {"CLSID", "Interface"}) {
     m_machine.content.keys.insert(std::string(R"(Software\Classes\WOW6432Node\)") + shared);
   }
@@ -219,10 +199,10 @@ TEST_F(RegistrationTest, TheOtherBitnessKeepsWhatItNeedsUntilItGoes) {
   const HiveContent only32 = m_machine.content;
   ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
   EXPECT_EQ(kFile32.path, m_machine.Text(kLibrary + R"(\409\win32)", ""));
-  // What is to stay is not taken away first, so that a failure costs the other nothing.
+  // The entries that stay are never deleted in between, so a failing write does not damage them.
   m_machine.failingWrite = 0;
   ASSERT_EQ(Outcome::Done, Unregister(m_machine, m_user, kFile64));
-  EXPECT_EQ(Listing(only32), Listing(m_machine.content)) << "nothing names the file that went";
+  EXPECT_EQ(Listing(only32), Listing(m_machine.content)) << "no entry names the removed file";
   ASSERT_EQ(Outcome::Done, Unregister(machine32, m_user, kFile32));
   EXPECT_EQ(empty, m_machine.content);
 }

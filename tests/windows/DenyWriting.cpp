@@ -5,12 +5,12 @@
 #include "platform/UniqueHandle.h"
 #include "platform/windows/KeyHandle.h"
 
-// DenyWriting <key of HKEY_LOCAL_MACHINE>: makes the key and lets everybody read it and nobody write, as most keys of a
-// machine are for most people. Lasts until the machine is restarted.
+// DenyWriting <key of HKEY_LOCAL_MACHINE>: creates the key and makes it read-only for everyone, as most keys of a
+// machine are for ordinary users. Wine keeps this until it is restarted.
 
 namespace {
 
-/// Owned by everybody's reading alone: KEY_READ for the world.
+/// KEY_READ for everyone and no other right.
 constexpr const wchar_t* kReadOnly = L"D:P(A;;KR;;;WD)";
 
 struct DescriptorTraits {

@@ -7,13 +7,13 @@
 
 namespace quorvel::test {
 
-/// What ctest tells a test in its environment; empty when it does not.
+/// A variable that ctest sets for a test; empty when it is not set.
 inline std::string Setting(const char* name) {
   const char* value = std::getenv(name);
   return value != nullptr ? value : "";
 }
 
-/// The file to be tested.
+/// The file under test.
 inline std::wstring LibraryFile() { return os::ToWide(Setting("QUORVEL_TEST_LIBRARY")).value(); }
 
 }  // namespace quorvel::test

@@ -8,7 +8,7 @@
 namespace quorvel::com {
 namespace {
 
-/// A date stands for its number of days where a number is wanted.
+/// A date converts to its number of days.
 Value AsNumber(const Value& value) {
   const auto* date = std::get_if<DateTime>(&value);
   return date != nullptr ? Value(ToDate(*date)) : value;

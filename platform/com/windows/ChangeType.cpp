@@ -3,7 +3,7 @@
 namespace quorvel::com {
 
 HRESULT ChangeType(const VARIANT& value, VARTYPE type, LCID locale, VARIANT& target) noexcept {
-  // It does not change the value; MinGW's header has forgotten to say so.
+  // The function does not change the value; MinGW's header lacks the const.
   return ::VariantChangeTypeEx(&target, const_cast<VARIANT*>(&value), locale, VARIANT_ALPHABOOL, type);
 }
 

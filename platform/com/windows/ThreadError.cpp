@@ -5,7 +5,7 @@
 namespace quorvel::com {
 namespace {
 
-/// A BSTR for the length of a call.
+/// Owns a BSTR.
 struct TextTraits {
   using Type = BSTR;
   static BSTR Invalid() noexcept { return nullptr; }
@@ -16,7 +16,7 @@ using OwnedText = UniqueHandle<TextTraits>;
 }  // namespace
 
 Pointer<IErrorInfo> MakeErrorInfo(REFIID interfaceId, std::string_view source, std::string_view description) noexcept {
-  // The system's object and not one of ours: the system may keep it when this library has been unloaded.
+  // The system's object, not one of ours: the system may keep it after this library has been unloaded.
   Pointer<ICreateErrorInfo> error;
   if (FAILED(::CreateErrorInfo(error.Put()))) return {};
   try {

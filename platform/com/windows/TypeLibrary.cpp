@@ -8,11 +8,11 @@
 namespace quorvel::com {
 namespace {
 
-/// Never released: while a library is unloaded nothing else may be called. The system hands out the same one again to
-/// the next that loads it, so that a process has one at most.
+/// Never released, because a DLL must not call other DLLs while it is being unloaded. The system returns the same
+/// object when the library is loaded again, so a process has one at most.
 constinit std::atomic<ITypeLib*> keptLibrary = nullptr;
 
-/// Opens the library that stands in the component's own file. Registering it is not for reading.
+/// Opens the type library in the component's own file without registering it.
 HRESULT Open(Pointer<ITypeLib>& library) noexcept {
   try {
     return ::LoadTypeLibEx(os::ModulePath().c_str(), REGKIND_NONE, library.Put());
@@ -27,7 +27,7 @@ HRESULT Library(ITypeLib*& library) noexcept {
   Pointer<ITypeLib> opened;
   const HRESULT result = Open(opened);
   if (FAILED(result)) return result;
-  // Another thread may have been faster; then its library is the one.
+  // If another thread was faster, its library is the one to use.
   if (keptLibrary.compare_exchange_strong(library, opened.Get(), std::memory_order_acq_rel)) library = opened.Release();
   return S_OK;
 }

@@ -4,24 +4,24 @@
 #include <string>
 
 #include "platform/Text.h"
-#include "platform/com/ErrorInfo.h"
+#include "platform/com/CallGuard.h"
+#include "platform/com/HostErrorAccess.h"
 #include "platform/com/Pointer.h"
 #include "platform/com/Text.h"
-#include "platform/com/ThreadErrors.h"
-#include "runtime/published/ClassObjects.h"
-#include "runtime/published/Classes.h"
+#include "runtime/published/CommonEntryPoints.h"
+#include "runtime/published/PublishedClasses.h"
 
 #define QUORVEL_EXPORT __attribute__((visibility("default")))
 
 namespace quorvel::published {
 namespace {
 
-HRESULT ThreadErrorsObject(REFIID riid, void** object) noexcept {
+HRESULT GetHostErrorAccess(REFIID riid, void** object) noexcept {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
   try {
-    // Not guarded as operations are: that would take away the error that the caller comes for.
-    return com::Pointer<IThreadErrors>(com::MakeThreadErrors())->QueryInterface(riid, object);
+    // Guarded would clear the error that the caller is about to read.
+    return com::Pointer<IThreadErrors>(com::MakeHostErrorAccess())->QueryInterface(riid, object);
   } catch (...) {
     return E_OUTOFMEMORY;
   }
@@ -30,7 +30,7 @@ HRESULT ThreadErrorsObject(REFIID riid, void** object) noexcept {
 /// The class with the programmatic identifier `progId`; null when hosts may not create one.
 const PublishedClass* FindClass(LPCOLESTR progId) {
   const std::string wanted = com::FromWide(progId);
-  const auto classes = Classes();
+  const auto classes = PublishedClasses();
   const auto found = std::ranges::find_if(classes, [&](const PublishedClass& c) {
     return c.create != nullptr && EqualIgnoringCase(wanted, com::FromWide(kLibraryName) + '.' + com::FromWide(c.name));
   });
@@ -43,11 +43,11 @@ const PublishedClass* FindClass(LPCOLESTR progId) {
 using namespace quorvel::published;
 
 extern "C" QUORVEL_EXPORT HRESULT DllGetClassObject(REFCLSID rclsid, REFIID riid, void** object) {
-  return rclsid == CLSID_ThreadErrors ? ThreadErrorsObject(riid, object) : ClassObject(rclsid, riid, object);
+  return rclsid == CLSID_ThreadErrors ? GetHostErrorAccess(riid, object) : GetClassFactory(rclsid, riid, object);
 }
 
 extern "C" QUORVEL_EXPORT HRESULT DllCanUnloadNow() {
-  // An error that nobody took is nobody's object.
+  // An error object that no host has taken does not keep the library loaded.
   quorvel::com::ClearError();
   return CanUnload() ? S_OK : S_FALSE;
 }

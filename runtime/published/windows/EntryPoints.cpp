@@ -2,13 +2,11 @@
 
 #include <olectl.h>
 
-#include "runtime/published/ClassObjects.h"
-#include "runtime/published/windows/ServerRegistration.h"
-
-// Each only hands the request on; what they do is written down where it is done.
+#include "runtime/published/CommonEntryPoints.h"
+#include "runtime/published/windows/SelfRegistration.h"
 
 STDAPI DllGetClassObject(REFCLSID rclsid, REFIID riid, void** object) {
-  return quorvel::published::ClassObject(rclsid, riid, object);
+  return quorvel::published::GetClassFactory(rclsid, riid, object);
 }
 
 STDAPI DllCanUnloadNow() { return quorvel::published::CanUnload() ? S_OK : S_FALSE; }

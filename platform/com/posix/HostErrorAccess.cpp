@@ -1,4 +1,4 @@
-#include "platform/com/ThreadErrors.h"
+#include "platform/com/HostErrorAccess.h"
 
 #include "platform/com/Object.h"
 #include "platform/com/ThreadError.h"
@@ -6,9 +6,9 @@
 namespace quorvel::com {
 namespace {
 
-class ThreadErrors final : public Object<IThreadErrors> {
+class HostErrorAccess final : public Object<IThreadErrors> {
  public:
-  ThreadErrors() noexcept : Object(IID_IThreadErrors) {}
+  HostErrorAccess() noexcept : Object(IID_IThreadErrors) {}
 
   HRESULT SetErrorInfo(IErrorInfo* error) noexcept override {
     SetThreadError(error);
@@ -23,6 +23,6 @@ class ThreadErrors final : public Object<IThreadErrors> {
 
 }  // namespace
 
-IThreadErrors* MakeThreadErrors() { return new ThreadErrors(); }
+IThreadErrors* MakeHostErrorAccess() { return new HostErrorAccess(); }
 
 }  // namespace quorvel::com

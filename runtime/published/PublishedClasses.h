@@ -9,19 +9,19 @@ namespace quorvel::published {
 
 using namespace Quorvel;
 
-/// One class of the boundary: what registration, creation and calls by name need to know of it.
+/// One class of the boundary, as registration, creation and calls by name need it.
 struct PublishedClass {
   com::Name name;           ///< "RemarkContext"
   com::Name interfaceName;  ///< "_RemarkContext"
   const GUID& classId;
   const GUID& interfaceId;
   std::span<const com::Member> members;
-  /// Makes a new object with one reference; null where hosts may not create one. Throws.
+  /// Makes a new object with one reference. Null when hosts may not create objects of the class. Throws.
   IDispatch* (*create)();
 };
 
 /// The four classes of the type library.
-[[nodiscard]] std::span<const PublishedClass> Classes() noexcept;
+[[nodiscard]] std::span<const PublishedClass> PublishedClasses() noexcept;
 
 /// The library's name and version in the registry and in programmatic identifiers ("Quorvel.RemarkContext").
 inline constexpr com::Name kLibraryName = OLESTR("Quorvel");

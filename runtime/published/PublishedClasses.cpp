@@ -1,4 +1,4 @@
-#include "runtime/published/Classes.h"
+#include "runtime/published/PublishedClasses.h"
 
 #include <array>
 
@@ -9,7 +9,7 @@
 
 namespace quorvel::published {
 
-std::span<const PublishedClass> Classes() noexcept {
+std::span<const PublishedClass> PublishedClasses() noexcept {
   static const std::array<PublishedClass, 4> classes{RemarkTypeClass(), RemarkClass(), RemarkContextClass(),
                                                      RemarkListClass()};
   return classes;

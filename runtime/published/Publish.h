@@ -23,20 +23,20 @@ inline constexpr const GUID* kInterfaceId<_RemarkList> = &IID__RemarkList;
 
 }  // namespace quorvel::com
 
-/// From the runtime's objects to those of the boundary and back.
+/// Converts the runtime's objects to those of the boundary and back.
 namespace quorvel::published {
 
 using namespace Quorvel;
 
-/// The one published object for a runtime object, with a reference for the caller; null for null. Throw
+/// The one published object of a runtime object, with a reference for the caller; null for null. Throws
 /// std::bad_alloc.
 [[nodiscard]] _RemarkType* Publish(const std::shared_ptr<RemarkType>& type);
 [[nodiscard]] _Remark* Publish(const std::shared_ptr<Remark>& remark);
 [[nodiscard]] _RemarkContext* Publish(const std::shared_ptr<RemarkContext>& context);
 [[nodiscard]] _RemarkList* Publish(const std::shared_ptr<RemarkList>& list);
 
-/// The runtime object behind an object that a host passed; null for null. Error 13 for an object that is not from
-/// this component.
+/// The runtime object of an object that a host passed; null for null. Error 13 for an object that is not from this
+/// component.
 [[nodiscard]] std::shared_ptr<RemarkType> Unpublish(_RemarkType* type);
 [[nodiscard]] std::shared_ptr<Remark> Unpublish(_Remark* remark);
 [[nodiscard]] std::shared_ptr<RemarkContext> Unpublish(_RemarkContext* context);

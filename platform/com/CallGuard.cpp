@@ -1,4 +1,4 @@
-#include "platform/com/ErrorInfo.h"
+#include "platform/com/CallGuard.h"
 
 #include <fmt/format.h>
 
@@ -24,17 +24,17 @@ HRESULT ToHResult(std::int32_t number) noexcept {
   return static_cast<HRESULT>(kLanguageRuntime + static_cast<std::uint32_t>(number));
 }
 
-void Tell(REFIID interfaceId, std::string_view source, std::string_view description) noexcept {
+void SetError(REFIID interfaceId, std::string_view source, std::string_view description) noexcept {
   SetThreadError(MakeErrorInfo(interfaceId, source, description).Get());
 }
 
-/// An error that has a number only: the caller is told it in words that can be searched for.
+/// Describes an error that has only a number in words that can be searched for.
 void DescribeNumber(HRESULT result, EXCEPINFO& exception) noexcept {
   try {
     exception.bstrSource = ToBstr(kApplicationName);
     exception.bstrDescription =
         ToBstr(fmt::format("The call failed with error 0x{:08X}", static_cast<std::uint32_t>(result)));
-  } catch (...) {  // NOLINT(bugprone-empty-catch): the number alone must do
+  } catch (...) {  // NOLINT(bugprone-empty-catch): the number alone is enough
   }
 }
 
@@ -46,16 +46,16 @@ HRESULT ToHResult(REFIID interfaceId) noexcept {
   try {
     throw;
   } catch (const Error& error) {
-    Tell(interfaceId, error.Source(), error.Description());
+    SetError(interfaceId, error.Source(), error.Description());
     return ToHResult(error.Number());
   } catch (const std::bad_alloc&) {
-    Tell(interfaceId, kApplicationName, "Out of memory");
+    SetError(interfaceId, kApplicationName, "Out of memory");
     return E_OUTOFMEMORY;
   } catch (const std::exception& error) {
-    Tell(interfaceId, kApplicationName, error.what());
+    SetError(interfaceId, kApplicationName, error.what());
     return E_UNEXPECTED;
   } catch (...) {
-    Tell(interfaceId, kApplicationName, "Unexpected error");
+    SetError(interfaceId, kApplicationName, "Unexpected error");
     return E_UNEXPECTED;
   }
 }

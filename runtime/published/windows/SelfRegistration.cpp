@@ -1,11 +1,11 @@
-#include "runtime/published/windows/ServerRegistration.h"
+#include "runtime/published/windows/SelfRegistration.h"
 
 #include <olectl.h>
 
 #include "platform/windows/ModulePath.h"
 #include "platform/windows/SystemHive.h"
 #include "platform/windows/WideText.h"
-#include "runtime/published/Registrar.h"
+#include "runtime/published/Registration.h"
 
 namespace quorvel::published {
 namespace {
@@ -23,7 +23,7 @@ HRESULT ChangeRegistration(Change change) noexcept {
   try {
     const std::wstring wide = os::ModulePath();
     const ServerFile file{os::FromWide(wide), sizeof(void*) == 8};
-    // A path that does not come back from UTF-8 as it was would lead nowhere.
+    // A path that UTF-8 cannot represent would name another file.
     if (wide.empty() || os::ToWide(file.path) != wide) return SELFREG_E_CLASS;
     return ResultOf(change(registry::MachineHive(), registry::UserHive(), file));
   } catch (...) {
