@@ -1,4 +1,4 @@
-# The library must show its entry points and nothing else, and bear the name that hosts are linked to.
+# The library exports its entry points and nothing else, and has the name that hosts are linked to.
 set(expected DllCanUnloadNow DllGetClassObject QuorvelCreate)
 set(soname libquorvel.so.5)
 
@@ -8,7 +8,7 @@ string(REGEX MATCHALL "[^\n]+" symbols "${symbols}")
 list(TRANSFORM symbols REPLACE " .*" "")
 list(SORT symbols)
 if(NOT symbols STREQUAL expected)
-  message(FATAL_ERROR "${LIBRARY} shows ${symbols} and should show ${expected}")
+  message(FATAL_ERROR "${LIBRARY} exports ${symbols} and should export ${expected}")
 endif()
 
 execute_process(COMMAND ${READELF} -d ${LIBRARY} OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)

@@ -10,26 +10,28 @@ using Dates = HostTest;
 
 TEST_F(Dates, AreKeptToTheMillisecond) {
   constexpr double kMillisecond = 1 / 86'400'000.0;
-  for (const DATE date : {0.0, 0.5, 1.25, 45362.5625, 45362.999 + kMillisecond, -1.0, -1.25, -1.75, -0.0,
-                          -657434.0,               // 0100-01-01
-                          -657434.99, 2958465.75,  // 9999-12-31
-                          2958465.99998}) {
+  struct Case {
+    DATE given;
+    DATE expected;
+  };
+  for (const auto& [given, expected] :
+       {Case{0, 0}, Case{-0.0, 0}, Case{45362.5625, 45362.5625}, Case{-1.75, -1.75},
+        Case{45362.999 + kMillisecond, 45362.999 + kMillisecond},
+        // Between -1 and 0 the time of day counts forwards on day 0.
+        Case{-0.25, 0.25},
+        // The first moment of the year 100 and the last day of 9999.
+        Case{-657434, -657434}, Case{-657434.99, -657434.99}, Case{2958465.99998, 2958465.99998}}) {
     const auto remark = NewRemark();
-    EXPECT_EQ(remark->put_DateStamp(date), S_OK) << date;
-    EXPECT_NEAR(Read(remark.Get(), &_Remark::get_DateStamp), date, kMillisecond / 2) << date;
+    EXPECT_EQ(remark->put_DateStamp(given), S_OK) << given;
+    EXPECT_NEAR(Read(remark.Get(), &_Remark::get_DateStamp), expected, kMillisecond / 2) << given;
   }
-  // Between -1 and 0 the day is the first one: its time of day counts forwards.
-  const auto remark = NewRemark();
-  EXPECT_EQ(remark->put_DateStamp(-0.25), S_OK);
-  EXPECT_EQ(Read(remark.Get(), &_Remark::get_DateStamp), 0.25);
 }
 
-TEST_F(Dates, ThatAreNoneAreRefusedAndChangeNothing) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+TEST_F(Dates, OutOfRangeAreRefusedAndChangeNothing) {
   const auto remark = NewRemark();
   EXPECT_EQ(remark->put_DateStamp(45000), S_OK);
-  for (const DATE date : {std::nan(""), kInfinity, -kInfinity, -657435.0, 2958466.0, 1e300, -1e300,
-                          // rounded to the millisecond it is in a year that a date cannot hold
+  for (const DATE date : {std::nan(""), -std::numeric_limits<double>::infinity(), -657435.0, 2958466.0, 1e300,
+                          // This rounds to the first millisecond of the year 10000.
                           std::nextafter(2958466.0, 0.0)}) {
     EXPECT_EQ(remark->put_DateStamp(date), FromNumber(6)) << date;
     EXPECT_EQ(TakeError().description, u"Overflow");
@@ -37,7 +39,7 @@ TEST_F(Dates, ThatAreNoneAreRefusedAndChangeNothing) {
   }
 }
 
-TEST_F(Dates, GoThroughTheDatabase) {
+TEST_F(Dates, BeforeDayZeroComeFromTheDatabase) {
   Run([this] {
     m_database.Run("UPDATE tciMemo SET DateStamp = '18990101 06:00:00' WHERE MemoKey = 1");
     const LoadedContext context;

@@ -1,5 +1,8 @@
+// The arguments of calls by name: named, omitted, too many, and for the default member of a delivered object.
+
 #include <vector>
 
+#include "data/modUserName.h"
 #include "tests/published/HostTest.h"
 #include "tests/published/LateBound.h"
 
@@ -8,104 +11,99 @@ namespace {
 
 using LateArguments = HostTest;
 
-TEST_F(LateArguments, MayBeNamedAndLeftOut) {
-  Run([] {
-    const auto context = NewContext();
-    const auto loaded = [&] {
-      WideText all = Read(context.Get(), &_RemarkContext::get_ContextID) + u"," +
-                     Read(context.Get(), &_RemarkContext::get_OwnerID) + u"," +
-                     Read(context.Get(), &_RemarkContext::get_UserID);
-      return all;
-    };
-    const std::string logon = HostDatabase::LogonName();
-    const WideText user(logon.begin(), logon.end());
-    const AnyValue id(u"CustMaint");
-    EXPECT_EQ(Call(context.Get(), {u"Load", DISPATCH_METHOD, {id}, {}}).invoked, S_OK);
-    EXPECT_EQ(loaded(), u"CustMaint,," + user);
-    EXPECT_EQ(Call(context.Get(), {u"Load", DISPATCH_METHOD, {id, u"C1000", AnyValue::Missing()}, {}}).invoked, S_OK);
-    EXPECT_EQ(loaded(), u"CustMaint,C1000," + user);
-    EXPECT_EQ(Call(context.Get(), {u"Load", DISPATCH_METHOD, {id, AnyValue::Missing(), u"admin"}, {}}).invoked, S_OK);
-    EXPECT_EQ(loaded(), u"CustMaint,,admin");
-    EXPECT_EQ(
-        Call(context.Get(), {u"load", DISPATCH_METHOD, {}, {{u"I_SUSERID", u"mjones"}, {u"i_scontextid", id}}}).invoked,
-        S_OK);
-    EXPECT_EQ(loaded(), u"CustMaint,,mjones");
-    EXPECT_EQ(
-        Call(context.Get(), {u"Load", DISPATCH_METHOD, {id}, {{u"i_sUserID", u"jsmith"}, {u"i_sOwnerID", u"C1001"}}})
-            .invoked,
-        S_OK);
-    EXPECT_EQ(loaded(), u"CustMaint,C1001,jsmith");
-
-    // Defaults that are not empty texts.
-    Reference<_RemarkList> list;
-    ASSERT_EQ(context->get_RemarkList(list.Put()), S_OK);
-    EXPECT_EQ(CallGet(list.Get(), u"Clear").invoked, S_OK);
-    EXPECT_EQ(CallGet(list.Get(), u"Add").invoked, S_OK) << "by default the list stays usable";
-    EXPECT_EQ(CallGet(context.Get(), u"ViewManager").description,
-              CallGet(context.Get(), u"ViewManager", {LONG{0}}).description);
-    EXPECT_EQ(context->Dispose(), S_OK);
-  });
-}
-
-TEST_F(LateArguments, OfTheWrongNumberOrNameAreRefused) {
+TEST_F(LateArguments, MayBeNamedAndOmitted) {
   Run([] {
     const LoadedContext context;
-    const auto refused = [&](LateCall call) { return Call(context.Get(), std::move(call)).invoked; };
-    EXPECT_EQ(refused({u"Load", DISPATCH_METHOD, {}, {}}), DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(refused({u"Load", DISPATCH_METHOD, {AnyValue::Missing()}, {}}), DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(refused({u"Load", DISPATCH_METHOD, {u"a", u"b", u"c", u"d"}, {}}), DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(refused({u"Dispose", DISPATCH_METHOD, {u"a"}, {}}), DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(refused({u"Caption", DISPATCH_PROPERTYGET, {LONG{1}}, {}}), DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(refused({u"OwnerKey", DISPATCH_PROPERTYPUT, {}, {}}), DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(refused({u"AddRemark", DISPATCH_METHOD, {LONG{1}}, {}}), DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(refused({u"Load", DISPATCH_METHOD, {u"a"}, {{u"i_sContextID", u"b"}}}), DISP_E_PARAMNOTFOUND);
-    EXPECT_EQ(refused({u"Caption", DISPATCH_PROPERTYPUT, {u"new"}, {}}), DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(refused({u"Load", DISPATCH_PROPERTYPUT, {u"new"}, {}}), DISP_E_MEMBERNOTFOUND);
-
-    const LateOutcome wrong = Call(context.Get(), {u"Load", DISPATCH_METHOD, {u"a", AnyValue::Null(), u"c"}, {}});
-    EXPECT_EQ(wrong.invoked, DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(wrong.argumentInError, 1U);
-    EXPECT_EQ(Read(context.Get(), &_RemarkContext::get_ContextID), u"CustMaint") << "nothing was called";
+    const std::string logon = modUserName::GetUserName();
+    const WideText user(logon.begin(), logon.end());
+    const AnyValue id(u"CustMaint");
+    struct Case {
+      LateCall call;
+      WideView owner;
+      WideView user;
+    };
+    const std::vector<Case> cases{
+        {{u"Load", DISPATCH_METHOD, {id}, {}}, u"", user},
+        {{u"Load", DISPATCH_METHOD, {id, u"C1000", AnyValue::Missing()}, {}}, u"C1000", user},
+        {{u"Load", DISPATCH_METHOD, {id, AnyValue::Missing(), u"admin"}, {}}, u"", u"admin"},
+        {{u"load", DISPATCH_METHOD, {}, {{u"I_SUSERID", u"mjones"}, {u"i_scontextid", id}}}, u"", u"mjones"},
+        {{u"Load", DISPATCH_METHOD, {id}, {{u"i_sUserID", u"jsmith"}, {u"i_sOwnerID", u"C1001"}}}, u"C1001", u"jsmith"},
+    };
+    for (const auto& [call, owner, userID] : cases) {
+      EXPECT_EQ(Call(context.Get(), call).invoked, S_OK);
+      ExpectProperties(context.Get(), {{u"ContextID", u"CustMaint"}, {u"OwnerID", owner}, {u"UserID", userID}});
+    }
+    const auto list = context.List();
+    EXPECT_EQ(CallGet(list.Get(), u"Clear").invoked, S_OK);
+    EXPECT_EQ(CallGet(list.Get(), u"Add").invoked, S_OK) << "Clear keeps the list usable by default";
   });
 }
 
-TEST_F(LateArguments, BehindAPropertyGoToTheDefaultMember) {
+TEST_F(LateArguments, WrongNumbersNamesAndTypesAreRefused) {
+  Run([] {
+    const LoadedContext context;
+    struct Case {
+      LateCall call;
+      HRESULT expected;
+    };
+    const std::vector<Case> cases{
+        {{u"Load", DISPATCH_METHOD, {}, {}}, DISP_E_PARAMNOTOPTIONAL},
+        {{u"Load", DISPATCH_METHOD, {AnyValue::Missing()}, {}}, DISP_E_PARAMNOTOPTIONAL},
+        {{u"AddRemark", DISPATCH_METHOD, {1}, {}}, DISP_E_PARAMNOTOPTIONAL},
+        {{u"Load", DISPATCH_METHOD, {u"a", u"b", u"c", u"d"}, {}}, DISP_E_BADPARAMCOUNT},
+        {{u"Dispose", DISPATCH_METHOD, {u"a"}, {}}, DISP_E_BADPARAMCOUNT},
+        {{u"Caption", DISPATCH_PROPERTYGET, {1}, {}}, DISP_E_BADPARAMCOUNT},
+        {{u"OwnerKey", DISPATCH_PROPERTYPUT, {}, {}}, DISP_E_BADPARAMCOUNT},
+        {{u"Load", DISPATCH_METHOD, {u"a"}, {{u"i_sContextID", u"b"}}}, DISP_E_PARAMNOTFOUND},
+        {{u"Caption", DISPATCH_PROPERTYPUT, {u"new"}, {}}, DISP_E_MEMBERNOTFOUND},
+        {{u"Load", DISPATCH_PROPERTYPUT, {u"new"}, {}}, DISP_E_MEMBERNOTFOUND},
+        {{u"Load", DISPATCH_METHOD, {u"a", AnyValue::Null(), u"c"}, {}}, DISP_E_TYPEMISMATCH},
+    };
+    LateOutcome last;
+    for (const auto& [call, expected] : cases) {
+      last = Call(context.Get(), call);
+      EXPECT_EQ(last.invoked, expected) << &call - &cases.front().call;
+    }
+    EXPECT_EQ(last.argumentInError, 1U) << "a position in the reversed array of the caller";
+    ExpectProperties(context.Get(), {{u"ContextID", u"CustMaint"}, {u"TypeCount", 4}});
+  });
+}
+
+TEST_F(LateArguments, OfAPropertyWithoutParametersGoToTheDefaultMember) {
   Run([] {
     const LoadedContext context;
     const auto second = RemarkAt(context.List().Get(), 2);
-    EXPECT_EQ(CallGet(context.Get(), u"RemarkList", {LONG{2}}).value.Get().pdispVal, second.Get());
+    EXPECT_EQ(CallGet(context.Get(), u"RemarkList", {2}).value.Get().pdispVal, second.Get());
     EXPECT_EQ(CallGet(context.Get(), u"RemarkList", {u"2"}).value.Get().pdispVal, nullptr);
-    EXPECT_EQ(CallGet(second.Get(), u"RemarkType", {LONG{1}}).invoked, DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(CallGet(context.Get(), u"RemarkList", {LONG{1}, LONG{2}}).invoked, DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(CallGet(second.Get(), u"RemarkType", {1}).invoked, DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(CallGet(context.Get(), u"RemarkList", {1, 2}).invoked, DISP_E_BADPARAMCOUNT);
 
-    // The default member itself, as a script calls it.
-    for (const AnyValue& key : {AnyValue(u"CUST.credit"), AnyValue(LONG{2}), AnyValue(2.0)}) {
+    for (const AnyValue& key : {AnyValue(u"CUST.credit"), AnyValue(2), AnyValue(2.0)}) {
       VARIANT given = key.Get();
       DISPPARAMS arguments{&given, nullptr, 1, 0};
       AnyValue found;
       EXPECT_EQ(context->Invoke(DISPID_VALUE, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &arguments,
                                 found.Put(), nullptr, nullptr),
                 S_OK);
-      EXPECT_EQ(found.Get().pdispVal, context.Type(LONG{2}).Get());
+      EXPECT_EQ(found.Get().pdispVal, context.Type(2).Get());
     }
     EXPECT_EQ(context->Dispose(), S_OK);
-    const LateOutcome none = CallGet(context.Get(), u"RemarkList", {LONG{1}});
+    const LateOutcome none = CallGet(context.Get(), u"RemarkList", {1});
     EXPECT_EQ(none.invoked, DISP_E_EXCEPTION);
     EXPECT_EQ(none.result, FromNumber(91));
   });
 }
 
-TEST_F(LateArguments, NamesThatAreNotThere) {
+TEST_F(LateArguments, UnknownNamesAndIdentifiersAreRefused) {
   Run([] {
-    const auto remark = NewRemark();
-    for (const auto* name : {u"", u"Memo", u"MemoTexts", u"get_MemoText", u"QueryInterface", u"Count", u"MemoText "}) {
+    const auto context = NewContext();
+    for (const auto* name : {u"", u"Capt", u"Captions", u"get_Caption", u"QueryInterface", u"Count", u"Caption "}) {
       auto* pointer = const_cast<LPOLESTR>(name);
       DISPID id = 5;
-      EXPECT_EQ(remark->GetIDsOfNames(IID_NULL, &pointer, 1, 0, &id), DISP_E_UNKNOWNNAME)
+      EXPECT_EQ(context->GetIDsOfNames(IID_NULL, &pointer, 1, 0, &id), DISP_E_UNKNOWNNAME)
           << testing::PrintToString(name);
       EXPECT_EQ(id, DISPID_UNKNOWN);
     }
-    const auto context = NewContext();
     const LPOLESTR names[] = {const_cast<LPOLESTR>(u"Load"), const_cast<LPOLESTR>(u"i_sOwner"),
                               const_cast<LPOLESTR>(u"i_sUserID")};
     DISPID ids[] = {9, 9, 9};
@@ -121,6 +119,7 @@ TEST_F(LateArguments, NamesThatAreNotThere) {
 
 TEST_F(LateArguments, NullPointersAndWrongInterfacesAreRefused) {
   Run([] {
+    constexpr DISPID kMemoText = 14;
     const auto remark = NewRemark();
     auto* name = const_cast<LPOLESTR>(u"MemoText");
     LPOLESTR noName = nullptr;
@@ -131,27 +130,26 @@ TEST_F(LateArguments, NullPointersAndWrongInterfacesAreRefused) {
     EXPECT_TRUE(FAILED(remark->GetIDsOfNames(IID_NULL, &noName, 1, 0, &id)));
 
     DISPPARAMS none{};
-    AnyValue result;
-    EXPECT_EQ(remark->Invoke(14, IID_IDispatch, 0, DISPATCH_PROPERTYGET, &none, result.Put(), nullptr, nullptr),
-              DISP_E_UNKNOWNINTERFACE);
-    EXPECT_EQ(remark->Invoke(14, IID_NULL, 0, DISPATCH_PROPERTYGET, nullptr, result.Put(), nullptr, nullptr),
-              E_POINTER);
-    EXPECT_EQ(remark->Invoke(14, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr), S_OK);
-    EXPECT_EQ(remark->Invoke(18, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), DISP_E_EXCEPTION);
-    DISPPARAMS promised{nullptr, nullptr, 1, 0};
-    EXPECT_TRUE(FAILED(remark->Invoke(14, IID_NULL, 0, DISPATCH_PROPERTYPUT, &promised, nullptr, nullptr, nullptr)));
-    VARIANT value = AnyValue(LONG{1}).Get();
-    DISPPARAMS unnamed{&value, nullptr, 1, 1};
-    EXPECT_TRUE(FAILED(remark->Invoke(3, IID_NULL, 0, DISPATCH_PROPERTYPUT, &unnamed, nullptr, nullptr, nullptr)));
+    DISPPARAMS noValues{nullptr, nullptr, 1, 0};
+    VARIANT value = AnyValue(1).Get();
+    DISPPARAMS noNames{&value, nullptr, 1, 1};
+    const auto invoke = [&](REFIID riid, WORD flags, DISPPARAMS* given) {
+      return remark->Invoke(kMemoText, riid, 0, flags, given, nullptr, nullptr, nullptr);
+    };
+    EXPECT_EQ(invoke(IID_IDispatch, DISPATCH_PROPERTYGET, &none), DISP_E_UNKNOWNINTERFACE);
+    EXPECT_EQ(invoke(IID_NULL, DISPATCH_PROPERTYGET, nullptr), E_POINTER);
+    EXPECT_EQ(invoke(IID_NULL, DISPATCH_PROPERTYGET, &none), S_OK) << "the result is optional";
+    EXPECT_TRUE(FAILED(invoke(IID_NULL, DISPATCH_PROPERTYPUT, &noValues)));
+    EXPECT_TRUE(FAILED(invoke(IID_NULL, DISPATCH_PROPERTYPUT, &noNames)));
+    EXPECT_EQ(remark->Invoke(18, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), DISP_E_EXCEPTION)
+        << "the EXCEPINFO is optional";
 
     UINT count = 7;
     EXPECT_EQ(remark->GetTypeInfoCount(&count), S_OK);
     EXPECT_EQ(count, 0U);
-    EXPECT_EQ(remark->GetTypeInfoCount(nullptr), E_POINTER);
     auto* info = reinterpret_cast<ITypeInfo*>(&count);
     EXPECT_TRUE(FAILED(remark->GetTypeInfo(0, 0, &info)));
     EXPECT_EQ(info, nullptr);
-    EXPECT_EQ(remark->GetTypeInfo(0, 0, nullptr), E_POINTER);
   });
 }
 

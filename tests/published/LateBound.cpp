@@ -10,7 +10,7 @@ namespace {
 
 WideText Widen(const std::string& text) { return {text.begin(), text.end()}; }
 
-/// Owns the texts that Invoke leaves in it.
+/// An EXCEPINFO that frees its texts.
 struct Exception {
   EXCEPINFO info{};
   ~Exception() {
@@ -25,7 +25,7 @@ struct Exception {
 
 WideText Copy(BSTR text) { return {text, SysStringLen(text)}; }
 
-/// The identifiers of the parameters, and of the member in front of them.
+/// The identifiers of the member and then of its named parameters.
 std::vector<DISPID> IdsOf(IDispatch* object, const LateCall& call) {
   std::vector<LPOLESTR> names{const_cast<LPOLESTR>(call.name)};
   for (const NamedArgument& each : call.named) names.push_back(const_cast<LPOLESTR>(each.name));
@@ -39,7 +39,7 @@ std::vector<DISPID> IdsOf(IDispatch* object, const LateCall& call) {
 
 DISPID IdOf(IDispatch* object, const OLECHAR* name) { return IdsOf(object, {name, 0, {}, {}}).front(); }
 
-LateOutcome Call(IDispatch* object, LateCall call) {
+LateOutcome Call(IDispatch* object, const LateCall& call) {
   std::vector<DISPID> ids = IdsOf(object, call);
   const DISPID member = ids.front();
   ids.erase(ids.begin());
@@ -74,6 +74,18 @@ WideText Shown(const VARIANT& value) {
       return u"object " + Widen(std::to_string(reinterpret_cast<std::uintptr_t>(value.punkVal)));
     default:
       return u"type " + Widen(std::to_string(value.vt));
+  }
+}
+
+void SetProperties(IDispatch* object, const Properties& properties) {
+  for (const auto& [name, value] : properties) {
+    EXPECT_EQ(CallPut(object, name, value).invoked, S_OK) << testing::PrintToString(WideText(name));
+  }
+}
+
+void ExpectProperties(IDispatch* object, const Properties& expected) {
+  for (const auto& [name, value] : expected) {
+    EXPECT_EQ(Shown(CallGet(object, name).value.Get()), Shown(value.Get())) << testing::PrintToString(WideText(name));
   }
 }
 

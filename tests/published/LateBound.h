@@ -1,26 +1,17 @@
 #pragma once
 
-#include <ostream>
 #include <vector>
 
 #include "tests/support/HostObjects.h"
 
 namespace quorvel::test {
 
-/// How a call ended, by whatever way it was made.
-struct Outcome {
-  HRESULT result = S_OK;
-  AnyValue value;
-  WideText source;
-  WideText description;
-};
-
-/// What a caller by name hands to Invoke.
 struct NamedArgument {
   const OLECHAR* name;
   AnyValue value;
 };
 
+/// A call by name.
 struct LateCall {
   const OLECHAR* name = nullptr;
   WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
@@ -28,17 +19,21 @@ struct LateCall {
   std::vector<NamedArgument> named;  ///< besides those
 };
 
-/// What Invoke alone tells.
-struct LateOutcome : Outcome {
-  HRESULT invoked = S_OK;  ///< DISP_E_EXCEPTION when the operation itself failed, whose result is `result` then
+/// The result of a call by name.
+struct LateOutcome {
+  HRESULT invoked = S_OK;  ///< the result of Invoke
+  HRESULT result = S_OK;   ///< the operation's own result when `invoked` is DISP_E_EXCEPTION
+  AnyValue value;
+  WideText source;
+  WideText description;
   UINT argumentInError = ~0U;
 };
 
-/// The identifier of a name; a failed test and DISPID_UNKNOWN without one.
+/// The identifier of a name. Fails the test and returns DISPID_UNKNOWN when there is none.
 [[nodiscard]] DISPID IdOf(IDispatch* object, const OLECHAR* name);
 
-/// Calls by name as a script host does: a property's new value is marked as such.
-[[nodiscard]] LateOutcome Call(IDispatch* object, LateCall call);
+/// Calls by name as a script host does: the new value of a property is marked as such.
+[[nodiscard]] LateOutcome Call(IDispatch* object, const LateCall& call);
 [[nodiscard]] inline LateOutcome CallGet(IDispatch* object, const OLECHAR* name, std::vector<AnyValue> arguments = {}) {
   return Call(object, {name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::move(arguments), {}});
 }
@@ -46,7 +41,12 @@ struct LateOutcome : Outcome {
   return Call(object, {name, DISPATCH_PROPERTYPUT, {std::move(value)}, {}});
 }
 
-/// A value as a text that two of them can be compared by: its type and what it holds. An object is told by its address.
+/// The type and content of a value as a text for comparisons. An object is shown by its address.
 [[nodiscard]] WideText Shown(const VARIANT& value);
+
+/// Properties with their values, set or compared by name.
+using Properties = std::vector<NamedArgument>;
+void SetProperties(IDispatch* object, const Properties& properties);
+void ExpectProperties(IDispatch* object, const Properties& expected);
 
 }  // namespace quorvel::test

@@ -4,10 +4,9 @@
 #include <cstdio>
 #include <thread>
 
-#include "tests/published/HostDatabase.h"
+#include "tests/support/TestDatabase.h"
 
-// Loads the library named on the command line, uses it on a thread, unloads it, and does so again. Ends with 0 when
-// all of it went well.
+// Twice loads the library named on the command line, uses it on a thread and unloads it. Ends with 0 on success.
 namespace {
 
 using namespace Quorvel;
@@ -59,7 +58,7 @@ const char* LoadAndUse(const char* path) {
 
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
-  const quorvel::test::HostDatabase database;
+  const quorvel::test::TestDatabase database;
   for (int round = 1; round <= 2; ++round) {
     const char* problem = LoadAndUse(argv[1]);
     if (problem == nullptr) continue;

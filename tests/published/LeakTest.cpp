@@ -12,51 +12,49 @@ namespace {
 
 using Leaks = HostTest;
 
-/// A host that touches everything that it has to release.
+/// A host that uses everything that it has to release.
 void UseEverything() {
   const LoadedContext context;
   const auto list = context.List();
   const auto type = context.Type(LONG{1});
-  Reference<IUnknown> remarks;
-  EXPECT_EQ(list->get_NewEnum(remarks.Put()), S_OK);
-  Reference<_Remark> added;
-  EXPECT_EQ(list->Add(added.Put()), S_OK);
+  const auto remarks = Read(list.Get(), &_RemarkList::get_NewEnum);
+  const auto added = Read(list.Get(), &_RemarkList::Add);
   EXPECT_EQ(added->putref_RemarkType(type.Get()), S_OK);
   EXPECT_EQ(list->Backup(), S_OK);
   EXPECT_EQ(CallGet(context.Get(), u"Item", {u"none"}).invoked, S_OK);
   EXPECT_EQ(CallGet(context.Get(), u"AddRemark", {u"none", u"text"}).result, -1);
   EXPECT_EQ(list->Save(), S_OK);
-  EXPECT_EQ(context->Load(Text(u"None").Get(), nullptr, nullptr), -1);
+  EXPECT_EQ(Load(context.Get(), u"None"), -1);
 }
 
-/// Loads and releases a context without disposing of it.
+/// Loads and releases a context without calling Dispose.
 void ForgetDispose() {
   const auto context = NewContext();
-  EXPECT_EQ(context->Load(Text(u"CustMaint").Get(), Text(u"C1044").Get(), Text(u"admin").Get()), S_OK);
+  EXPECT_EQ(Load(context.Get(), u"CustMaint", u"C1044", u"admin"), S_OK);
 }
 
-/// The same where the leak is meant and should not fail the whole program.
+/// The same, with the leak hidden from the leak check of the whole program.
 void ForgetDisposeOnPurpose() {
 #ifdef __SANITIZE_ADDRESS__
-  const __lsan::ScopedDisabler meant;
+  const __lsan::ScopedDisabler intended;
 #endif
   ForgetDispose();
 }
 
-TEST_F(Leaks, OneForgottenContextLeavesTheOthersAlone) {
+TEST_F(Leaks, ContextWithoutDisposeDoesNotAffectOthers) {
   Run([] {
     const LoadedContext context;
     ForgetDisposeOnPurpose();
     EXPECT_EQ(context->RefreshRemarkList(), S_OK);
     EXPECT_EQ(Read(context.Get(), &_RemarkContext::get_MemoCount), 7);
   });
-  EXPECT_EQ(DllCanUnloadNow(), S_OK) << "no host holds it any more";
+  EXPECT_EQ(DllCanUnloadNow(), S_OK) << "no host holds the context";
   Run(UseEverything);
 }
 
 #ifdef __SANITIZE_ADDRESS__
 
-/// Runs a host and ends the process: with 0 when memory was lost, else with 1.
+/// Runs a host and ends the process, with 0 when there is a leak, else with 1.
 template <typename Host>
 [[noreturn]] void EndAfter(Host host) {
   std::thread(host).join();
@@ -68,12 +66,12 @@ class LeaksDeathTest : public Leaks {
   LeaksDeathTest() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
 };
 
-TEST_F(LeaksDeathTest, NothingIsLostWhenEverythingIsReleased) {
+TEST_F(LeaksDeathTest, NothingLeaksWhenEverythingIsReleased) {
   EXPECT_EXIT(EndAfter(UseEverything), testing::ExitedWithCode(1), "");
 }
 
-// Shows that the check above sees what it is there to see.
-TEST_F(LeaksDeathTest, AContextThatIsNotDisposedOfIsLost) {
+// Shows that the check above detects a leak.
+TEST_F(LeaksDeathTest, ContextWithoutDisposeLeaks) {
   EXPECT_EXIT(EndAfter(ForgetDispose), testing::ExitedWithCode(0), "RemarkContext");
 }
 

@@ -10,21 +10,21 @@
 
 namespace quorvel::test {
 
-/// What a hive holds: its keys, and the texts by key and name.
+/// The content of a hive: its keys, and its texts by key and name.
 struct HiveContent {
   std::set<std::string> keys;
   std::map<std::pair<std::string, std::string>, std::string> texts;
   bool operator==(const HiveContent&) const = default;
 };
 
-/// A hive in memory that can be told to fail. As the system's, it makes the keys above one that it makes.
+/// A hive in memory that can fail on request. Like the system's, it creates missing parent keys.
 class MemoryRegistry : public registry::InstallationHive {
  public:
   MemoryRegistry() = default;
   explicit MemoryRegistry(HiveContent held) : content(std::move(held)) {}
 
   HiveContent content;
-  /// Which writing fails, counted from 0, and how; further ones succeed.
+  /// The number of the Write that fails, counted from 0, and its result. Later ones succeed.
   int failingWrite = -1;
   registry::Outcome failure = registry::Outcome::Failed;
   /// Whether existing values may not be deleted.
@@ -37,7 +37,7 @@ class MemoryRegistry : public registry::InstallationHive {
 
   [[nodiscard]] registry::Outcome Write(const std::string& key, const std::string& name,
                                         const std::string& text) override {
-    // The key may be made and the value then refused.
+    // A failing Write may still create the key.
     for (std::size_t end = 0; end != std::string::npos;) {
       end = key.find('\\', end + 1);
       content.keys.insert(key.substr(0, end));

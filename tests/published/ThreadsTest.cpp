@@ -9,7 +9,7 @@ namespace {
 
 using Threads = HostTest;
 
-TEST_F(Threads, EachWithItsOwnContextWorkAtTheSameTime) {
+TEST_F(Threads, WorkAtTheSameTimeEachWithItsOwnContext) {
   constexpr int kThreads = 4;
   constexpr int kRounds = 5;
   std::barrier together(kThreads);
@@ -19,11 +19,9 @@ TEST_F(Threads, EachWithItsOwnContextWorkAtTheSameTime) {
     for (int round = 0; round < kRounds; ++round) {
       together.arrive_and_wait();
       const LoadedContext context(u"OrderEntry", u"SO20001", u"admin");
-      AnyValue type(u"Ord.Note");
-      Text text(mine);
-      EXPECT_EQ(context->AddRemark(type.Pointer(), text.ByReference(), Text(mine).Get()), S_OK);
+      EXPECT_EQ(AddTo(context.Get(), u"Ord.Note", mine, mine), S_OK);
       EXPECT_EQ(context->Save(VARIANT_TRUE), S_OK) << testing::PrintToString(TakeError().description);
-      EXPECT_EQ(context->Load(Text(mine).Get(), nullptr, nullptr), -1);
+      EXPECT_EQ(Load(context.Get(), mine), -1);
       EXPECT_EQ(TakeError().description, u"ContextID [" + mine + u"] not found");
     }
   };
@@ -37,28 +35,23 @@ TEST_F(Threads, EachWithItsOwnContextWorkAtTheSameTime) {
             std::to_string(kThreads));
 }
 
-// A host that ends its threads in any order may drop what is left on another one.
-TEST_F(Threads, ObjectsOutliveTheirThreadAndAreReleasedOnAnother) {
-  Reference<_RemarkContext> context;
-  Reference<_RemarkList> list;
-  Reference<_Remark> remark;
-  Reference<IUnknown> remarks;
+// A host that ends its threads in any order may release objects on another thread.
+TEST_F(Threads, ObjectsMayBeReleasedOnAnotherThreadAfterTheirOwnHasEnded) {
+  Pointer<_RemarkContext> context;
+  Pointer<_RemarkList> list;
+  Pointer<_Remark> remark;
+  Pointer<IUnknown> remarks;
   Run([&] {
     context = NewContext();
-    ASSERT_EQ(context->Load(Text(u"CustMaint").Get(), Text(u"C1044").Get(), Text(u"admin").Get()), S_OK);
-    ASSERT_EQ(context->get_RemarkList(list.Put()), S_OK);
-    ASSERT_EQ(list->get_NewEnum(remarks.Put()), S_OK);
+    ASSERT_EQ(Load(context.Get(), u"CustMaint", u"C1044", u"admin"), S_OK);
+    list = Read(context.Get(), &_RemarkContext::get_RemarkList);
+    remarks = Read(list.Get(), &_RemarkList::get_NewEnum);
     remark = RemarkAt(list.Get(), 1);
-    EXPECT_EQ(NewContext()->Load(Text(u"None").Get(), nullptr, nullptr), -1);
+    EXPECT_EQ(Load(NewContext().Get(), u"None"), -1) << "this error object ends with its thread";
   });
   EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
   EXPECT_EQ(Read(remark.Get(), &_Remark::get_UserID), u"jsmith");
   EXPECT_EQ(context->Dispose(), S_OK);
-}
-
-TEST_F(Threads, AnErrorThatNobodyTookGoesWithItsThread) {
-  Run([] { EXPECT_EQ(NewContext()->Load(Text(u"None").Get(), nullptr, nullptr), -1); });
-  EXPECT_EQ(DllCanUnloadNow(), S_OK);
 }
 
 }  // namespace

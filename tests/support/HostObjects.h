@@ -6,51 +6,23 @@
 #include <string_view>
 #include <utility>
 
-/// What a C++ host keeps the component's pointers, texts and values in. Needs nothing of the product but its
-/// published header.
+#include "platform/com/Pointer.h"
+
+/// Owners for the pointers, texts and values that a C++ host exchanges with the component.
 namespace quorvel::test {
 
 using namespace Quorvel;
+using com::Pointer;
+using com::Query;
 
 using WideText = std::basic_string<OLECHAR>;
 using WideView = std::basic_string_view<OLECHAR>;
 
-/// One reference to an object, or null.
+/// For QueryInterface and other functions that return an object through a void**.
 template <typename Interface>
-class Reference {
- public:
-  Reference() = default;
-  /// Takes the caller's reference over.
-  explicit Reference(Interface* object) noexcept : m_object(object) {}
-  Reference(const Reference& other) noexcept : m_object(other.m_object) {
-    if (m_object != nullptr) m_object->AddRef();
-  }
-  Reference(Reference&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
-  Reference& operator=(Reference other) noexcept {
-    std::swap(m_object, other.m_object);
-    return *this;
-  }
-  ~Reference() { Reset(); }
-
-  [[nodiscard]] Interface* Get() const noexcept { return m_object; }
-  Interface* operator->() const noexcept { return m_object; }
-  explicit operator bool() const noexcept { return m_object != nullptr; }
-  /// Where a call delivers an object.
-  [[nodiscard]] Interface** Put() noexcept {
-    Reset();
-    return &m_object;
-  }
-  /// Where QueryInterface and the like deliver it.
-  [[nodiscard]] void** PutAny() noexcept { return reinterpret_cast<void**>(Put()); }
-  /// For an argument by reference.
-  [[nodiscard]] Interface** ByReference() noexcept { return &m_object; }
-  void Reset() noexcept {
-    if (m_object != nullptr) std::exchange(m_object, nullptr)->Release();
-  }
-
- private:
-  Interface* m_object = nullptr;
-};
+[[nodiscard]] void** PutAny(Pointer<Interface>& object) noexcept {
+  return reinterpret_cast<void**>(object.Put());
+}
 
 /// A BSTR.
 class Text {
@@ -85,7 +57,7 @@ class AnyValue {
   AnyValue(WideView text) noexcept : AnyValue(VT_BSTR) {
     m_value.bstrVal = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
   }
-  /// Adds a reference of its own; null is no object.
+  /// Adds a reference; null is VT_DISPATCH without an object.
   AnyValue(IDispatch* object) noexcept : AnyValue(VT_DISPATCH) {
     m_value.pdispVal = object;
     if (object != nullptr) object->AddRef();
@@ -99,7 +71,7 @@ class AnyValue {
   ~AnyValue() { VariantClear(&m_value); }
 
   [[nodiscard]] static AnyValue Null() noexcept { return AnyValue(VT_NULL); }
-  /// An argument that is left out.
+  /// An omitted argument.
   [[nodiscard]] static AnyValue Missing() noexcept {
     AnyValue value(VT_ERROR);
     value.m_value.scode = DISP_E_PARAMNOTFOUND;
@@ -110,13 +82,13 @@ class AnyValue {
     value.m_value.date = date;
     return value;
   }
-  /// Refers to a `type` that stays the caller's.
+  /// Refers to a `type` that the caller keeps.
   [[nodiscard]] static AnyValue ByReference(VARENUM type, void* target) noexcept {
     AnyValue value(static_cast<VARENUM>(VT_BYREF | type));
     value.m_value.byref = target;
     return value;
   }
-  /// A value of that type that is all zeros.
+  /// A value of `type` with all bits zero.
   [[nodiscard]] static AnyValue ZeroOf(VARENUM type) noexcept { return AnyValue(type); }
 
   [[nodiscard]] const VARIANT& Get() const noexcept { return m_value; }
@@ -132,7 +104,7 @@ class AnyValue {
   VARIANT m_value;
 };
 
-/// What the thread's error object says. Taking it takes it away.
+/// The content of the thread's error object, which TakeError removes.
 struct TakenError {
   bool isThere = false;
   GUID interfaceId{};
@@ -142,7 +114,7 @@ struct TakenError {
 
 [[nodiscard]] inline TakenError TakeError() {
   TakenError taken;
-  Reference<IErrorInfo> error;
+  Pointer<IErrorInfo> error;
   if (GetErrorInfo(0, error.Put()) != S_OK) return taken;
   Text source;
   Text description;
@@ -153,14 +125,6 @@ struct TakenError {
   taken.source = source.View();
   taken.description = description.View();
   return taken;
-}
-
-/// The interface `riid` of an object, which may be null; null when it does not have it.
-template <typename Interface>
-[[nodiscard]] Reference<Interface> Ask(IUnknown* object, REFIID riid) {
-  Reference<Interface> found;
-  if (object != nullptr) object->QueryInterface(riid, found.PutAny());
-  return found;
 }
 
 }  // namespace quorvel::test

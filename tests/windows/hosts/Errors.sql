@@ -1,4 +1,4 @@
--- What the script on errors finds broken.
+-- The broken database that Errors.vbs uses.
 INSERT INTO ttwRemarkEntity (RemarkEntityID, Caption, spGetOwnerName, AcuityEntityKey)
 VALUES ('Broken', N'Broken', N'spNowhere', 999)
 INSERT INTO ttwContext (ContextID, Caption, RemarkEntityKey, GroupByType, RowHeight, AllowRowSizing, EditBehavior)

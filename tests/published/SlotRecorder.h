@@ -10,11 +10,11 @@ namespace quorvel::test {
 
 using namespace Quorvel;
 
-/// Stands for an object of any interface and remembers which place of its table of operations was called last. For
-/// 64 bits only, where whoever calls clears the arguments away, so that one operation fits every call.
+/// Acts as an object of any interface and records which slot of its table of operations was called last. Works on
+/// 64-bit systems only: there the caller removes the arguments, so one function fits every call.
 class SlotRecorder {
  public:
-  /// As an object: what reads this memory finds the table, as in every object.
+  /// The first member is the pointer to the table, as in every object.
   [[nodiscard]] IDispatch& AsObject() noexcept { return reinterpret_cast<IDispatch&>(*this); }
 
   [[nodiscard]] std::size_t Last() const noexcept { return m_last; }
