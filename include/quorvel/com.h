@@ -2,12 +2,12 @@
 
 /// The few COM types that quorvel.h needs.
 ///
-/// On Windows they are the operating system's own. Elsewhere this header brings them, in namespace Quorvel, with the
-/// layouts and rules of the originals: a host that says `using namespace Quorvel` compiles on both. Its functions are
+/// On Windows they are the operating system's own. Elsewhere this header defines them in namespace Quorvel, with the
+/// layouts and rules of the originals: a host with `using namespace Quorvel` compiles on both. Its functions are
 /// inline; texts are allocated with malloc, so host and component may free each other's.
 ///
-/// What differs elsewhere: OLECHAR is char16_t, there are no arrays, decimals or user types in a VARIANT, and there
-/// are no apartments, so that an object is used on one thread and nothing carries it to another.
+/// The differences elsewhere: OLECHAR is char16_t, a VARIANT has no arrays, decimals or user types, and there are no
+/// apartments, so an object is used on one thread and cannot be marshalled to another.
 
 #ifdef _WIN32
 
@@ -46,7 +46,7 @@ using DOUBLE = double;
 using OLECHAR = char16_t;
 using LPOLESTR = OLECHAR*;
 using LPCOLESTR = const OLECHAR*;
-/// Text with its length in bytes in the four bytes before it and a zero behind it; null is the empty text.
+/// Text with its length in bytes in the four bytes before it and a zero after it; null is the empty text.
 using BSTR = OLECHAR*;
 /// Days since 1899-12-30; the fraction is the time of day and counts forwards also in negative dates.
 using DATE = double;
@@ -88,7 +88,7 @@ inline constexpr HRESULT DISP_E_PARAMNOTOPTIONAL = static_cast<HRESULT>(0x800200
 [[nodiscard]] constexpr bool SUCCEEDED(HRESULT result) noexcept { return result >= 0; }
 [[nodiscard]] constexpr bool FAILED(HRESULT result) noexcept { return result < 0; }
 
-/// Members with a fixed dispatch identifier, and the one of a property's new value.
+/// The fixed identifiers of members and of a property's new value.
 inline constexpr DISPID DISPID_VALUE = 0;
 inline constexpr DISPID DISPID_UNKNOWN = -1;
 inline constexpr DISPID DISPID_PROPERTYPUT = -3;
@@ -99,7 +99,7 @@ inline constexpr WORD DISPATCH_PROPERTYGET = 2;
 inline constexpr WORD DISPATCH_PROPERTYPUT = 4;
 inline constexpr WORD DISPATCH_PROPERTYPUTREF = 8;
 
-/// What a VARIANT holds.
+/// The types of a VARIANT.
 enum VARENUM : VARTYPE {
   VT_EMPTY = 0,
   VT_NULL = 1,
@@ -151,7 +151,7 @@ inline constexpr GUID IID_IErrorInfo{0x1CF2B120, 0x547D, 0x101B, {0x8E, 0x65, 0x
 inline constexpr GUID IID_ISupportErrorInfo{
     0xDF0B3D60, 0x548F, 0x101B, {0x8E, 0x65, 0x08, 0x00, 0x2B, 0x2B, 0xD1, 0x19}};
 
-// Interfaces have no destructor, so that their tables of operations hold what the interface names and nothing else.
+// Interfaces have no destructor, so that their tables of operations contain only the operations of the interface.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
@@ -164,7 +164,7 @@ struct IUnknown {
 struct IDispatch;
 struct ITypeInfo;
 
-/// A value of any type. Whoever holds it clears it.
+/// A value of any type. Its owner clears it.
 struct VARIANT {
   VARTYPE vt;
   WORD wReserved1;
@@ -209,7 +209,7 @@ struct VARIANT {
 };
 using VARIANTARG = VARIANT;
 
-/// The arguments of a call, last one first; the named ones stand before the others.
+/// The arguments of a call in reverse order; the named ones come before the others.
 struct DISPPARAMS {
   VARIANTARG* rgvarg;
   DISPID* rgdispidNamedArgs;
@@ -217,7 +217,7 @@ struct DISPPARAMS {
   UINT cNamedArgs;
 };
 
-/// What went wrong in a call by name. The texts are the caller's to free.
+/// The error of a call by name. The caller frees the texts.
 struct EXCEPINFO {
   WORD wCode;
   WORD wReserved;
@@ -262,8 +262,8 @@ struct ISupportErrorInfo : IUnknown {
   virtual HRESULT InterfaceSupportsErrorInfo(REFIID riid) = 0;
 };
 
-/// Where the component keeps the error object of each thread. Its class object, of class CLSID_ThreadErrors, is what
-/// DllGetClassObject returns for it; GetErrorInfo and SetErrorInfo go there.
+/// Access to the error object of the current thread, which the component keeps. DllGetClassObject returns this
+/// interface for CLSID_ThreadErrors; GetErrorInfo and SetErrorInfo use it.
 struct IThreadErrors : IUnknown {
   virtual HRESULT SetErrorInfo(IErrorInfo* error) = 0;
   virtual HRESULT GetErrorInfo(IErrorInfo** error) = 0;
@@ -277,7 +277,7 @@ inline constexpr GUID CLSID_ThreadErrors{0xD273346F, 0x724C, 0x42EB, {0x8D, 0xF0
 /// @name Texts
 /// @{
 
-/// A text of `byteLength` bytes, copied from `bytes` where that is not null; null when memory ran out.
+/// A text of `byteLength` bytes, copied from `bytes` if that is not null; null when there is no memory.
 [[nodiscard]] inline BSTR SysAllocStringByteLen(const char* bytes, UINT byteLength) noexcept {
   constexpr std::size_t kPrefix = 8;  // the length, and what keeps the characters aligned
   if (byteLength > 0xFFFFFFF0U) return nullptr;
@@ -290,7 +290,7 @@ inline constexpr GUID CLSID_ThreadErrors{0xD273346F, 0x724C, 0x42EB, {0x8D, 0xF0
   return reinterpret_cast<BSTR>(text);
 }
 
-/// A text of `length` characters, zeros among them allowed.
+/// A text of `length` characters, which may include zeros.
 [[nodiscard]] inline BSTR SysAllocStringLen(const OLECHAR* text, UINT length) noexcept {
   if (length > 0x7FFFFFF0U) return nullptr;
   return SysAllocStringByteLen(reinterpret_cast<const char*>(text), length * static_cast<UINT>(sizeof(OLECHAR)));
@@ -324,7 +324,7 @@ inline void SysFreeString(BSTR text) noexcept {
 
 inline void VariantInit(VARIANT* value) noexcept { std::memset(value, 0, sizeof(VARIANT)); }
 
-/// Frees what the value holds and makes it empty.
+/// Frees the content of the value and makes it empty.
 inline HRESULT VariantClear(VARIANT* value) noexcept {
   if (value->vt == VT_BSTR) SysFreeString(value->bstrVal);
   if ((value->vt == VT_DISPATCH || value->vt == VT_UNKNOWN) && value->punkVal != nullptr) value->punkVal->Release();
@@ -368,7 +368,7 @@ inline HRESULT GetErrorInfo(ULONG /*reserved*/, IErrorInfo** error) noexcept {
   return taken;
 }
 
-/// Replaces the thread's error object; null takes it away.
+/// Replaces the thread's error object; null removes it.
 inline HRESULT SetErrorInfo(ULONG /*reserved*/, IErrorInfo* error) noexcept {
   IThreadErrors* errors = nullptr;
   const HRESULT result = DllGetClassObject(CLSID_ThreadErrors, IID_IThreadErrors, reinterpret_cast<void**>(&errors));

@@ -24,7 +24,7 @@
 
 namespace Quorvel {
 
-/// What Save does with changes that nobody has saved. Any other value acts as AutoSaveOnClose.
+/// How Save treats unsaved changes. Any other value acts as AutoSaveOnClose.
 enum EditBehavior : LONG { AutoSaveOnClose = 0, NoAutoSave = 1, PromptForSave = 2 };
 
 struct _RemarkType;
@@ -57,7 +57,7 @@ struct _RemarkType : IDispatch {
   virtual HRESULT QUORVEL_CALL put_CanDelete(LONG right) = 0;
 };
 
-/// One remark. Whoever edits it sets Dirty; the list saves the dirty ones.
+/// One remark. A host that edits it sets Dirty; the list saves the dirty ones.
 struct _Remark : IDispatch {
   virtual HRESULT QUORVEL_CALL get_RemarkType(_RemarkType** type) = 0;
   virtual HRESULT QUORVEL_CALL putref_RemarkType(_RemarkType* type) = 0;

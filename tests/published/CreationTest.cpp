@@ -6,54 +6,50 @@ namespace {
 using Creation = HostTest;
 
 TEST_F(Creation, ByProgrammaticIdentifierInAnyLetterCase) {
-  Run([] {
-    for (const auto* name : {u"Quorvel.RemarkContext", u"quorvel.REMARK"}) {
-      Pointer<IUnknown> object;
-      EXPECT_EQ(QuorvelCreate(name, IID_IUnknown, PutAny(object)), S_OK);
-      EXPECT_TRUE(object);
-    }
-    void* object = &object;
-    for (const auto* name : {u"", u"Quorvel.", u"RemarkContext", u"Quorvel.RemarkType", u"Quorvel.RemarkList",
-                             u"Quorvel.Remark ", u"Quorvel.RemarkContext.1"}) {
-      EXPECT_EQ(QuorvelCreate(name, IID_IUnknown, &object), CO_E_CLASSSTRING) << testing::PrintToString(name);
-      EXPECT_EQ(object, nullptr);
-      object = &object;
-    }
-    EXPECT_EQ(QuorvelCreate(u"Quorvel.Remark", IID__RemarkContext, &object), E_NOINTERFACE);
+  for (const auto* name : {u"Quorvel.RemarkContext", u"quorvel.REMARK"}) {
+    Pointer<IUnknown> object;
+    EXPECT_EQ(QuorvelCreate(name, IID_IUnknown, PutAny(object)), S_OK);
+    EXPECT_TRUE(object);
+  }
+  void* object = &object;
+  for (const auto* name : {u"", u"Quorvel.", u"RemarkContext", u"Quorvel.RemarkType", u"Quorvel.RemarkList",
+                           u"Quorvel.Remark ", u"Quorvel.RemarkContext.1"}) {
+    EXPECT_EQ(QuorvelCreate(name, IID_IUnknown, &object), CO_E_CLASSSTRING) << testing::PrintToString(name);
     EXPECT_EQ(object, nullptr);
-    EXPECT_EQ(QuorvelCreate(nullptr, IID_IUnknown, &object), E_INVALIDARG);
-    EXPECT_EQ(QuorvelCreate(u"Quorvel.Remark", IID_IUnknown, nullptr), E_POINTER);
-  });
+    object = &object;
+  }
+  EXPECT_EQ(QuorvelCreate(u"Quorvel.Remark", IID__RemarkContext, &object), E_NOINTERFACE);
+  EXPECT_EQ(object, nullptr);
+  EXPECT_EQ(QuorvelCreate(nullptr, IID_IUnknown, &object), E_INVALIDARG);
+  EXPECT_EQ(QuorvelCreate(u"Quorvel.Remark", IID_IUnknown, nullptr), E_POINTER);
 }
 
 TEST_F(Creation, ByClassFactory) {
-  Run([] {
-    void* object = &object;
-    for (const GUID& hidden : {CLSID_RemarkType, CLSID_RemarkList, IID__Remark}) {
-      EXPECT_EQ(DllGetClassObject(hidden, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
-      EXPECT_EQ(object, nullptr);
-      object = &object;
-    }
-    EXPECT_EQ(DllGetClassObject(CLSID_Remark, IID_IDispatch, &object), E_NOINTERFACE);
+  void* object = &object;
+  for (const GUID& hidden : {CLSID_RemarkType, CLSID_RemarkList, IID__Remark}) {
+    EXPECT_EQ(DllGetClassObject(hidden, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
     EXPECT_EQ(object, nullptr);
-    EXPECT_EQ(DllGetClassObject(CLSID_Remark, IID_IClassFactory, nullptr), E_POINTER);
+    object = &object;
+  }
+  EXPECT_EQ(DllGetClassObject(CLSID_Remark, IID_IDispatch, &object), E_NOINTERFACE);
+  EXPECT_EQ(object, nullptr);
+  EXPECT_EQ(DllGetClassObject(CLSID_Remark, IID_IClassFactory, nullptr), E_POINTER);
 
-    Pointer<IClassFactory> factory;
-    ASSERT_EQ(DllGetClassObject(CLSID_Remark, IID_IClassFactory, PutAny(factory)), S_OK);
-    EXPECT_EQ(Query<IUnknown>(factory.Get(), IID_IUnknown).Get(), factory.Get());
-    Pointer<_Remark> first;
-    Pointer<_Remark> second;
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, PutAny(first)), S_OK);
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, PutAny(second)), S_OK);
-    EXPECT_NE(first.Get(), second.Get());
-    object = &object;
-    EXPECT_EQ(factory->CreateInstance(first.Get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
-    EXPECT_EQ(object, nullptr);
-    object = &object;
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID__RemarkContext, &object), E_NOINTERFACE);
-    EXPECT_EQ(object, nullptr);
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, nullptr), E_POINTER);
-  });
+  Pointer<IClassFactory> factory;
+  ASSERT_EQ(DllGetClassObject(CLSID_Remark, IID_IClassFactory, PutAny(factory)), S_OK);
+  EXPECT_EQ(Query<IUnknown>(factory.Get(), IID_IUnknown).Get(), factory.Get());
+  Pointer<_Remark> first;
+  Pointer<_Remark> second;
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, PutAny(first)), S_OK);
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, PutAny(second)), S_OK);
+  EXPECT_NE(first.Get(), second.Get());
+  object = &object;
+  EXPECT_EQ(factory->CreateInstance(first.Get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
+  EXPECT_EQ(object, nullptr);
+  object = &object;
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID__RemarkContext, &object), E_NOINTERFACE);
+  EXPECT_EQ(object, nullptr);
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, nullptr), E_POINTER);
 }
 
 TEST_F(Creation, ObjectsAndLocksKeepTheLibraryLoaded) {

@@ -39,13 +39,5 @@ TEST_F(Dates, OutOfRangeAreRefusedAndChangeNothing) {
   }
 }
 
-TEST_F(Dates, BeforeDayZeroComeFromTheDatabase) {
-  Run([this] {
-    m_database.Run("UPDATE tciMemo SET DateStamp = '18990101 06:00:00' WHERE MemoKey = 1");
-    const LoadedContext context;
-    EXPECT_EQ(Read(RemarkAt(context.List().Get(), 7).Get(), &_Remark::get_DateStamp), -363.25);
-  });
-}
-
 }  // namespace
 }  // namespace quorvel::test

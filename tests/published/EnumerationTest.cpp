@@ -1,3 +1,5 @@
+// The enumerators of a context's types and a list's remarks, also while their source changes.
+
 #include <vector>
 
 #include "tests/published/HostTest.h"

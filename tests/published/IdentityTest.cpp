@@ -1,3 +1,6 @@
+// COM identity: one pointer for each object, the rules of QueryInterface, and the refusal of objects that are not of
+// this component.
+
 #include <vector>
 
 #include "tests/published/HostTest.h"

@@ -95,62 +95,55 @@ TEST_F(LateArguments, OfAPropertyWithoutParametersGoToTheDefaultMember) {
 }
 
 TEST_F(LateArguments, UnknownNamesAndIdentifiersAreRefused) {
-  Run([] {
-    const auto context = NewContext();
-    for (const auto* name : {u"", u"Capt", u"Captions", u"get_Caption", u"QueryInterface", u"Count", u"Caption "}) {
-      auto* pointer = const_cast<LPOLESTR>(name);
-      DISPID id = 5;
-      EXPECT_EQ(context->GetIDsOfNames(IID_NULL, &pointer, 1, 0, &id), DISP_E_UNKNOWNNAME)
-          << testing::PrintToString(name);
-      EXPECT_EQ(id, DISPID_UNKNOWN);
-    }
-    const LPOLESTR names[] = {const_cast<LPOLESTR>(u"Load"), const_cast<LPOLESTR>(u"i_sOwner"),
-                              const_cast<LPOLESTR>(u"i_sUserID")};
-    DISPID ids[] = {9, 9, 9};
-    EXPECT_EQ(context->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names), 3, 0, ids), DISP_E_UNKNOWNNAME);
-    EXPECT_THAT(ids, testing::ElementsAre(29, DISPID_UNKNOWN, 2));
-    for (const DISPID id : {DISPID_UNKNOWN, DISPID{2}, DISPID{38}, DISPID_PROPERTYPUT}) {
-      DISPPARAMS none{};
-      EXPECT_EQ(context->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
-                DISP_E_MEMBERNOTFOUND);
-    }
-  });
+  const auto context = NewContext();
+  for (const auto* name : {u"", u"Capt", u"Captions", u"get_Caption", u"QueryInterface", u"Count", u"Caption "}) {
+    auto* pointer = const_cast<LPOLESTR>(name);
+    DISPID id = 5;
+    EXPECT_EQ(context->GetIDsOfNames(IID_NULL, &pointer, 1, 0, &id), DISP_E_UNKNOWNNAME)
+        << testing::PrintToString(name);
+    EXPECT_EQ(id, DISPID_UNKNOWN);
+  }
+  const LPOLESTR names[] = {const_cast<LPOLESTR>(u"Load"), const_cast<LPOLESTR>(u"i_sOwner"),
+                            const_cast<LPOLESTR>(u"i_sUserID")};
+  DISPID ids[] = {9, 9, 9};
+  EXPECT_EQ(context->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names), 3, 0, ids), DISP_E_UNKNOWNNAME);
+  EXPECT_THAT(ids, testing::ElementsAre(29, DISPID_UNKNOWN, 2));
+  for (const DISPID id : {DISPID_UNKNOWN, DISPID{2}, DISPID{38}, DISPID_PROPERTYPUT}) {
+    DISPPARAMS none{};
+    EXPECT_EQ(context->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
+              DISP_E_MEMBERNOTFOUND);
+  }
 }
 
 TEST_F(LateArguments, NullPointersAndWrongInterfacesAreRefused) {
-  Run([] {
-    constexpr DISPID kMemoText = 14;
-    const auto remark = NewRemark();
-    auto* name = const_cast<LPOLESTR>(u"MemoText");
-    LPOLESTR noName = nullptr;
-    DISPID id = 0;
-    EXPECT_EQ(remark->GetIDsOfNames(IID_IDispatch, &name, 1, 0, &id), DISP_E_UNKNOWNINTERFACE);
-    EXPECT_EQ(remark->GetIDsOfNames(IID_NULL, nullptr, 1, 0, &id), E_POINTER);
-    EXPECT_EQ(remark->GetIDsOfNames(IID_NULL, &name, 1, 0, nullptr), E_POINTER);
-    EXPECT_TRUE(FAILED(remark->GetIDsOfNames(IID_NULL, &noName, 1, 0, &id)));
+  constexpr DISPID kMemoText = 14;
+  const auto remark = NewRemark();
+  auto* name = const_cast<LPOLESTR>(u"MemoText");
+  LPOLESTR noName = nullptr;
+  DISPID id = 0;
+  EXPECT_EQ(remark->GetIDsOfNames(IID_IDispatch, &name, 1, 0, &id), DISP_E_UNKNOWNINTERFACE);
+  EXPECT_EQ(remark->GetIDsOfNames(IID_NULL, nullptr, 1, 0, &id), E_POINTER);
+  EXPECT_EQ(remark->GetIDsOfNames(IID_NULL, &name, 1, 0, nullptr), E_POINTER);
+  EXPECT_TRUE(FAILED(remark->GetIDsOfNames(IID_NULL, &noName, 1, 0, &id)));
 
-    DISPPARAMS none{};
-    DISPPARAMS noValues{nullptr, nullptr, 1, 0};
-    VARIANT value = AnyValue(1).Get();
-    DISPPARAMS noNames{&value, nullptr, 1, 1};
-    const auto invoke = [&](REFIID riid, WORD flags, DISPPARAMS* given) {
-      return remark->Invoke(kMemoText, riid, 0, flags, given, nullptr, nullptr, nullptr);
-    };
-    EXPECT_EQ(invoke(IID_IDispatch, DISPATCH_PROPERTYGET, &none), DISP_E_UNKNOWNINTERFACE);
-    EXPECT_EQ(invoke(IID_NULL, DISPATCH_PROPERTYGET, nullptr), E_POINTER);
-    EXPECT_EQ(invoke(IID_NULL, DISPATCH_PROPERTYGET, &none), S_OK) << "the result is optional";
-    EXPECT_TRUE(FAILED(invoke(IID_NULL, DISPATCH_PROPERTYPUT, &noValues)));
-    EXPECT_TRUE(FAILED(invoke(IID_NULL, DISPATCH_PROPERTYPUT, &noNames)));
-    EXPECT_EQ(remark->Invoke(18, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), DISP_E_EXCEPTION)
-        << "the EXCEPINFO is optional";
+  DISPPARAMS none{};
+  DISPPARAMS noValues{nullptr, nullptr, 1, 0};
+  VARIANT value = AnyValue(1).Get();
+  DISPPARAMS noNames{&value, nullptr, 1, 1};
+  const auto invoke = [&](REFIID riid, WORD flags, DISPPARAMS* given) {
+    return remark->Invoke(kMemoText, riid, 0, flags, given, nullptr, nullptr, nullptr);
+  };
+  EXPECT_EQ(invoke(IID_IDispatch, DISPATCH_PROPERTYGET, &none), DISP_E_UNKNOWNINTERFACE);
+  EXPECT_EQ(invoke(IID_NULL, DISPATCH_PROPERTYGET, nullptr), E_POINTER);
+  EXPECT_EQ(invoke(IID_NULL, DISPATCH_PROPERTYGET, &none), S_OK) << "the result is optional";
+  EXPECT_TRUE(FAILED(invoke(IID_NULL, DISPATCH_PROPERTYPUT, &noValues)));
+  EXPECT_TRUE(FAILED(invoke(IID_NULL, DISPATCH_PROPERTYPUT, &noNames)));
+  EXPECT_EQ(remark->Invoke(18, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), DISP_E_EXCEPTION)
+      << "the EXCEPINFO is optional";
 
-    UINT count = 7;
-    EXPECT_EQ(remark->GetTypeInfoCount(&count), S_OK);
-    EXPECT_EQ(count, 0U);
-    auto* info = reinterpret_cast<ITypeInfo*>(&count);
-    EXPECT_TRUE(FAILED(remark->GetTypeInfo(0, 0, &info)));
-    EXPECT_EQ(info, nullptr);
-  });
+  UINT count = 7;
+  EXPECT_EQ(remark->GetTypeInfoCount(&count), S_OK);
+  EXPECT_EQ(count, 0U);
 }
 
 }  // namespace

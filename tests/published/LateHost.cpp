@@ -1,15 +1,16 @@
 #include <dlfcn.h>
-#include <quorvel/quorvel.h>
 
 #include <cstdio>
 #include <thread>
 
+#include "tests/support/HostObjects.h"
 #include "tests/support/TestDatabase.h"
 
 // Twice loads the library named on the command line, uses it on a thread and unloads it. Ends with 0 on success.
 namespace {
 
 using namespace Quorvel;
+using quorvel::test::Text;
 
 template <typename Function>
 Function* Find(void* library, const char* name) {
@@ -18,14 +19,10 @@ Function* Find(void* library, const char* name) {
 
 /// The number of remarks that a context loads; -1 when a call fails.
 LONG Load(_RemarkContext* context) {
-  const BSTR contextID = SysAllocString(u"CustMaint");
-  const BSTR ownerID = SysAllocString(u"C1044");
-  const BSTR userID = SysAllocString(u"admin");
   LONG count = -1;
-  if (SUCCEEDED(context->Load(contextID, ownerID, userID))) context->get_MemoCount(&count);
-  SysFreeString(contextID);
-  SysFreeString(ownerID);
-  SysFreeString(userID);
+  if (SUCCEEDED(context->Load(Text(u"CustMaint").Get(), Text(u"C1044").Get(), Text(u"admin").Get()))) {
+    context->get_MemoCount(&count);
+  }
   context->Dispose();
   return count;
 }

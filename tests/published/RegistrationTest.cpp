@@ -1,3 +1,5 @@
+// What registration writes to hives in memory, and that unregistering or a failure at any step restores the hives.
+
 #include <gtest/gtest.h>
 
 #include <string_view>

@@ -52,23 +52,6 @@ TEST_F(Texts, NullIsTheEmptyTextAndIsNeverDelivered) {
   EXPECT_EQ(Read(remark.Get(), &_Remark::get_MemoText), u"ab");
 }
 
-TEST_F(Texts, GoThroughTheDatabase) {
-  Run([this] {
-    const WideText strange = u"half \xBD, \u05E9\u05DC\u05D5\u05DD, \U0001F600, 'quoted' \"twice\"";
-    const LoadedContext context(u"OrderEntry", u"SO20001", u"admin");
-    ASSERT_EQ(AddTo(context.Get(), u"Ord.Note", strange), S_OK);
-    ASSERT_EQ(context->Save(VARIANT_TRUE), S_OK);
-    ASSERT_EQ(context->RefreshRemarkList(), S_OK);
-    bool isFound = false;
-    for (LONG i = 1; const auto remark = RemarkAt(context.List().Get(), i); ++i) {
-      isFound = isFound || Read(remark.Get(), &_Remark::get_MemoText) == strange;
-    }
-    EXPECT_TRUE(isFound);
-    EXPECT_EQ(m_database.Ask("SELECT LEN(MemoText) FROM tciMemo WHERE MemoKey = 2043"),
-              std::to_string(strange.size() - 1));
-  });
-}
-
 TEST_F(Texts, BytesThatAreNotUtf8ArriveAsReplacementCharacters) {
   Run([this] {
     sqlite3* opened = nullptr;

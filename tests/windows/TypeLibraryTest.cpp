@@ -19,6 +19,7 @@
 namespace quorvel::test {
 namespace {
 
+using namespace Quorvel;
 using published::PublishedClass;
 using published::PublishedClasses;
 using TypeInfo = com::Pointer<ITypeInfo>;

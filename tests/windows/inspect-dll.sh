@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # inspect-dll.sh <DLL> <version> <machine> <prefix of the tools>
 #
-# What a host's machine needs of the file, read from outside: the four entry points by plain name and nothing else
-# exported, nothing imported but what every Windows has, addresses and data protected, the version and the type library
-# inside. <machine> is x64 or x86, <version> as in 5.0.1.
+# Checks the file from outside: it exports only the four entry points, undecorated, imports only libraries that every
+# Windows has, has the address and data protections, and contains the version and the type library. <machine> is x64 or
+# x86, <version> is like 5.0.1.
 set -euo pipefail
 export LC_ALL=C
 
@@ -41,9 +41,9 @@ done
 
 resources=$("$tools-windres" -J coff -i "$dll" -O rc)
 expect "type libraries" '1 "TYPELIB"' "$(grep TYPELIB <<<"$resources" | grep '^[0-9]')"
-expect "manifests, one as libraries have it" '2 24' "$(sed -n 's| /\* RT_MANIFEST \*/||p' <<<"$resources")"
+expect "manifest with the resource number for libraries" '2 24' "$(sed -n 's| /\* RT_MANIFEST \*/||p' <<<"$resources")"
 expect "log messages" 1 "$(grep -c RT_MESSAGETABLE <<<"$resources")"
-# One line stands for all resources behind it.
+# One line applies to all resources after it.
 expect "languages" 'LANGUAGE 9, 1' "$(grep '^LANGUAGE' <<<"$resources" | sort -u)"
 expect "version" " FILEVERSION ${version//./, }, 0" "$(grep -o ' FILEVERSION.*' <<<"$resources")"
 for text in 'FileDescription", "Quorvel remarks' "FileVersion\", \"$version.0" 'InternalName", "Quorvel' \

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # package.sh <build folder for x64> <build folder for x86>
 #
-# Packs both libraries, looks at what the archive holds, and registers and unregisters from it, unpacked where paths
-# have blanks and worse.
+# Packs both libraries, checks the content of the archive, and registers and unregisters from a folder whose path has
+# blanks and an ampersand.
 set -euo pipefail
 
 here=$(dirname "$(readlink -f "$0")")
@@ -21,7 +21,7 @@ fail() {
 # expect WHAT WANTED GOT
 expect() { [[ $2 == "$3" ]] || fail "$(printf '%s: expected\n%s\ngot\n%s' "$1" "$2" "$3")"; }
 
-# in_archive COMMAND: runs a command file of the archive from another folder; prints what it says.
+# in_archive COMMAND: runs a command file of the archive from another folder and prints its output.
 in_archive() {
   printf '@call "%s\\%s" /s\r\n' "$(windows_path "$folder")" "$1" >"$work/run.cmd"
   (cd "$work" && timeout 120 wine cmd /c run.cmd </dev/null | tr -d '\r')
@@ -45,12 +45,12 @@ schema/sample.sql
 unregister.cmd
 x64/Quorvel.dll
 x86/Quorvel.dll' "$(cd "$folder" && find . -type f -printf '%P\n' | LC_ALL=C sort)"
-expect "lines that do not end as Windows wants them" '' "$(grep -nv $'\r$' "$folder"/*.cmd "$folder/README.txt" || true)"
+expect "lines without CR LF" '' "$(grep -nv $'\r$' "$folder"/*.cmd "$folder/README.txt" || true)"
 for library in "x64 pei-x86-64" "x86 pei-i386"; do
   objdump -f "$folder/${library% *}/Quorvel.dll" | grep -q "${library#* }" || fail "the archive has another library for ${library% *}"
 done
 
-# Wine has no 32-bit programs beside these 64-bit ones.
+# This Wine runs 64-bit programs only.
 x86='x86\Quorvel.dll: left out, since this Windows runs no programs of that kind.'
 expect "registering" 'x64\Quorvel.dll: registered.
 '"$x86"'

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # registration-test.sh <build folder>
 #
-# Registers and unregisters Quorvel.dll with the system's own tool and looks at the registry with the system's own, too:
-# for the machine, for a user who may not write there, beside the other bitness, and what is left behind.
+# Registers and unregisters Quorvel.dll with regsvr32 and compares the registry before and after: for the machine, for a
+# user who may not write there, and beside the other bitness.
 set -euo pipefail
 
 here=$(dirname "$(readlink -f "$0")")
@@ -29,7 +29,7 @@ fail() {
 register() { wine regsvr32 /s "$dll"; }
 unregister() { wine regsvr32 /s /u "$dll"; }
 
-# snapshot NAME: what the hives hold, in the files NAME.*; later questions go there, for every program takes its time.
+# snapshot NAME: exports the hives to the files NAME.*, which later checks read; starting a program for each is slow.
 snapshot() {
   now=$1
   wine reg export "$machine" "$1.machine" /y >/dev/null
@@ -46,8 +46,8 @@ expect_unchanged() {
   done
 }
 
-# value KEY NAME: the text of a value in the last snapshot; the empty name is the key's own. Nothing when there is none.
-# Keys ignore letter case.
+# value KEY NAME: prints the text of a value in the last snapshot, or nothing when there is none. The empty name is the
+# key's default value. Keys ignore letter case.
 value() {
   local name='@'
   [[ -z $2 ]] || name="\"$2\""
@@ -67,7 +67,7 @@ expect() {
   [[ $text == "$3" ]] || fail "$1 [$2]: \"$text\" instead of \"$3\""
 }
 
-# expect_registered CLASSES: what a host looks up to create a context or to read the types.
+# expect_registered CLASSES: checks the values that hosts need to create a context or to read the types.
 expect_registered() {
   local at=$1 name id interface
   expect "$at\\$library" '' 'Quorvel remarks'
@@ -101,7 +101,7 @@ INTERFACES
   expect "$at\\CLSID\\{8D569D19-CCBB-48AC-8C5C-4DE963B19350}" '' ''
 }
 
-# What other tests left, and the keys that many share and an unregistration leaves.
+# Removes the registration of an earlier test, and creates the shared keys, which an unregistration does not delete.
 unregister
 for key in CLSID Interface TypeLib; do wine reg add "$user\\$key" /f >/dev/null; done
 snapshot before
@@ -148,6 +148,6 @@ expect_unchanged closed machine events
 snapshot denied_unregistered
 expect_unchanged closed machine user events
 
-# A machine that was started again lets the key go.
+# Only a restart makes the key writable again.
 restart_wine
 wine reg delete "$machine\\Quorvel.RemarkContext" /f >/dev/null

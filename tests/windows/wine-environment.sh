@@ -1,22 +1,22 @@
 # shellcheck shell=bash
-# Sourced by the tests that run Windows programs. Set before: build (the build folder). Then `wine` runs programs on a
-# machine of the build folder's own, which is made once; a script has it, and a screen nobody sees, for itself until it
-# ends. The machine runs when this comes back.
+# Sourced by the tests that run Windows programs. The caller sets build (the build folder). Afterwards `wine` runs programs
+# in the build folder's Wine prefix, which is created once and is running. A script has the prefix and an invisible screen
+# to itself until it ends.
 
-# The lock is not handed on, or a program that a killed test left would keep it.
+# --close: a program that survives a killed test must not keep the lock.
 [[ -n ${QUORVEL_OWN_SCREEN:-} ]] ||
   QUORVEL_OWN_SCREEN=yes exec flock --close "$build/wine.lock" \
     "$(dirname "${BASH_SOURCE[0]}")/../../scripts/own-screen" bash "$0" "$@"
 
-# Where a script ends by itself it says nothing; this does.
+# set -e ends a script without a message; this trap prints one.
 set -o errtrace
 trap 'printf "%s:%s: status %s of: %s\n" "${BASH_SOURCE[0]}" "$LINENO" "$?" "$BASH_COMMAND" >&2' ERR
 
 build=$(readlink -f "$build")
-# Nothing else that Wine would ask for, say or leave on the desktop belongs to a test.
+# Wine must not offer downloads, print messages or create menu entries.
 export WINEPREFIX=$build/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe='
 
-# A path of this machine as Windows programs see it.
+# windows_path PATH: a native path as Windows programs see it.
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
 end_wine() {
@@ -27,8 +27,8 @@ end_wine() {
   }
 }
 
-# attempt COUNT WHAT COMMAND...: runs a command until it ends well, COUNT times at most, each with a Wine that has just
-# started. What went wrong is told even where the next time went well.
+# attempt COUNT WHAT COMMAND...: runs a command until it succeeds, at most COUNT times, and restarts Wine after a failure.
+# Prints failures even when a later attempt succeeds.
 attempt() {
   local count=$1 what=$2 number status
   for ((number = 1; number <= count; number++)); do
@@ -56,10 +56,10 @@ restart_wine() {
   start_wine
 }
 
-# surely PROGRAM [ARGUMENT...]: what is no part of the test and must have been done before it.
+# surely PROGRAM [ARGUMENT...]: runs a step that is not tested but must succeed.
 surely() { attempt 2 "$*" timeout 60 wine "$@"; }
 
-# What a killed test left running would keep its screen, which is gone.
+# Programs that survived a killed test would use its screen, which no longer exists.
 [[ ! -d $WINEPREFIX ]] || end_wine
 [[ -d $WINEPREFIX ]] || attempt 2 "Wine could not make a machine in $WINEPREFIX" make_machine
 trap end_wine EXIT

@@ -1,8 +1,8 @@
-// What the JScript host checks with; see Checks.vbs.
+// The checks of the JScript host; see Checks.vbs.
 
 var checkCount = 0, failureCount = 0;
 
-function tell(what, isRight, actual, expected) {
+function report(what, isRight, actual, expected) {
   checkCount += 1;
   if (isRight) {
     WScript.Echo("ok      " + what);
@@ -12,12 +12,12 @@ function tell(what, isRight, actual, expected) {
   }
 }
 
-// Without conversion, and the same object.
+// Compares without conversion; objects must be the same one.
 function equal(what, actual, expected) {
-  tell(what, actual === expected, typeof actual + " " + actual, typeof expected + " " + expected);
+  report(what, actual === expected, typeof actual + " " + actual, typeof expected + " " + expected);
 }
 
-// What a call throws: one of these numbers, which an error holds as signed ones, and the text where it is given.
+// Expects an error with one of these numbers, which an error object holds as signed ones, and with the text if given.
 function fails(what, call, numbers, description) {
   var thrown = null;
   try {
@@ -29,7 +29,7 @@ function fails(what, call, numbers, description) {
   for (var i = 0; thrown !== null && i < numbers.length; ++i) {
     if (thrown.number === (numbers[i] | 0)) isRight = description === undefined || thrown.description === description;
   }
-  tell(what, isRight, thrown === null ? "no error" : thrown.number + " " + thrown.description,
+  report(what, isRight, thrown === null ? "no error" : thrown.number + " " + thrown.description,
        numbers.join(" or ") + " " + (description === undefined ? "" : description));
 }
 

@@ -1,5 +1,5 @@
-' Every error that a host can meet, as its Err object tells it. The script host has texts of its own for what it finds
-' wrong with a call; for those the number counts.
+' Every error that a host can meet, as its Err object shows it. For errors of the call itself the script host has its own
+' texts, so only their number is checked.
 
 Const kNotSet = "Object variable or With block variable not set"
 Const kNoWindow = "No window can be opened: this version has no administration window"
@@ -9,20 +9,20 @@ Dim context, list, remark, shell, value
 On Error Resume Next
 Set shell = CreateObject("WScript.Shell")
 Set context = CreateObject("Quorvel.RemarkContext")
-Succeeded "a context is made"
+Succeeded "a context is created"
 
-' Classes that no host makes.
+' Classes that hosts cannot create.
 Set value = CreateObject("Quorvel.RemarkList")
-FailedWith "a list is not made by hosts", 429
+FailedWith "hosts cannot create a list", 429
 Set value = CreateObject("Quorvel.RemarkType")
-FailedWith "a type is not made by hosts", 429
+FailedWith "hosts cannot create a type", 429
 
 ' The component's own.
 context.OwnerID = "C1044"
 Failed "an owner before a context", -1, "RemarkContext.LoadMemos", "Context has not been loaded"
 context.Load "Nowhere", "C1044", "admin"
 Failed "an unknown context", -1, "RemarkContext.LoadContext", "ContextID [Nowhere] not found"
-Equal "which is kept all the same", context.ContextID, "Nowhere"
+Equal "which is kept nevertheless", context.ContextID, "Nowhere"
 context.Load "CustMaint", "C9999", "admin"
 Failed "an unknown owner", -1, "RemarkContext.LoadMemos", "OwnerID [C9999] not found"
 Equal "with the context loaded", context.TypeCount, 4
@@ -31,21 +31,21 @@ Failed "no context", -1, "RemarkContext.LoadContext", "ContextID [] not found"
 context.Load "CustMaint", "C1044", "admin"
 Succeeded "a load after failures"
 context.AddRemark "Ord.Ship", "text"
-Failed "a type of elsewhere", -1, "RemarkContext.AddRemark", "Illegal remark type for this context"
+Failed "a type of another context", -1, "RemarkContext.AddRemark", "Illegal remark type for this context"
 context.AddRemark Nothing, "text"
 Failed "no type", -1, "RemarkContext.AddRemark", "Illegal remark type for this context"
 Equal "nothing was added", context.MemoCount, 7
 
-' The administration window, which is the only one that does not exist.
+' The administration window is the only one that does not exist.
 context.ViewManager 1
 Failed "ViewManager", -1, "RemarkContext.ViewManager", kNoWindow
-Equal "the remarks are there all the same", context.MemoCount, 7
+Equal "the remarks are still there", context.MemoCount, 7
 
-' Objects that are missing or not the component's.
+' Missing and foreign objects.
 Set list = context.RemarkList
 Set remark = CreateObject("Quorvel.Remark")
 list.Remove 8
-Failed "removing behind the last", 9, "Quorvel", "Subscript out of range"
+Failed "removing after the last", 9, "Quorvel", "Subscript out of range"
 list.Remove 0
 Failed "removing at 0", 9, "Quorvel", "Subscript out of range"
 list.Remove "1"
@@ -53,22 +53,22 @@ Failed "removing by text", 5, "Quorvel", "Invalid procedure call or argument"
 list.AddRemark Nothing
 Failed "adding nothing", 91, "Quorvel", kNotSet
 list.AddRemark shell
-FailedWith "adding a stranger's object", 13
+FailedWith "adding a foreign object", 13
 list.AddRemark context
 FailedWith "adding an object of another class", 13
 value = list.Index(shell)
-FailedWith "looking for a stranger's object", 13
+FailedWith "looking for a foreign object", 13
 value = list.Index("text")
 FailedWith "looking for a text", 13
 Set remark.RemarkType = shell
-FailedWith "a stranger's type", 13
+FailedWith "a foreign type", 13
 remark.RemarkType = "Cust.General"
 FailedWith "a text for a type", 13
 remark.Commit
 Failed "committing without a type", 91, "Quorvel", kNotSet
 Equal "nothing was added to the list", list.Count, 7
 
-' Values that do not fit.
+' Values of a wrong type.
 remark.MemoText = Null
 FailedWith "Null for a text", 13
 remark.MemoText = shell
@@ -84,9 +84,9 @@ FailedWith "a text for the edit behavior", 13
 context.Load Null
 FailedWith "Null for a context", 13
 
-' Calls that the interface does not have.
+' Calls that do not match the interface.
 context.Caption = "x"
-FailedWith "writing what can be read only", 438
+FailedWith "writing a read-only property", 438
 context.Nonsense
 FailedWith "an unknown member", 438
 context.Load
@@ -94,11 +94,11 @@ FailedWith "an argument that is not optional", 449
 context.Load "CustMaint", "C1044", "admin", 4
 FailedWith "an argument too many", 450
 
-' The database's own numbers. An owner procedure that is not there is the context's business, though.
+' Errors of the database have its numbers. Only a missing owner procedure is an error of the context.
 context.Load "Broken", "C1044", "admin"
 Failed "an owner procedure that is missing", -1, "RemarkContext.LoadMemos", "Context has not been loaded"
 context.Load "CustMaint", "C1044", "admin"
-Succeeded "loading for what fails behind it"
+Succeeded "loading before the next failures"
 context.RemarkList(1).Delete
 Failed "a procedure that is missing", -2147217900, "Quorvel.Embedded", _
   "Could not find stored procedure 'spTWCqvDeleteRemark'."

@@ -1,7 +1,7 @@
-// A host in JScript: what this language does differently. It has a null and an undefined, no Nothing; assigns objects
-// without Set; loops with an Enumerator; throws; and has dates of its own, which those of the component are made into.
+// A host in JScript, for the differences to VBScript: the language has null and undefined but no Nothing, assigns objects
+// without Set, loops with an Enumerator, throws errors and converts dates to its own Date.
 
-// Errors of the call itself, which an engine has numbers of its own for; Wine's lets them through as they are.
+// Errors of the call itself. Other engines replace their numbers; Wine's does not.
 var kTypeMismatch = [0x800A000D, 0x80020005];
 var kNoSuchMember = [0x800A01B6, 0x80020003, 0x80020006];
 
@@ -34,7 +34,7 @@ remarks.moveFirst();
 equal("from the first again", remarks.item().MemoText, texts[0]);
 equal("a text from the database", texts[0].indexOf("Pays in \u20ac, net 30.") > 0, true);
 
-// Objects are assigned as values are.
+// Objects are assigned like values.
 var list = context.RemarkList;
 var remark = list.Add();
 remark.RemarkType = context("Cust.Internal");
@@ -61,22 +61,22 @@ equal("stored and read again", stored, true);
 
 var windows = "No window can be opened: this version has no administration window";
 fails("an unknown context", function () { context.Load("Nowhere"); }, [-1], "ContextID [Nowhere] not found");
-fails("a type of elsewhere", function () { context.AddRemark("Ord.Ship", "text"); }, [-1],
+fails("a type of another context", function () { context.AddRemark("Ord.Ship", "text"); }, [-1],
       "Illegal remark type for this context");
 fails("a window", function () { context.ViewManager(1); }, [-1], windows);
-fails("behind the last", function () { list.Remove(99); }, [0x800A0009], "Subscript out of range");
+fails("after the last", function () { list.Remove(99); }, [0x800A0009], "Subscript out of range");
 fails("adding null", function () { list.AddRemark(null); }, [0x800A005B], "Object variable or With block variable not set");
 fails("adding another class", function () { list.AddRemark(context); }, kTypeMismatch);
 fails("adding an object of the script", function () { list.AddRemark({ MemoText: "x" }); }, kTypeMismatch);
 fails("adding undefined", function () { list.AddRemark(undefined); }, kTypeMismatch);
 fails("null for a text", function () { context.Load(null); }, kTypeMismatch);
-fails("writing what can be read only", function () { context.Caption = "x"; }, kNoSuchMember);
+fails("writing a read-only property", function () { context.Caption = "x"; }, kNoSuchMember);
 fails("an unknown member", function () { context.Nonsense(); }, kNoSuchMember);
-fails("a class that no host makes", function () { return new ActiveXObject("Quorvel.RemarkList"); }, [0x800A01AD]);
+fails("a class that hosts cannot create", function () { return new ActiveXObject("Quorvel.RemarkList"); }, [0x800A01AD]);
 context.Dispose();
 fails("after Dispose", function () { context.OwnerKey = 5; }, [0x800A005B]);
 
-// What the command line reads back.
+// The command line reads this remark back.
 context.Load("CustMaint", "C1043", "admin");
 context.AddRemark("Cust.General", WScript.Arguments(0), "admin");
 context.Save(true);

@@ -1,4 +1,4 @@
-' Everything that a host reads from a loaded context, its types, its list and its remarks.
+' Reads everything from a loaded context, its types, its list and its remarks.
 
 Dim context, list, remark, remarkType
 
@@ -31,7 +31,7 @@ Equal "ConnectionString begins with provider and server", _
 Equal "names in any letter case", context.mEMOcOUNT, 7
 Equal "counts are 32-bit numbers", VarType(context.MemoCount), 3
 
-' The default member, which hosts leave out.
+' The default member.
 Dim key
 Equal "a type by its text", context("Cust.General").Caption, "General"
 Equal "a type by its text in capitals", context("CUST.GENERAL").TypeID, "Cust.General"
@@ -45,7 +45,7 @@ Same "a type is one object", context("Cust.General"), context(3)
 Same "a type knows its context", context(1).Context, context
 Absent "no type of that text", context("Ord.Ship")
 Absent "no type at 0", context(0)
-Absent "no type behind the last", context(5)
+Absent "no type after the last", context(5)
 Absent "a number in a text is a key and no position", context("1")
 Absent "no type by Null", context(Null)
 
@@ -62,7 +62,7 @@ Equal "the list is not dirty", list.Dirty, False
 Same "a remark through the property with an argument", context.RemarkList(1), list.Item(1)
 Same "a remark through the default member", list(7), list.Item(7)
 Absent "no remark at 0", list(0)
-Absent "no remark behind the last", list(8)
+Absent "no remark after the last", list(8)
 Absent "a text finds no remark", list("1")
 Equal "no position for nothing", list.Index(Nothing), 0
 
@@ -79,7 +79,7 @@ Equal "a stored remark has a key", remark.MemoKey > 0, True
 EqualDate "DateStamp", remark.DateStamp, #2024-03-11 13:30:00#
 Same "a remark's type", remark.RemarkType, context("Cust.AR.Coll")
 
-' Loops, one within the other.
+' Nested loops.
 Dim ids, position
 ids = ""
 For Each remarkType In context
@@ -97,18 +97,18 @@ For Each remark In context.RemarkList
 Next
 Equal "the loop over the list", position, 7
 
-' Arguments that are left out, at the end and between others.
+' Omitted arguments, at the end and between others.
 Equal "may delete", context.CanDelete(1), True
 context.Load "CustMaint", "C1044", "mjones"
 Equal "a salesman sees less", context.MemoCount, 4
 Equal "may change his type", context.CanUpdate(1), True
 Equal "may create his type", context.CanCreate(1), True
 Equal "may not delete it", context.CanDelete(1), False
-Equal "no right behind the last", context.CanUpdate(5), False
+Equal "no right after the last", context.CanUpdate(5), False
 Equal "fewer types to create", context.CreateableTypes, 2
 context.Load "CustInq", , "admin"
 Equal "without an owner", context.OwnerKey & "/" & context.OwnerName & "/" & context.MemoCount, "0//0"
-Equal "with the user behind it", context.UserID, "admin"
+Equal "with the user after it", context.UserID, "admin"
 context.Load "CustInq"
 Equal "without a user the logon name counts", Len(context.UserID) > 0, True
 

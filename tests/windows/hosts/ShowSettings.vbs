@@ -1,4 +1,4 @@
-' Tells what the component makes of the settings, and how a load with them ends.
+' Prints the server that the component reads from the settings, and the result of a load.
 
 Dim context
 Set context = CreateObject("Quorvel.RemarkContext")

@@ -1,4 +1,4 @@
-' Opens the windows; what is pressed in them comes from outside.
+' Opens the windows; windows-host.sh presses the keys.
 
 Dim context
 Set context = CreateObject("Quorvel.RemarkContext")

@@ -1,5 +1,5 @@
-' Texts, dates and what a script host passes in place of them. A text that has everything comes as an argument and must
-' stand in the database in the end: scripts cannot hold it themselves, hosts read them in the machine's code page.
+' Texts, dates, and other values in their place. The text with all kinds of characters is an argument, because script
+' hosts read their files in the system's code page. It must be in the database at the end.
 
 Dim context, list, remark, every, umlauts, zeros
 

@@ -1,4 +1,4 @@
-' Adding, changing, deleting and saving, each looked at again through a context of its own.
+' Adds, changes, deletes and saves remarks. Each result is checked through a new context.
 
 Dim context, list, remark, count, text
 
@@ -20,10 +20,10 @@ End Function
 Set context = Reloaded("C1044")
 Set list = context.RemarkList
 
-' A remark from code.
+' Adding a remark from code.
 context.AddRemark "cust.general", "Gate code 4711", "jsmith"
 Set remark = list(list.Count)
-Equal "added behind the others", list.Count, 8
+Equal "added after the others", list.Count, 8
 Equal "a new remark has no key", remark.MemoKey, 0
 Equal "a new remark is dirty", remark.Dirty, True
 Equal "the list is dirty with it", list.Dirty, True
@@ -43,7 +43,7 @@ Equal "the logon name without a user", Len(list(9).UserID) > 0, True
 list.Save
 Equal "the list saves too", Stored("C1044", "By position").TypeID, "Cust.Credit"
 
-' What only Dirty brings to the database.
+' Save writes a change only when Dirty is set.
 remark.MemoText = "Gate code 4712"
 Equal "a change alone is not dirty", list.Dirty, False
 remark.Dirty = True
@@ -57,7 +57,7 @@ Equal "and keeps them in the remark", Len(remark.MemoText), 18
 remark.Delete
 Absent "Delete deletes at once", Stored("C1044", "Gate code 4713")
 
-' Remarks that the host makes.
+' Remarks that the host creates.
 Dim own
 Set own = CreateObject("Quorvel.Remark")
 Absent "a remark made by the host has no type", own.RemarkType
@@ -78,7 +78,7 @@ Equal "Set of a type", remark.TypeCaption & remark.OwnerKey, "Internal45"
 Set remark.RemarkType = Nothing
 Equal "Set of no type", remark.TypeCaption, ""
 
-' Taking out, and back.
+' Removing and restoring.
 count = Reloaded("C1044").MemoCount
 Set context = Reloaded("C1044")
 Set list = context.RemarkList
@@ -99,7 +99,7 @@ context.Save True
 Equal "the removed one is deleted", Reloaded("C1044").MemoCount, count - 1
 Equal "saved, nothing is dirty", list.Dirty, False
 
-' What becomes of unsaved changes.
+' Unsaved changes.
 context.EditBehavior = 1
 Equal "EditBehavior as assigned", context.EditBehavior, 1
 context.AddRemark "Cust.General", "Discarded"

@@ -1,11 +1,12 @@
 # shellcheck shell=bash
-# Sourced by the tests that run hosts under Wine: a database made natively, settings in Wine's registry, the component
-# registered there until the test ends. Set before: build (the build folder), cli (the native command line).
+# Sourced by the tests that run hosts under Wine. Provides databases from the native command line and settings in Wine's
+# registry, and registers the component until the test ends. The caller sets build (the build folder) and cli (the native
+# command line).
 
 # shellcheck source=tests/windows/wine-environment.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../wine-environment.sh"
 
-# In another locale Wine would not take every character of an argument.
+# In other locales Wine does not accept every character in an argument.
 export LC_ALL=C.UTF-8
 mkdir -p "$build/hosts"
 
@@ -14,7 +15,7 @@ component=$(windows_path "$build/Quorvel.dll")
 
 native() { QUORVEL_REGISTRY=$databaseFolder/settings.reg "${cli:?}" "$@"; }
 
-# A sample database in a new folder, for `native` too.
+# make_database FOLDER: creates a sample database in a new folder, which `native` uses too.
 make_database() {
   databaseFolder=$1
   rm -rf "$databaseFolder"
@@ -29,7 +30,7 @@ set_setting() { surely reg add "$settingsKey" /f /v "$1" /t "${3-REG_SZ}" /d "$2
 # The type of a value, and the value.
 show_setting() { wine reg query "$settingsKey" /v "$1" | tr -d '\r' | sed -n "s/^ *$1  *//p"; }
 
-# Makes a database file the one that the component opens.
+# use_database FILE: makes the component open this database.
 use_database() {
   forget_settings
   set_setting Server '(embedded)'

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# program-host.sh <build folder> <native quorvel> <program>: runs a Windows program as a host of the registered
-# Quorvel.dll, on a sample database of its own.
+# program-host.sh <build folder> <native quorvel> <program>: runs a Windows program with the registered Quorvel.dll on a
+# new sample database.
 set -euo pipefail
 
 build=$1 cli=$2 program=$3

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # settings-host.sh <build folder> <native quorvel>
 #
-# The four settings in the registry as the component finds them, seen through a script and the system's own tool: none
-# there yet, one of a wrong type, and a database whose path has letters and blanks of its own.
+# How the component reads the four settings from the registry, checked with a script and the system's registry tool: no
+# settings, one of a wrong type, settings that cannot be written, and a path with blanks and non-ASCII letters.
 set -euo pipefail
 
 build=$1 cli=$2
@@ -34,7 +34,7 @@ done
 set_setting Server 5 REG_DWORD
 set_setting UserId clerk
 log=$build/hosts/event.log
-# Wine keeps no event log; it tells what would be written.
+# Wine has no event log, but it can print what a program writes to it.
 expect "with a number for the server" "$noServer" \
   "$(WINEDEBUG=-all,warn+eventlog run_script ShowSettings.vbs 2>"$log")"
 expect "the number replaced" REG_SZ "$(show_setting Server | sed 's/ *$//')"
@@ -42,7 +42,7 @@ expect "the others as they were" 'REG_SZ    clerk' "$(show_setting UserId)"
 expect "the warnings" 'L"Warning: Converted registry value to string: \r\nSoftware\\Tarnwick\\Server"' \
   "$(sed -n 's/.*warn:eventlog:ReportEventW //p' "$log")"
 
-# Until the machine is started again nobody may write the settings: then they are not read either.
+# Until Wine is restarted the settings are read-only, and the component does not read settings that it cannot write.
 wine "$build/deny_writing.exe" 'Software\Tarnwick'
 expect "settings that cannot be written" 'load 110 GetRegStringValue
 Could not read or create registry string value: Software\Tarnwick\Server

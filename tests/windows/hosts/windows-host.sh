@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # windows-host.sh <build folder> <native quorvel>
 #
-# A script host opens the windows and keys are pressed in them as a person would: through the remarks that pop up, and two
-# new remarks in the editor. Pictures of the windows stay in <build folder>/pictures; the command line reads back what is in
-# the database in the end.
+# Opens the windows from a script host and presses keys in them as a person would: first through the remarks that pop up,
+# then for two new remarks in the editor. Keeps pictures of the windows in <build folder>/pictures. The command line reads
+# the result from the database.
 set -euo pipefail
 
 build=$1 cli=$2
@@ -23,9 +23,9 @@ source "$here/../../../scripts/screen.sh"
 
 picture() { import -silent -window root "$pictures/$1.png"; }
 
-# says LINE: waits until the host has said that.
+# says LINE: waits until the host has printed that line.
 says() {
-  # It ends with the host.
+  # tail ends with the host.
   timeout 60 grep -q "^$1.\?\$" < <(trap - ERR; tail --lines=+1 --follow --pid="$host" "$work/output") ||
     fail "The host does not say \"$1\"."
 }
@@ -36,7 +36,7 @@ make_database "$work"
 use_database "$work/remarks.db"
 rm -rf "$pictures"
 mkdir "$pictures"
-# What blinks makes no two pictures alike.
+# A blinking cursor would make pictures differ.
 surely reg add 'HKCU\Control Panel\Desktop' /f /v CursorBlinkRate /d -1
 openbox >/dev/null 2>&1 &
 
@@ -61,7 +61,7 @@ enter_text 'Gate code 4711'
 picture editor-new
 press alt+s
 picture editor-saved
-# What is typed and not saved when the window closes is no less kept.
+# Text that is not saved when the window closes must be kept too.
 press alt+n
 appears 'Choose Remark Type'
 press Return
