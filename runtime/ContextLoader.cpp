@@ -1,12 +1,14 @@
+// Runs the five read procedures with declared parameters and copies their rows into the runtime's objects.
+
+#include "runtime/ContextLoader.h"
+
 #include <utility>
 
 #include "data/modDatabase.h"
-#include "data/modUserName.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "runtime/RemarkContext.h"
 
-namespace quorvel {
+namespace quorvel::contextLoader {
 namespace {
 
 using modDatabase::ExecDeclaredSP;
@@ -22,7 +24,7 @@ ado::Parameter Integer(const char* name, ado::DataType type, std::int32_t number
   return ado::Command::CreateParameter(name, type, ado::ParameterDirection::Input, 0, std::int64_t{number});
 }
 
-/// A column that holds an identifier may be of fixed width. Whatever else stands there is left for the look-up to miss.
+/// A host's identifier columns may be of fixed width. A value that is no text finds no type, which is no error.
 Value TrimmedId(const ado::Field& field) {
   Value value = field.Value();
   auto* id = std::get_if<std::string>(&value);
@@ -36,7 +38,7 @@ Value TrimmedId(const ado::Field& field) {
 
 constexpr const char* kLoadMemos = "RemarkContext.LoadMemos";
 
-/// Whatever keeps the lookup from running, the host is told the one thing it can mend.
+/// Every failure has the same description: it names the one thing that the host can correct.
 std::shared_ptr<ado::Recordset> LookUpOwner(const std::string& procedure, const std::string& ownerID) {
   try {
     return ExecDeclaredSP(procedure, {Id("@OwnerID", ownerID)});
@@ -45,52 +47,61 @@ std::shared_ptr<ado::Recordset> LookUpOwner(const std::string& procedure, const 
   }
 }
 
+/// An owner may have thousands of remarks, so the columns are looked up once.
+struct MemoColumns {
+  explicit MemoColumns(const ado::Recordset& rows)
+      : typeID(rows.Fields("TypeID")),
+        memoKey(rows.Fields("MemoKey")),
+        dateStamp(rows.Fields("DateStamp")),
+        userID(rows.Fields("UserID")),
+        memoText(rows.Fields("MemoText")) {}
+
+  ado::Field typeID;
+  ado::Field memoKey;
+  ado::Field dateStamp;
+  ado::Field userID;
+  ado::Field memoText;
+};
+
+void Fill(Remark& remark, const MemoColumns& row) {
+  remark.SetMemoKey(ToInt32(row.memoKey.Value()));
+  remark.SetDateStamp(ToDateTime(row.dateStamp.Value()));
+  remark.SetUserID(ToText(row.userID.Value()));
+  remark.SetMemoText(ToText(row.memoText.Value()));
+}
+
 }  // namespace
 
-void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_sOwnerID, const std::string& i_sUserID) {
-  RefuseWhileEdited("RemarkContext.Load");
-  modDatabase::EnsureConnection();
-  Save(false);
-  m_contextID = i_sContextID;
-  LoadContext();
-  LoadRemarkTypes();
-  m_userID = i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID;
-  LoadUserRights();
-  m_ownerID = i_sOwnerID;
-  LoadMemos();
+void LoadContext(const std::string& contextID, ContextRecord& record) {
+  const auto row = ExecDeclaredSP("spTWCqvGetContext", {Id("@ContextID", contextID)});
+  if (row->EndOfFile()) Fail("RemarkContext.LoadContext", "ContextID [" + contextID + "] not found");
+  record.caption = ToText(row->Fields("Caption").Value());
+  record.entityKey = ToInt32(row->Fields("EntityKey").Value());
+  record.entityName = ToText(row->Fields("EntityName").Value());
+  record.ownerProcedure = ToText(row->Fields("spGetOwnerName").Value());
+  record.groupByType = ToBoolean(row->Fields("GroupByType").Value());
+  record.allowRowSizing = ToBoolean(row->Fields("AllowRowSizing").Value());
+  record.rowHeight = ToInt32(row->Fields("RowHeight").Value());
+  record.editBehavior = static_cast<EditBehavior>(ToInt32(row->Fields("EditBehavior").Value()));
 }
 
-void RemarkContext::LoadContext() {
-  const auto row = ExecDeclaredSP("spTWCqvGetContext", {Id("@ContextID", m_contextID)});
-  if (row->EndOfFile()) Fail("RemarkContext.LoadContext", "ContextID [" + m_contextID + "] not found");
-  m_caption = ToText(row->Fields("Caption").Value());
-  m_entityKey = ToInt32(row->Fields("EntityKey").Value());
-  m_entityName = ToText(row->Fields("EntityName").Value());
-  m_ownerProcedure = ToText(row->Fields("spGetOwnerName").Value());
-  m_groupByType = ToBoolean(row->Fields("GroupByType").Value());
-  m_allowRowSizing = ToBoolean(row->Fields("AllowRowSizing").Value());
-  m_rowHeight = ToInt32(row->Fields("RowHeight").Value());
-  m_editBehavior = static_cast<quorvel::EditBehavior>(ToInt32(row->Fields("EditBehavior").Value()));
-}
-
-void RemarkContext::LoadRemarkTypes() {
-  m_types = std::make_shared<RemarkTypes>();
-  const auto rows = ExecDeclaredSP("spTWCqvGetRemarkTypes", {Id("@ContextID", m_contextID)});
+void LoadTypes(const std::string& contextID, const std::shared_ptr<RemarkContext>& context, RemarkTypes& types) {
+  const auto rows = ExecDeclaredSP("spTWCqvGetRemarkTypes", {Id("@ContextID", contextID)});
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     auto type = std::make_shared<RemarkType>();
-    type->SetContext(shared_from_this());
+    type->SetContext(context);
     type->SetTypeID(std::string(TrimBlanks(ToText(rows->Fields("TypeID").Value()))));
     type->SetCaption(ToText(rows->Fields("Caption").Value()));
     type->SetShowPopup(ToBoolean(rows->Fields("Priority").Value()));
     const std::string key = type->TypeID();
-    m_types->Add(std::move(type), key);
+    types.Add(std::move(type), key);
   }
 }
 
-void RemarkContext::LoadUserRights() {
-  const auto rows = ExecDeclaredSP("spTWCqvGetUserRights", {Id("@UserID", m_userID)});
+void LoadRights(const std::string& userID, const RemarkTypes& types) {
+  const auto rows = ExecDeclaredSP("spTWCqvGetUserRights", {Id("@UserID", userID)});
   for (; !rows->EndOfFile(); rows->MoveNext()) {
-    const auto type = Item(TrimmedId(rows->Fields("TypeID")));
+    const auto type = types.Item(TrimmedId(rows->Fields("TypeID")));
     if (!type) continue;
     type->SetCanCreate(ToInt32(rows->Fields("CanCreate").Value()));
     type->SetCanRead(ToInt32(rows->Fields("CanRead").Value()));
@@ -99,43 +110,27 @@ void RemarkContext::LoadUserRights() {
   }
 }
 
-void RemarkContext::LoadMemos() {
-  m_ownerKey = 0;
-  m_ownerName.clear();
-  m_remarkList = std::make_shared<quorvel::RemarkList>();
-  if (m_ownerID.empty()) return;
-  const auto row = LookUpOwner(m_ownerProcedure, m_ownerID);
-  if (row->EndOfFile()) Fail(kLoadMemos, "OwnerID [" + m_ownerID + "] not found");
-  m_ownerKey = ToInt32(row->Fields("OwnerKey").Value());
-  m_ownerName = ToText(row->Fields("OwnerName").Value());
-  RefreshRemarkList();
+void LoadOwner(const std::string& procedure, const std::string& ownerID, OwnerRecord& record) {
+  const auto row = LookUpOwner(procedure, ownerID);
+  if (row->EndOfFile()) Fail(kLoadMemos, "OwnerID [" + ownerID + "] not found");
+  record.key = ToInt32(row->Fields("OwnerKey").Value());
+  record.name = ToText(row->Fields("OwnerName").Value());
 }
 
-void RemarkContext::RefreshRemarkList() {
-  if (m_ownerID.empty()) return;
-  Save(false);
-  m_remarkList = std::make_shared<quorvel::RemarkList>();
+void LoadRemarks(const RemarkFilter& filter, const RemarkTypes* types, RemarkList& remarks) {
   const auto rows =
-      ExecDeclaredSP("spTWCqvGetFilteredMemos",
-                     {Id("@ContextID", m_contextID), Integer("@EntityType", ado::DataType::SmallInt, m_entityKey),
-                      Integer("@OwnerKey", ado::DataType::Integer, m_ownerKey)});
+      ExecDeclaredSP("spTWCqvGetFilteredMemos", {Id("@ContextID", filter.contextID),
+                                                 Integer("@EntityType", ado::DataType::SmallInt, filter.entityKey),
+                                                 Integer("@OwnerKey", ado::DataType::Integer, filter.ownerKey)});
   if (rows->EndOfFile()) return;
-  // An owner may have thousands of remarks: the columns are looked up once.
-  const ado::Field typeID = rows->Fields("TypeID");
-  const ado::Field memoKey = rows->Fields("MemoKey");
-  const ado::Field dateStamp = rows->Fields("DateStamp");
-  const ado::Field userID = rows->Fields("UserID");
-  const ado::Field memoText = rows->Fields("MemoText");
+  const MemoColumns row(*rows);
   for (; !rows->EndOfFile(); rows->MoveNext()) {
-    const auto type = Item(TrimmedId(typeID));
+    const auto type = types != nullptr ? types->Item(TrimmedId(row.typeID)) : nullptr;
     if (!type || type->CanRead() <= 0) continue;
-    const auto remark = m_remarkList->Add();
+    const auto remark = remarks.Add();
     remark->SetRemarkType(type);
-    remark->SetMemoKey(ToInt32(memoKey.Value()));
-    remark->SetDateStamp(ToDateTime(dateStamp.Value()));
-    remark->SetUserID(ToText(userID.Value()));
-    remark->SetMemoText(ToText(memoText.Value()));
+    Fill(*remark, row);
   }
 }
 
-}  // namespace quorvel
+}  // namespace quorvel::contextLoader

@@ -1,3 +1,6 @@
+// The rules of a context: what is saved, refused and asked before something is read again. runtime/ContextLoader does
+// the reading.
+
 #include "runtime/RemarkContext.h"
 
 #include <algorithm>
@@ -8,6 +11,7 @@
 #include "platform/Error.h"
 #include "platform/RaisedFlag.h"
 #include "platform/Text.h"
+#include "runtime/ContextLoader.h"
 #include "runtime/RemarkWindows.h"
 
 namespace quorvel {
@@ -24,7 +28,7 @@ void RemarkContext::SetOwnerID(const std::string& ownerID) {
 
 void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
   RefuseWhileEdited("RemarkContext.OwnerKey");
-  m_ownerKey = ownerKey;
+  m_owner.key = ownerKey;
   if (!m_remarkList) ThrowObjectNotSet();
   m_remarkList->Clear(true);
 }
@@ -71,6 +75,35 @@ std::shared_ptr<RemarkType> RemarkContext::TypeOfRemark(std::int32_t index) cons
   return remark ? Item(remark->TypeID()) : nullptr;
 }
 
+void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_sOwnerID, const std::string& i_sUserID) {
+  RefuseWhileEdited("RemarkContext.Load");
+  modDatabase::EnsureConnection();
+  Save(false);
+  m_contextID = i_sContextID;
+  contextLoader::LoadContext(m_contextID, m_context);
+  m_types = std::make_shared<RemarkTypes>();
+  contextLoader::LoadTypes(m_contextID, shared_from_this(), *m_types);
+  m_userID = i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID;
+  contextLoader::LoadRights(m_userID, *m_types);
+  m_ownerID = i_sOwnerID;
+  LoadMemos();
+}
+
+void RemarkContext::LoadMemos() {
+  m_owner = {};
+  m_remarkList = std::make_shared<quorvel::RemarkList>();
+  if (m_ownerID.empty()) return;
+  contextLoader::LoadOwner(m_context.ownerProcedure, m_ownerID, m_owner);
+  RefreshRemarkList();
+}
+
+void RemarkContext::RefreshRemarkList() {
+  if (m_ownerID.empty()) return;
+  Save(false);
+  m_remarkList = std::make_shared<quorvel::RemarkList>();
+  contextLoader::LoadRemarks({m_contextID, m_context.entityKey, m_owner.key}, m_types.get(), *m_remarkList);
+}
+
 void RemarkContext::Edit(const std::string& i_sContextID, const std::string& i_sOwnerID, const std::string& i_sUserID) {
   Load(i_sContextID, i_sOwnerID, i_sUserID);
   EditMemos(false);
@@ -85,8 +118,8 @@ void RemarkContext::Popup(const std::string& i_sContextID, const std::string& i_
 void RemarkContext::Save(bool bForceSave) {
   if (!m_remarkList || !m_remarkList->Dirty()) return;
   if (!bForceSave) {
-    if (m_editBehavior == EditBehavior::NoAutoSave) return;
-    if (m_editBehavior == EditBehavior::PromptForSave &&
+    if (m_context.editBehavior == EditBehavior::NoAutoSave) return;
+    if (m_context.editBehavior == EditBehavior::PromptForSave &&
         CurrentPrompts().ShowMessage("Save changes to these remarks?", "Edit Remarks", PromptButtons::YesNo,
                                      PromptIcon::Question) != PromptAnswer::Yes) {
       return;
@@ -105,7 +138,7 @@ void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string
   auto remark = std::make_shared<Remark>();
   remark->SetRemarkType(std::move(type));
   remark->SetMemoText(i_sRemarkText);
-  // Not the user whose rights were loaded: the host may load a context for somebody else.
+  // The logon name is not m_userID: the host may load a context for another user.
   remark->SetUserID(i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID);
   remark->SetDateStamp(Now());
   remark->SetDirty(true);
@@ -114,7 +147,7 @@ void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string
 
 void RemarkContext::PopupMemos(bool i_bRefresh) {
   if (i_bRefresh) RefreshRemarkList();
-  // The window would show nothing then, and is not started for it: a service may have none.
+  // A service without a display may call this, so the window library is not started for an empty window.
   if (PopupCount() <= 0 && !HasRemarkWindows()) return;
   CurrentRemarkWindows("RemarkContext.PopupMemos").ViewPopup(*this);
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Value.h"
+#include "runtime/ContextRecord.h"
 #include "runtime/EditBehavior.h"
 #include "runtime/Publishable.h"
 #include "runtime/RemarkList.h"
@@ -14,11 +15,10 @@
 namespace quorvel {
 
 /// Binds a context (a place in the host), an owner (one of the host's records) and a user, and holds the owner's
-/// remarks that the user may read. Load fills it; the rest works on what was loaded.
+/// remarks that the user may read. Load fills it; the other members work on what was loaded.
 ///
-/// Create it, use it and let go of it on one thread; call Dispose before letting go, since its types refer back
-/// to it. Errors of its own carry number -1 and a source of class, point and operation; database errors pass
-/// through unchanged.
+/// Create, use and release it on one thread. Call Dispose before releasing it, since its types refer back to it. Its
+/// own errors have the number -1 and a source such as "RemarkContext.Load"; database errors pass through unchanged.
 class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public Publishable {
   struct Private {};
 
@@ -27,26 +27,26 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] static std::shared_ptr<RemarkContext> Create();
   explicit RemarkContext(Private) {}
 
-  [[nodiscard]] quorvel::EditBehavior EditBehavior() const noexcept { return m_editBehavior; }
-  void SetEditBehavior(quorvel::EditBehavior behavior) noexcept { m_editBehavior = behavior; }
-  [[nodiscard]] bool GroupByType() const noexcept { return m_groupByType; }
-  [[nodiscard]] bool AllowRowSizing() const noexcept { return m_allowRowSizing; }
-  [[nodiscard]] std::int32_t RowHeight() const noexcept { return m_rowHeight; }
+  [[nodiscard]] quorvel::EditBehavior EditBehavior() const noexcept { return m_context.editBehavior; }
+  void SetEditBehavior(quorvel::EditBehavior behavior) noexcept { m_context.editBehavior = behavior; }
+  [[nodiscard]] bool GroupByType() const noexcept { return m_context.groupByType; }
+  [[nodiscard]] bool AllowRowSizing() const noexcept { return m_context.allowRowSizing; }
+  [[nodiscard]] std::int32_t RowHeight() const noexcept { return m_context.rowHeight; }
   [[nodiscard]] const std::string& UserID() const noexcept { return m_userID; }
   [[nodiscard]] const std::string& ContextID() const noexcept { return m_contextID; }
   [[nodiscard]] const std::string& OwnerID() const noexcept { return m_ownerID; }
-  /// An ID that differs in more than letter case saves what is pending (Save(false)) and looks the owner up. When the
-  /// look-up fails the ID stays and the list is empty.
+  /// An ID that differs in more than letter case saves what is pending (Save(false)), then looks the owner up. After a
+  /// failed look-up the new ID stays and the list is empty.
   void SetOwnerID(const std::string& ownerID);
-  [[nodiscard]] const std::string& Caption() const noexcept { return m_caption; }
+  [[nodiscard]] const std::string& Caption() const noexcept { return m_context.caption; }
   /// The host's number for the kind of owner record.
-  [[nodiscard]] std::int32_t EntityKey() const noexcept { return m_entityKey; }
-  [[nodiscard]] const std::string& EntityName() const noexcept { return m_entityName; }
-  [[nodiscard]] std::int32_t OwnerKey() const noexcept { return m_ownerKey; }
-  /// Stores the key and empties the list; nothing is saved and nothing is read. Error 91, after the key was
-  /// stored, when there is no list.
+  [[nodiscard]] std::int32_t EntityKey() const noexcept { return m_context.entityKey; }
+  [[nodiscard]] const std::string& EntityName() const noexcept { return m_context.entityName; }
+  [[nodiscard]] std::int32_t OwnerKey() const noexcept { return m_owner.key; }
+  /// Stores the key and empties the list without saving or reading. Error 91, after storing the key, when there is no
+  /// list.
   void SetOwnerKey(std::int32_t ownerKey);
-  [[nodiscard]] const std::string& OwnerName() const noexcept { return m_ownerName; }
+  [[nodiscard]] const std::string& OwnerName() const noexcept { return m_owner.name; }
   /// The owner's remarks; null before an owner lookup and after Dispose.
   [[nodiscard]] const std::shared_ptr<quorvel::RemarkList>& RemarkList() const noexcept { return m_remarkList; }
 
@@ -62,14 +62,14 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] std::string ConnectionString() const;
   [[nodiscard]] std::string Server() const;
 
-  /// Whether that right (any value but 0) stands on the type of the remark at 1-based `i_lIndex`; false when
-  /// there is no such remark or its type is not of this context.
+  /// Whether the type of the remark at 1-based `i_lIndex` has that right (any value except 0); false when there is no
+  /// such remark or its type is not of this context.
   [[nodiscard]] bool CanUpdate(std::int32_t i_lIndex) const;
   [[nodiscard]] bool CanDelete(std::int32_t i_lIndex) const;
   [[nodiscard]] bool CanCreate(std::int32_t i_lIndex) const;
 
-  /// Saves what is pending (Save(false)), then reads context, types, rights, owner and remarks. An empty owner gives
-  /// an empty list, an empty user means the logon name. An error ends it there and keeps what was loaded.
+  /// Saves what is pending (Save(false)), then reads context, types, rights, owner and remarks in this order. An empty
+  /// owner gives an empty list, an empty user means the logon name. An error ends the load and keeps what was read.
   void Load(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
   /// Load, then EditMemos.
   void Edit(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
@@ -78,27 +78,24 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
 
   /// Reads the owner's remarks again, after Save(false). Does nothing without an owner.
   void RefreshRemarkList();
-  /// Writes what is unsaved; without force EditBehavior decides, and may ask. Where there is nobody to ask, the error
-  /// of Prompts, and everything stays unsaved; so too from whatever calls Save(false).
+  /// Writes what is unsaved. Without force EditBehavior decides, and may ask the user; where no prompt can be shown,
+  /// Save and every caller of Save(false) raise the error of Prompts, and everything stays unsaved.
   void Save(bool bForceSave = false);
-  /// Appends a new remark in memory. The type's CanCreate is not asked: the host decides. An empty user means the
-  /// logon name. Error -1 when the context has no such type.
+  /// Appends a new remark in memory, whatever CanCreate says: the host decides. An empty user means the logon name.
+  /// Error -1 when the context has no such type.
   void AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText, const std::string& i_sUserID = {});
 
-  /// Open the windows, with `i_bRefresh` on remarks that were read again. Error -1 when there are no windows. While the
-  /// editor is open, a timer of the host for example can neither load another owner nor set one: error -1.
+  /// Open the windows; `i_bRefresh` reads the remarks again first. Error -1 when no window can be opened. While the
+  /// editor is open, Load and the setters of the owner raise error -1, for example in a timer of the host.
   void PopupMemos(bool i_bRefresh = false);
   void EditMemos(bool i_bRefresh = false);
   void ViewManager(std::int32_t i_lModal = 0);
 
-  /// Forgets remarks and types, saving nothing. A new Load makes the object usable again. std::bad_alloc, with nothing
-  /// forgotten, when there is no memory left for that.
+  /// Forgets remarks and types without saving. A new Load makes the object usable again. After std::bad_alloc nothing
+  /// is forgotten.
   void Dispose();
 
  private:
-  void LoadContext();
-  void LoadRemarkTypes();
-  void LoadUserRights();
   void LoadMemos();
   [[nodiscard]] std::shared_ptr<RemarkType> TypeOfRemark(std::int32_t index) const;
   void RefuseWhileEdited(const char* operation) const;
@@ -106,19 +103,11 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   std::string m_userID;
   std::string m_contextID;
   std::string m_ownerID;
-  std::int32_t m_rowHeight = 0;
-  bool m_groupByType = false;
-  bool m_allowRowSizing = false;
-  std::string m_caption;
-  std::int32_t m_entityKey = 0;
-  std::string m_entityName;
-  std::int32_t m_ownerKey = 0;
-  std::string m_ownerName;
-  std::string m_ownerProcedure;
+  ContextRecord m_context;
+  OwnerRecord m_owner;
   std::shared_ptr<RemarkTypes> m_types = std::make_shared<RemarkTypes>();
   std::shared_ptr<quorvel::RemarkList> m_remarkList;
-  quorvel::EditBehavior m_editBehavior = quorvel::EditBehavior::AutoSaveOnClose;
-  bool m_isEdited = false;  ///< the editor is open on it
+  bool m_isEdited = false;  ///< the editor is open on this context
 };
 
 }  // namespace quorvel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "runtime/ContextRecord.h"
+#include "runtime/RemarkList.h"
+#include "runtime/RemarkTypes.h"
+
+/// The five queries of a load, in the order in which RemarkContext runs them, on the thread's shared connection. Each
+/// function fills an object of the caller value by value, so that an error leaves what was read before it. Database
+/// errors pass through unchanged. Blanks around identifiers do not count.
+namespace quorvel::contextLoader {
+
+/// Error -1 when there is no such context.
+void LoadContext(const std::string& contextID, ContextRecord& record);
+
+/// Appends the context's types, without rights. `context` is the object that the types refer back to.
+void LoadTypes(const std::string& contextID, const std::shared_ptr<RemarkContext>& context, RemarkTypes& types);
+
+/// Sets the user's rights on the types. A type without a row keeps its rights.
+void LoadRights(const std::string& userID, const RemarkTypes& types);
+
+/// Error -1 when the procedure cannot run or finds no such owner.
+void LoadOwner(const std::string& procedure, const std::string& ownerID, OwnerRecord& record);
+
+struct RemarkFilter {
+  std::string contextID;
+  std::int32_t entityKey = 0;
+  std::int32_t ownerKey = 0;
+};
+
+/// Appends the remarks whose type is in `types` and readable. Null means no types.
+void LoadRemarks(const RemarkFilter& filter, const RemarkTypes* types, RemarkList& remarks);
+
+}  // namespace quorvel::contextLoader
