@@ -2,8 +2,7 @@
 
 namespace quorvel {
 
-/// Where a runtime object remembers the object through which hosts see it, so that they always meet the same one.
-/// A copy is another object and has none.
+/// Lets a runtime object remember the published object that hosts see, so that a host always gets the same pointer.
 class Publishable {
  public:
   Publishable(const Publishable&) = delete;

@@ -31,7 +31,7 @@ std::int32_t Remark::EntityKey() const noexcept {
 }
 
 void Remark::Commit() {
-  // Once its context was disposed of, nothing tells whose remark this is; writing it would take it from its owner.
+  // After Dispose the owner is unknown: writing the remark would take it from its owner.
   if (m_remarkType && !m_remarkType->Context()) ThrowObjectNotSet();
   m_dateStamp = Now();
   if (m_userID.empty()) {

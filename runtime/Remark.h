@@ -10,7 +10,7 @@
 
 namespace quorvel {
 
-/// One remark: a row of the host's memo table. Writing a property never sets Dirty: whoever edits a remark does.
+/// One remark: a row of the host's memo table. Writing a property never sets Dirty: the editing code does.
 class Remark : public Publishable {
  public:
   [[nodiscard]] const std::shared_ptr<quorvel::RemarkType>& RemarkType() const noexcept { return m_remarkType; }
@@ -27,17 +27,17 @@ class Remark : public Publishable {
   [[nodiscard]] bool Dirty() const noexcept { return m_dirty; }
   void SetDirty(bool dirty) noexcept { m_dirty = dirty; }
 
-  /// Taken from the type; empty, 0 or false without one (the keys also without a context).
+  /// Values of the type; empty, 0 or false without a type (the keys also without a context).
   [[nodiscard]] const std::string& TypeID() const noexcept;
   [[nodiscard]] const std::string& TypeCaption() const noexcept;
   [[nodiscard]] bool ShowPopup() const noexcept;
   [[nodiscard]] std::int32_t OwnerKey() const noexcept;
   [[nodiscard]] std::int32_t EntityKey() const noexcept;
 
-  /// Writes the remark: an insert under a new key when MemoKey is 0, else an update. Text and user go trimmed, the
-  /// remark keeps its blanks. A key once drawn stays when the insert fails. Database errors pass through; Dirty
-  /// is cleared only after success. Error 91, with nothing written, when the type's context was disposed of, or
-  /// when the remark has neither user nor type.
+  /// Writes the remark: an insert under a new key when MemoKey is 0, else an update. Text and user are sent trimmed;
+  /// the fields keep their blanks. A failed insert keeps its new key. Database errors pass through; Dirty is cleared
+  /// only after success. Error 91, before anything is written, when the type's context was disposed of, or when the
+  /// remark has neither user nor type.
   void Commit();
 
   /// Deletes the row; does nothing with key 0. The fields stay as they are.

@@ -1,3 +1,5 @@
+// Items, removed remarks and the backup of both are shared collections, so that Restore can make the backup live.
+
 #include "runtime/RemarkList.h"
 
 #include <algorithm>

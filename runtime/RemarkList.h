@@ -10,7 +10,7 @@
 
 namespace quorvel {
 
-/// The remarks of one owner, those that wait to be deleted, and a snapshot of both for undo.
+/// The remarks of one owner, the removed ones that the next Save deletes, and a snapshot of both for undo.
 class RemarkList : public Publishable {
  public:
   using Collection = std::vector<std::shared_ptr<Remark>>;
@@ -20,42 +20,41 @@ class RemarkList : public Publishable {
   RemarkList(const RemarkList&) = delete;
   RemarkList& operator=(const RemarkList&) = delete;
 
-  /// The remark at a 1-based position; null when there is none. Items carry no keys, so a text finds nothing.
+  /// The remark at a 1-based position; null when there is none. Items have no keys, so a text finds nothing.
   /// Never throws.
   [[nodiscard]] std::shared_ptr<Remark> Item(const Value& i_vIndexKey) const noexcept;
   [[nodiscard]] std::int32_t Count() const noexcept;
-  /// Items that pop up.
   [[nodiscard]] std::int32_t PopupCount() const noexcept;
-  /// Whether anything waits to be written: a removed remark, or an item that is dirty.
+  /// Whether a remark was removed or an item is dirty.
   [[nodiscard]] bool Dirty() const noexcept;
   /// 1-based position of that very object; 0 when absent.
   [[nodiscard]] std::int32_t Index(const std::shared_ptr<Remark>& i_oRemark) const noexcept;
 
-  /// Copies items and deleted for Restore.
+  /// Copies the items and the removed remarks for Restore.
   void Backup();
-  /// Makes the backup the live collections. They are not copied again: until the next Backup, later changes
-  /// change the backup too. Without any Backup the list is left without collections.
+  /// Makes the backup the live collections, without another copy: until the next Backup, changes change the backup too.
+  /// Without a Backup the list has no collections afterwards.
   void Restore() noexcept;
 
-  /// Appends a new empty remark and returns it. Error 91 when the list was left without collections.
+  /// Appends a new empty remark and returns it. Error 91 when the list has no collections.
   std::shared_ptr<Remark> Add();
-  /// Appends a remark. Error 91 when it is null or the list was left without collections.
+  /// Appends a remark. Error 91 when it is null or the list has no collections.
   void AddRemark(std::shared_ptr<Remark> i_oRemark);
 
-  /// Commits the dirty items in order, then deletes the removed ones and forgets them. An error stops it there:
-  /// what was written stays written, and nothing removed is forgotten.
+  /// Commits the dirty items in order, then deletes the removed ones and forgets them. An error ends the save: the
+  /// items before it stay written, and no removed remark is forgotten.
   void Save();
 
-  /// Takes the remark at a 1-based position out; it is deleted in the database at the next Save. Error 9 for a
-  /// position out of range, 5 for a text, 13 or 94 for what is no number, 91 without collections; then nothing changes.
+  /// Removes the remark at a 1-based position; the next Save deletes it in the database. Error 9 for a position out of
+  /// range, 5 for a text, 13 or 94 for another value that is no number, 91 without collections; then nothing changes.
   void Remove(const Value& i_vIndexKey);
 
-  /// Forgets items and removed remarks without writing; with false the list is left without collections, and nothing is
-  /// thrown. Otherwise std::bad_alloc, and nothing is forgotten.
+  /// Forgets items and removed remarks without writing. With false the list has no collections afterwards, and nothing
+  /// is thrown. With true it may throw std::bad_alloc, and then nothing is forgotten.
   void Clear(bool i_bRecreateCollection = true);
 
-  /// The items, for walking over them in order; null when the list was left without collections. The collection
-  /// is live and may be replaced by Clear and Restore.
+  /// The items in order; null when the list has no collections. The collection is live; Clear and Restore may replace
+  /// it.
   [[nodiscard]] std::shared_ptr<const Collection> Items() const noexcept { return m_items; }
 
  private:

@@ -13,8 +13,8 @@ class RemarkContext;
 /// One kind of remark, with the current user's rights on it. Plain data; used on the thread that made it.
 class RemarkType : public Publishable {
  public:
-  /// The context that loaded the type; null after its Dispose. A strong reference: the cycle is broken by
-  /// RemarkContext::Dispose.
+  /// The context that loaded the type. A strong reference: RemarkContext::Dispose sets it to null and so breaks the
+  /// cycle.
   [[nodiscard]] const std::shared_ptr<RemarkContext>& Context() const noexcept { return m_context; }
   void SetContext(std::shared_ptr<RemarkContext> context) noexcept { m_context = std::move(context); }
   [[nodiscard]] const std::string& TypeID() const noexcept { return m_typeID; }
@@ -24,7 +24,7 @@ class RemarkType : public Publishable {
   [[nodiscard]] bool ShowPopup() const noexcept { return m_showPopup; }
   void SetShowPopup(bool showPopup) noexcept { m_showPopup = showPopup; }
 
-  /// The rights; 0 means not granted. Who reads them decides whether a negative value counts.
+  /// The rights; 0 means not granted. The reader decides whether a negative value counts.
   [[nodiscard]] std::int32_t CanCreate() const noexcept { return m_canCreate; }
   void SetCanCreate(std::int32_t right) noexcept { m_canCreate = right; }
   [[nodiscard]] std::int32_t CanRead() const noexcept { return m_canRead; }

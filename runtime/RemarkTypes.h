@@ -13,12 +13,12 @@
 
 namespace quorvel {
 
-/// The types of a context in load order, reached by 1-based position or by TypeID without regard to letter case.
+/// The types of a context in load order, found by 1-based position or by TypeID in any letter case.
 class RemarkTypes {
  public:
   /// Error 457 when a type with that key is there already.
   void Add(std::shared_ptr<RemarkType> type, std::string_view key);
-  /// Null when there is no such type. Any failure to read the index counts as that.
+  /// Null when there is no such type or the index is no number.
   [[nodiscard]] std::shared_ptr<RemarkType> Item(const Value& indexKey) const noexcept;
   /// The type with that key, or null.
   [[nodiscard]] const std::shared_ptr<RemarkType>& Find(std::string_view key) const noexcept;
