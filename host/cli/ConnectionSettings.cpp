@@ -27,6 +27,8 @@ void WriteSetting(std::string_view name, const std::string& value) {
   }
 }
 
+bool UsesEmbeddedEngine() { return ado::IsEmbedded(modDatabase::Settings().Server()); }
+
 void RequireSettings(std::string_view source) {
   DBConnect& settings = modDatabase::Settings();
   const bool noServer = TrimBlanks(settings.Server()).empty();
@@ -48,11 +50,11 @@ std::shared_ptr<ado::Connection> ConnectForSetUp(std::chrono::seconds commandTim
 
 void RequireDatabase(std::string_view source) {
   RequireSettings(source);
-  DBConnect& settings = modDatabase::Settings();
+  const std::string database = modDatabase::Settings().Database();
   std::error_code ignored;
-  if (!ado::IsEmbedded(settings.Server()) || std::filesystem::exists(settings.Database(), ignored)) return;
+  if (!UsesEmbeddedEngine() || std::filesystem::exists(database, ignored)) return;
   throw Error(ErrorNumber::DbUnspecified, std::string(source),
-              fmt::format("The database file {} does not exist; 'quorvel init' makes it", settings.Database()));
+              fmt::format("The database file {} does not exist; 'quorvel init' makes it", database));
 }
 
 }  // namespace quorvel::cli

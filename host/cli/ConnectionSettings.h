@@ -12,29 +12,32 @@
 
 namespace quorvel::cli {
 
-/// The names of the four settings, in the order in which people see them.
+/// The names of the four settings, in the order in which they are shown.
 inline constexpr std::array<std::string_view, 4> kSettingNames = {modRegistry::kServer, modRegistry::kDatabase,
                                                                   modRegistry::kUserId, modRegistry::kPassword};
-/// Their places in a SettingValues.
+/// Their indexes in a SettingValues.
 enum SettingIndex : std::size_t { kServerIndex, kDatabaseIndex, kUserIdIndex, kPasswordIndex };
 
 /// One text per name; a missing value is empty.
 using SettingValues = std::array<std::string, kSettingNames.size()>;
 
-/// The values as they are kept, changing none of them; nothing when the store cannot be opened.
+/// The stored values, unchanged; nothing when the store cannot be opened.
 [[nodiscard]] std::optional<SettingValues> ReadSettings();
 
-/// Throws Error 110, naming the setting, when it cannot be written.
+/// Throws Error 110, with the name of the setting, when it cannot be written.
 void WriteSetting(std::string_view name, const std::string& value);
 
-/// Throws Error -1 from `source`, saying what to do, unless the settings name a database to work on.
+/// Throws Error -1 from `source`, with advice, unless the settings name a server and a database.
 void RequireSettings(std::string_view source);
 
-/// An open connection by the settings for setting a database up and looking after it: it gives a server 15 seconds to
-/// answer, where the component's own connection waits for up to an hour. Throws what Open throws.
+/// An open connection for setting up and checking a database. It gives a server 15 seconds to answer; the component's
+/// own connection waits for up to an hour. Throws what Open throws.
 [[nodiscard]] std::shared_ptr<ado::Connection> ConnectForSetUp(std::chrono::seconds commandTimeout);
 
-/// RequireSettings, and the embedded engine's file must be there.
+/// Whether the settings name the embedded engine.
+[[nodiscard]] bool UsesEmbeddedEngine();
+
+/// RequireSettings, and the file of the embedded engine must exist.
 void RequireDatabase(std::string_view source);
 
 }  // namespace quorvel::cli

@@ -1,118 +1,94 @@
+// A reader for the form in which our own scripts are written: grants.sql has one GRANT per line; quorvel.sql has one
+// column or parameter per line. It is no parser for other scripts.
+
 #include "host/cli/ExpectedSchema.h"
 
-#include <array>
+#include <algorithm>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
-#include "platform/Error.h"
-#include "platform/Text.h"
+#include "data/Schema.h"
 
 namespace quorvel::cli {
 namespace {
 
-constexpr std::array kTables = {
-    ExpectedTable{"ttwUser", "UserKey, UserID, LastName, FirstName, BranchID, IsActive",
-                  "FirstName, LastName, BranchID, IsActive"},
-    ExpectedTable{"ttwGroup", "GroupKey, GroupID, Caption, Comments", "Caption, Comments"},
-    ExpectedTable{"ttwGroupMember", "GroupKey, UserKey", ""},
-    ExpectedTable{"ttwRight", "RightKey, RightID, Caption, Comments", "Caption, Comments"},
-    ExpectedTable{"ttwRightAssignment", "GroupKey, RightKey", ""},
-    ExpectedTable{"ttwRemarkEntity",
-                  "RemarkEntityKey, RemarkEntityID, Caption, spGetOwnerName, AcuityEntityKey, Comments",
-                  "Caption, Comments, spGetOwnerName, AcuityEntityKey"},
-    ExpectedTable{"ttwRemarkType", "RemarkTypeKey, RemarkTypeID, Caption, RemarkEntityKey, Comments",
-                  "Caption, Comments"},
-    ExpectedTable{"ttwRemarkRight", "RemarkRightKey, RemarkTypeKey, GroupKey, CanCreate, CanRead, CanUpdate, CanDelete",
-                  "CanCreate, CanRead, CanUpdate, CanDelete"},
-    ExpectedTable{"ttwContext",
-                  "ContextKey, ContextID, Caption, RemarkEntityKey, Comments, GroupByType, RowHeight, AllowRowSizing, "
-                  "EditBehavior",
-                  "Caption, Comments, RowHeight, AllowRowSizing, GroupByType, EditBehavior"},
-    ExpectedTable{"ttwRemarkContext", "ContextKey, RemarkTypeKey, DisplaySeq, Priority", "DisplaySeq, Priority"},
-    ExpectedTable{"ttwBranch", "BranchID, BranchName, WhseKey, ShipMethKey, SalesTerritoryKey, SalesAcctKey", ""},
-};
+/// The text between `open` and the next `close`; empty when the script has no `open`.
+std::string_view Between(std::string_view script, std::string_view open, std::string_view close) {
+  const auto found = script.find(open);
+  if (found == std::string_view::npos) return {};
+  script.remove_prefix(found + open.size());
+  return script.substr(0, script.find(close));
+}
 
-constexpr std::string_view kRemark = "@MemoKey, @MemoType, @EntityType, @OwnerKey, @MemoText, @UserID";
-
-constexpr std::array kProcedures = {
-    ExpectedProcedure{"spTWCqvGetContext", "@ContextID"},
-    ExpectedProcedure{"spTWCqvGetRemarkTypes", "@ContextID"},
-    ExpectedProcedure{"spTWCqvGetUserRights", "@UserID"},
-    ExpectedProcedure{"spTWCqvGetFilteredMemos", "@ContextID, @EntityType, @OwnerKey"},
-    ExpectedProcedure{"spTWCqvAddRemark", kRemark},
-    ExpectedProcedure{"spTWCqvUpdateRemark", kRemark},
-    ExpectedProcedure{"spTWCqvDeleteRemark", "@MemoKey"},
-    ExpectedProcedure{"spGetNextSurrogateKey", "@iTableName, @oNewKey OUTPUT"},
-    ExpectedProcedure{"spTWCAddUser", "@UserID"},
-    ExpectedProcedure{"spTWCDeleteUser", "@UserKey"},
-    ExpectedProcedure{"spTWCAddGroup", "@GroupID"},
-    ExpectedProcedure{"spTWCDeleteGroup", "@GroupKey"},
-    ExpectedProcedure{"spTWCAddRight", "@RightID"},
-    ExpectedProcedure{"spTWCDeleteRight", "@RightKey"},
-    ExpectedProcedure{"spTWCAddRemarkEntity", "@RemarkEntityID"},
-    ExpectedProcedure{"spTWCDeleteRemarkEntity", "@RemarkEntityKey"},
-    ExpectedProcedure{"spTWCAddRemarkType", "@RemarkTypeID, @RemarkEntityKey"},
-    ExpectedProcedure{"spTWCDeleteRemarkType", "@RemarkTypeKey"},
-    ExpectedProcedure{"spTWCAddContext", "@ContextID, @RemarkEntityKey"},
-    ExpectedProcedure{"spTWCDeleteContext", "@ContextKey"},
-    ExpectedProcedure{"spTWCqvAddGroupMember", "@GroupKey, @UserKey"},
-    ExpectedProcedure{"spTWCqvRemoveGroupMember", "@GroupKey, @UserKey"},
-    ExpectedProcedure{"spTWCqvAddGroupRight", "@GroupKey, @RightKey"},
-    ExpectedProcedure{"spTWCqvRemoveGroupRight", "@GroupKey, @RightKey"},
-    ExpectedProcedure{"spTWCqvAddRemarkRight", "@GroupKey, @RemarkTypeKey"},
-    ExpectedProcedure{"spTWCqvRemoveRemarkRight", "@GroupKey, @RemarkTypeKey"},
-    ExpectedProcedure{"spTWCqvAddRemarkContext", "@ContextKey, @RemarkTypeKey"},
-    ExpectedProcedure{"spTWCqvRemoveRemarkContext", "@ContextKey, @RemarkTypeKey"},
-};
-
-std::string Describe(const std::vector<ado::ParameterInfo>& parameters) {
-  std::string text;
-  for (const ado::ParameterInfo& parameter : parameters) {
-    if (!text.empty()) text += ", ";
-    if (!parameter.name.starts_with('@')) text += '@';
-    text += parameter.name;
-    if (parameter.direction != ado::ParameterDirection::Input) text += " OUTPUT";
+/// The parts of a text, each without the blanks around it; empty parts are left out.
+std::vector<std::string> Split(std::string_view text, char separator) {
+  std::vector<std::string> parts;
+  while (!text.empty()) {
+    const std::string_view part = text.substr(0, text.find(separator));
+    text.remove_prefix(std::min(part.size() + 1, text.size()));
+    const auto first = part.find_first_not_of(' ');
+    if (first != std::string_view::npos) parts.emplace_back(part.substr(first, part.find_last_not_of(' ') + 1 - first));
   }
-  return text;
+  return parts;
+}
+
+/// The objects on which grants.sql grants a permission as a whole.
+std::vector<std::string> GrantedObjects(const std::string& permission) {
+  const std::string grant = fmt::format("GRANT {} ON ", permission);
+  std::vector<std::string> objects;
+  for (const std::string& line : Split(GrantsScript(), '\n')) {
+    if (line.starts_with(grant)) objects.emplace_back(Between(line, grant, " "));
+  }
+  return objects;
+}
+
+std::vector<std::string> ColumnsOf(const std::string& table) {
+  std::vector<std::string> columns;
+  for (const std::string& line :
+       Split(Between(SchemaScript(), fmt::format("CREATE TABLE {} (", table), ");\n"), '\n')) {
+    const std::string word = line.substr(0, line.find(' '));
+    if (word != "CONSTRAINT" && word != "--") columns.push_back(word);
+  }
+  return columns;
+}
+
+std::string ParametersOf(const std::string& procedure) {
+  std::vector<std::string> parameters;
+  for (const std::string& line :
+       Split(Between(SchemaScript(), fmt::format(" PROCEDURE {}\n", procedure), "\nAS\n"), '\n')) {
+    if (!line.starts_with('@')) continue;
+    const bool isOutput = line.find(" OUTPUT") != std::string::npos;
+    parameters.push_back(line.substr(0, line.find(' ')) + (isOutput ? " OUTPUT" : ""));
+  }
+  return fmt::format("{}", fmt::join(parameters, ", "));
+}
+
+std::vector<ExpectedTable> ReadTables() {
+  std::vector<ExpectedTable> tables;
+  for (const std::string& name : GrantedObjects("SELECT")) {
+    const std::string_view written = Between(GrantsScript(), fmt::format("GRANT UPDATE ON {} (", name), ")");
+    tables.push_back({name, ColumnsOf(name), Split(written, ',')});
+  }
+  return tables;
+}
+
+std::vector<ExpectedProcedure> ReadProcedures() {
+  std::vector<ExpectedProcedure> procedures;
+  for (const std::string& name : GrantedObjects("EXECUTE")) procedures.push_back({name, ParametersOf(name)});
+  return procedures;
 }
 
 }  // namespace
 
-std::span<const ExpectedTable> ExpectedTables() { return kTables; }
-
-std::span<const ExpectedProcedure> ExpectedProcedures() { return kProcedures; }
-
-std::string BatchProblem(ado::Connection& connection, std::string_view batch) {
-  try {
-    connection.Execute(batch);
-    return {};
-  } catch (const Error& error) {
-    return error.Description();
-  }
+const std::vector<ExpectedTable>& ExpectedTables() {
+  static const std::vector<ExpectedTable> tables = ReadTables();
+  return tables;
 }
 
-std::string TableProblem(ado::Connection& connection, std::string_view table, std::string_view columns) {
-  return BatchProblem(connection, fmt::format("SELECT {} FROM {} WHERE 1 = 0", columns, table));
-}
-
-std::string ProcedureProblem(ado::Connection& connection, std::string_view procedure, std::string_view parameters) {
-  try {
-    const std::string found = Describe(connection.DiscoverParameters(procedure));
-    if (EqualIgnoringCase(found, parameters)) return {};
-    return fmt::format("it takes ({}) and not ({})", found, parameters);
-  } catch (const Error& error) {
-    return error.Description();
-  }
-}
-
-std::string OwnerProcedureProblem(ado::Connection& connection, std::string_view procedure) {
-  try {
-    const auto found = connection.DiscoverParameters(procedure);
-    if (!found.empty() && ado::SameName(found.front().name, "@OwnerID")) return {};
-    return fmt::format("it takes ({}) and not (@OwnerID)", Describe(found));
-  } catch (const Error& error) {
-    return error.Description();
-  }
+const std::vector<ExpectedProcedure>& ExpectedProcedures() {
+  static const std::vector<ExpectedProcedure> procedures = ReadProcedures();
+  return procedures;
 }
 
 }  // namespace quorvel::cli

@@ -1,42 +1,29 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "ado/Connection.h"
-
-/// What the component needs of a database, to hold one against.
+/// The objects of a database that the component uses. Both lists are read from the scripts that create and grant them,
+/// in the order of the grants.
 namespace quorvel::cli {
 
+/// A table that the component reads with its own statements.
 struct ExpectedTable {
-  std::string_view name;
-  std::string_view columns;  ///< as a SELECT takes them
-  std::string_view written;  ///< those that the component changes with UPDATE; may be empty
+  std::string name;
+  std::vector<std::string> columns;
+  std::vector<std::string> written;  ///< the columns that the component changes with UPDATE; may be empty
 };
-
-/// The host's table of memos, which the component reaches through procedures only: its columns may bear any names.
-inline constexpr std::string_view kMemoTable = "tciMemo";
 
 struct ExpectedProcedure {
-  std::string_view name;
-  std::string_view parameters;  ///< in order, parted by a comma and a blank; "OUTPUT" behind those that return
+  std::string name;
+  std::string parameters;  ///< in order, such as "@iTableName, @oNewKey OUTPUT"
 };
 
-/// The tables that the component reads with statements of its own.
-[[nodiscard]] std::span<const ExpectedTable> ExpectedTables();
-[[nodiscard]] std::span<const ExpectedProcedure> ExpectedProcedures();
+/// The host's table of memos. The component reaches it through procedures only, so its columns may have any names.
+inline constexpr std::string_view kMemoTable = "tciMemo";
 
-/// Why a batch fails; the empty text when it runs.
-[[nodiscard]] std::string BatchProblem(ado::Connection& connection, std::string_view batch);
-
-/// Why the columns cannot be read from the table; the empty text when they can.
-[[nodiscard]] std::string TableProblem(ado::Connection& connection, std::string_view table, std::string_view columns);
-
-/// What is wrong with a procedure of that name; the empty text when it takes exactly those parameters.
-[[nodiscard]] std::string ProcedureProblem(ado::Connection& connection, std::string_view procedure,
-                                           std::string_view parameters);
-/// The same for an owner lookup: it takes @OwnerID; what it may take behind that is between the host and its defaults.
-[[nodiscard]] std::string OwnerProcedureProblem(ado::Connection& connection, std::string_view procedure);
+[[nodiscard]] const std::vector<ExpectedTable>& ExpectedTables();
+[[nodiscard]] const std::vector<ExpectedProcedure>& ExpectedProcedures();
 
 }  // namespace quorvel::cli

@@ -10,7 +10,7 @@
 #include "data/modDatabase.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
-#include "host/cli/ExpectedSchema.h"
+#include "host/cli/SchemaProblems.h"
 #include "host/cli/ScriptRunner.h"
 #include "host/cli/Table.h"
 #include "platform/Error.h"
@@ -32,9 +32,9 @@ struct InitOptions {
 constexpr std::string_view kLoginAdvice =
     "\n  If the login may not do this, run it as a member of db_owner, or have a DBA run the scripts of data/schema.";
 
-/// On a server nearly everything that our scripts can fail with comes of a login that may not do what they do.
+/// On a server our scripts fail nearly always because the login lacks a permission.
 bool IsRefusal(const Error& error) {
-  return !ado::IsEmbedded(modDatabase::Settings().Server()) &&
+  return !UsesEmbeddedEngine() &&
          (error.Number() == ErrorNumber::DbStatement || error.Number() == ErrorNumber::DbObjectNotFound);
 }
 
@@ -50,7 +50,7 @@ void ApplyScript(ado::Connection& connection, std::string_view what, std::string
 
 void CreateMissing(ado::Connection& connection, std::string_view what, std::string_view script,
                    std::string_view lastTable) {
-  const bool wasThere = TableProblem(connection, lastTable, "*").empty();
+  const bool wasThere = TableProblem(connection, lastTable).empty();
   ApplyScript(connection, what, script);
   fmt::print("{}: {}\n", what, wasThere ? "up to date" : "created");
 }
@@ -71,13 +71,12 @@ void Grant(ado::Connection& connection) {
 void RunInit(const InitOptions& options) {
   const std::string source = "quorvel.init";
   RequireSettings(source);
-  DBConnect& settings = modDatabase::Settings();
-  const bool isEmbedded = ado::IsEmbedded(settings.Server());
+  const bool isEmbedded = UsesEmbeddedEngine();
   if (options.withGrants && isEmbedded) {
     throw Error(ErrorNumber::Component, source,
                 "The embedded engine has no users to grant anything to; --grants is for a SQL Server");
   }
-  if (isEmbedded) MakeEmbeddedFile(settings.Database());
+  if (isEmbedded) MakeEmbeddedFile(modDatabase::Settings().Database());
   const auto connection = ConnectForSetUp(std::chrono::seconds(60));
   CreateMissing(*connection, "Schema", SchemaScript(), "ttwContext");
   if (options.withSample) CreateMissing(*connection, "Sample data", SampleScript(), "Customer");

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "host/cli/ExpectedSchema.h"
 
 namespace quorvel::cli {
@@ -27,26 +25,20 @@ std::string Described(const Permission& permission) {
 
 std::vector<Permission> ProcedurePermissions() {
   std::vector<Permission> needed;
-  for (const ExpectedProcedure& each : ExpectedProcedures()) needed.push_back({"EXECUTE", std::string(each.name), ""});
+  for (const ExpectedProcedure& each : ExpectedProcedures()) needed.push_back({"EXECUTE", each.name, ""});
   return needed;
 }
 
 std::vector<Permission> TablePermissions() {
   std::vector<Permission> needed;
-  for (const ExpectedTable& table : ExpectedTables()) needed.push_back({"SELECT", std::string(table.name), ""});
+  for (const ExpectedTable& table : ExpectedTables()) needed.push_back({"SELECT", table.name, ""});
   return needed;
 }
 
 std::vector<Permission> ColumnPermissions() {
-  constexpr std::string_view kSeparator = ", ";
   std::vector<Permission> needed;
   for (const ExpectedTable& table : ExpectedTables()) {
-    std::string_view rest = table.written;
-    while (!rest.empty()) {
-      const std::string_view column = rest.substr(0, rest.find(kSeparator));
-      needed.push_back({"UPDATE", std::string(table.name), std::string(column)});
-      rest.remove_prefix(std::min(column.size() + kSeparator.size(), rest.size()));
-    }
+    for (const std::string& column : table.written) needed.push_back({"UPDATE", table.name, column});
   }
   return needed;
 }

@@ -7,10 +7,10 @@
 
 #include "ado/Connection.h"
 
-/// What the component's login must be allowed on a server, to hold one against. The embedded engine has no users.
+/// The permissions that the component's login needs on a server. The embedded engine has no users.
 namespace quorvel::cli {
 
-/// One permission on one object, as GRANT names them.
+/// One permission on one object, in the words of GRANT.
 struct Permission {
   std::string_view name;
   std::string object;
@@ -19,17 +19,17 @@ struct Permission {
 
 /// EXECUTE on every procedure of the component.
 [[nodiscard]] std::vector<Permission> ProcedurePermissions();
-/// SELECT on every table that it reads with statements of its own.
+/// SELECT on every table that it reads with its own statements.
 [[nodiscard]] std::vector<Permission> TablePermissions();
-/// UPDATE on every column that it writes with statements of its own.
+/// UPDATE on every column that it writes with its own statements.
 [[nodiscard]] std::vector<Permission> ColumnPermissions();
 
-/// The batch that asks a server for permissions of the login that runs it: a row for each, with its place in `needed`
-/// and 1, 0, or NULL where the server does not know.
+/// The batch that asks a server for permissions of the login that runs it. It returns a row for each, with its index in
+/// `needed` and 1, 0, or NULL when the server does not know.
 [[nodiscard]] std::string PermissionQuery(std::span<const Permission> needed);
 
-/// What came of asking: "spTWCAddUser" or "ttwUser (IsActive)" of each permission that is not held, and of each that
-/// the server could not tell of.
+/// The permissions that the login lacks and those that the server does not know, as "spTWCAddUser" or
+/// "ttwUser (IsActive)".
 struct PermissionAnswer {
   std::vector<std::string> missing;
   std::vector<std::string> unknown;

@@ -7,7 +7,7 @@ using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFaultOfABrokenOne) {
+TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFault) {
   Initialize(true);
   const Outcome good = Quorvel({"doctor"});
   EXPECT_THAT(good, Succeeds());
@@ -17,23 +17,26 @@ TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFaultOfABrokenOne) {
                     HasSubstr("ok    owner procedure spGetOrderName, entity Order\n"), Not(HasSubstr("FAIL"))));
 
   RunSql(
-      "DROP TABLE ttwRightAssignment\nGO\nDROP PROCEDURE spTWCqvGetContext\nGO\n"
+      "DROP TABLE ttwRightAssignment\nGO\nDROP TABLE ttwRemarkContext\nGO\n"
+      "CREATE TABLE ttwRemarkContext (ContextKey int, RemarkTypeKey int, DisplaySeq int)\nGO\n"
+      "DROP PROCEDURE spTWCqvGetContext\nGO\n"
       "ALTER PROCEDURE spTWCqvDeleteRemark @Key int AS DELETE FROM tciMemo WHERE MemoKey = @Key\nGO\n"
       "UPDATE ttwRemarkEntity SET spGetOwnerName = 'spGone' WHERE RemarkEntityID = 'Order'");
   const Outcome broken = Quorvel({"doctor"});
   EXPECT_EQ(broken.status, 1);
   EXPECT_THAT(broken.output,
-              AllOf(HasSubstr("FAIL  table ttwRightAssignment: "), HasSubstr("FAIL  procedure spTWCqvGetContext "),
+              AllOf(HasSubstr("FAIL  table ttwRightAssignment: "), HasSubstr("FAIL  table ttwRemarkContext: "),
+                    HasSubstr("FAIL  procedure spTWCqvGetContext "),
                     HasSubstr("FAIL  procedure spTWCqvDeleteRemark (@MemoKey): it takes (@Key) and not (@MemoKey)\n"),
                     HasSubstr("FAIL  owner procedure spGone, entity Order: "),
                     HasSubstr("      Run 'quorvel init' to create what is missing.\n")));
-  EXPECT_THAT(broken.errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 4 of "));
+  EXPECT_THAT(broken.errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 5 of "));
 
   ASSERT_THAT(Quorvel({"init"}), Succeeds());
-  EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 1 of "));
+  EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 2 of "));
 }
 
-TEST_F(CommandLine, DoctorNamesWhatKeepsTheConnectionFromOpening) {
+TEST_F(CommandLine, DoctorSaysWhyItCannotConnect) {
   const Outcome unset = Quorvel({"doctor"});
   EXPECT_EQ(unset.status, 1);
   EXPECT_THAT(unset.output, AllOf(HasSubstr("ok    settings, kept in " + File("settings.reg")),

@@ -1,4 +1,4 @@
-// The command line against a server. The server is a stand-in, reached through a real driver.
+// The command line on a stand-in server, reached through a real driver.
 
 #include "ado/Script.h"
 #include "ado/embedded/EmbeddedEngine.h"
@@ -19,7 +19,7 @@ Part Message(const char* text) { return {Part::Kind::Message, {"01000", 0, text,
 Part Failure(std::int32_t number, const char* text, int line) {
   return {Part::Kind::Error, {"42000", number, text, line}, 0, {}, {}};
 }
-/// The answer to a permission query: held as `held` says, every other one is.
+/// The answer to a permission query: `held` for the permission at `place`, 1 for all others.
 Part Permissions(std::size_t count, std::size_t place, const Value& held) {
   Part part{Part::Kind::Rows, {}, 0, {{"Place", ado::DataType::Integer}, {"Held", ado::DataType::Integer}}, {}};
   for (std::size_t i = 0; i < count; ++i) {
@@ -47,13 +47,13 @@ class OnServer : public CommandLine {
   StandInServer m_server{MakeFile()};
 };
 
-TEST_F(OnServer, ADatabaseIsSetUpCheckedAndUsed) {
+TEST_F(OnServer, InitDoctorRunAddAndList) {
   const Outcome made = Quorvel({"init", "--sample"});
   EXPECT_THAT(made, Succeeds());
   EXPECT_EQ(made.output, "Schema: created\nSample data: created\n");
   EXPECT_EQ(Quorvel({"init", "--sample"}).output, "Schema: up to date\nSample data: up to date\n");
 
-  // A server that knows no HAS_PERMS_BY_NAME is no worse for it.
+  // The stand-in has no HAS_PERMS_BY_NAME; that is no failure.
   const Outcome checked = Quorvel({"doctor"});
   EXPECT_THAT(checked, Succeeds());
   EXPECT_THAT(checked.output,
@@ -69,7 +69,7 @@ TEST_F(OnServer, ADatabaseIsSetUpCheckedAndUsed) {
   EXPECT_THAT(listed.output, AllOf(HasSubstr("Acme Tools [C1044]"), HasSubstr("Pays in €.")));
 }
 
-TEST_F(OnServer, TheDoctorNamesWhatTheLoginMayNot) {
+TEST_F(OnServer, DoctorNamesMissingPermissions) {
   ASSERT_THAT(Quorvel({"init", "--sample"}), Succeeds());
   Answer(cli::ProcedurePermissions(), 4, std::int64_t{0});
   Answer(cli::TablePermissions(), 0, Null{});
@@ -80,13 +80,13 @@ TEST_F(OnServer, TheDoctorNamesWhatTheLoginMayNot) {
   EXPECT_THAT(outcome.output,
               AllOf(HasSubstr("FAIL  permission EXECUTE, procedures: missing on spTWCqvAddRemark\n"),
                     HasSubstr("quorvel init --grants"),
-                    HasSubstr("?     permission SELECT, tables: the server does not tell for ttwUser\n"),
+                    HasSubstr("?     permission SELECT, tables: the server gives no answer for ttwUser\n"),
                     HasSubstr("FAIL  permission UPDATE, columns: missing on ttwUser (IsActive)\n"),
                     HasSubstr("FAIL  permission EXECUTE, owner procedures: missing on spGetOrderName\n")));
   EXPECT_THAT(outcome.errors, HasSubstr(" at quorvel.doctor: 3 of "));
 }
 
-TEST_F(OnServer, GrantsGiveTheRoleItsRightsAndListTheOwnerLookups) {
+TEST_F(OnServer, GrantsRunTheScriptAndListTheOwnerProcedures) {
   for (const ado::Batch& batch : ado::SplitBatches(GrantsScript())) {
     m_server.AnswerWith(std::string(batch.text), {});
     if (batch.text.find("OwnerLookups") == std::string_view::npos) continue;
@@ -102,7 +102,7 @@ TEST_F(OnServer, GrantsGiveTheRoleItsRightsAndListTheOwnerLookups) {
                                     HasSubstr("ALTER ROLE QuorvelUser ADD MEMBER")));
 }
 
-TEST_F(OnServer, AScriptsMessagesAreShownAndItsErrorsPlaced) {
+TEST_F(OnServer, ScriptsShowMessagesAndLocateErrors) {
   m_server.AnswerWith("PRINT 'Done'", {Message("Half way"), Message("Done")});
   EXPECT_EQ(RunSql("PRINT 'Done'"), "Half way\nDone\n1 batch run\n");
   m_server.AnswerWith("DROP TABLE a\nDROP TABLE b", {Failure(3701, "No a.", 1), Failure(3701, "No b.", 2)});
@@ -118,7 +118,7 @@ TEST_F(OnServer, AScriptsMessagesAreShownAndItsErrorsPlaced) {
                                     HasSubstr("a member of db_owner")));
 }
 
-TEST_F(OnServer, TheDoctorTellsALostConnectionFromWhatIsMissing) {
+TEST_F(OnServer, DoctorReportsALostConnection) {
   ASSERT_THAT(Quorvel({"init", "--sample"}), Succeeds());
   for (const int request : {1, 20, 44}) {
     m_server.DropAtRequest(request);
@@ -128,7 +128,7 @@ TEST_F(OnServer, TheDoctorTellsALostConnectionFromWhatIsMissing) {
   }
 }
 
-TEST_F(OnServer, ALoginThatIsRefusedIsNamedByTheDoctorWithTheServerAndTheDriver) {
+TEST_F(OnServer, DoctorReportsARefusedLogin) {
   ASSERT_THAT(Quorvel({"settings", "Password=wrong"}), Succeeds());
   const Outcome outcome = Quorvel({"doctor"});
   EXPECT_EQ(outcome.status, 1);

@@ -1,0 +1,63 @@
+#include "host/cli/SchemaProblems.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include "platform/Error.h"
+#include "platform/Text.h"
+
+namespace quorvel::cli {
+namespace {
+
+std::string Describe(const std::vector<ado::ParameterInfo>& parameters) {
+  std::string text;
+  for (const ado::ParameterInfo& parameter : parameters) {
+    if (!text.empty()) text += ", ";
+    if (!parameter.name.starts_with('@')) text += '@';
+    text += parameter.name;
+    if (parameter.direction != ado::ParameterDirection::Input) text += " OUTPUT";
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string BatchProblem(ado::Connection& connection, std::string_view batch) {
+  try {
+    connection.Execute(batch);
+    return {};
+  } catch (const Error& error) {
+    return error.Description();
+  }
+}
+
+std::string TableProblem(ado::Connection& connection, std::string_view table) {
+  return BatchProblem(connection, fmt::format("SELECT * FROM {} WHERE 1 = 0", table));
+}
+
+std::string TableProblem(ado::Connection& connection, const ExpectedTable& table) {
+  return BatchProblem(connection,
+                      fmt::format("SELECT {} FROM {} WHERE 1 = 0", fmt::join(table.columns, ", "), table.name));
+}
+
+std::string ProcedureProblem(ado::Connection& connection, const ExpectedProcedure& procedure) {
+  try {
+    const std::string found = Describe(connection.DiscoverParameters(procedure.name));
+    if (EqualIgnoringCase(found, procedure.parameters)) return {};
+    return fmt::format("it takes ({}) and not ({})", found, procedure.parameters);
+  } catch (const Error& error) {
+    return error.Description();
+  }
+}
+
+std::string OwnerProcedureProblem(ado::Connection& connection, std::string_view procedure) {
+  try {
+    const auto found = connection.DiscoverParameters(procedure);
+    if (!found.empty() && ado::SameName(found.front().name, "@OwnerID")) return {};
+    return fmt::format("it takes ({}) and not (@OwnerID)", Describe(found));
+  } catch (const Error& error) {
+    return error.Description();
+  }
+}
+
+}  // namespace quorvel::cli
