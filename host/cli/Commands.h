@@ -4,9 +4,9 @@ namespace CLI {
 class App;
 }
 
-/// The commands of the program `quorvel`. Each function adds one to the command line; reading a command line that
-/// names the command then runs it. A command writes its result to the standard output and throws quorvel::Error
-/// when it fails or refuses, CLI::ValidationError when its arguments make no sense together.
+/// The commands of the program `quorvel`. Each function adds one command; parsing a command line that names it runs it.
+/// A command writes its result to the standard output. It throws quorvel::Error when it fails or refuses, and
+/// CLI::ValidationError when its arguments contradict each other.
 namespace quorvel::cli {
 
 void AddSettingsCommand(CLI::App& app);

@@ -1,3 +1,5 @@
+// The commands add, change and remove. They ask the same rights as the editor before they write.
+
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
@@ -49,7 +51,7 @@ void RequireCreate(const RemarkContext& context, const RemarkType& type, const s
          fmt::format("{} may not create remarks of type {}", OneLine(context.UserID()), OneLine(type.TypeID())));
 }
 
-// As in the editor: an author may change and delete what the type's rights alone would not allow.
+/// As in the editor, authors have rights on their own remarks that the type alone does not give.
 RemarkRights Rights(const RemarkContext& context, std::int32_t index) {
   return RightsOnRemark(context, index, context.UserID());
 }
@@ -81,7 +83,7 @@ void RunAdd(const EditArguments& arguments) {
   PrintWritten("Added", *context->RemarkList()->Items()->back());
 }
 
-/// Moving a remark takes it away from one type and makes it one of another, so it needs both rights.
+/// A change of type deletes the remark from one type and creates it in another, so it needs both rights.
 void MoveToType(const RemarkContext& context, std::int32_t index, Remark& remark, const std::string& typeID) {
   const std::string source = "quorvel.change";
   const auto type = context.Item(typeID);

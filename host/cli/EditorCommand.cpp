@@ -19,7 +19,7 @@ struct EditorArguments : LoadArguments {
 
 bool IsUnsaved(const RemarkContext& context) { return context.RemarkList() && context.RemarkList()->Dirty(); }
 
-/// Opens the editor; false when what was typed could not be saved and the user wants to see it again.
+/// Opens the editor. False when the changes could not be saved and the user wants to see them again.
 bool Edited(RemarkContext& context) {
   try {
     context.EditMemos();

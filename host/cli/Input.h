@@ -8,7 +8,7 @@ namespace quorvel::cli {
 /// system's reason.
 [[nodiscard]] std::string ReadWhole(const std::string& path, const std::string& source);
 
-/// A text given on the command line; "-" stands for the standard input, whose final line end does not count.
+/// A text from the command line, or the standard input without its final line end when the text is "-".
 [[nodiscard]] std::string ReadTextArgument(const std::string& argument, const std::string& source);
 
 }  // namespace quorvel::cli

@@ -1,3 +1,6 @@
+// Prints the remarks as a list for people: under their types where the context groups them, else with a column of
+// types.
+
 #include <CLI/App.hpp>
 #include <algorithm>
 #include <memory>
@@ -20,7 +23,7 @@ struct ListArguments : LoadArguments {
   bool json = false;
 };
 
-/// How wide the columns before the text must be.
+/// The widths of the columns before the text.
 struct Columns {
   std::size_t index;
   std::size_t user = 0;
@@ -66,7 +69,7 @@ void PrintRemarks(const RemarkContext& context, const RemarkType* type, const Co
   }
 }
 
-/// What there was to read or add may be nothing only because of the rights.
+/// An empty list may be empty only because of the rights, so they are printed too.
 void PrintRights(const RemarkContext& context) {
   bool mayRead = false;
   std::vector<std::string> createable;

@@ -6,7 +6,7 @@
 
 namespace quorvel::cli {
 
-/// A loaded context as JSON. Bytes that are not UTF-8 come out as U+FFFD.
+/// A loaded context as JSON. Bytes that are not UTF-8 become U+FFFD.
 [[nodiscard]] std::string ListAsJson(const RemarkContext& context);
 
 }  // namespace quorvel::cli

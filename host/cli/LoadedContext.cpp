@@ -16,13 +16,13 @@ void AddLoadOptions(CLI::App& command, LoadArguments& arguments, Owner owner) {
   CLI::Option* ownerOption =
       command.add_option("--owner", arguments.owner, "The record that the remarks are on, such as C1044")
           ->type_name("ID");
-  // A context loads without an owner, but a remark on nothing could never be found again.
+  // A context loads without an owner, but a remark without an owner could never be found again.
   const auto isGiven = [](const std::string& id) { return id.empty() ? "an owner must be named" : ""; };
   if (owner == Owner::Required) ownerOption->required()->check(isGiven, "");
   command.add_option("--user", arguments.user, "Whose rights count; without it, who is logged on")->type_name("ID");
 }
 
-// The object counts as constructed once the delegated constructor is done, so a failing Load is disposed of as well.
+// The delegated constructor completes the object, so the destructor runs also when Load throws.
 LoadedContext::LoadedContext(const LoadArguments& arguments, const std::string& source) : LoadedContext() {
   RequireDatabase(source);
   m_context->Load(arguments.context, arguments.owner, arguments.user);

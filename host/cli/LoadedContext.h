@@ -11,11 +11,11 @@ class App;
 
 namespace quorvel::cli {
 
-/// Whose remarks a command works on.
+/// The arguments of RemarkContext::Load.
 struct LoadArguments {
   std::string context;
   std::string owner;
-  std::string user;  ///< empty means who is logged on
+  std::string user;  ///< empty means the logon name
 };
 
 enum class Owner { Optional, Required };
@@ -23,10 +23,10 @@ enum class Owner { Optional, Required };
 /// Gives a command the options --context, --owner and --user.
 void AddLoadOptions(CLI::App& command, LoadArguments& arguments, Owner owner);
 
-/// A loaded context that is disposed of at the end, also when loading fails half-way.
+/// A loaded context that is disposed of at the end, also when loading fails.
 class LoadedContext {
  public:
-  /// `source` is the command, named when the settings say nothing of a database. Throws what Load throws.
+  /// Throws what RequireDatabase throws from `source`, the command, and what Load throws.
   LoadedContext(const LoadArguments& arguments, const std::string& source);
   ~LoadedContext() { m_context->Dispose(); }
   LoadedContext(const LoadedContext&) = delete;

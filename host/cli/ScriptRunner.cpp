@@ -10,7 +10,7 @@
 namespace quorvel::cli {
 namespace {
 
-/// A driver that does not know the line says 0, and some give that of a procedure which the batch calls.
+/// A driver that does not know the line reports 0; some report a line of a procedure that the batch calls.
 bool IsInBatch(const ado::ProviderError& record, const ado::Batch& batch) {
   return record.line > 0 && record.line <= 1 + std::count(batch.text.begin(), batch.text.end(), '\n');
 }

@@ -37,7 +37,7 @@ Assignments ReadAssignments(const std::vector<std::string>& arguments) {
   return assignments;
 }
 
-/// A file is meant from where the person stands now, not from wherever a later command is started.
+/// A relative file name refers to the current folder, and a later command may run in another one.
 void MakeDatabaseAbsolute(Assignments& assignments) {
   SettingValues values = ReadSettings().value_or(SettingValues{});
   for (const auto& [index, value] : assignments) values.at(index) = value;
@@ -74,7 +74,7 @@ void AddSettingsCommand(CLI::App& app) {
                       "Server=, Database=, UserId= or Password= followed by the value.\n"
                       "The server (embedded) is a database file on this machine, named\n"
                       "by Database; any other name is a SQL Server. For that one a value\n"
-                      "with a semicolon stands in quotes, as in 'Password=\"a;b\"', and\n"
+                      "with a semicolon needs quotes, as in 'Password=\"a;b\"', and\n"
                       "Driver= and Encrypt= may follow another value, as in\n"
                       "'Database=Ledger; Encrypt=yes'.");
   command->group("Set up")->callback([arguments] { RunSettings(*arguments); });

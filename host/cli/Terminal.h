@@ -4,10 +4,10 @@
 
 namespace quorvel::cli {
 
-/// Columns to lay text out in; 0, meaning no limit, when the standard output is not a terminal.
+/// The columns of the terminal; 0, which means no limit, when the standard output is none.
 [[nodiscard]] std::size_t OutputWidth();
 
-/// Waits for Enter when a person sits at both ends; else returns at once. False when the input has ended.
+/// Waits for Enter when input and output are a terminal; else returns at once. False at the end of the input.
 bool WaitForEnter(const char* prompt);
 
 }  // namespace quorvel::cli

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kNarrowest = 20;
 
-/// Cuts off what fits into `columns`: whole words, or a piece of a word that is too long by itself.
+/// Removes from `line` the words that fit into `columns`, or a piece of a word that is longer than that.
 std::string_view TakeFitting(std::string_view& line, std::size_t columns) {
   std::size_t end = 0;
   std::size_t count = 0;

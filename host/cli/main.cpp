@@ -53,7 +53,7 @@ void Describe(CLI::App& app) {
   AddChangeCommand(app);
   AddRemoveCommand(app);
   AddDoctorCommand(app);
-  app.footer(kFooter);  // last: commands take over the footer that is set when they are added
+  app.footer(kFooter);  // last: a command copies the footer that is set when it is added
 }
 
 void PrintError(std::int32_t number, std::string_view source, std::string_view description) {

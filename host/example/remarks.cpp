@@ -8,14 +8,14 @@
 
 using namespace Quorvel;
 
-/// Frees a text of the component's and gives it in the program's own encoding; a path knows the way from UTF-16.
+/// Frees a text from the component and returns it in the program's encoding; std::filesystem::path converts UTF-16.
 std::string Take(BSTR text) {
   const std::filesystem::path path(std::basic_string<OLECHAR>(text, SysStringLen(text)));
   SysFreeString(text);
   return path.string();
 }
 
-/// Ends the program with what the component says of a call that failed.
+/// Ends the program with the component's description when a call has failed.
 void Check(HRESULT result) {
   if (SUCCEEDED(result)) return;
   IErrorInfo* error = nullptr;

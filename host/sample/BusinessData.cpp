@@ -1,3 +1,5 @@
+// The business reads its own tables with plain SQLite, as a host does that knows nothing of the component's inside.
+
 #include "host/sample/BusinessData.h"
 
 #include <map>
@@ -20,7 +22,7 @@ using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
 
 [[noreturn]] void Fail(const wxString& text) { throw std::runtime_error(std::string(text.utf8_str())); }
 
-/// The value of `name` in the connection string, which ends where `next` begins: it may hold semicolons.
+/// The value of `name` in the connection string. It may contain semicolons, so it ends where `next` begins.
 wxString Setting(const wxString& connectionString, const wxString& name, const wxString& next) {
   const auto start = connectionString.find(name);
   const auto end = connectionString.rfind(next);
@@ -54,7 +56,7 @@ wxString Text(sqlite3_stmt* row, int column) {
   return text == nullptr ? wxString() : wxString::FromUTF8(text);
 }
 
-/// Runs a query and hands every row to `take`.
+/// Runs a query and calls `take` with every row.
 template <typename Take>
 void ForEachRow(const Database& database, const char* query, Take take) {
   sqlite3_stmt* handle = nullptr;

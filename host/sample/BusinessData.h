@@ -18,7 +18,7 @@ struct Customer {
   std::vector<Order> orders;
 };
 
-/// Somebody to act as.
+/// A user that the program can act as.
 struct User {
   wxString id;
   wxString name;
@@ -30,12 +30,12 @@ struct BusinessData {
   std::vector<User> users;
 };
 
-/// Reads what the sample's database file holds, in the order of the IDs, and changes nothing. `connectionString` is the
-/// component's: the business keeps its records where its remarks are. std::runtime_error says in plain words what is
-/// wrong: the settings name no file, there is none, or it holds no sample data.
+/// Reads the sample's database file, in the order of the IDs, and changes nothing. `connectionString` is the
+/// component's: the business keeps its records in the database of its remarks. std::runtime_error, with a text for the
+/// user, when the settings name no file, the file does not exist, or it has no sample data.
 [[nodiscard]] BusinessData ReadBusinessData(const wxString& connectionString);
 
-/// Whether a customer is meant by what somebody typed: any part of ID or name, in any letter case.
+/// Whether the ID or the name of a customer contains the typed text, in any letter case.
 [[nodiscard]] bool IsFound(const Customer& customer, const wxString& typed);
 
 }  // namespace sample

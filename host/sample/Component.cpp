@@ -1,3 +1,5 @@
+// The only file of the sample that calls the component. It turns texts, references and errors into C++ ones.
+
 #include "host/sample/Component.h"
 
 #include <cstdint>
@@ -9,7 +11,7 @@ using namespace Quorvel;
 namespace sample {
 namespace {
 
-/// A text on its way to the component or from it.
+/// Owns a text that is passed to the component or received from it.
 class Text {
  public:
   Text() noexcept = default;
@@ -22,7 +24,7 @@ class Text {
   Text& operator=(const Text&) = delete;
 
   [[nodiscard]] BSTR Get() const noexcept { return m_text; }
-  /// Where a call puts a text that it delivers.
+  /// The out argument of a call that returns a text.
   [[nodiscard]] BSTR* Receive() noexcept { return &m_text; }
   [[nodiscard]] wxString ToWx() const {
     return {reinterpret_cast<const char*>(m_text), wxMBConvUTF16(), SysStringByteLen(m_text)};
@@ -38,13 +40,13 @@ struct Releaser {
 template <typename Interface>
 using Owned = std::unique_ptr<Interface, Releaser>;
 
-/// Numbers of the language runtime come inside an HRESULT; the others are what they are.
+/// An HRESULT contains the numbers of the language runtime; other numbers cross unchanged.
 long NumberOf(HRESULT result) {
   const auto bits = static_cast<std::uint32_t>(result);
   return bits >> 16U == 0x800AU ? static_cast<long>(bits & 0xFFFFU) : static_cast<long>(result);
 }
 
-/// What the component says of the call that has just failed.
+/// The component's error of the call that has just failed.
 ComponentError ErrorOf(HRESULT result) {
   ComponentError failure{NumberOf(result), "Quorvel", "The component could not be called."};
   IErrorInfo* taken = nullptr;

@@ -7,7 +7,7 @@
 
 namespace sample {
 
-/// What the component says of a call that failed.
+/// The component's error of a failed call.
 struct ComponentError {
   long number;
   wxString source;
@@ -18,29 +18,28 @@ struct ContextCloser {
   void operator()(Quorvel::_RemarkContext* context) const noexcept;
 };
 
-/// The remarks on one of the business's records, as one user may see them from one place in this program. All calls
-/// throw ComponentError.
+/// The remarks on one record that one user may see in one place of this program. All calls throw ComponentError.
 class OwnersRemarks {
  public:
   OwnersRemarks(const wxString& place, const wxString& owner, const wxString& user);
 
-  /// How many must be seen.
+  /// The number of remarks that pop up.
   [[nodiscard]] long PopupCount() const;
-  /// Shows those, one by one.
+  /// Shows them one by one.
   void PopUp();
-  /// Opens the editor. After an error what was typed is still in this object: Edit shows it again.
+  /// Opens the editor. After an error this object still has the changes, and Edit shows them again.
   void Edit();
-  /// Whether the place leaves it to this program to save, and there is something unsaved.
+  /// Whether changes are unsaved because the place leaves saving to this program.
   [[nodiscard]] bool IsLeftToSave() const;
 
  private:
   std::unique_ptr<Quorvel::_RemarkContext, ContextCloser> m_context;
 };
 
-/// Where the component's settings say that the database is.
+/// The connection string that the component makes from its settings.
 [[nodiscard]] wxString ConnectionString();
 
-/// Opens the window in which users, rights and places are looked after, and waits until it is closed.
+/// Opens the administration of users, rights and places, and waits until it is closed.
 void OpenAdministration();
 
 }  // namespace sample

@@ -6,7 +6,7 @@
 
 namespace sample {
 
-/// A list of records, one a line, that the user picks one of.
+/// A list of records, one per line, from which the user chooses one.
 class RecordList : public wxDataViewListCtrl {
  public:
   struct Line {
@@ -16,9 +16,9 @@ class RecordList : public wxDataViewListCtrl {
 
   RecordList(wxWindow* parent, const wxString& idCaption, const wxString& textCaption);
 
-  /// Shows other lines; the first is chosen.
+  /// Replaces the lines and chooses the first.
   void Fill(const std::vector<Line>& lines);
-  /// The record that is chosen; empty when there is none.
+  /// The ID of the chosen record; empty when there is none.
   [[nodiscard]] wxString ChosenID() const;
 };
 

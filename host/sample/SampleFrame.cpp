@@ -1,3 +1,5 @@
+// Builds the controls and binds the handlers. Every call of the component goes through Try, which shows its error.
+
 #include "host/sample/SampleFrame.h"
 
 #include <algorithm>
@@ -33,7 +35,7 @@ constexpr int kRestMilliseconds = 500;
 
 const Place& Chosen(const wxChoice& places) { return kPlaces.at(static_cast<std::size_t>(places.GetSelection())); }
 
-// The access key of a label leads to the control that is made next, by which assistive technology names it too.
+// Access key and accessible name of a label belong to the control that is created next.
 wxStaticText* Label(wxWindow* panel, const char* text) { return new wxStaticText(panel, wxID_ANY, text); }
 
 wxString Describe(const ComponentError& error) {
@@ -129,7 +131,7 @@ wxSizer* SampleFrame::MakeButtons(wxWindow* panel) {
 }
 
 void SampleFrame::BindEvents() {
-  // Not before Enter: a window would come between two letters.
+  // No pop-up before Enter: a window would open between two letters.
   m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { FindCustomers(); });
   m_search->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { PopUpIfWanted(); });
   m_search->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
@@ -150,7 +152,7 @@ void SampleFrame::BindEvents() {
   for (RecordList* list : {m_customers, m_orders}) {
     list->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) { PopUpIfWanted(); });
   }
-  // The label's own access key leads to the scroll bars around the list.
+  // The access key of the label would focus the scroll bars around the list.
   wxAcceleratorEntry toOrders(wxACCEL_ALT, 'O', m_orders->GetId());
   SetAcceleratorTable({1, &toOrders});
   Bind(
@@ -262,7 +264,7 @@ bool SampleFrame::WantsItOpenAgain(const ComponentError& error) {
   wxMessageDialog box(this, Describe(error) + "\n\nWhat was typed is still there. Throw it away?", GetTitle(),
                       wxYES_NO | wxNO_DEFAULT | wxICON_EXCLAMATION);
   box.SetYesNoLabels("&Throw away", "&Open again");
-  // A box that is closed by a stray Esc throws nothing away.
+  // Esc must not throw anything away.
   return box.ShowModal() != wxID_YES;
 }
 

@@ -20,7 +20,7 @@ struct ComponentError;
 class OwnersRemarks;
 class RecordList;
 
-/// The business's one window: its customers with their orders, and the component's windows for what is chosen.
+/// The main window of the business: its customers with their orders, and buttons for the component's windows.
 class SampleFrame : public wxFrame {
  public:
   explicit SampleFrame(BusinessData data);
@@ -35,7 +35,7 @@ class SampleFrame : public wxFrame {
   void FindCustomers();
   void ShowCustomer();
   void ShowState();
-  /// As a clerk would come upon it: once the choice has rested on a record.
+  /// Starts the timer: the pop-up opens after the choice has not changed for a moment.
   void PopUpSoon();
   void PopUpIfWanted();
   void PopUp();
@@ -43,10 +43,10 @@ class SampleFrame : public wxFrame {
   void EditUntilClosed(OwnersRemarks& remarks);
 
   [[nodiscard]] const Customer* ChosenCustomer() const;
-  /// The record whose remarks are meant: the place decides whether it is the customer or the order.
+  /// The chosen customer or the chosen order, as the place decides.
   [[nodiscard]] wxString Owner() const;
   [[nodiscard]] OwnersRemarks Remarks() const;
-  /// Does it and shows the component's error, if there is one.
+  /// Runs the action and shows an error of the component.
   void Try(const std::function<void()>& action);
   void ShowError(const ComponentError& error);
   [[nodiscard]] bool WantsItOpenAgain(const ComponentError& error);
