@@ -48,7 +48,7 @@ TEST_F(SaveTest, EditBehaviorDecidesUnlessForced) {
     const std::string text = "change " + std::to_string(++number);
     remark.SetMemoText(text);
     context->Save(false);
-    EXPECT_NE(TextOf(remark.MemoKey()), text) << "a change that nobody marked";
+    EXPECT_NE(TextOf(remark.MemoKey()), text) << "a change that is not marked dirty";
     remark.SetDirty(true);
     context->Save(each.force);
     EXPECT_EQ(TextOf(remark.MemoKey()) == text, each.isSaved) << number;
@@ -58,7 +58,7 @@ TEST_F(SaveTest, EditBehaviorDecidesUnlessForced) {
   }
 }
 
-TEST_F(SaveTest, TheQuestionAndARemovedRemarkThatCallsForIt) {
+TEST_F(SaveTest, AsksBeforeItDeletesARemovedRemark) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   const std::int32_t key = RemarkAt(context, 1).MemoKey();
   context->RemarkList()->Remove(Number(1));
@@ -76,7 +76,7 @@ TEST_F(SaveTest, TheQuestionAndARemovedRemarkThatCallsForIt) {
   EXPECT_EQ(m_prompts->shown[0].icon, PromptIcon::Question);
 }
 
-TEST_F(SaveTest, LoadingAgainSavesWhatThePreviousOwnerLeft) {
+TEST_F(SaveTest, NextLoadSavesPendingChanges) {
   const ContextHolder context("OrderEntry", "SO20001", "admin");
   context->AddRemark("ORD.NOTE", "written by the next load", "mjones");
   context->Load("CustInq", "C1044", "admin");
@@ -84,13 +84,13 @@ TEST_F(SaveTest, LoadingAgainSavesWhatThePreviousOwnerLeft) {
                            "'written by the next load'"),
             "1");
 
-  // Now NoAutoSave is in force, and the change is dropped without a word.
+  // This context has NoAutoSave: the change is dropped without a message.
   context->AddRemark("Cust.General", "dropped");
   context->Load("CustInq", "C1000", "admin");
   EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'dropped'"), "0");
   EXPECT_TRUE(m_prompts->shown.empty());
 
-  // What cannot be saved keeps Load from replacing it.
+  // A failed save ends the load, and the remarks stay.
   context->SetEditBehavior(EditBehavior::AutoSaveOnClose);
   context->AddRemark("Cust.General", "kept", std::string(31, 'u'));
   EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "jsmith"); }),
@@ -106,7 +106,7 @@ TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
   EXPECT_THAT(Caught([&] { context->AddRemark(Number(5), "x"); }), HasNumber(-1));
   EXPECT_EQ(context->MemoCount(), 0);
 
-  // The type's rights are not asked; the author is the logon name, not the user of the context.
+  // Rights do not matter here; the author is the logon name, not the user of the context.
   context->AddRemark("cust.internal", "  spaced  ");
   context->AddRemark(Number(1), "by another", "mjones");
   EXPECT_EQ(RemarkAt(context, 1).UserID(), modUserName::GetUserName());
@@ -121,18 +121,6 @@ TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
             "[by another] mjones");
   EXPECT_EQ(TextOf(2043), "spaced");
   EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoKey = 2043"), "45");
-}
-
-TEST_F(SaveTest, ARemarkThatAnotherDeletedMeanwhileIsWrittenAnew) {
-  const ContextHolder context("CustMaint", "C1044", "admin");
-  Remark& remark = RemarkAt(context, 2);
-  remark.SetMemoText("typed while it was deleted");
-  remark.SetDirty(true);
-  const std::string key = std::to_string(remark.MemoKey());
-  m_database.Run("DELETE FROM tciMemo WHERE MemoKey = " + key);
-  context->Save(true);
-  EXPECT_EQ(TextOf(remark.MemoKey()), "typed while it was deleted");
-  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE OwnerKey = 45 AND MemoKey = " + key), "1");
 }
 
 TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
@@ -151,7 +139,7 @@ TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
     EXPECT_EQ(context->RemarkList(), nullptr);
     EXPECT_FALSE(context->CanUpdate(1));
     EXPECT_EQ(MemoCount(), kMemosOfSample);
-    // A remark that the host kept no longer knows its owner and must not be filed under none.
+    // A remark that the host still holds has lost its owner and must not be written.
     EXPECT_EQ(remark->OwnerKey(), 0);
     EXPECT_THAT(Caught([&] { remark->Commit(); }), HasNumber(ErrorNumber::ObjectNotSet));
 
@@ -162,16 +150,16 @@ TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
   EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(SaveTest, WithoutWindowsAnErrorSaysSo) {
+TEST_F(SaveTest, MissingWindowsAreAnError) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
   EXPECT_THAT(Caught([&] { context->PopupMemos(); }), IsError(-1, "RemarkContext.PopupMemos", HasSubstr("window")));
   EXPECT_THAT(Caught([&] { context->EditMemos(true); }), IsError(-1, "RemarkContext.EditMemos", HasSubstr("window")));
   EXPECT_THAT(Caught([&] { context->ViewManager(1); }), IsError(-1, "RemarkContext.ViewManager", HasSubstr("window")));
   context->Popup("CustMaint", "C1006", "jsmith");
-  EXPECT_EQ(context->PopupCount(), 0) << "and then no window was needed";
+  EXPECT_EQ(context->PopupCount(), 0) << "no window is needed then";
 }
 
-TEST_F(SaveTest, AnEditedContextKeepsItsOwner) {
+TEST_F(SaveTest, EditedContextKeepsItsOwner) {
   struct HostWithATimer : RemarkWindows {
     void ViewPopup(RemarkContext& /*context*/) override {}
     void ViewEdit(RemarkContext& context) override {

@@ -16,7 +16,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestSettings.h"
 
-// The scripts on a server, and the component on what they made.
+// The scripts on a server, and the component on the database that they make.
 namespace quorvel {
 namespace {
 
@@ -24,7 +24,7 @@ using test::ContextHolder;
 using test::EngineKind;
 using test::RemarkAt;
 
-/// Everything the scripts make, in their order: "TABLE name" or "PROCEDURE name".
+/// Every object that the scripts make, in their order: "TABLE name" or "PROCEDURE name".
 std::vector<std::string> ObjectsOfTheScripts() {
   constexpr std::string_view kCreate = "CREATE ";
   std::vector<std::string> objects;
@@ -42,8 +42,8 @@ std::string NameIn(const std::string& object) { return object.substr(object.find
 
 std::string Quoted(const std::string& value) { return value.empty() ? value : fmt::format("\"{}\"", value); }
 
-/// The scripts bring their own names, so they run in a database of their own; where the login may not create one, in
-/// the one that was named, as long as nothing in it bears those names.
+/// The scripts use fixed names, so they run in a scratch database. Where the login may not create one, they run in the
+/// given database, unless it has objects with those names.
 class ServerScriptTest : public testing::TestWithParam<EngineKind> {
  protected:
   void SetUp() override {
@@ -69,7 +69,7 @@ class ServerScriptTest : public testing::TestWithParam<EngineKind> {
     }
   }
 
-  /// An object that a failed script never came to make is no reason to leave the others.
+  /// After a failed script an object may be missing; the others are dropped all the same.
   static void Drop(const std::string& object) {
     try {
       modDatabase::SharedConnection()->Execute("DROP " + object);
@@ -128,8 +128,8 @@ class ServerScriptTest : public testing::TestWithParam<EngineKind> {
 INSTANTIATE_TEST_SUITE_P(Servers, ServerScriptTest, testing::Values(EngineKind::StandIn, EngineKind::SqlServer),
                          [](const auto& each) { return test::NameOf(each.param); });
 
-/// The keys that several callers at once draw, each on a connection of its own, half of them from a session that is set
-/// to snapshot isolation.
+/// The keys that several callers draw at the same time, each on another connection and every other one under snapshot
+/// isolation.
 std::multiset<std::int32_t> DrawKeys(int callers, int keys) {
   std::mutex mutex;
   std::multiset<std::int32_t> drawn;
@@ -156,7 +156,7 @@ std::multiset<std::int32_t> DrawKeys(int callers, int keys) {
   return drawn;
 }
 
-TEST_P(ServerScriptTest, SetsUpADatabaseOnWhichTheComponentWorks) {
+TEST_P(ServerScriptTest, ScriptsMakeADatabaseOnWhichTheComponentWorks) {
   RunScripts();
   RunScripts();
   {

@@ -12,7 +12,7 @@
 #include "tests/runtime/RuntimeTest.h"
 #include "tests/support/ServedDatabase.h"
 
-// The component on a server, reached over the network through the driver manager and a real driver.
+// The component on a stand-in server, through the driver manager, a real driver and the network.
 namespace quorvel {
 namespace {
 
@@ -30,9 +30,15 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
+using Part = test::StandInServer::Part;
 
 constexpr const char* kMemosOfSample = "2042";
 constexpr int kMemosOfOwner = 7;
+
+Part OneRow() { return {Part::Kind::Rows, {}, 0, {{"n", ado::DataType::Integer}}, {{std::int64_t{1}}}}; }
+Part Message(const char* text) { return {Part::Kind::Message, {"01000", 0, text, 1}, 0, {}, {}}; }
+Part Failure(const char* text) { return {Part::Kind::Error, {"42000", 50001, text, 1}, 0, {}, {}}; }
 
 class ServerTest : public testing::Test {
  protected:
@@ -47,10 +53,12 @@ void AddRemark(const ContextHolder& context, const std::string& text) {
   context->AddRemark("Cust.General", text, "admin");
 }
 
-TEST_F(ServerTest, AskedOnlyWhatIsNeeded) {
+TEST_F(ServerTest, SendsOnlyWhatIsNeeded) {
+  // Some servers return the names of parameters in lower case.
+  Server().UseLowerCaseNames();
   {
     const ContextHolder warmUp("CustMaint", "C1044", "admin");
-    AddRemark(warmUp, "the first asks for the procedures' parameters");
+    AddRemark(warmUp, "the first call of a procedure discovers its parameters");
     warmUp->Save(true);
   }
   Server().ForgetRequests();
@@ -86,10 +94,10 @@ TEST_F(ServerTest, LoadRstReplacesALostConnectionOnce) {
   EXPECT_THAT(m_prompts->shown, IsEmpty());
 }
 
-TEST_F(ServerTest, NothingIsSentTwice) {
+TEST_F(ServerTest, NoRequestIsSentTwice) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   AddRemark(context, "its answer gets lost");
-  // The discoveries of both procedures come first; then the key; then the remark.
+  // Two discoveries and the key come before the remark.
   Server().DropAfterRequest(4);
   EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
   EXPECT_EQ(MemoCount(), "2043");
@@ -114,45 +122,25 @@ TEST_F(ServerTest, NothingIsSentTwice) {
   EXPECT_NE(Caught([&] { other->Load("CustMaint", "C1044", "admin"); }).Number(), 0) << "half a result";
 }
 
-TEST_F(ServerTest, LoadRstShowsEveryRecordOfTheServer) {
-  using Part = test::StandInServer::Part;
-  const std::string sql = "SELECT Everything";
-  Server().AnswerWith(sql, {{Part::Kind::Error, {"42000", 50001, "first reason", 3}, 0, {}, {}},
-                            {Part::Kind::Error, {"42000", 50002, "second reason", 4}, 0, {}, {}},
-                            {Part::Kind::Message, {"01000", 0, "and a word", 5}, 0, {}, {}}});
+TEST_F(ServerTest, EveryRecordOfABatchIsKeptAndShown) {
+  const std::string sql = "EXEC Many";
+  const Part rowCount{Part::Kind::RowCount, {}, 3, {}, {}};
+  Server().AnswerWith(sql, {Message("a word"), OneRow(), Failure("first"), rowCount, Failure("second"), OneRow(),
+                            Failure("third"), Message("a late word")});
+  EXPECT_EQ(Caught([&] { SharedConnection()->Execute(sql); }).Description(), "first");
+  std::vector<std::string> records;
+  for (const auto& record : SharedConnection()->Errors()) records.push_back(record.description);
+  EXPECT_THAT(records, UnorderedElementsAre("a word", "first", "second", "third", "a late word"));
+
   EXPECT_EQ(LoadRst(sql), nullptr);
   ASSERT_THAT(m_prompts->shown, SizeIs(1));
   const std::string& report = m_prompts->shown[0].text;
-  EXPECT_THAT(report, StartsWith("first reason\r\nSQL=SELECT Everything\r\nAdditional Information:\r\n"));
-  for (const char* record : {"ErrMsg 0: first reason\r\n", "ErrMsg 0: second reason\r\n", "ErrMsg 0: and a word\r\n"}) {
-    EXPECT_THAT(report, HasSubstr(record));
-  }
+  EXPECT_THAT(report, StartsWith("first\r\nSQL=EXEC Many\r\nAdditional Information:\r\n"));
+  for (const std::string& record : records) EXPECT_THAT(report, HasSubstr("ErrMsg 0: " + record + "\r\n"));
 }
 
-TEST_F(ServerTest, EveryFailureOfABatchIsKept) {
-  using Part = test::StandInServer::Part;
-  const Part rows{Part::Kind::Rows, {}, 0, {{"n", ado::DataType::Integer}}, {{std::int64_t{1}}}};
-  const Part count{Part::Kind::RowCount, {}, 3, {}, {}};
-  const auto failure = [](const char* text) { return Part{Part::Kind::Error, {"42000", 50001, text, 1}, 0, {}, {}}; };
-  Server().AnswerWith("EXEC Many", {{Part::Kind::Message, {"01000", 0, "a word", 1}, 0, {}, {}},
-                                    rows,
-                                    failure("first"),
-                                    count,
-                                    failure("second"),
-                                    rows,
-                                    failure("third"),
-                                    {Part::Kind::Message, {"01000", 0, "a late word", 1}, 0, {}, {}}});
-  EXPECT_EQ(Caught([] { SharedConnection()->Execute("EXEC Many"); }).Description(), "first");
-  std::vector<std::string> told;
-  for (const auto& record : SharedConnection()->Errors()) told.push_back(record.description);
-  EXPECT_THAT(told, testing::UnorderedElementsAre("a word", "first", "second", "third", "a late word"));
-}
-
-TEST_F(ServerTest, LoadRstTakesAWarningForAFailure) {
-  using Part = test::StandInServer::Part;
-  Server().AnswerWith("SELECT 1", {{Part::Kind::Message, {"01000", 0, "mind this", 1}, 0, {}, {}},
-                                   {Part::Kind::Rows, {}, 0, {{"n", ado::DataType::Integer}}, {{std::int64_t{1}}}},
-                                   {Part::Kind::Message, {"01000", 0, "and this", 1}, 0, {}, {}}});
+TEST_F(ServerTest, LoadRstTreatsAWarningAsAFailure) {
+  Server().AnswerWith("SELECT 1", {Message("mind this"), OneRow(), Message("and this")});
   EXPECT_EQ(LoadRst("SELECT 1"), nullptr);
   ASSERT_THAT(m_prompts->shown, SizeIs(1));
   EXPECT_EQ(m_prompts->shown[0].text,
@@ -160,19 +148,11 @@ TEST_F(ServerTest, LoadRstTakesAWarningForAFailure) {
             "ErrMsg 0: and this\r\n");
 }
 
-TEST_F(ServerTest, AStatementThatTakesTooLongEndsInATimeout) {
+TEST_F(ServerTest, SlowStatementIsATimeout) {
   SharedConnection()->SetCommandTimeout(std::chrono::seconds(1));
   Server().DelayAnswers(std::chrono::seconds(5));
   EXPECT_EQ(Caught([] { SharedConnection()->Execute("SELECT GroupID FROM ttwGroup"); }).Number(),
             ErrorNumber::DbTimeout);
-}
-
-TEST_F(ServerTest, ParameterNamesMayComeInLowerCase) {
-  Server().UseLowerCaseNames();
-  const ContextHolder context("CustMaint", "C1044", "admin");
-  AddRemark(context, "named without regard to case");
-  context->Save(true);
-  EXPECT_EQ(MemoCount(), "2043");
 }
 
 /// Lets the `n`th ODBC call fail.
@@ -195,7 +175,7 @@ class FailingCall : public ado::odbc::CallObserver {
   ado::odbc::CallObserver* m_before;
 };
 
-/// Connects, loads, changes one remark and adds one; the error that ends it, if any.
+/// Connects, loads, changes one remark and adds one. Returns the error, if any.
 std::optional<Error> LoadAndSave(int& loaded) {
   const ContextHolder context;
   try {
@@ -221,7 +201,7 @@ std::ptrdiff_t CountSockets() {
                        });
 }
 
-TEST_F(ServerTest, WhicheverCallFailsTheErrorTellsAndNothingIsHalf) {
+TEST_F(ServerTest, AnyFailedCallIsAnErrorAndNothingIsHalfDone) {
   std::vector<std::string> silent;
   const std::ptrdiff_t sockets = CountSockets();
   int number = 0;
@@ -237,7 +217,7 @@ TEST_F(ServerTest, WhicheverCallFailsTheErrorTellsAndNothingIsHalf) {
     ASSERT_TRUE(loaded == 0 || loaded == kMemosOfOwner) << loaded << ", call " << number << " " << failed;
     const bool isAdded = MemoCount() != kMemosOfSample;
     if (error) {
-      // What keeps the owner's lookup from running is always told in the same words.
+      // Failures of the owner procedure have one description.
       EXPECT_THAT(error->Description(), AnyOf(HasSubstr(failed), Eq("Context has not been loaded"))) << number;
     } else {
       EXPECT_TRUE(isAdded) << number << failed;
@@ -245,10 +225,10 @@ TEST_F(ServerTest, WhicheverCallFailsTheErrorTellsAndNothingIsHalf) {
     }
   }
   EXPECT_GT(number, 100);
-  // A failed connect leaves no connection behind. The server's ends close in threads of their own.
+  // A failed connect must close its connection. The server closes its ends in other threads.
   for (int i = 0; i < 100 && CountSockets() > sockets; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(50));
   EXPECT_LE(CountSockets(), sockets);
-  // Giving back a handle and asking for a line number are all that may fail without a word.
+  // Only releasing a handle and reading a diagnostic field may fail without an error.
   EXPECT_THAT(silent, Each(AnyOf("SQLFreeHandle", "SQLDisconnect", "SQLGetDiagField", "SQLGetDiagRec", "")));
 }
 
