@@ -9,25 +9,25 @@
 
 namespace quorvel::test {
 
-/// What a run of a program left behind.
+/// The result of a program.
 struct Outcome {
   int status = -1;  ///< exit status; -1 when a signal ended it
   std::string output;
   std::string errors;
 };
 
-/// Runs a program to its end with `input` on its standard input. No terminal anywhere.
+/// Runs a program to its end with `input` on its standard input, without a terminal.
 [[nodiscard]] Outcome RunProgram(const std::vector<std::string>& command, const std::string& input = {});
 
-/// The real program on settings and a database file of the test's own.
+/// Runs the real program with settings and a database file for this test.
 class CommandLine : public ::testing::Test {
  protected:
   CommandLine();
 
   [[nodiscard]] static Outcome Quorvel(std::vector<std::string> arguments, const std::string& input = {});
-  /// Settings for the embedded engine and a new database; fails the test when that goes wrong.
+  /// Makes settings for the embedded engine and a new database; fails the test when that fails.
   void Initialize(bool withSample);
-  /// Runs a script and returns what it printed; fails the test when it fails.
+  /// Runs a script and returns its output; fails the test when the script fails.
   static std::string RunSql(const std::string& script);
   [[nodiscard]] std::string File(const char* name) const { return m_folder.File(name); }
 

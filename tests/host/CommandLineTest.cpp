@@ -9,7 +9,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-TEST_F(CommandLine, HelpSucceedsEverywhereAndWrongUsageIsStatus2) {
+TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel({"--version"}).output, HasSubstr("quorvel 5."));
   EXPECT_THAT(Quorvel({"--help"}), Succeeds());
   for (const char* command :
@@ -31,7 +31,7 @@ TEST_F(CommandLine, HelpSucceedsEverywhereAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel({"settings", "Server"}), IsWrongUsage("NAME=VALUE"));
 }
 
-TEST_F(CommandLine, SettingsAreShownWithoutThePasswordAndWrittenAllOrNone) {
+TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   const std::string file = File("settings.reg");
   EXPECT_EQ(Quorvel({"settings"}).output, "Server=\nDatabase=\nUserId=\nPassword=\nKept in " + file + "\n");
   EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "Sever=SQL2"}), IsWrongUsage("Sever"));
@@ -43,12 +43,12 @@ TEST_F(CommandLine, SettingsAreShownWithoutThePasswordAndWrittenAllOrNone) {
   std::ifstream stored(file);
   EXPECT_THAT(std::string(std::istreambuf_iterator<char>(stored), {}), HasSubstr("a=b c"));
 
-  // A name becomes a file only where the engine keeps its databases in files.
+  // Only for the embedded engine the database is a file, whose path is made absolute.
   EXPECT_THAT(Quorvel({"settings", "Server=(Embedded)"}).output,
               HasSubstr("Database=" + (std::filesystem::current_path() / "Ledger").string() + "\n"));
 }
 
-TEST_F(CommandLine, SettingsThatCannotBeKeptAreAnErrorThatSaysWhere) {
+TEST_F(CommandLine, UnwritableSettingsAreAnErrorThatNamesTheFile) {
   const ScopedVariable elsewhere("QUORVEL_REGISTRY", "/proc/no/such/settings.reg");
   EXPECT_THAT(Quorvel({"settings"}).output, HasSubstr("/proc/no/such/settings.reg"));
   const Outcome outcome = Quorvel({"settings", "Server=SQL1"});
@@ -57,7 +57,7 @@ TEST_F(CommandLine, SettingsThatCannotBeKeptAreAnErrorThatSaysWhere) {
   EXPECT_THAT(outcome.errors, HasSubstr("/proc/no/such/settings.reg"));
 }
 
-TEST_F(CommandLine, WithoutSettingsEveryCommandSaysHowToSetThem) {
+TEST_F(CommandLine, MissingSettingsAreAnErrorWithAdvice) {
   for (const std::vector<std::string>& command :
        {std::vector<std::string>{"init"}, {"run", "-"}, OnAcme({"list"}), OnAcme({"popup"})}) {
     const Outcome outcome = Quorvel(command);
@@ -67,7 +67,7 @@ TEST_F(CommandLine, WithoutSettingsEveryCommandSaysHowToSetThem) {
   }
 }
 
-TEST_F(CommandLine, InitCreatesOnceAndThenFinds) {
+TEST_F(CommandLine, InitCreatesOnce) {
   ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("new/test.db")}), Succeeds());
   const Outcome first = Quorvel({"init", "--sample"});
   EXPECT_THAT(first, Succeeds());
@@ -82,7 +82,7 @@ TEST_F(CommandLine, InitCreatesOnceAndThenFinds) {
   EXPECT_EQ(RunSql(rows), before);
 }
 
-TEST_F(CommandLine, TheEmbeddedEngineHasNobodyToGrantTo) {
+TEST_F(CommandLine, EmbeddedEngineHasNoGrants) {
   ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("new.db")}), Succeeds());
   EXPECT_THAT(Quorvel({"init", "--grants"}),
               Fails("-1 at quorvel.init: The embedded engine has no users to grant anything to; --grants is for a SQL "
@@ -90,7 +90,7 @@ TEST_F(CommandLine, TheEmbeddedEngineHasNobodyToGrantTo) {
   EXPECT_FALSE(std::filesystem::exists(File("new.db")));
 }
 
-TEST_F(CommandLine, AFileThatIsNoDatabaseIsLeftAlone) {
+TEST_F(CommandLine, InitLeavesAForeignFileAlone) {
   const std::string content = "Dear diary, this is not a database.\n" + std::string(4096, 'x');
   std::ofstream(File("diary.txt")) << content;
   ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("diary.txt")}), Succeeds());

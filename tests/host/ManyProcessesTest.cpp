@@ -8,8 +8,8 @@ namespace {
 
 using ::testing::HasSubstr;
 
-// Seven that stay connected and one that opens and closes the file for every remark.
-TEST_F(CommandLine, EightWritersOfOneFileLoseNothing) {
+// Seven writers stay connected; one opens and closes the file for every remark.
+TEST_F(CommandLine, EightWritersLoseNoRemark) {
   Initialize(true);
   const std::string count = "SELECT COUNT(*) AS Memos FROM tciMemo";
   const std::string before = RunSql(count);
@@ -25,7 +25,6 @@ TEST_F(CommandLine, EightWritersOfOneFileLoseNothing) {
     writers.push_back(std::async(std::launch::async, [&command] { return RunProgram(command); }));
   }
   for (auto& writer : writers) EXPECT_THAT(writer.get(), Succeeds());
-  // The key is the table's primary key, so as many rows as were added are as many distinct keys.
   EXPECT_THAT(RunSql(count), HasSubstr("\n 3642\n"));
   EXPECT_THAT(RunSql("SELECT MAX(MemoKey) AS Highest FROM tciMemo"), HasSubstr("\n   3642\n"));
   EXPECT_THAT(RunSql("SELECT MemoText FROM tciMemo WHERE MemoText LIKE 'writer %' GROUP BY MemoText"),

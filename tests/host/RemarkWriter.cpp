@@ -1,5 +1,5 @@
-// A host that adds 200 remarks to one customer, saving each: several of these at once show whether writers get into
-// each other's way. The first argument goes into every text.
+// A host that adds 200 remarks to one customer and saves each. The test runs several at the same time. The first
+// argument becomes part of every text.
 
 #include <cstdio>
 #include <exception>

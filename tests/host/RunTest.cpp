@@ -13,7 +13,7 @@ class Run : public CommandLine {
   void SetUp() override { Initialize(false); }
 };
 
-TEST_F(Run, AnErrorNamesFileLineAndBatchAndEarlierBatchesStand) {
+TEST_F(Run, ErrorNamesFileBatchAndLineAndEarlierBatchesStay) {
   const std::string file = File("script.sql");
   std::ofstream(file) << "-- first\nINSERT INTO ttwGroup (GroupID) VALUES ('Kept')\nGO\n\n"
                          "INSERT INTO ttwGroup (GroupID) VALUES ('Kept too')\n"
@@ -26,13 +26,13 @@ TEST_F(Run, AnErrorNamesFileLineAndBatchAndEarlierBatchesStand) {
             "GroupID\n--------\nDefault\nKept\nKept too\n(3 rows)\n");
 }
 
-TEST_F(Run, RowsComeOutAsATable) {
+TEST_F(Run, PrintsRowsAsATable) {
   EXPECT_EQ(RunSql("SELECT 7 AS N, 'a' AS Letter UNION ALL SELECT 1234, N'\xC3\xA9\nb'\nGO\nSELECT NULL AS Nothing"),
             "   N  Letter\n----  ------\n   7  a\n1234  \xC3\xA9\\nb\n(2 rows)\n\nNothing\n-------\nNULL\n(1 row)\n");
   EXPECT_EQ(RunSql("UPDATE ttwGroup SET Caption = 'x'\nGO\nDELETE FROM ttwRight\n"), "2 batches run\n");
 }
 
-TEST_F(Run, AMissingFileIsAnErrorWithTheSystemsReason) {
+TEST_F(Run, UnreadableFileIsAnErrorWithItsReason) {
   EXPECT_THAT(Quorvel({"run", "/no/such/file.sql"}),
               Fails("-1 at quorvel.run: Cannot read /no/such/file.sql: No such file or directory"));
   EXPECT_THAT(Quorvel({"run", "/"}), Fails("-1 at quorvel.run: Cannot read /: Is a directory"));

@@ -28,9 +28,9 @@ std::string RefusalOf(const std::string& file, const std::string& server = "(emb
   return "none";
 }
 
-class SampleData : public CommandLine {};
+using SampleData = CommandLine;
 
-TEST_F(SampleData, IsReadFromTheFileOfTheSettingsAndFound) {
+TEST_F(SampleData, ReadsTheFileOfTheSettings) {
   Initialize(true);
   RunSql("INSERT INTO SalesOrder (OrderKey, OrderID, CustKey, OrderDate) VALUES (99, 'SO10000', 45, '20231231')");
   RunSql("UPDATE ttwUser SET IsActive = 0 WHERE UserID = 'mjones'");
@@ -47,7 +47,7 @@ TEST_F(SampleData, IsReadFromTheFileOfTheSettingsAndFound) {
   EXPECT_EQ(Utf8(data.users.front().name), "Jane Smith");
   EXPECT_EQ(Utf8(data.users.back().id + data.users.back().name), "guest");
 
-  // The program runs in its user's locale, which knows the letters.
+  // Letter case outside ASCII needs a locale, as the program has one.
   ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
   EXPECT_TRUE(IsFound(foreign, wxString::FromUTF8(" MØB ")));
   EXPECT_TRUE(IsFound(foreign, "c104"));
@@ -55,7 +55,7 @@ TEST_F(SampleData, IsReadFromTheFileOfTheSettingsAndFound) {
   EXPECT_FALSE(IsFound(foreign, "acme"));
 }
 
-TEST_F(SampleData, SaysWhatIsMissing) {
+TEST_F(SampleData, ReportsWhatIsMissing) {
   EXPECT_THAT(RefusalOf("Ledger", "SQL1"), HasSubstr("the settings name the server \"SQL1\""));
   EXPECT_THAT(RefusalOf(File("none;of it.db")),
               StartsWith("There is no database file \"" + File("none;of it.db") + "\""));

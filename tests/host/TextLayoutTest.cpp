@@ -5,7 +5,7 @@
 namespace quorvel::cli {
 namespace {
 
-TEST(Paragraph, WrapsBetweenWordsAndCountsCharactersNotBytes) {
+TEST(Paragraph, WrapsBetweenWordsAndCountsCharacters) {
   EXPECT_EQ(Paragraph("one two three four", 2, 12 + 20), "one two three four");
   EXPECT_EQ(Paragraph("aaaa bbbb cccc dddd eeee ffff", 4, 24), "aaaa bbbb cccc dddd\n    eeee ffff");
   EXPECT_EQ(Paragraph("åååå bbbb cccc dddd eeee ffff", 4, 24), "åååå bbbb cccc dddd\n    eeee ffff");
@@ -15,7 +15,7 @@ TEST(Paragraph, WrapsBetweenWordsAndCountsCharactersNotBytes) {
             "too narrow a\n" + std::string(30, ' ') + "terminal to obey");
 }
 
-TEST(Paragraph, KeepsLinesAndTakesTheForceOutOfControlCharacters) {
+TEST(Paragraph, KeepsLinesAndReplacesControlCharacters) {
   EXPECT_EQ(Paragraph("one\r\n\r\n  two\n", 2, 0), "one\n\n    two\n");
   EXPECT_EQ(Paragraph("\nafter", 2, 0), "\n  after");
   EXPECT_EQ(Paragraph("a\tb\x1b[31m\x7f\xC2\x9B!", 0, 0), "a\tb\xEF\xBF\xBD[31m\xEF\xBF\xBD\xEF\xBF\xBD!");
