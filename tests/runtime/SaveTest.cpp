@@ -159,37 +159,24 @@ TEST_F(SaveTest, MissingWindowsAreAnError) {
   EXPECT_EQ(context->PopupCount(), 0) << "no window is needed then";
 }
 
-TEST_F(SaveTest, EditedContextKeepsItsOwner) {
-  struct HostWithATimer : RemarkWindows {
-    void ViewPopup(RemarkContext& /*context*/) override {}
-    void ViewEdit(RemarkContext& context) override {
-      EXPECT_THAT(Caught([&] { context.Load("OrderEntry", "SO20003", "admin"); }),
-                  IsError(-1, "RemarkContext.Load", HasSubstr("editor")));
-      EXPECT_THAT(Caught([&] { context.SetOwnerID("C1000"); }),
-                  IsError(-1, "RemarkContext.OwnerID", HasSubstr("editor")));
-      EXPECT_THAT(Caught([&] { context.SetOwnerKey(3); }), IsError(-1, "RemarkContext.OwnerKey", HasSubstr("editor")));
-      context.Save(true);
-    }
-    void ViewManager(std::int32_t /*modal*/) override {}
-  };
-  ExchangeRemarkWindows(std::make_shared<HostWithATimer>());
-  const ContextHolder context("CustMaint", "C1044", "admin");
-  RemarkAt(context, 1).SetMemoText("stays with its owner");
-  RemarkAt(context, 1).SetDirty(true);
-  context->EditMemos();
-  ExchangeRemarkWindows(nullptr);
-  EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoText = 'stays with its owner'"), "45");
-  context->SetOwnerID("C1000");
-  EXPECT_EQ(context->OwnerID(), "C1000");
-}
+/// Records its calls. While its editor is open, a timer of the host tries to change the owner.
+struct RecordingWindows : RemarkWindows {
+  void ViewPopup(RemarkContext& context) override { calls += "popup " + std::to_string(context.MemoCount()) + ";"; }
+  void ViewEdit(RemarkContext& context) override {
+    calls += "edit " + std::to_string(context.MemoCount()) + ";";
+    EXPECT_THAT(Caught([&] { context.Load("OrderEntry", "SO20003", "admin"); }),
+                IsError(-1, "RemarkContext.Load", HasSubstr("editor")));
+    EXPECT_THAT(Caught([&] { context.SetOwnerID("C1000"); }),
+                IsError(-1, "RemarkContext.OwnerID", HasSubstr("editor")));
+    EXPECT_THAT(Caught([&] { context.SetOwnerKey(3); }), IsError(-1, "RemarkContext.OwnerKey", HasSubstr("editor")));
+    context.Save(true);
+  }
+  void ViewManager(std::int32_t modal) override { calls += "manager " + std::to_string(modal) + ";"; }
 
-TEST_F(SaveTest, WindowsGetTheLoadedContext) {
-  struct RecordingWindows : RemarkWindows {
-    void ViewPopup(RemarkContext& context) override { calls += "popup " + std::to_string(context.MemoCount()) + ";"; }
-    void ViewEdit(RemarkContext& context) override { calls += "edit " + std::to_string(context.MemoCount()) + ";"; }
-    void ViewManager(std::int32_t modal) override { calls += "manager " + std::to_string(modal) + ";"; }
-    std::string calls;
-  };
+  std::string calls;
+};
+
+TEST_F(SaveTest, WindowsGetTheLoadedContextAndTheEditorKeepsItsOwner) {
   const auto windows = std::make_shared<RecordingWindows>();
   ExchangeRemarkWindows(windows);
   const ContextHolder context;
@@ -198,9 +185,15 @@ TEST_F(SaveTest, WindowsGetTheLoadedContext) {
   m_database.Run("DELETE FROM tciMemo WHERE OwnerKey = 45 AND MemoType = 'Cust.Credit'");
   context->PopupMemos();
   context->PopupMemos(true);
+  RemarkAt(context, 1).SetMemoText("stays with its owner");
+  RemarkAt(context, 1).SetDirty(true);
+  context->EditMemos();
   context->ViewManager();
   EXPECT_EQ(ExchangeRemarkWindows(nullptr), windows);
-  EXPECT_EQ(windows->calls, "popup 6;edit 4;popup 4;popup 3;manager 0;");
+  EXPECT_EQ(windows->calls, "popup 6;edit 4;popup 4;popup 3;edit 3;manager 0;");
+  EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoText = 'stays with its owner'"), "45");
+  context->SetOwnerID("C1000");
+  EXPECT_EQ(context->OwnerID(), "C1000");
 }
 
 }  // namespace
