@@ -1,3 +1,5 @@
+// Settings, init and the exit status, by running the real program.
+
 #include <filesystem>
 #include <fstream>
 
@@ -67,27 +69,21 @@ TEST_F(CommandLine, MissingSettingsAreAnErrorWithAdvice) {
   }
 }
 
-TEST_F(CommandLine, InitCreatesOnce) {
-  ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("new/test.db")}), Succeeds());
-  const Outcome first = Quorvel({"init", "--sample"});
-  EXPECT_THAT(first, Succeeds());
-  EXPECT_EQ(first.output,
-            "Database file: created " + File("new/test.db") + "\nSchema: created\nSample data: created\n");
+TEST_F(CommandLine, InitCreatesOnceAndRefusesGrantsOnTheEmbeddedEngine) {
+  const std::string file = File("new/test.db");
+  ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + file}), Succeeds());
+  EXPECT_THAT(Quorvel({"init", "--grants"}),
+              Fails("-1 at quorvel.init: The embedded engine has no users to grant anything to; --grants is for a SQL "
+                    "Server"));
+  EXPECT_FALSE(std::filesystem::exists(file));
+  EXPECT_EQ(Quorvel({"init", "--sample"}).output,
+            "Database file: created " + file + "\nSchema: created\nSample data: created\n");
   const std::string rows = "SELECT COUNT(*) AS Memos FROM tciMemo";
   const std::string before = RunSql(rows);
   const Outcome second = Quorvel({"init", "--sample"});
   EXPECT_THAT(second, Succeeds());
-  EXPECT_EQ(second.output,
-            "Database file: found " + File("new/test.db") + "\nSchema: up to date\nSample data: up to date\n");
+  EXPECT_EQ(second.output, "Database file: found " + file + "\nSchema: up to date\nSample data: up to date\n");
   EXPECT_EQ(RunSql(rows), before);
-}
-
-TEST_F(CommandLine, EmbeddedEngineHasNoGrants) {
-  ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("new.db")}), Succeeds());
-  EXPECT_THAT(Quorvel({"init", "--grants"}),
-              Fails("-1 at quorvel.init: The embedded engine has no users to grant anything to; --grants is for a SQL "
-                    "Server"));
-  EXPECT_FALSE(std::filesystem::exists(File("new.db")));
 }
 
 TEST_F(CommandLine, InitLeavesAForeignFileAlone) {

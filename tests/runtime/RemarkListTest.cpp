@@ -1,3 +1,5 @@
+// RemarkList in memory, then Remark::Commit and RemarkList::Save against the sample database.
+
 #include "runtime/RemarkList.h"
 
 #include <string>

@@ -1,3 +1,5 @@
+// Saving by EditBehavior, new remarks, Dispose, and the windows. ScriptedPrompts and RecordingWindows play the user.
+
 #include <string>
 #include <vector>
 

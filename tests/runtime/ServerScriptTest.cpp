@@ -1,3 +1,5 @@
+// The scripts on a server, and the component on the database that they make.
+
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
@@ -14,7 +16,6 @@
 #include "tests/support/EngineUnderTest.h"
 #include "tests/support/TestSettings.h"
 
-// The scripts on a server, and the component on the database that they make.
 namespace quorvel {
 namespace {
 

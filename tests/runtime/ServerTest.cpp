@@ -1,3 +1,5 @@
+// The component on a stand-in server, through the driver manager, a real driver and the network.
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -12,7 +14,6 @@
 #include "tests/runtime/RuntimeTest.h"
 #include "tests/support/ServedDatabase.h"
 
-// The component on a stand-in server, through the driver manager, a real driver and the network.
 namespace quorvel {
 namespace {
 
