@@ -18,8 +18,8 @@ struct BareRemark {
   std::string text;
 };
 
-/// The rows of an editor as one would show them by hand: structs, an index over them, and the toolkit's grid, which
-/// asks a table for each cell's text. Headings of groups are lines like others; nothing closes, wraps or has a colour.
+/// The rows of an editor shown with hand-written code: structs, an index over them, and the toolkit's grid, which asks
+/// a table for each cell's text. Headings of groups are ordinary lines; nothing closes, wraps or has a colour.
 class BareTable : public wxGridTableBase {
  public:
   explicit BareTable(const std::vector<BareRemark>& remarks) : m_remarks(remarks) {}
@@ -29,16 +29,16 @@ class BareTable : public wxGridTableBase {
   wxString GetValue(int row, int column) override;
   void SetValue(int /*row*/, int /*column*/, const wxString& /*value*/) override {}
 
-  /// Makes the lines anew: by type if they are grouped, and by date, the newest first, or by text.
+  /// Orders the lines: by type if they are grouped, then by text or by date, the newest first.
   void Arrange(bool isGrouped, bool isByText);
 
  private:
   struct Heading {
-    std::int32_t first;  ///< remark
+    std::int32_t first;  ///< index of its first remark
     std::int32_t count;
   };
   const std::vector<BareRemark>& m_remarks;
-  std::vector<std::int32_t> m_lines;  ///< positions of remarks, or -1 less the position of a heading
+  std::vector<std::int32_t> m_lines;  ///< index of a remark, or -1 minus the index of a heading
   std::vector<Heading> m_headings;
 };
 

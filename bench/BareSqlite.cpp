@@ -1,3 +1,6 @@
+// Loads and updates the remarks of an owner without the component: no parameters to discover, no values of any type, no
+// checks.
+
 #include "bench/BareSqlite.h"
 
 #include <strings.h>

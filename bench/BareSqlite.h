@@ -8,9 +8,8 @@
 
 namespace quorvel::bench {
 
-/// What a program would write by hand against SQLite's C interface for the same job: the statements of the
-/// procedures that Load and Save call, prepared once, their rows put into plain structs. The measure of the
-/// component's own cost.
+/// Hand-written code on SQLite's C interface for the same job: the statements of the procedures that Load and Save
+/// call, prepared once, with their rows in plain structs. The component's own cost is measured against it.
 class BareSqlite {
  public:
   struct Type {

@@ -35,7 +35,7 @@ class Folder {
   std::filesystem::path m_path;
 };
 
-/// Remarks of about 100 characters, dealt over the four types of customers.
+/// Remarks of about 100 characters, spread over the four types of customers.
 constexpr const char* kAddOwner = R"(
 INSERT INTO Customer (CustID, CustName) VALUES ('{0}', N'Owner of {1} remarks');
 INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText)

@@ -43,7 +43,7 @@ class CloseWhenDrawn : public wxModalDialogHook {
   wxWindow* m_cells = nullptr;
 };
 
-/// What one would write by hand: a window that is kept, with the toolkit's grid, which gets a new table each time.
+/// Hand-written code for the same: a window that is kept, with the toolkit's grid, which gets a new table each time.
 class BareEditor : public wxDialog {
  public:
   BareEditor()
@@ -65,7 +65,7 @@ class BareEditor : public wxDialog {
 void Show(frmEdit& editor, const LoadedRemarks& remarks) { editor.View(*remarks.context); }
 void Show(BareEditor& editor, const LoadedRemarks& remarks) { editor.View(remarks); }
 
-/// From the call to rows on the screen and back; a display shows both windows alike.
+/// From the call to rows on the screen and back. The display needs as long for either window.
 template <typename Editor>
 void Open(benchmark::State& state) {
   try {

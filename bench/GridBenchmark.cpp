@@ -1,3 +1,5 @@
+// The editor's grid against the toolkit's own grid with the same rows: opening, sorting, grouping, paging.
+
 #include <benchmark/benchmark.h>
 
 #include <memory>
@@ -16,12 +18,13 @@
 namespace quorvel::bench {
 namespace {
 
-constexpr SortKey kByType{2, true};
-constexpr SortKey kNewestFirst{3, false};
-constexpr int kDatePlace = 0;
-constexpr int kTextPlace = 2;
+constexpr SortKey kByType{RemarkRows::kTypeColumn, true};
+constexpr SortKey kNewestFirst{RemarkRows::kDateColumn, false};
+// Among the visible columns, from left to right.
+constexpr int kDatePosition = 0;
+constexpr int kTextPosition = 2;
 
-/// The window that grids are opened in; it stands on the screen all the time.
+/// The window that grids are opened in; it stays on the screen.
 wxFrame& Frame() {
   static wxFrame* const frame = [] {
     ui::RequireWindowSystem();
@@ -61,21 +64,16 @@ class OurGrid {
  public:
   explicit OurGrid(const LoadedRemarks& loaded) {
     m_rows.SetContext(loaded.context);
-    const std::vector<GridColumn> columns = {{"MemoKey", "MemoKey", 7, false},
-                                             {"TypeCaption", "Type", 112, false},
-                                             {"DateStamp", "Date", 73, true, CellFormat::ShortDate},
-                                             {"UserID", "UserID", 83},
-                                             {"MemoText", "Remark", 377}};
-    m_grid = new DataGrid(&Frame(), columns, {1, 3, 2, 4, 5});
+    m_grid = new DataGrid(&Frame(), RemarkRows::Columns(), RemarkRows::ColumnOrder());
     m_grid->SetSize(Frame().GetClientSize());
     m_grid->GroupBy(kByType);
     m_grid->SortBy({kNewestFirst});
     m_grid->SetSource(&m_rows);
     m_grid->Refetch();
-    m_grid->SelectRow(2);
+    m_grid->SelectLine(2);
   }
   [[nodiscard]] wxGrid& Grid() const { return *m_grid; }
-  void Sort(bool isByText) { m_grid->SortByCaption(isByText ? kTextPlace : kDatePlace); }
+  void Sort(bool isByText) { m_grid->SortByCaption(isByText ? kTextPosition : kDatePosition); }
   void Group(bool isGrouped) {
     m_grid->GroupBy(isGrouped ? std::optional(kByType) : std::nullopt);
     m_grid->Refetch();
@@ -91,7 +89,7 @@ class OurGrid {
   DataGrid* m_grid;
 };
 
-/// The same by hand.
+/// The same with hand-written code.
 class BareGrid {
  public:
   explicit BareGrid(const LoadedRemarks& loaded) : m_table(new BareTable(loaded.structs)) {
@@ -131,8 +129,8 @@ bool HasWindows(benchmark::State& state) {
   }
 }
 
-/// From nothing to rows that are drawn. How long the display takes to show a new window, both wait for alike; that is
-/// not counted, for it is many times the rest.
+/// From nothing to rows that are drawn. The display's time to show a new window is left out: it is the same for both
+/// and many times the rest.
 template <typename Grid>
 void Open(benchmark::State& state) {
   if (!HasWindows(state)) return;
@@ -152,7 +150,7 @@ void Open(benchmark::State& state) {
   }
 }
 
-/// What `change` does with an open grid, until that is on the screen.
+/// Measures `change` on an open grid until the result is on the screen.
 template <typename Grid, typename Change>
 void ChangeOpen(benchmark::State& state, Change change) {
   if (!HasWindows(state)) return;

@@ -15,7 +15,7 @@ struct LoadedRemarks {
   std::vector<BareRemark> structs;
 };
 
-/// Those of the owner with that many, loaded once.
+/// The remarks of the owner who has `count` of them, loaded once.
 const LoadedRemarks& Remarks(std::int64_t count);
 
 }  // namespace quorvel::bench

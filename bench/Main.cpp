@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Prints what Google Benchmark prints, and keeps each median for the ratios.
+/// Prints as Google Benchmark does, and keeps each median for the ratios.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
@@ -19,7 +19,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
     }
   }
 
-  /// Each benchmark against the one of the same name that begins with "Bare".
+  /// Prints each benchmark against the one whose name is the same after "Bare".
   void PrintRatios() const {
     fmt::print("\n{:<30}{:>14}{:>14}{:>8}\n", "median of the repetitions", "component us", "bare us", "ratio");
     for (const auto& [name, time] : m_medians) {
@@ -36,7 +36,8 @@ class RatioReporter : public benchmark::ConsoleReporter {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // Ratios need medians, and pairs that are measured in turns; what the command line says comes later and counts.
+  // Ratios need medians, and pairs that are measured alternately. Arguments of the command line come later and so
+  // override these.
   std::vector<const char*> arguments = {argv[0], "--benchmark_repetitions=5", "--benchmark_min_time=0.1",
                                         "--benchmark_enable_random_interleaving=true",
                                         "--benchmark_report_aggregates_only=true"};

@@ -8,7 +8,7 @@
 namespace quorvel::bench {
 namespace {
 
-/// Bytes in use by everything that allocates, SQLite's cache included.
+/// Bytes that the whole process has allocated, SQLite's cache included.
 std::size_t HeapInUse() {
   const struct mallinfo2 info = mallinfo2();
   return info.uordblks + info.hblkhd;
@@ -20,7 +20,7 @@ double HeapPerRemark() {
   constexpr std::int64_t kRemarks = 10'000;
   DatabaseFile();
   const auto context = RemarkContext::Create();
-  // Twice, so that caches and statements that stay are there before measuring begins.
+  // Twice, so that caches and kept statements exist before the measurement begins.
   for (int i = 0; i < 2; ++i) {
     context->Load(kContext, OwnerOf(kRemarks), kUser);
     context->Dispose();

@@ -1,3 +1,5 @@
+// Reads 10,000 memos through SQLite's ODBC driver, with the component and with hand-written ODBC calls.
+
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 #include <sql.h>
@@ -18,7 +20,7 @@ namespace {
 
 constexpr const char* kRead = "SELECT MemoType, MemoKey, DateStamp, UserID, MemoText FROM Memo";
 
-/// 10,000 memos of about 100 characters in a file of SQLite's ODBC driver, which both sides read through.
+/// 10,000 memos of about 100 characters in a file that both sides read through SQLite's ODBC driver.
 std::string MemoFile() {
   static const std::string file = [] {
     std::string path = (std::filesystem::path(DatabaseFile()).parent_path() / "driver.db").string();
@@ -54,7 +56,7 @@ struct Memo {
   std::u16string text;
 };
 
-/// What a program would write by hand: every column bound, a block of rows for each fetch, the rows put into structs.
+/// Hand-written code: every column bound, a block of rows for each fetch, the rows put into structs.
 class BareOdbc {
  public:
   explicit BareOdbc(const std::string& file) {
@@ -77,7 +79,7 @@ class BareOdbc {
     SQLHSTMT statement = SQL_NULL_HANDLE;
     SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &statement);
     SQLULEN fetched = 0;
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): ODBC takes small integers in the place of pointers.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): ODBC takes small integers as pointers.
     SQLSetStmtAttr(statement, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(kRows), 0);
     SQLSetStmtAttr(statement, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);
     std::string query = kRead;

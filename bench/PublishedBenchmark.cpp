@@ -1,3 +1,5 @@
+// Measures the cost of the published interfaces: early-bound calls, calls by name, and For Each.
+
 #include <benchmark/benchmark.h>
 #include <quorvel/quorvel.h>
 
@@ -57,7 +59,7 @@ class Host {
     m_list->get_Item(&index, &remark);
     return remark;
   }
-  /// All of them, held until the end.
+  /// All remarks, held until the end.
   const std::vector<Quorvel::_Remark*>& Remarks() {
     for (auto i = static_cast<Quorvel::LONG>(m_remarks.size()); i < kRemarks; ++i) m_remarks.push_back(At(i + 1));
     return m_remarks;
@@ -146,8 +148,8 @@ void WalkByPosition(benchmark::State& state) {
   }
 }
 
-// Each is measured against the one that is registered as its Bare: texts against the runtime's getter and a copy, the
-// call by name against that through the table, For Each against positions.
+// Each is measured against the benchmark that is registered as its Bare: texts against the runtime's getter and a copy,
+// calls by name against early-bound calls, For Each against positions.
 BENCHMARK(ReadTexts)->Unit(benchmark::kMicrosecond);
 BENCHMARK(RuntimeTexts)->Name("BareReadTexts")->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReadTextsByName)->Unit(benchmark::kMicrosecond);

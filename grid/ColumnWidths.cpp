@@ -4,6 +4,10 @@
 #include <cstdint>
 #include <numeric>
 
+#include <wx/grid.h>
+
+#include "grid/GridContent.h"
+
 namespace quorvel {
 
 std::vector<int> ShareWidth(const std::vector<int>& widths, int total) {
@@ -19,14 +23,38 @@ std::vector<int> ShareWidth(const std::vector<int>& widths, int total) {
   return shares;
 }
 
-std::vector<int> ShareWidthAfter(const std::vector<int>& widths, std::size_t column, int total) {
-  const auto border = widths.begin() + static_cast<std::ptrdiff_t>(std::min(column + 1, widths.size()));
+std::vector<int> ShareWidthAfter(const std::vector<int>& widths, std::size_t position, int total) {
+  const auto border = widths.begin() + static_cast<std::ptrdiff_t>(std::min(position + 1, widths.size()));
   if (border == widths.end()) return ShareWidth(widths, total);
   std::vector<int> shares(widths.begin(), border);
   const int left = std::accumulate(shares.begin(), shares.end(), 0);
   const std::vector<int> others = ShareWidth({border, widths.end()}, total - left);
   shares.insert(shares.end(), others.begin(), others.end());
   return shares;
+}
+
+void ColumnWidths::Reset(const GridContent& content) {
+  m_widths.clear();
+  for (std::size_t position = 0; position < content.Shown().size(); ++position) {
+    m_widths.push_back(m_grid.FromDIP(content.ShownColumn(position).width));
+  }
+  Share();
+}
+
+void ColumnWidths::Share() {
+  const int total = m_grid.GetGridWindow()->GetClientSize().x;
+  if (total <= 0) return;
+  const wxGridUpdateLocker batch(&m_grid);
+  int position = 0;
+  for (const int width : ShareWidth(m_widths, total)) m_grid.SetColSize(position++, width);
+}
+
+void ColumnWidths::BorderDragged(int position) {
+  const int total = m_grid.GetGridWindow()->GetClientSize().x;
+  if (total <= 0) return;
+  for (std::size_t i = 0; i < m_widths.size(); ++i) m_widths[i] = m_grid.GetColSize(static_cast<int>(i));
+  m_widths = ShareWidthAfter(m_widths, static_cast<std::size_t>(position), total);
+  Share();
 }
 
 }  // namespace quorvel

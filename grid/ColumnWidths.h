@@ -3,16 +3,38 @@
 #include <cstddef>
 #include <vector>
 
+class wxGrid;
+
 namespace quorvel {
 
-/// No column becomes narrower than this, in pixels: its border could not be caught again.
+class GridContent;
+
+/// No column becomes narrower than this, in pixels: the user could not drag its border any more.
 inline constexpr int kLeastColumnWidth = 24;
 
-/// Columns share `total` pixels in proportion to `widths`; the last takes the rest.
+/// Shares `total` pixels among columns in proportion to `widths`; the last column takes the rest.
 [[nodiscard]] std::vector<int> ShareWidth(const std::vector<int>& widths, int total);
 
-/// After the border right of `column` (0-based) was dragged: what stands left of it stays as it is, the columns right
-/// of it share the rest.
-[[nodiscard]] std::vector<int> ShareWidthAfter(const std::vector<int>& widths, std::size_t column, int total);
+/// The widths after the border right of `position` was dragged: columns up to that border keep `widths`, the columns
+/// right of it share the rest.
+[[nodiscard]] std::vector<int> ShareWidthAfter(const std::vector<int>& widths, std::size_t position, int total);
+
+/// Keeps the visible columns of a grid as wide as its window.
+class ColumnWidths {
+ public:
+  /// `grid` outlives the object.
+  explicit ColumnWidths(wxGrid& grid) : m_grid(grid) {}
+
+  /// Takes the designed widths of the visible columns.
+  void Reset(const GridContent& content);
+  /// To be called when the window's width has changed.
+  void Share();
+  /// To be called when the user has dragged the border right of `position`.
+  void BorderDragged(int position);
+
+ private:
+  wxGrid& m_grid;
+  std::vector<int> m_widths;  ///< by position, as designed or dragged
+};
 
 }  // namespace quorvel

@@ -3,34 +3,39 @@
 #include <algorithm>
 #include <utility>
 
-#include <wx/dcclient.h>
 #include <wx/settings.h>
 
-#include "grid/ColumnWidths.h"
 #include "grid/GridRenderer.h"
 #include "grid/GridTable.h"
 #include "grid/RecordsetSource.h"
-#include "grid/WrappedText.h"
 #include "platform/Error.h"
+#include "platform/wx/GuardedHandler.h"
 #include "platform/wx/NativeControls.h"
-#include "platform/wx/Text.h"
 
 namespace quorvel {
-namespace {
 
-constexpr std::int32_t kUnitsPerLine = 190;
-constexpr std::int32_t kHeadingUnits = 265;
-/// The toolkit goes through all lines for each heading of another height.
-constexpr std::size_t kMostHeadingsOfOwnHeight = 200;
-constexpr std::size_t kSpokenBytes = 200;  // of each value in a row
-
-}  // namespace
-
-DataGrid::DataGrid(wxWindow* parent, std::vector<GridColumn> columns, std::vector<std::int32_t> positions)
+DataGrid::DataGrid(wxWindow* parent, std::vector<GridColumn> columns, std::vector<std::int32_t> columnOrder)
     : wxGrid(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_THEME),
-      m_state{.content = {std::move(columns), std::move(positions)}, .readFailed = [this] { ReadFailed(); }},
-      m_renderer(new GridRenderer(m_state)) {
-  m_table = new GridTable(m_state, m_renderer);
+      m_state{.content = {std::move(columns), std::move(columnOrder)}, .readFailed = [this] { ReadFailed(); }},
+      m_renderer(new GridRenderer(m_state)),
+      m_table(new GridTable(m_state, m_renderer)),
+      m_widths(*this),
+      m_heights(*this),
+      m_cursor(*this, m_state),
+      m_toolTip(*this, m_state),
+      m_keys(*this, m_watcher),
+      m_mouse(*this, m_watcher) {
+  SetUpToolkit();
+  Restyle();
+  ShowColumns();
+  m_heights.Apply(m_state.content.Rows());
+  BindEvents();
+  BindMouse();
+}
+
+DataGrid::~DataGrid() = default;
+
+void DataGrid::SetUpToolkit() {
   SetDefaultCellFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
   SetTable(m_table, true, wxGridSelectNone);
   EnableEditing(false);
@@ -47,19 +52,69 @@ DataGrid::DataGrid(wxWindow* parent, std::vector<GridColumn> columns, std::vecto
   SetMargins(0, 0);
   AllowRowSizing(false);
   SetCanFocus(false);  // only the window inside that shows the cells: Tab would stop at both
-  Restyle();
-  ApplyColumns();
-  ApplyRowHeights();
-  BindEvents();
 }
 
-DataGrid::~DataGrid() = default;
+template <typename Handler>
+auto DataGrid::Guarded(Handler handler) {
+  return ui::GuardedHandler(std::move(handler),
+                            [this](std::exception_ptr failure) { ReportFailure(std::move(failure)); });
+}
 
-void DataGrid::ShowColumn(std::int32_t column, bool visible) { m_state.content.ShowColumn(column, visible); }
+void DataGrid::BindEvents() {
+  wxWindow* const cells = GetGridWindow();
+  Bind(wxEVT_KEY_DOWN, Guarded([this](wxKeyEvent& event) { m_keys.KeyDown(event); }));
+  Bind(wxEVT_GRID_LABEL_LEFT_CLICK, Guarded([this](wxGridEvent& event) { SortByCaption(event.GetCol()); }));
+  Bind(wxEVT_GRID_COL_SIZE, Guarded([this](wxGridSizeEvent& event) { m_widths.BorderDragged(event.GetRowOrCol()); }));
+  Bind(wxEVT_GRID_ROW_SIZE, Guarded([this](wxGridSizeEvent& event) {
+         const std::int32_t rowIndex = RowIndex(event.GetRowOrCol() + 1);
+         if (rowIndex > 0) m_heights.RowDragged(rowIndex, GetRowSize(event.GetRowOrCol()));
+       }));
+  cells->Bind(wxEVT_SIZE, Guarded([this](wxSizeEvent& event) {
+                event.Skip();
+                m_widths.Share();
+              }));
+  const auto onFocus = Guarded([this](wxFocusEvent& event) {
+    event.Skip();
+    m_renderer->SetFocused(event.GetEventType() == wxEVT_SET_FOCUS);
+    m_cursor.Refresh();
+  });
+  cells->Bind(wxEVT_SET_FOCUS, onFocus);
+  cells->Bind(wxEVT_KILL_FOCUS, onFocus);
+  Bind(wxEVT_IDLE, Guarded([this](wxIdleEvent& event) {
+         event.Skip();
+         m_cursor.Idle();
+       }));
+  Bind(wxEVT_SYS_COLOUR_CHANGED, Guarded([this](wxSysColourChangedEvent& event) {
+         event.Skip();
+         Restyle();
+       }));
+}
 
-void DataGrid::GroupBy(std::optional<SortKey> group) { m_state.content.GroupBy(group); }
+void DataGrid::BindMouse() {
+  const auto onCellClick = Guarded([this](wxGridEvent& event) { m_mouse.CellClick(event); });
+  Bind(wxEVT_GRID_CELL_LEFT_CLICK, onCellClick);
+  Bind(wxEVT_GRID_CELL_RIGHT_CLICK, onCellClick);
+  for (wxWindow* const window : {GetGridWindow(), GetGridColLabelWindow()}) {
+    for (const auto& button : {wxEVT_LEFT_DOWN, wxEVT_RIGHT_DOWN, wxEVT_MIDDLE_DOWN}) {
+      window->Bind(button, Guarded([this](wxMouseEvent& event) { m_mouse.Down(event); }));
+    }
+    window->Bind(wxEVT_LEFT_DCLICK, Guarded([this](wxMouseEvent& event) { m_mouse.DoubleClick(event); }));
+  }
+  GetGridWindow()->Bind(wxEVT_MOTION, Guarded([this](wxMouseEvent& event) {
+                          event.Skip();
+                          m_toolTip.PointerMoved(event.GetPosition());
+                        }));
+}
 
-void DataGrid::SortBy(std::vector<SortKey> keys) { m_state.content.sort = std::move(keys); }
+void DataGrid::ReportFailure(std::exception_ptr failure) noexcept {
+  if (Failed) Failed(std::move(failure));
+}
+
+void DataGrid::ReadFailed() noexcept {
+  if (std::exchange(m_readFailed, true)) return;
+  // Later: the toolkit is drawing, and the receiver may open a window.
+  CallAfter([this, failure = std::current_exception()] { ReportFailure(failure); });
+}
 
 void DataGrid::AllowRowSizing(bool allow) {
   EnableDragRowSize(allow);
@@ -67,180 +122,97 @@ void DataGrid::AllowRowSizing(bool allow) {
 }
 
 void DataGrid::SetRowHeight(std::int32_t units) {
-  m_rowUnits = units;
-  m_draggedHeights.clear();
-  ApplyRowHeights();
+  m_heights.SetRowHeight(units);
+  m_heights.Apply(m_state.content.Rows());
 }
 
 void DataGrid::SetSource(const RowSource* source) {
   m_bound.reset();
-  m_state.content.source = source;
+  m_state.content.SetSource(source);
 }
 
 void DataGrid::Bind(std::shared_ptr<ado::Recordset> recordset) {
   auto bound = recordset ? std::make_unique<RecordsetSource>(std::move(recordset), m_state.content.Columns()) : nullptr;
-  m_state.content.source = bound.get();
+  m_state.content.SetSource(bound.get());
   m_bound = std::move(bound);
 }
 
 void DataGrid::Refetch() {
   const std::vector<std::int32_t> shown = m_state.content.Shown();
-  const std::int32_t rowCount = m_state.content.RowCount();
+  const std::int32_t rowCount = m_state.content.Rows().RowCount();
   m_state.content.Arrange();
   m_readFailed = false;
-  if (m_state.content.RowCount() != rowCount) m_draggedHeights.clear();
-  m_state.currentLine = m_state.content.Rows().LineCount() > 0 ? 1 : 0;
-  if (m_state.content.Shown() != shown) ApplyColumns();
-  ShowLines();
-  // Later: who selects another row now shall find what was in view where it was.
-  m_isToBeBroughtIntoView = true;
+  if (m_state.content.Rows().RowCount() != rowCount) m_heights.ForgetDragged();
+  if (m_state.content.Shown() != shown) ShowColumns();
+  ShowLines(m_state.content.Rows().LineCount() > 0 ? 1 : 0);
+  m_cursor.BringIntoViewLater();
   ShowSortArrow();
-  TellCurrentRow();
+  Announce();
 }
 
-void DataGrid::SelectRow(std::int32_t row) {
-  if (row >= 1 && row <= m_state.content.Rows().LineCount()) MakeCurrent(row);
+void DataGrid::SelectLine(std::int32_t line) {
+  if (line < 1 || line > m_state.content.Rows().LineCount()) return;
+  const bool isChange = line != m_state.currentLine;
+  m_cursor.MoveTo(line);
+  if (isChange) Announce();
 }
 
 void DataGrid::SelectRowIndex(std::int32_t rowIndex) {
   const GridRows& rows = m_state.content.Rows();
-  if (const std::int32_t heading = rows.HeadingOf(rowIndex); heading > 0 && rows.LineOf(rowIndex) == 0) {
-    SetGroupOpen(heading, true);
-  }
-  SelectRow(rows.LineOf(rowIndex));
+  if (rows.LineOf(rowIndex) == 0) SetGroupOpen(rows.HeadingOf(rowIndex), true);
+  SelectLine(rows.LineOf(rowIndex));
 }
 
 void DataGrid::SelectNone() {
-  RefreshLine(m_state.currentLine);
-  m_state.currentLine = 0;
-  TellCurrentRow();
+  m_cursor.MoveTo(0);
+  Announce();
 }
 
-void DataGrid::SetGroupOpen(std::int32_t row, bool open) {
-  const GridRows::Group* group = m_state.content.Rows().GroupAt(row);
+void DataGrid::SetGroupOpen(std::int32_t line, bool open) {
+  const RowGroup* group = m_state.content.Rows().GroupAt(line);
   if (group == nullptr || group->open == open) return;
-  const Place place = PlaceOf(m_state.currentLine);
-  m_state.content.SetOpen(row, open);
-  // Only the current row's own group can hide it, and that group's heading stays on its line.
-  ShowLinesAt(place, row);
+  const GridCursor::Mark mark = m_cursor.Marked();
+  m_state.content.SetOpen(line, open);
+  // Only this group can hide the current row, and its heading stays on its line.
+  ShowLinesAt(mark, line);
 }
 
-void DataGrid::SortByCaption(int place) {
-  const std::vector<std::int32_t>& shown = m_state.content.Shown();
-  if (place < 0 || static_cast<std::size_t>(place) >= shown.size()) return;
-  const std::vector<SortKey> before = m_state.content.sort;
-  const SortKey current = before.empty() ? SortKey{} : before.front();
-  const std::int32_t column = shown[static_cast<std::size_t>(place)];
-  const Place selected = PlaceOf(m_state.currentLine);
-  m_state.content.sort = {{.column = column, .ascending = current.column != column || !current.ascending}};
-  try {
-    m_state.content.Arrange();
-  } catch (...) {
-    m_state.content.sort = before;
-    throw;
-  }
-  ShowLinesAt(selected, std::min(m_state.currentLine, m_state.content.Rows().LineCount()));
+void DataGrid::SortByCaption(int position) {
+  if (position < 0 || static_cast<std::size_t>(position) >= m_state.content.Shown().size()) return;
+  const GridCursor::Mark mark = m_cursor.Marked();
+  m_state.content.SortByPosition(static_cast<std::size_t>(position));
+  ShowLinesAt(mark, std::min(m_state.currentLine, m_state.content.Rows().LineCount()));
   ShowSortArrow();
 }
 
-DataGrid::Place DataGrid::PlaceOf(std::int32_t line) const {
-  const GridRows& rows = m_state.content.Rows();
-  const GridRows::Group* heading = rows.GroupAt(line);
-  return {.rowIndex = rows.RowIndex(line), .group = heading != nullptr ? heading->value : Value()};
-}
-
-std::int32_t DataGrid::LineOf(const Place& place) const {
-  const GridRows& rows = m_state.content.Rows();
-  if (place.rowIndex > 0) return rows.LineOf(place.rowIndex);
-  for (const GridRows::Group& group : rows.Groups()) {
-    if (CompareValues(group.value, place.group) == 0) return group.line;
-  }
-  return 0;
-}
-
-/// Tells the toolkit how many lines there are now, and draws them.
-void DataGrid::ShowLines() {
+/// Reports to the toolkit how many lines there are now, and draws them.
+void DataGrid::ShowLines(std::int32_t currentLine) {
+  m_state.currentLine = currentLine;
   {
     const wxGridUpdateLocker batch(this);
-    const int before = GetNumberRows();
-    const int after = m_table->GetNumberRows();
-    if (after < before) {
-      wxGridTableMessage fewer(m_table, wxGRIDTABLE_NOTIFY_ROWS_DELETED, after, before - after);
-      ProcessTableMessage(fewer);
-    } else if (after > before) {
-      wxGridTableMessage more(m_table, wxGRIDTABLE_NOTIFY_ROWS_APPENDED, after - before);
-      ProcessTableMessage(more);
-    }
-    ApplyRowHeights();
+    m_table->LinesChanged();
+    m_heights.Apply(m_state.content.Rows());
   }
-  m_toolTipLine = 0;
+  m_toolTip.Forget();
   ForceRefresh();
-  if (m_state.currentLine > 0) SetGridCursor(m_state.currentLine - 1, 0);
+  m_cursor.Set(currentLine);
 }
 
-void DataGrid::ShowLinesAt(const Place& place, std::int32_t fallback) {
-  const std::int32_t line = LineOf(place);
-  m_state.currentLine = line > 0 ? line : fallback;
-  ShowLines();
-  BringIntoView();
-  if (line == 0) TellCurrentRow();
+void DataGrid::ShowLinesAt(const GridCursor::Mark& mark, std::int32_t fallback) {
+  const std::int32_t line = m_cursor.LineOf(mark);
+  ShowLines(line > 0 ? line : fallback);
+  m_cursor.BringIntoView();
+  if (line == 0) Announce();
 }
 
-int DataGrid::LineHeightOf(std::int32_t units) const {
-  wxClientDC dc(GetGridWindow());
-  dc.SetFont(GetDefaultCellFont());
-  return static_cast<int>(std::int64_t{units} * dc.GetCharHeight() / kUnitsPerLine);
-}
-
-void DataGrid::ApplyRowHeights() {
+void DataGrid::ShowColumns() {
   const wxGridUpdateLocker batch(this);
-  const int height = std::max(LineHeightOf(m_rowUnits), GetRowMinimalAcceptableHeight());
-  SetDefaultRowSize(height, true);
-  SetScrollRate(GetScrollLineX(), LineHeightOf(kUnitsPerLine));
-  const GridRows& rows = m_state.content.Rows();
-  const int headingHeight = LineHeightOf(kHeadingUnits);
-  if (headingHeight != height && rows.Groups().size() <= kMostHeadingsOfOwnHeight) {
-    for (const GridRows::Group& group : rows.Groups()) SetRowSize(group.line - 1, headingHeight);
-  }
-  for (const auto& [rowIndex, dragged] : m_draggedHeights) {
-    if (const std::int32_t line = rows.LineOf(rowIndex); line > 0) SetRowSize(line - 1, dragged);
-  }
-}
-
-void DataGrid::ApplyColumns() {
-  const wxGridUpdateLocker batch(this);
-  m_widths.clear();
-  for (std::size_t place = 0; place < m_state.content.Shown().size(); ++place) {
-    m_widths.push_back(FromDIP(m_state.content.ShownColumn(place).width));
-  }
-  m_table->MakeAttributes();
-  const int before = GetNumberCols();
-  const int after = m_table->GetNumberCols();
-  if (after < before) {
-    wxGridTableMessage fewer(m_table, wxGRIDTABLE_NOTIFY_COLS_DELETED, after, before - after);
-    ProcessTableMessage(fewer);
-  } else if (after > before) {
-    wxGridTableMessage more(m_table, wxGRIDTABLE_NOTIFY_COLS_APPENDED, after - before);
-    ProcessTableMessage(more);
-  }
-  ShareColumns(std::nullopt);
-}
-
-/// Spreads the visible columns over the window's width; after a drag only those right of the border that was dragged.
-void DataGrid::ShareColumns(std::optional<int> dragged) {
-  const int total = GetGridWindow()->GetClientSize().x;
-  if (total <= 0 || m_widths.empty()) return;
-  if (dragged) {
-    for (std::size_t place = 0; place < m_widths.size(); ++place) m_widths[place] = GetColSize(static_cast<int>(place));
-    m_widths = ShareWidthAfter(m_widths, static_cast<std::size_t>(*dragged), total);
-  }
-  const std::vector<int> widths = ShareWidth(m_widths, total);
-  const wxGridUpdateLocker batch(this);
-  for (std::size_t place = 0; place < widths.size(); ++place) SetColSize(static_cast<int>(place), widths[place]);
+  m_table->ColumnsChanged();
+  m_widths.Reset(m_state.content);
 }
 
 void DataGrid::ShowSortArrow() {
-  const std::vector<SortKey>& sort = m_state.content.sort;
+  const std::vector<SortKey>& sort = m_state.content.Sort();
   const std::vector<std::int32_t>& shown = m_state.content.Shown();
   const auto found = sort.empty() ? shown.end() : std::find(shown.begin(), shown.end(), sort.front().column);
   if (found == shown.end()) {
@@ -251,41 +223,9 @@ void DataGrid::ShowSortArrow() {
   GetGridColLabelWindow()->Refresh();
 }
 
-void DataGrid::MakeCurrent(std::int32_t line) {
-  if (line != m_state.currentLine) {
-    RefreshLine(m_state.currentLine);
-    m_state.currentLine = line;
-    RefreshLine(line);
-    SetGridCursor(line - 1, 0);
-    BringIntoView();
-    TellCurrentRow();
-  } else {
-    BringIntoView();
-  }
-}
-
-/// The current line, and the heading above it if it is a group's first row. Waits until the window has a size: in one
-/// that was not laid out yet everything would be scrolled away.
-void DataGrid::BringIntoView() {
-  const std::int32_t line = m_state.currentLine;
-  m_isToBeBroughtIntoView = line > 0 && GetGridWindow()->GetClientSize().y < 2 * GetDefaultRowSize();
-  if (line == 0 || m_isToBeBroughtIntoView) return;
-  if (m_state.content.Rows().GroupAt(line - 1) != nullptr) MakeCellVisible(line - 2, 0);
-  MakeCellVisible(line - 1, 0);
-}
-
-/// The lines are drawn: who cannot see them hears the current one.
-void DataGrid::TellCurrentRow() {
-  const std::string row = m_state.LineText(m_state.currentLine, ", ", kSpokenBytes);
-  // By way of the toolkit's text, which holds nothing that is not UTF-8.
-  const std::string spoken = ui::FromWx(ui::ToWx(BeginningOf(row, row.size()).text));
-  ui::SetAccessibleName(*GetGridWindow(), m_state.currentLine == 0 ? "Remarks" : spoken);
-  if (RowChanged) RowChanged();
-}
-
-void DataGrid::RefreshLine(std::int32_t line) {
-  if (line < 1 || line > GetNumberRows() || GetNumberCols() == 0) return;
-  RefreshBlock(line - 1, 0, line - 1, GetNumberCols() - 1);
+void DataGrid::Announce() {
+  m_cursor.Speak();
+  if (CurrentLineChanged) CurrentLineChanged();
 }
 
 void DataGrid::Restyle() {
@@ -294,9 +234,7 @@ void DataGrid::Restyle() {
   ForceRefresh();
 }
 
-std::int32_t DataGrid::CurrentRow() const { return m_state.currentLine; }
-
-std::int32_t DataGrid::RowIndex(std::int32_t row) const { return m_state.content.Rows().RowIndex(row); }
+std::int32_t DataGrid::RowIndex(std::int32_t line) const noexcept { return m_state.content.Rows().RowIndex(line); }
 
 std::int32_t DataGrid::Bookmark(std::int32_t rowIndex) const {
   if (!m_bound) ThrowObjectNotSet();
@@ -307,17 +245,16 @@ std::int32_t DataGrid::Bookmark(std::int32_t rowIndex) const {
 ado::Recordset* DataGrid::BoundRecordset() const { return m_bound ? &m_bound->Bound() : nullptr; }
 
 GridArea DataGrid::HitTest(double x, double y) const {
-  const wxPoint point(static_cast<int>(x), static_cast<int>(y) - GetColLabelSize());
-  wxPoint place;
-  CalcUnscrolledPosition(point.x, point.y, &place.x, &place.y);
-  const bool isBesideColumns = x < 0 || XToCol(place.x) == wxNOT_FOUND;
+  const int belowCaptions = static_cast<int>(y) - GetColLabelSize();
+  const wxPoint point = CalcUnscrolledPosition({static_cast<int>(x), belowCaptions});
+  const bool isBesideColumns = x < 0 || XToCol(point.x) == wxNOT_FOUND;
   if (y < 0 || isBesideColumns) return GridArea::Nowhere;
-  if (point.y < 0) return XToEdgeOfCol(place.x) != wxNOT_FOUND ? GridArea::ColumnSeparator : GridArea::ColumnHeader;
-  const int row = YToRow(place.y);
-  if (row == wxNOT_FOUND) return GridArea::Nowhere;
-  return m_state.content.Rows().GroupAt(row + 1) != nullptr ? GridArea::GroupRow : GridArea::Cell;
+  if (belowCaptions < 0) {
+    return XToEdgeOfCol(point.x) != wxNOT_FOUND ? GridArea::ColumnSeparator : GridArea::ColumnHeader;
+  }
+  const int line = YToRow(point.y) + 1;
+  if (line == 0) return GridArea::Nowhere;  // wxNOT_FOUND is -1
+  return m_state.content.Rows().GroupAt(line) != nullptr ? GridArea::GroupRow : GridArea::Cell;
 }
-
-void DataGrid::Watch(GridEvents* events) { m_events = events; }
 
 }  // namespace quorvel

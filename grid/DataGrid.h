@@ -3,141 +3,129 @@
 #include <cstdint>
 #include <exception>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include <wx/grid.h>
 
+#include "grid/CellToolTip.h"
+#include "grid/ColumnWidths.h"
 #include "grid/GridContent.h"
+#include "grid/GridCursor.h"
+#include "grid/GridKeys.h"
+#include "grid/GridMouse.h"
 #include "grid/GridState.h"
-#include "grid/WatchedGrid.h"
+#include "grid/GridWatcher.h"
+#include "grid/LineHeights.h"
 
 namespace quorvel {
 
+namespace ado {
+class Recordset;
+}
 class GridRenderer;
 class GridTable;
 class RecordsetSource;
 
-/// A grid of rows that it never keeps: it asks a source, or a recordset, for what it shows. Rows are grouped by one
-/// column under headings that carry the count and close, sorted by a click on a caption (within the groups), wrapped,
-/// and coloured by turns. Nothing is edited in it. Columns and row indexes are 1-based; lines (CurrentRow) count
-/// headings.
+/// A read-only grid that stores no rows: it asks a source, or a recordset, for what it shows. Rows are grouped by one
+/// column under headings that carry the count and can be closed, sorted by a click on a caption (within the groups),
+/// wrapped, and shown in alternating colours. GridContent defines row, line, column and position.
 ///
-/// Keys: Up, Down, Page Up, Page Down, Home and End move; Left and - close a group, Right and + open it, Enter and the
-/// blank do either; Shift+Tab leaves the grid backwards; Ctrl+C copies the row. Tab is the watcher's to send on;
-/// without a watcher it leaves the grid. Every other key goes on to the window.
+/// Keys: Up, Down, Page Up, Page Down, Home and End move; Left and - close a group, Right and + open it, Enter and
+/// Space do either; Left on a row goes to its heading; Shift+Tab leaves the grid backwards; Ctrl+C copies the line. Tab
+/// is left to the watcher; without a watcher it leaves the grid. Every other key goes on to the window.
 ///
 /// Changes of the layout (columns, groups, sort keys, source) show at the next Refetch.
-class DataGrid : public wxGrid, public WatchedGrid {
+class DataGrid : public wxGrid {
  public:
-  /// `columns` in the order of their numbers; `positions` are the column numbers from left to right.
-  DataGrid(wxWindow* parent, std::vector<GridColumn> columns, std::vector<std::int32_t> positions);
+  /// `columns` in the order of their numbers; `columnOrder` holds the numbers from left to right.
+  DataGrid(wxWindow* parent, std::vector<GridColumn> columns, std::vector<std::int32_t> columnOrder);
   ~DataGrid() override;
   DataGrid(const DataGrid&) = delete;
   DataGrid& operator=(const DataGrid&) = delete;
 
-  void ShowColumn(std::int32_t column, bool visible);
-  /// All groups are open then.
-  void GroupBy(std::optional<SortKey> group);
-  void SortBy(std::vector<SortKey> keys);
+  /// What assistive technology calls the grid while no line is current.
+  void SetSpokenName(std::string name) { m_cursor.SetSpokenName(std::move(name)); }
+  void ShowColumn(std::int32_t column, bool visible) { m_state.content.ShowColumn(column, visible); }
+  /// Opens all groups.
+  void GroupBy(std::optional<SortKey> group) { m_state.content.GroupBy(group); }
+  void SortBy(std::vector<SortKey> sort) { m_state.content.SortBy(std::move(sort)); }
   /// Whether the user may drag rows to another height.
   void AllowRowSizing(bool allow);
-  /// In grid units: a text line of the grid's font is 190. Headings of groups are one line high.
+  /// In grid units: a text line of the grid's font is 190. Headings of groups are one text line high.
   void SetRowHeight(std::int32_t units);
 
   /// Unbound: asks `source`, which stays the caller's and outlives its use; null shows nothing.
   void SetSource(const RowSource* source);
-  /// Bound: shows the recordset's rows that its filter lets through, each column the field that is its key.
+  /// Bound: shows the recordset's rows that its filter lets through; the key of a column is the name of its field.
   void Bind(std::shared_ptr<ado::Recordset> recordset);
   using wxGrid::Bind;
 
-  /// Reads what the order depends on again and shows all anew; which groups are closed and what the user sorts by stay.
-  /// The current row is then the first, or none. Throws what the source throws, and then nothing has changed.
+  /// Reads what the order depends on again and shows all rows. Closed groups and the user's sorting stay. The first
+  /// line becomes current, if there is one. Throws what the source throws, and then nothing has changed.
   void Refetch();
-  /// Makes a line current and brings it into view. Does nothing for one that is not there.
-  void SelectRow(std::int32_t row);
-  /// The same for a data row; opens its group.
+  /// Makes a line current and brings it into view. Does nothing for a line that does not exist.
+  void SelectLine(std::int32_t line);
+  /// The same for the line of a row; opens its group.
   void SelectRowIndex(std::int32_t rowIndex);
   /// Leaves no line current. The keys then begin at the first.
   void SelectNone();
-  /// Opens or closes the group whose heading is on that line. A current row that is closed away gives way to its
-  /// heading.
-  void SetGroupOpen(std::int32_t row, bool open);
-  /// What a click on a caption does: sorts by a visible column (counted from 0), by the one that it is sorted by
-  /// already the other way round. The current row stays current.
-  void SortByCaption(int place);
+  /// Opens or closes the group whose heading is on `line`. When the current row is hidden, its heading becomes current.
+  void SetGroupOpen(std::int32_t line, bool open);
+  /// A click on the caption at `position`: sorts by its column, or reverses the order if the rows are sorted by it
+  /// already. The current row or heading stays current.
+  void SortByCaption(int position);
 
   [[nodiscard]] const GridContent& Content() const noexcept { return m_state.content; }
+  /// 0 when no line is current.
+  [[nodiscard]] std::int32_t CurrentLine() const noexcept { return m_state.currentLine; }
+  /// The row on a line; 0 on headings and for lines that do not exist.
+  [[nodiscard]] std::int32_t RowIndex(std::int32_t line) const noexcept;
+  /// The recordset's bookmark of a row. Error 5 when there is no such row, 91 when nothing is bound.
+  [[nodiscard]] std::int32_t Bookmark(std::int32_t rowIndex) const;
+  /// Null when the grid is unbound.
+  [[nodiscard]] ado::Recordset* BoundRecordset() const;
+  /// What lies under a point, in pixels from the grid's corner.
+  [[nodiscard]] GridArea HitTest(double x, double y) const;
 
-  /// Another row or heading has become current, by the user or by this class. Runs when the grid has done moving, so
-  /// that the grid may be changed in it.
-  std::function<void()> RowChanged;
-  /// An error that a handler, the source or the watcher threw; nothing may pass through the toolkit. While the grid is
-  /// drawn errors come after the drawing, once until the next Refetch.
+  /// The one watcher, which outlives its watching; null ends it.
+  void Watch(GridEvents* events) noexcept { m_watcher.Watch(events); }
+  /// Another row or heading has become current, by the user or by a call. Runs after the grid has moved, so it may
+  /// change the grid.
+  std::function<void()> CurrentLineChanged;
+  /// Receives what a handler, the source or the watcher threw, since nothing may pass through the toolkit. Errors of
+  /// drawing arrive after the drawing, one until the next Refetch.
   std::function<void(std::exception_ptr)> Failed;
 
-  [[nodiscard]] std::int32_t CurrentRow() const override;
-  [[nodiscard]] std::int32_t RowIndex(std::int32_t row) const override;
-  [[nodiscard]] std::int32_t Bookmark(std::int32_t rowIndex) const override;
-  [[nodiscard]] ado::Recordset* BoundRecordset() const override;
-  [[nodiscard]] GridArea HitTest(double x, double y) const override;
-  void Watch(GridEvents* events) override;
-
  private:
-  /// Which row or heading a line shows, whatever line that becomes.
-  struct Place {
-    std::int32_t rowIndex = 0;
-    Value group;
-  };
-
+  void SetUpToolkit();
   void BindEvents();
+  void BindMouse();
   template <typename Handler>
   auto Guarded(Handler handler);
-  void Report(std::exception_ptr failure) noexcept;
+  void ReportFailure(std::exception_ptr failure) noexcept;
   void ReadFailed() noexcept;
 
-  [[nodiscard]] Place PlaceOf(std::int32_t line) const;
-  [[nodiscard]] std::int32_t LineOf(const Place& place) const;
-  void ShowLines();
-  void ShowLinesAt(const Place& place, std::int32_t fallback);
-  void ApplyRowHeights();
-  void ApplyColumns();
-  void ShareColumns(std::optional<int> dragged);
+  void ShowLines(std::int32_t currentLine);
+  void ShowLinesAt(const GridCursor::Mark& mark, std::int32_t fallback);
+  void ShowColumns();
   void ShowSortArrow();
-  [[nodiscard]] int LineHeightOf(std::int32_t units) const;
-  void MakeCurrent(std::int32_t line);
-  void BringIntoView();
-  void TellCurrentRow();
-  void RefreshLine(std::int32_t line);
+  void Announce();
   void Restyle();
-
-  void OnKeyDown(wxKeyEvent& event);
-  [[nodiscard]] bool TellKeyDown(const wxKeyEvent& event);
-  [[nodiscard]] bool MoveByKey(int key);
-  [[nodiscard]] bool ToggleByKey(int key);
-  void OnTab(const wxKeyEvent& event);
-  void CopyRow() const;
-  void MoveByPage(int direction);
-  void OnMouseDown(wxMouseEvent& event);
-  void OnDoubleClick(wxMouseEvent& event);
-  void OnMotion(wxMouseEvent& event);
-  void OnCellClick(wxGridEvent& event);
-  void OnRowSized(wxGridSizeEvent& event);
-  [[nodiscard]] wxPoint GridPoint(const wxMouseEvent& event) const;
 
   GridState m_state;
   std::unique_ptr<RecordsetSource> m_bound;
-  GridTable* m_table;        ///< the base class's
-  GridRenderer* m_renderer;  ///< the table's
-  GridEvents* m_events = nullptr;
-  std::vector<int> m_widths;                     ///< of the visible columns, as designed or dragged
-  std::map<std::int32_t, int> m_draggedHeights;  ///< by row index
-  std::int32_t m_rowUnits = 265;
-  std::int32_t m_toolTipLine = 0;
-  int m_toolTipColumn = -1;
-  bool m_isToBeBroughtIntoView = false;
+  GridRenderer* m_renderer;  ///< the table owns it
+  GridTable* m_table;        ///< the base class owns it
+  ColumnWidths m_widths;
+  LineHeights m_heights;
+  GridCursor m_cursor;
+  CellToolTip m_toolTip;
+  GridWatcher m_watcher;
+  GridKeys m_keys;
+  GridMouse m_mouse;
   bool m_readFailed = false;
 };
 

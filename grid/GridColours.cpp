@@ -6,7 +6,7 @@
 namespace quorvel {
 namespace {
 
-/// More than the 4.5 that one can just read, for who reads all day.
+/// 4.5 can just be read; people who read all day need more.
 constexpr double kEnough = 7;
 constexpr Colour kBlack{0, 0, 0};
 constexpr Colour kWhite{255, 255, 255};
@@ -38,7 +38,7 @@ Colour Mix(Colour first, Colour second, double share) noexcept {
 
 Colour ReadableBackground(Colour design, Colour text) noexcept {
   const Colour target = Contrast(kBlack, text) > Contrast(kWhite, text) ? kBlack : kWhite;
-  // In steps that the eye hardly tells apart, so that two rows of different lightness stay different.
+  // In small steps, so that two backgrounds of different lightness stay different.
   for (int percent = 0; percent < 100; percent += 2) {
     const Colour mixed = Mix(design, target, percent / 100.0);
     if (Contrast(mixed, text) >= kEnough) return mixed;

@@ -11,7 +11,7 @@ struct Colour {
   friend bool operator==(const Colour&, const Colour&) = default;
 };
 
-/// Of a colour as designs store it: 0xBBGGRR.
+/// From a stored colour: 0xBBGGRR.
 [[nodiscard]] constexpr Colour FromStored(std::uint32_t stored) noexcept {
   return {static_cast<std::uint8_t>(stored), static_cast<std::uint8_t>(stored >> 8U),
           static_cast<std::uint8_t>(stored >> 16U)};
@@ -20,14 +20,14 @@ struct Colour {
 inline constexpr Colour kOddRow = FromStored(0xBFFFFF);
 inline constexpr Colour kEvenRow = FromStored(0xC1D7B0);
 
-/// How well one colour is told from the other, from 1 to 21; text is read with ease from 4.5 on.
+/// The contrast of two colours, from 1 to 21. A text is easy to read from 4.5 on.
 [[nodiscard]] double Contrast(Colour left, Colour right) noexcept;
 
-/// `share` of the second colour in the first.
+/// Mixes the colours; `share` is that of the second, from 0 to 1.
 [[nodiscard]] Colour Mix(Colour first, Colour second, double share) noexcept;
 
-/// The design's background where text of that colour is read on it; else darkened or lightened as far as it takes, its
-/// hue kept. A dark theme's light text gets dark rows that way.
+/// The background `design`, made darker or lighter until a text of the colour `text` can be read on it; the hue stays.
+/// The light text of a dark theme gets dark rows.
 [[nodiscard]] Colour ReadableBackground(Colour design, Colour text) noexcept;
 
 }  // namespace quorvel

@@ -5,6 +5,7 @@
 
 #include "ado/Recordset.h"
 #include "data/modError.h"
+#include "grid/DataGrid.h"
 #include "platform/Error.h"
 
 namespace quorvel {
@@ -25,7 +26,7 @@ GridEXWrapper::GridEXWrapper(std::function<void(std::string_view)> sendKeys) : m
 
 GridEXWrapper::~GridEXWrapper() { SetGrid(nullptr); }
 
-void GridEXWrapper::SetGrid(WatchedGrid* grid) {
+void GridEXWrapper::SetGrid(DataGrid* grid) {
   if (m_oGrid != nullptr) m_oGrid->Watch(nullptr);
   m_oGrid = grid;
   if (m_oGrid != nullptr) m_oGrid->Watch(this);
@@ -38,14 +39,14 @@ void GridEXWrapper::SyncRecordset() noexcept {
     const std::int32_t bookmark = m_oGrid->Bookmark(index);
     if (ado::Recordset* const recordset = m_oGrid->BoundRecordset()) recordset->SetBookmark(bookmark);
   } catch (...) {
-    // A recordset that does not follow is no reason to trouble the user, who only moves about in the grid.
+    // The user only moves in the grid: a recordset that does not follow is no reason to disturb that.
   }
 }
 
 std::int32_t GridEXWrapper::RowIndex() const {
   try {
     if (m_oGrid == nullptr) ThrowObjectNotSet();
-    return m_oGrid->RowIndex(m_oGrid->CurrentRow());
+    return m_oGrid->RowIndex(m_oGrid->CurrentLine());
   } catch (...) {
     modError::RaiseError(kModule, "RowIndex");
   }

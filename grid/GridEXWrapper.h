@@ -4,35 +4,36 @@
 #include <functional>
 #include <string_view>
 
-#include "grid/WatchedGrid.h"
+#include "grid/GridEvents.h"
 #include "platform/Value.h"
 
 namespace quorvel {
 
-/// Stands between a window and its grid: keeps a bound recordset on the grid's current row, turns Enter and
-/// double-click on a data row into RowChosen, and makes a plain Tab leave the grid. Works on any grid that offers
-/// WatchedGrid. Used on the window's thread; the grid outlives its being watched.
+class DataGrid;
+
+/// Watches a grid for its window: keeps a bound recordset on the grid's current row, turns Enter and a double-click on
+/// a row into RowChosen, and makes a plain Tab leave the grid. The grid outlives the watching.
 class GridEXWrapper : private GridEvents {
  public:
-  /// `sendKeys` types keys in the notation "^{TAB}" (Ctrl+Tab) as if the user had.
+  /// `sendKeys` types keys in the notation "^{TAB}" (Ctrl+Tab) as the user would.
   explicit GridEXWrapper(std::function<void(std::string_view)> sendKeys);
   ~GridEXWrapper() override;
   GridEXWrapper(const GridEXWrapper&) = delete;
   GridEXWrapper& operator=(const GridEXWrapper&) = delete;
 
-  [[nodiscard]] WatchedGrid* Grid() const noexcept { return m_oGrid; }
-  /// Watches `grid` from now on and no other; null watches none.
-  void SetGrid(WatchedGrid* grid);
+  [[nodiscard]] DataGrid* Grid() const noexcept { return m_oGrid; }
+  /// Watches `grid` instead of the one before; null watches none.
+  void SetGrid(DataGrid* grid);
 
-  /// Of the last mouse press: button, shift state, and place in grid units.
+  /// Of the last mouse press: button, shift state, and point in pixels from the grid's corner.
   [[nodiscard]] std::int16_t Button() const noexcept { return m_button; }
   [[nodiscard]] std::int16_t Shift() const noexcept { return m_shift; }
   [[nodiscard]] std::int32_t X() const noexcept { return m_x; }
   [[nodiscard]] std::int32_t Y() const noexcept { return m_y; }
 
-  /// Moves the bound recordset to the current row; does nothing where that cannot be done.
+  /// Moves the bound recordset to the current row; does nothing when that fails.
   void SyncRecordset() noexcept;
-  /// Index of the current row; 0 or less when no data row is current. Error 91 without a grid, its source decorated.
+  /// Index of the current row; 0 when no row is current. Error 91 without a grid, its source decorated.
   [[nodiscard]] std::int32_t RowIndex() const;
   /// The bound recordset's field of that name in the current row; empty when there is none.
   [[nodiscard]] quorvel::Value Value(std::string_view column) noexcept;
@@ -46,7 +47,7 @@ class GridEXWrapper : private GridEvents {
   void DoubleClick() override;
 
   std::function<void(std::string_view)> m_sendKeys;
-  WatchedGrid* m_oGrid = nullptr;
+  DataGrid* m_oGrid = nullptr;
   std::int16_t m_button = 0;
   std::int16_t m_shift = 0;
   std::int32_t m_x = 0;

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include <wx/colour.h>
 #include <wx/font.h>
@@ -12,22 +10,20 @@
 
 namespace quorvel {
 
-/// Draws rows in their colours by turns, texts wrapped and cut where they do not fit, and the headings of groups. Of a
-/// text only what can be seen is looked at.
+/// Draws rows in alternating colours, texts wrapped and cut to their cells, flags as check marks, and the headings of
+/// groups.
 class GridRenderer : public wxGridCellRenderer {
  public:
   /// `state` outlives the renderer.
   explicit GridRenderer(const GridState& state);
 
-  /// Takes colours and fonts from the desktop and from `grid`; again when those have changed.
+  /// Takes colours from the desktop and the font from `grid`. To be called again when those have changed.
   void TakeStyle(const wxGrid& grid);
   void SetFocused(bool focused) noexcept { m_isFocused = focused; }
   [[nodiscard]] const wxColour& EmptySpace() const noexcept { return m_emptySpace; }
 
-  /// Whether `x`, counted from the grid window's left border, is on a heading's triangle.
+  /// Whether `x`, counted from the left border of the grid, is on the triangle of a heading.
   [[nodiscard]] static bool IsOnTriangle(const wxWindow& grid, int x);
-  /// Whether a cell of that size shows all of `text`.
-  [[nodiscard]] static bool ShowsWhole(wxDC& dc, std::string_view text, const wxSize& cell);
 
   void Draw(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, const wxRect& rect, int row, int column,
             bool isSelected) override;
@@ -43,7 +39,8 @@ class GridRenderer : public wxGridCellRenderer {
   };
 
   [[nodiscard]] const Style& StyleOf(std::int32_t line, bool isHeading) const;
-  void DrawHeading(wxGrid& grid, wxDC& dc, const wxRect& rect, const GridRows::Group& heading) const;
+  void DrawHeading(wxGrid& grid, wxDC& dc, const wxRect& rect, const RowGroup& heading) const;
+  void DrawText(wxDC& dc, const wxRect& rect, const std::string& text) const;
   void DrawBorder(wxDC& dc, const wxRect& rect) const;
 
   const GridState& m_state;

@@ -1,34 +1,38 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "grid/GridContent.h"
 
 namespace quorvel {
 
-/// What a grid's table and renderer draw from. Texts are empty when they cannot be read.
+/// What a grid's table and renderer draw from. Its reads never throw, since the toolkit calls them: what cannot be read
+/// is empty.
 struct GridState {
   GridContent content;
-  std::int32_t currentLine = 0;
-  /// Called with the error in flight when a text cannot be read while the toolkit draws.
+  std::int32_t currentLine = 0;  ///< 0 when no line is current
+  /// Called with the error in flight when something cannot be read.
   std::function<void()> readFailed;
 
-  [[nodiscard]] std::string CellText(std::int32_t line, std::size_t place) const noexcept {
-    return OrEmpty([&] { return content.CellText(line, place); });
+  [[nodiscard]] ShownCell Cell(std::int32_t line, std::size_t position) const noexcept {
+    return OrEmpty([&] { return content.Cell(line, position); });
   }
-  [[nodiscard]] std::string HeadingText(const GridRows::Group& heading) const noexcept {
-    return OrEmpty([&] { return content.HeadingText(heading); });
+  [[nodiscard]] std::string CellText(std::int32_t line, std::size_t position) const noexcept {
+    return OrEmpty([&] { return content.CellText(line, position); });
   }
-  /// GridContent::LineText.
-  [[nodiscard]] std::string LineText(std::int32_t line, std::string_view separator, std::size_t limit) const noexcept {
-    return OrEmpty([&] { return content.LineText(line, separator, limit); });
+  [[nodiscard]] std::string HeadingText(const RowGroup& group) const noexcept {
+    return OrEmpty([&] { return content.HeadingText(group); });
+  }
+  [[nodiscard]] std::string SpokenLine(std::int32_t line) const noexcept {
+    return OrEmpty([&] { return content.SpokenLine(line); });
   }
 
+ private:
   template <typename Read>
-  [[nodiscard]] std::string OrEmpty(Read read) const noexcept {
+  [[nodiscard]] auto OrEmpty(Read read) const noexcept -> decltype(read()) {
     try {
       return read();
     } catch (...) {

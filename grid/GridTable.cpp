@@ -41,11 +41,29 @@ wxString GridTable::GetColLabelValue(int column) {
 }
 
 wxGridCellAttr* GridTable::GetAttr(int row, int column, wxGridCellAttr::wxAttrKind /*kind*/) {
-  const auto place = static_cast<std::size_t>(std::max(column, 0));
-  const bool isHeading = place < m_heading.size() && m_state.content.Rows().GroupAt(row + 1) != nullptr;
-  wxGridCellAttr* const attribute = isHeading ? m_heading[place].get() : m_cell.get();
+  const auto position = static_cast<std::size_t>(std::max(column, 0));
+  const bool isHeading = position < m_heading.size() && m_state.content.Rows().GroupAt(row + 1) != nullptr;
+  wxGridCellAttr* const attribute = isHeading ? m_heading[position].get() : m_cell.get();
   attribute->IncRef();  // the caller's reference
   return attribute;
+}
+
+void GridTable::LinesChanged() {
+  Resize(GetView()->GetNumberRows(), GetNumberRows(), wxGRIDTABLE_NOTIFY_ROWS_DELETED,
+         wxGRIDTABLE_NOTIFY_ROWS_APPENDED);
+}
+
+void GridTable::ColumnsChanged() {
+  MakeAttributes();
+  Resize(GetView()->GetNumberCols(), GetNumberCols(), wxGRIDTABLE_NOTIFY_COLS_DELETED,
+         wxGRIDTABLE_NOTIFY_COLS_APPENDED);
+}
+
+void GridTable::Resize(int before, int after, wxGridTableRequest remove, wxGridTableRequest append) {
+  if (before == after) return;
+  wxGridTableMessage message = after < before ? wxGridTableMessage(this, remove, after, before - after)
+                                              : wxGridTableMessage(this, append, after - before);
+  GetView()->ProcessTableMessage(message);
 }
 
 }  // namespace quorvel

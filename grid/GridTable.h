@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-/// A grid's lines and visible columns as the toolkit's grid asks for them. Keeps no texts.
+/// A grid's lines and visible columns as the toolkit's grid asks for them, both counted from 0. Keeps no texts.
 class GridTable : public wxGridTableBase {
  public:
   /// `state` outlives the table; `renderer` draws every cell.
@@ -22,13 +22,17 @@ class GridTable : public wxGridTableBase {
   wxString GetColLabelValue(int column) override;
   wxGridCellAttr* GetAttr(int row, int column, wxGridCellAttr::wxAttrKind kind) override;
 
-  /// To be called when the visible columns have changed.
-  void MakeAttributes();
+  // To be called after `state` has changed: they bring the grid's own counts up to date.
+  void LinesChanged();
+  void ColumnsChanged();
 
  private:
+  void MakeAttributes();
+  void Resize(int before, int after, wxGridTableRequest remove, wxGridTableRequest append);
+
   const GridState& m_state;
   wxGridCellAttrPtr m_cell;
-  std::vector<wxGridCellAttrPtr> m_heading;  ///< by column: the first one's cell covers the others'
+  std::vector<wxGridCellAttrPtr> m_heading;  ///< by position: the first one's cell covers the others
 };
 
 }  // namespace quorvel

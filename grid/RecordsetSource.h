@@ -4,12 +4,13 @@
 #include <vector>
 
 #include "ado/Recordset.h"
-#include "grid/GridContent.h"
+#include "grid/GridColumn.h"
+#include "grid/RowSource.h"
 
 namespace quorvel {
 
-/// The rows of a recordset that its filter lets through; each column is the field that is its key. Leaves the
-/// recordset's current row alone.
+/// The rows of a recordset that its filter lets through; the key of a column is the name of its field. Does not move
+/// the recordset's current row.
 class RecordsetSource : public RowSource {
  public:
   /// adErrItemNotFound for a column without a field.

@@ -10,8 +10,8 @@
 namespace quorvel {
 namespace {
 
-/// In characters, since only they are folded one for one: two cut texts compare as the whole ones do unless they are
-/// equal.
+/// Counted in characters, since letter case is folded one character for one: two cut texts compare as the whole texts
+/// do, unless they are equal.
 constexpr std::size_t kKeptCharacters = 64;
 
 std::size_t BytesOfBeginning(const std::string& text) {

@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <vector>
 
-#include "grid/GridRows.h"
+#include "grid/RowSource.h"
+#include "grid/SortKey.h"
 #include "platform/Value.h"
 
 namespace quorvel {
 
-/// What rows are compared by while they are sorted: one column of a source, read once. Of long texts only the beginning
-/// is kept, so that sorting a million long remarks does not hold them all; where beginnings are equal the source is
-/// asked.
+/// One column of a source, read once to compare rows while they are sorted. Of a long text it keeps only the beginning,
+/// so that sorting a million long texts does not hold them all; when beginnings are equal it asks the source.
 class SortColumn {
  public:
   /// `source` outlives the object.
@@ -26,8 +26,8 @@ class SortColumn {
 
   const RowSource& m_source;
   SortKey m_key;
-  std::vector<std::int64_t> m_numbers;  ///< where the column holds dates or whole numbers only
-  std::vector<Value> m_values;          ///< elsewhere
+  std::vector<std::int64_t> m_numbers;  ///< if the column holds only dates or only whole numbers
+  std::vector<Value> m_values;          ///< otherwise
 };
 
 }  // namespace quorvel

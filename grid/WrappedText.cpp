@@ -1,3 +1,6 @@
+// Breaks a text into lines by measuring: a binary search finds how many characters fit on a line, and the line then
+// ends at the last blank before them.
+
 #include "grid/WrappedText.h"
 
 #include <algorithm>
@@ -7,7 +10,8 @@
 namespace quorvel {
 namespace {
 
-/// What belongs to the character before it: combining marks, joiners and what they join, second halves of pairs.
+/// Whether a character belongs to the one before it: combining marks, joiners and characters that they join, second
+/// halves of surrogate pairs.
 bool Extends(std::wstring_view text, std::size_t position) noexcept {
   const auto character = static_cast<char32_t>(text[position]);
   return (character >= 0x300 && character <= 0x36F) || character == 0x200D || text[position - 1] == 0x200D ||
@@ -20,19 +24,23 @@ class Wrapping {
   Wrapping(std::wstring_view text, int width, const MeasurePart& measure)
       : m_text(text), m_width(width), m_measure(measure) {}
 
-  /// How many characters from `from` on, at most up to `end`, take no more than the width less `reserved`.
+  /// How many characters from `from` on, at most up to `end`, fit into the width less `reserved`.
   [[nodiscard]] std::size_t Fit(std::size_t from, std::size_t end, int reserved) const {
     std::size_t fits = 0;
     std::size_t tooMany = end - from + 1;
     while (tooMany - fits > 1) {
       const std::size_t middle = fits + (tooMany - fits) / 2;
-      (m_measure(from, middle) <= m_width - reserved ? fits : tooMany) = middle;
+      if (m_measure(from, middle) <= m_width - reserved) {
+        fits = middle;
+      } else {
+        tooMany = middle;
+      }
     }
     while (fits > 0 && from + fits < end && Extends(m_text, from + fits)) --fits;
     return fits;
   }
 
-  /// The same, ending where a word ends if one does.
+  /// The same for the whole width, but at least one, and up to the end of a word if a word ends there.
   [[nodiscard]] std::size_t FitWords(std::size_t from, std::size_t end) const {
     const std::size_t fits = std::max<std::size_t>(Fit(from, end, 0), 1);
     if (from + fits == end || m_text[from + fits] == L' ') return fits;

@@ -1,10 +1,47 @@
 #include "remark_ui/RemarkRows.h"
 
+#include <array>
 #include <utility>
 
 #include "runtime/RemarkContext.h"
 
 namespace quorvel {
+namespace {
+
+struct RemarkColumn {
+  const char* key;
+  const char* caption;
+  std::int32_t width;
+  bool visible;
+  CellFormat format;
+  Value (*read)(const Remark& remark);
+};
+
+/// In the order of their numbers, beginning with 1.
+constexpr std::array<RemarkColumn, 5> kColumns = {{
+    {"MemoKey", "MemoKey", 7, false, CellFormat::General,
+     [](const Remark& remark) -> Value { return std::int64_t{remark.MemoKey()}; }},
+    {"TypeCaption", "Type", 112, false, CellFormat::General,
+     [](const Remark& remark) -> Value { return remark.TypeCaption(); }},
+    {"DateStamp", "Date", 73, true, CellFormat::ShortDate,
+     [](const Remark& remark) -> Value { return remark.DateStamp(); }},
+    {"UserID", "UserID", 83, true, CellFormat::General, [](const Remark& remark) -> Value { return remark.UserID(); }},
+    {"MemoText", "Remark", 377, true, CellFormat::General,
+     [](const Remark& remark) -> Value { return remark.MemoText(); }},
+}};
+
+}  // namespace
+
+std::vector<GridColumn> RemarkRows::Columns() {
+  std::vector<GridColumn> columns;
+  columns.reserve(kColumns.size());
+  for (const RemarkColumn& each : kColumns) {
+    columns.push_back({each.key, each.caption, each.width, each.visible, each.format});
+  }
+  return columns;
+}
+
+std::vector<std::int32_t> RemarkRows::ColumnOrder() { return {1, kDateColumn, kTypeColumn, 4, 5}; }
 
 void RemarkRows::SetContext(std::shared_ptr<const RemarkContext> context) noexcept { m_context = std::move(context); }
 
@@ -13,21 +50,8 @@ std::int32_t RemarkRows::RowCount() const { return m_context ? m_context->MemoCo
 Value RemarkRows::At(std::int32_t rowIndex, std::int32_t column) const {
   const auto list = m_context ? m_context->RemarkList() : nullptr;
   const auto remark = list ? list->Item(std::int64_t{rowIndex}) : nullptr;
-  if (!remark) return Null{};
-  switch (column) {
-    case 1:
-      return std::int64_t{remark->MemoKey()};
-    case 2:
-      return remark->TypeCaption();
-    case 3:
-      return remark->DateStamp();
-    case 4:
-      return remark->UserID();
-    case 5:
-      return remark->MemoText();
-    default:
-      return Null{};
-  }
+  const auto index = static_cast<std::size_t>(column) - 1;
+  return remark && index < kColumns.size() ? kColumns[index].read(*remark) : Null{};
 }
 
 }  // namespace quorvel

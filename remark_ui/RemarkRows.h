@@ -2,17 +2,28 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
-#include "grid/GridRows.h"
+#include "grid/GridColumn.h"
+#include "grid/RowSource.h"
 
 namespace quorvel {
 
 class RemarkContext;
 
-/// The remarks of a context as rows of a grid: column 1 the key, then type, date, user and text.
+/// The remarks of a context as rows of the editor's grid.
 class RemarkRows : public RowSource {
  public:
-  /// Null shows nothing. The list is asked for anew each time, since the context may replace it.
+  // Numbers of the columns that the editor groups and sorts by.
+  static constexpr std::int32_t kTypeColumn = 2;
+  static constexpr std::int32_t kDateColumn = 3;
+
+  /// In the order of their numbers.
+  [[nodiscard]] static std::vector<GridColumn> Columns();
+  /// The column numbers from left to right.
+  [[nodiscard]] static std::vector<std::int32_t> ColumnOrder();
+
+  /// Null shows nothing. The context is asked for its list at each read, since it may replace the list.
   void SetContext(std::shared_ptr<const RemarkContext> context) noexcept;
 
   [[nodiscard]] std::int32_t RowCount() const override;

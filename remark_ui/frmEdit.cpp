@@ -24,17 +24,6 @@ namespace {
 
 constexpr ui::TwipSize kFirstSize{10800, 7800};
 
-constexpr std::int32_t kTypeColumn = 2;
-constexpr std::int32_t kDateColumn = 3;
-
-std::vector<GridColumn> Columns() {
-  return {{"MemoKey", "MemoKey", 7, false},
-          {"TypeCaption", "Type", 112, false},
-          {"DateStamp", "Date", 73, true, CellFormat::ShortDate},
-          {"UserID", "UserID", 83},
-          {"MemoText", "Remark", 377}};
-}
-
 }  // namespace
 
 frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
@@ -50,9 +39,9 @@ frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
 frmEdit::~frmEdit() = default;
 
 void frmEdit::CreateControls() {
-  gdxMemos = new DataGrid(this, Columns(), {1, kDateColumn, kTypeColumn, 4, 5});
+  gdxMemos = new DataGrid(this, RemarkRows::Columns(), RemarkRows::ColumnOrder());
   gdxMemos->SetName("gdxMemos");
-  ui::SetAccessibleName(*gdxMemos, "Remarks");
+  gdxMemos->SetSpokenName("Remarks");
   m_frame.emplace(*this, Scale());
   SetSizer(m_frame->Sizer());
   cmdNew = ui::MakeButton(*this, "cmdNew", "&New");
@@ -139,7 +128,7 @@ void frmEdit::Refresh() {
     SetUpGrid();
     gdxMemos->Refetch();
     // The first line of a group is its heading.
-    if (m_rows.RowCount() > 0) gdxMemos->SelectRow(m_context->GroupByType() ? 2 : 1);
+    if (m_rows.RowCount() > 0) gdxMemos->SelectLine(m_context->GroupByType() ? 2 : 1);
   }
   ShowSelected();
 }
@@ -148,9 +137,9 @@ void frmEdit::SetUpGrid() {
   const bool isGrouped = m_context->GroupByType();
   gdxMemos->SetSource(&m_rows);
   gdxMemos->AllowRowSizing(m_context->AllowRowSizing());
-  gdxMemos->ShowColumn(kTypeColumn, !isGrouped);
-  gdxMemos->GroupBy(isGrouped ? std::optional(SortKey{kTypeColumn, true}) : std::nullopt);
-  gdxMemos->SortBy({{kDateColumn, false}});
+  gdxMemos->ShowColumn(RemarkRows::kTypeColumn, !isGrouped);
+  gdxMemos->GroupBy(isGrouped ? std::optional(SortKey{RemarkRows::kTypeColumn, true}) : std::nullopt);
+  gdxMemos->SortBy({{RemarkRows::kDateColumn, false}});
   gdxMemos->SetRowHeight(GridRowHeight(m_context->RowHeight()));
 }
 
@@ -161,14 +150,14 @@ void frmEdit::RefreshRows(std::int32_t rowIndex, std::int32_t line) {
   if (rowIndex > 0) {
     gdxMemos->SelectRowIndex(rowIndex);
   } else if (line > 0) {
-    gdxMemos->SelectRow(line);
+    gdxMemos->SelectLine(line);
   } else {
     gdxMemos->SelectNone();
   }
 }
 
 void frmEdit::ShowSelected() {
-  m_edited.Show(gdxMemos->RowIndex(gdxMemos->CurrentRow()));
+  m_edited.Show(gdxMemos->RowIndex(gdxMemos->CurrentLine()));
   Display();
 }
 

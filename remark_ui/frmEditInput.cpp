@@ -30,7 +30,7 @@ void frmEdit::BindHandlers() {
 }
 
 void frmEdit::BindGrid() {
-  gdxMemos->RowChanged = [this] { gdxMemos_RowChange(); };
+  gdxMemos->CurrentLineChanged = [this] { gdxMemos_RowChange(); };
   gdxMemos->Failed = [this](std::exception_ptr failure) { Guard([&] { std::rethrow_exception(failure); }); };
 }
 
@@ -102,7 +102,7 @@ void frmEdit::cmdClose_Click() {
 // The commit puts the rows in order anew; the user's way to the next row goes on from there.
 void frmEdit::gdxMemos_RowChange() {
   if (m_loading || !m_context) return;
-  const std::int32_t line = gdxMemos->CurrentRow();
+  const std::int32_t line = gdxMemos->CurrentLine();
   const std::int32_t rowIndex = gdxMemos->RowIndex(line);
   if (m_edited.CommitPending(m_frame->Input()) == EditedRemark::Outcome::Changed) RefreshRows(rowIndex, line);
   ShowSelected();

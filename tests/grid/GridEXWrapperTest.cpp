@@ -2,12 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "ado/Recordset.h"
-#include "platform/Error.h"
-#include "tests/support/Caught.h"
+#include "tests/grid/GridWindow.h"
 
 namespace quorvel {
 namespace {
@@ -17,129 +17,140 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// A grid of four lines: a heading and three rows, each its recordset's next but one.
-class FakeGrid : public WatchedGrid {
- public:
-  [[nodiscard]] std::int32_t CurrentRow() const override { return current; }
-  [[nodiscard]] std::int32_t RowIndex(std::int32_t row) const override {
-    if (fails) throw Error(ErrorNumber::DbUnspecified, "", "no rows now");
-    return row == 99 ? -1 : std::max(row - 1, 0);
-  }
-  [[nodiscard]] std::int32_t Bookmark(std::int32_t rowIndex) const override { return rowIndex * 2; }
-  [[nodiscard]] ado::Recordset* BoundRecordset() const override { return recordset; }
-  [[nodiscard]] GridArea HitTest(double x, double y) const override {
-    hit = {x, y};
-    return area;
-  }
-  void Watch(GridEvents* watcher) override { events = watcher; }
-
-  std::int32_t current = 2;
-  ado::Recordset* recordset = nullptr;
-  GridArea area = GridArea::Cell;
-  bool fails = false;
-  GridEvents* events = nullptr;
-  mutable std::pair<double, double> hit;
-};
-
-class GridEXWrapperTest : public testing::Test {
+class GridEXWrapperTest : public test::GridWindow {
  protected:
-  GridEXWrapperTest() : m_wrapper([this](std::string_view keys) { m_keys.emplace_back(keys); }) {
-    m_wrapper.SetGrid(&m_grid);
+  GridEXWrapperTest() {
+    m_wrapper.SetGrid(m_grid);
     m_wrapper.RowChosen = [this] { ++m_chosen; };
   }
-  /// What is left of the key for the grid.
-  std::int16_t Press(std::int16_t keyCode, std::int16_t shift = 0) {
-    m_grid.events->KeyDown(keyCode, shift);
-    return keyCode;
-  }
+  ~GridEXWrapperTest() override { m_wrapper.SetGrid(nullptr); }
   int Chosen() { return std::exchange(m_chosen, 0); }
 
-  FakeGrid m_grid;
   std::vector<std::string> m_keys;
-  GridEXWrapper m_wrapper;
+  GridEXWrapper m_wrapper{[this](std::string_view keys) { m_keys.emplace_back(keys); }};
 
  private:
   int m_chosen = 0;
 };
 
-TEST_F(GridEXWrapperTest, KeysThatItTakesAndKeysThatItLeaves) {
+TEST_F(GridEXWrapperTest, EnterChoosesRowsAndPlainTabIsSentOn) {
+  m_grid->SelectLine(4);
+  Press(WXK_RETURN);
+  Press(WXK_NUMPAD_ENTER, wxMOD_CONTROL);
+  EXPECT_EQ(Chosen(), 2);
+  m_grid->SelectLine(3);
+  Press(WXK_RETURN);
+  EXPECT_THAT(Rows(), ElementsAre(0, 2, 0)) << "the grid handles Enter on a heading";
+  m_grid->SelectNone();
+  Press(WXK_RETURN);
+  for (const int key : {WXK_ESCAPE, WXK_SPACE, WXK_DELETE}) Press(key);
+  Press(WXK_TAB, wxMOD_SHIFT);
+  Press(WXK_TAB, wxMOD_CONTROL);
+  EXPECT_EQ(Chosen(), 0);
+  EXPECT_THAT(m_keys, IsEmpty());
+  Press(WXK_TAB);
+  EXPECT_THAT(m_keys, ElementsAre("^{TAB}"));
+}
+
+TEST_F(GridEXWrapperTest, DoubleClickChoosesOnlyOnData) {
+  wxWindow* const cells = m_grid->GetGridWindow();
+  wxWindow* const captions = m_grid->GetGridColLabelWindow();
+  const auto middleOf = [this](std::int32_t line) { return m_grid->CellToRect(line - 1, 0).y + 10; };
   struct Case {
-    std::int32_t line;
-    std::int16_t key, shift, left;
+    GridArea area;
+    wxWindow* window;
+    int x, y;
     int chosen;
   };
-  for (const Case& each : {Case{2, 13, 0, 0, 1}, Case{2, 13, 2, 0, 1}, Case{1, 13, 0, 13, 0}, Case{0, 13, 0, 13, 0},
-                           Case{99, 13, 0, 0, 1}, Case{2, 27, 0, 27, 0}, Case{2, 9, 1, 9, 0}, Case{2, 9, 2, 9, 0}}) {
-    m_grid.current = each.line;
-    EXPECT_EQ(Press(each.key, each.shift), each.left) << each.line << " " << each.key;
-    EXPECT_EQ(Chosen(), each.chosen) << each.line << " " << each.key;
+  for (const Case& each :
+       {Case{GridArea::Cell, cells, 60, middleOf(4), 1}, Case{GridArea::ColumnHeader, captions, 20, 5, 0},
+        Case{GridArea::ColumnSeparator, captions, m_grid->GetColSize(0), 5, 0},
+        Case{GridArea::Nowhere, cells, 20, 350, 0}, Case{GridArea::GroupRow, cells, 200, middleOf(3), 0}}) {
+    Mouse(wxEVT_LEFT_DOWN, each.window, each.x, each.y);
+    EXPECT_EQ(m_grid->HitTest(m_wrapper.X(), m_wrapper.Y()), each.area);
+    Mouse(wxEVT_LEFT_DCLICK, each.window, each.x, each.y);
+    EXPECT_EQ(Chosen(), each.chosen) << static_cast<int>(each.area);
   }
-  EXPECT_THAT(m_keys, IsEmpty());
-  EXPECT_EQ(Press(9), 9);
-  m_grid.current = 0;
-  EXPECT_EQ(Press(9), 9);
-  EXPECT_THAT(m_keys, ElementsAre("^{TAB}", "^{TAB}"));
+  EXPECT_THAT(Rows(), ElementsAre(0, 2, 0)) << "the double-click on a heading closed its group";
+  EXPECT_EQ(m_grid->HitTest(-1, 50), GridArea::Nowhere);
+  EXPECT_EQ(m_grid->HitTest(20, -1), GridArea::Nowhere);
 }
 
-TEST_F(GridEXWrapperTest, DoubleClickOnDataChoosesWhereTheMouseWasPressed) {
-  m_grid.events->MouseDown(2, 5, 10.4, -3.6);
+TEST_F(GridEXWrapperTest, KeepsTheLastMousePress) {
+  wxMouseEvent right(wxEVT_RIGHT_DOWN);
+  right.SetEventObject(m_grid->GetGridWindow());
+  right.SetPosition({7, 9});
+  right.SetShiftDown(true);
+  right.SetAltDown(true);
+  m_grid->GetGridWindow()->ProcessWindowEvent(right);
   EXPECT_EQ(m_wrapper.Button(), 2);
   EXPECT_EQ(m_wrapper.Shift(), 5);
-  EXPECT_EQ(m_wrapper.X(), 10);
-  EXPECT_EQ(m_wrapper.Y(), -4);
-  for (int area = 0; area <= 9; ++area) {
-    m_grid.area = static_cast<GridArea>(area);
-    m_grid.events->DoubleClick();
-    const bool isData = area != 1 && area != 2 && area != 4 && area != 7;
-    EXPECT_EQ(Chosen(), isData ? 1 : 0) << area;
-  }
-  EXPECT_EQ(m_grid.hit, std::make_pair(10.0, -4.0));
-  m_grid.area = GridArea::Cell;
-  m_grid.current = 1;
-  m_grid.events->DoubleClick();
-  EXPECT_EQ(Chosen(), 0) << "no row is current";
+  EXPECT_EQ(m_wrapper.X(), 7);
+  EXPECT_EQ(m_wrapper.Y(), m_grid->GetColLabelSize() + 9);
+  ClickLine(4);
+  EXPECT_EQ(m_wrapper.Button(), 1);
 }
 
-TEST_F(GridEXWrapperTest, KeepsABoundRecordsetOnTheCurrentRow) {
-  ado::RowSet rows({{"Name", ado::DataType::VarChar}});
-  for (const char* name : {"a", "b", "c", "d"}) rows.AppendText(name);
-  ado::Recordset recordset(nullptr, std::move(rows));
-  EXPECT_EQ(m_wrapper.Value("Name"), Value()) << "nothing is bound";
-  m_grid.recordset = &recordset;
-  m_grid.current = 3;
-  EXPECT_EQ(m_wrapper.Value("NAME"), Value(std::string("d")));
-  EXPECT_EQ(recordset.Bookmark(), 4);
+TEST_F(GridEXWrapperTest, BoundRecordsetFollowsTheCurrentRow) {
+  EXPECT_EQ(m_grid->BoundRecordset(), nullptr);
+  EXPECT_EQ(Caught([this] { static_cast<void>(m_grid->Bookmark(1)); }).Number(), ErrorNumber::ObjectNotSet);
+  EXPECT_EQ(m_wrapper.Value("Memo"), Value()) << "nothing is bound";
+  ado::RowSet rows(
+      {{"Memo", ado::DataType::VarChar}, {"TYPE", ado::DataType::VarChar}, {"Key", ado::DataType::Integer}});
+  for (const int key : {1, 2, 3, 4}) {
+    rows.AppendText("text " + std::to_string(key));
+    rows.AppendText(key % 2 == 0 ? "even" : "odd");
+    rows.AppendInteger(key);
+  }
+  const auto recordset = std::make_shared<ado::Recordset>(nullptr, std::move(rows));
+  recordset->SetFilter("Key > 1");
+  recordset->MoveLast();
+  m_grid->Bind(recordset);
+  m_grid->Refetch();
+  EXPECT_THAT(Rows(), ElementsAre(0, 3, 1, 0, 2));
+  EXPECT_EQ(m_grid->GetCellValue(1, 1), "text 4");
+  EXPECT_EQ(m_grid->Bookmark(3), 4);
+  EXPECT_EQ(Caught([this] { static_cast<void>(m_grid->Bookmark(4)); }).Number(), ErrorNumber::InvalidCall);
+  EXPECT_EQ(m_wrapper.Value("Memo"), Value()) << "a heading is current";
+  EXPECT_EQ(recordset->Bookmark(), 4) << "drawing does not move it";
+
+  m_grid->SelectLine(5);
+  EXPECT_EQ(m_wrapper.RowIndex(), 2);
+  EXPECT_EQ(m_wrapper.Value("MEMO"), Value(std::string("text 3")));
+  EXPECT_EQ(recordset->Bookmark(), 3);
   EXPECT_EQ(m_wrapper.Value("Nobody"), Value());
-
-  for (const std::int32_t noRow : {0, 1, 99}) {
-    m_grid.current = noRow;
-    EXPECT_EQ(m_wrapper.Value("Name"), Value()) << noRow;
-  }
-  m_grid.current = 4;  // a bookmark that is not there
+  recordset->SetFilter("Key = 1");  // and the grid does not know it yet
   m_wrapper.SyncRecordset();
-  EXPECT_EQ(recordset.Bookmark(), 4) << "nothing moved";
+  EXPECT_EQ(recordset->Bookmark(), 1) << "nothing moved";
+  m_grid->SetSource(nullptr);
+  m_grid->Refetch();
+  EXPECT_EQ(m_grid->GetNumberRows(), 0);
 }
 
-TEST_F(GridEXWrapperTest, TrapsItsErrorsOrTellsWhereTheyPassed) {
-  m_grid.fails = true;
-  m_wrapper.SyncRecordset();
-  EXPECT_EQ(m_wrapper.Value("Name"), Value());
-  const Error error = Caught([&] { static_cast<void>(m_wrapper.RowIndex()); });
-  EXPECT_EQ(error.Number(), ErrorNumber::DbUnspecified);
-  EXPECT_EQ(error.Description(), "no rows now");
-  EXPECT_THAT(error.Source(), HasSubstr("Quorvel.GridEXWrapper.RowIndex@"));
-  EXPECT_THAT(Caught([&] { Press(13); }).Source(), HasSubstr(".GridEXWrapper."));
+TEST_F(GridEXWrapperTest, ErrorsPassThroughTheGridWithTheirSource) {
+  m_grid->SelectLine(4);
+  m_wrapper.RowChosen = [] { ThrowOverflow(); };
+  Press(WXK_RETURN);
+  ClickLine(4);
+  ClickLine(4, 60, wxEVT_LEFT_DCLICK);
+  ASSERT_EQ(m_failures.size(), 2U);
+  EXPECT_EQ(m_failures[0].Number(), ErrorNumber::Overflow);
+  EXPECT_THAT(m_failures[0].Source(), HasSubstr("Quorvel.GridEXWrapper.m_oGrid_KeyDown@"));
+  EXPECT_THAT(m_failures[1].Source(), HasSubstr("Quorvel.GridEXWrapper.m_oGrid_DblClick@"));
 }
 
-TEST_F(GridEXWrapperTest, WatchesOneGrid) {
-  FakeGrid other;
-  m_wrapper.SetGrid(&other);
-  EXPECT_EQ(m_grid.events, nullptr);
-  EXPECT_NE(other.events, nullptr);
+TEST_F(GridEXWrapperTest, WatchesOneGridAndNoneAfterNull) {
+  auto* const other = new DataGrid(m_window, {{"Key", "Key", 50}}, {1});
+  m_wrapper.SetGrid(other);
+  m_grid->SelectLine(4);
+  Press(WXK_RETURN);
+  EXPECT_EQ(Chosen(), 0);
+  EXPECT_EQ(m_wrapper.RowIndex(), 0) << "of the other, which is empty";
   m_wrapper.SetGrid(nullptr);
-  EXPECT_EQ(other.events, nullptr);
-  EXPECT_EQ(Caught([&] { static_cast<void>(m_wrapper.RowIndex()); }).Number(), ErrorNumber::ObjectNotSet);
-  EXPECT_EQ(m_wrapper.Value("Name"), Value());
+  const Error error = Caught([this] { static_cast<void>(m_wrapper.RowIndex()); });
+  EXPECT_EQ(error.Number(), ErrorNumber::ObjectNotSet);
+  EXPECT_THAT(error.Source(), HasSubstr("Quorvel.GridEXWrapper.RowIndex@"));
+  EXPECT_EQ(m_wrapper.Value("Key"), Value());
 }
 
 }  // namespace

@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "grid/GridRows.h"
+#include "grid/RowSource.h"
 #include "platform/Error.h"
 
 namespace quorvel::test {
 
-/// Rows written down in a test.
+/// The rows that a test lists.
 class TableSource : public RowSource {
  public:
   explicit TableSource(std::vector<std::vector<Value>> cells) : rows(std::move(cells)) {}

@@ -40,7 +40,7 @@ class Screen {
   [[nodiscard]] std::string Text() const { return ui::FromWx(TextBox().GetValue()); }
   [[nodiscard]] std::string Frame() const { return ui::FromWx(Find<wxStaticBox>(m_window, "fmViewRemark").GetLabel()); }
   [[nodiscard]] bool CanPress(const char* name) const { return Find<wxButton>(m_window, name).IsEnabled(); }
-  [[nodiscard]] std::int32_t Position() const { return Grid().RowIndex(Grid().CurrentRow()); }
+  [[nodiscard]] std::int32_t Position() const { return Grid().RowIndex(Grid().CurrentLine()); }
 
   void Go(std::int32_t position) const { Grid().SelectRowIndex(position); }
   /// Replaces the text in the box.
@@ -155,10 +155,10 @@ TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
   };
   const auto isGrouped = [&](const Screen& screen) {
     EXPECT_EQ(captions(screen), "Date UserID Remark ");
-    EXPECT_EQ(screen.Grid().CurrentRow(), 2);
+    EXPECT_EQ(screen.Grid().CurrentLine(), 2);
     EXPECT_EQ(screen.Position(), 1);
     EXPECT_TRUE(screen.Grid().CanDragRowSize(0));
-    screen.Grid().SelectRow(1);
+    screen.Grid().SelectLine(1);
     EXPECT_EQ(screen.Frame(), "View/Edit Remark");
     EXPECT_TRUE(screen.Text().empty());
     screen.Grid().SetGroupOpen(1, false);
@@ -170,7 +170,7 @@ TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
   View(grouped, isGrouped);  // the closed group and the sort order of the first View are gone
   View(ContextHolder("CustInq", "C1044", "jsmith"), [&](const Screen& screen) {
     EXPECT_EQ(captions(screen), "Date Type UserID Remark ");
-    EXPECT_EQ(screen.Grid().CurrentRow(), 1);
+    EXPECT_EQ(screen.Grid().CurrentLine(), 1);
     EXPECT_FALSE(screen.Grid().CanDragRowSize(0));
     EXPECT_THAT(screen.Text(), StartsWith("Dana promised")) << "the newest first";
     screen.Click("cmdClose");

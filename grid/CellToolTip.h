@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+
+class wxGrid;
+class wxPoint;
+
+namespace quorvel {
+
+struct GridState;
+
+/// Shows the whole text of the cell under the pointer where the cell cuts it.
+class CellToolTip {
+ public:
+  /// Both outlive the object.
+  CellToolTip(wxGrid& grid, const GridState& state) : m_grid(grid), m_state(state) {}
+
+  /// To be called when the pointer has moved to `point` in the window of the cells.
+  void PointerMoved(const wxPoint& point);
+  /// To be called when the lines have changed.
+  void Forget() noexcept { m_line = 0; }
+
+ private:
+  wxGrid& m_grid;
+  const GridState& m_state;
+  std::int32_t m_line = 0;  ///< the cell that the tip was set for
+  int m_position = -1;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,29 @@
+#pragma once
+
+class wxGridEvent;
+class wxMouseEvent;
+
+namespace quorvel {
+
+class DataGrid;
+class GridWatcher;
+
+/// Handles the mouse in a grid: a press makes a line current, a press on a heading's triangle or a double-click on a
+/// heading opens or closes the group.
+class GridMouse {
+ public:
+  /// Both outlive the object.
+  GridMouse(DataGrid& grid, const GridWatcher& watcher) : m_grid(grid), m_watcher(watcher) {}
+
+  void Down(wxMouseEvent& event);
+  void DoubleClick(wxMouseEvent& event);
+  void CellClick(wxGridEvent& event);
+
+ private:
+  [[nodiscard]] bool IsOnRowBorder(const wxGridEvent& event) const;
+
+  DataGrid& m_grid;
+  const GridWatcher& m_watcher;
+};
+
+}  // namespace quorvel
