@@ -7,13 +7,12 @@
 
 #include "ado/Recordset.h"
 
+// Rules fill and read a window's controls through these faces and need no toolkit. The window implements them over its
+// controls. Texts are UTF-8; a face is used on the window's thread only.
+
 namespace quorvel {
 
-/// The faces through which rules fill and read the controls of a window without knowing a toolkit. A window implements
-/// them over its controls. Texts are UTF-8; a face is used on the window's thread only.
-///
-/// The list of a list box. Indexes count from 0; every item has a text and a number of its own, its datum, which holds
-/// the key of the item's row.
+/// A list box. Indexes count from 0. Every item has a text and a datum, a number that holds the key of the item's row.
 class ItemList {
  public:
   virtual ~ItemList() = default;

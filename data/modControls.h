@@ -28,8 +28,8 @@ void SetCheck(CheckField& checkBox, bool on);
 void AddRows(ItemList& list, std::int32_t count, std::string_view displayField, std::string_view keyField,
              ado::Recordset& rs);
 
-/// Clears the combo box, adds the item "<none>" when `withNone`, and then the rows as AddRows does. That item stands
-/// for no selection: its datum is 0.
+/// Clears the combo box, adds the item "<none>" when `withNone`, and then the rows as AddRows does. That item
+/// means no selection: its datum is 0.
 void FillCombo(ItemList& combo, std::int32_t count, std::string_view displayField, std::string_view keyField,
                ado::Recordset& rs, bool withNone = true);
 

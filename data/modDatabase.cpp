@@ -1,5 +1,5 @@
-// Everything that the component sends to the database passes here. The connection is per thread, so nothing is locked;
-// only LoadRst reconnects and repeats, because repeating a statement that writes could write twice.
+// All database calls of the component pass through this module. Each thread has its own connection, so nothing is
+// locked. Only LoadRst reconnects and tries again: a repeated write could write twice.
 
 #include "data/modDatabase.h"
 

@@ -10,8 +10,8 @@ namespace quorvel::modError {
 /// An exception that is not an Error becomes one, with number DbUnspecified.
 [[noreturn]] void RaiseError(std::string_view moduleName, std::string_view procName, std::string_view context = {});
 
-/// The source text with the line application.module.procedure@COMPUTER:USER[version major.minor.revision]. Before it
-/// stands the source of the error in flight, if any, when it contains a point and is therefore a chain already.
+/// The source text with the line application.module.procedure@COMPUTER:USER[version major.minor.revision]. It
+/// follows the source of the error in flight when that source contains a point and is therefore a chain already.
 [[nodiscard]] std::string ErrorSource(std::string_view moduleName, std::string_view procName);
 
 }  // namespace quorvel::modError

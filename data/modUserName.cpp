@@ -1,19 +1,17 @@
 #include "data/modUserName.h"
 
-#include <array>
-#include <string_view>
-
-#include "platform/Environment.h"
+#include "platform/OperatingSystem.h"
 
 namespace quorvel::modUserName {
 
-std::string GetUserName() {
-  std::array<char, 256> buffer{};
-  buffer.fill('*');
-  if (!ReadLogonName(buffer)) return "";
-  const std::string_view text(buffer.data(), buffer.size());
-  const std::size_t zero = text.find('\0');
-  return zero != std::string_view::npos ? std::string(text.substr(0, zero)) : "";
+std::string GetUserName() noexcept {
+  constexpr std::size_t kLongestName = 255;
+  try {
+    std::string name = os::LogonName();
+    return name.size() <= kLongestName ? name : "";
+  } catch (...) {
+    return "";
+  }
 }
 
 }  // namespace quorvel::modUserName

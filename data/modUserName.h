@@ -4,8 +4,7 @@
 
 namespace quorvel::modUserName {
 
-/// The current user's logon name; the empty text when the system cannot supply it or it has more than 255 characters.
-/// Never throws.
-[[nodiscard]] std::string GetUserName();
+/// The current user's logon name; the empty text when the system cannot supply it or it has more than 255 bytes.
+[[nodiscard]] std::string GetUserName() noexcept;
 
 }  // namespace quorvel::modUserName

@@ -1,6 +1,5 @@
 #include "platform/Environment.h"
 
-#include <algorithm>
 #include <mutex>
 #include <utility>
 
@@ -24,17 +23,6 @@ WarningSink& Sink() {
 }  // namespace
 
 std::string EnvironmentVariable(const char* name) { return os::Variable(name).value_or(""); }
-
-bool ReadLogonName(std::span<char> buffer) noexcept {
-  try {
-    const std::string name = os::LogonName();
-    if (name.empty() || name.size() + 1 > buffer.size()) return false;
-    std::ranges::copy_n(name.c_str(), static_cast<std::ptrdiff_t>(name.size() + 1), buffer.begin());
-    return true;
-  } catch (...) {
-    return false;
-  }
-}
 
 void LogWarning(std::string_view message) noexcept {
   try {

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstddef>
 #include <functional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -10,10 +8,6 @@ namespace quorvel {
 
 /// An environment variable's value; the empty text when it is missing.
 [[nodiscard]] std::string EnvironmentVariable(const char* name);
-
-/// Writes the logon name of the current user and a terminating zero into `buffer`, like the operating
-/// system's own call. False when the name cannot be found or does not fit.
-[[nodiscard]] bool ReadLogonName(std::span<char> buffer) noexcept;
 
 /// Logs a warning under the source "Quorvel": the application event log, or syslog. Never throws.
 void LogWarning(std::string_view message) noexcept;

@@ -8,7 +8,7 @@
 
 #include "platform/DateTime.h"
 
-/// The calls of the operating system that have no header of their own.
+/// Small calls of the operating system, which need no header each.
 /// All texts are UTF-8.
 namespace quorvel::os {
 

@@ -1,3 +1,5 @@
+// modDatabase on an embedded database: reconnects, reports and the statements that it builds.
+
 #include <gmock/gmock.h>
 
 #include <filesystem>

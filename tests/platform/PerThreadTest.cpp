@@ -10,6 +10,8 @@
 namespace quorvel {
 namespace {
 
+constexpr const char* kInitial = "the text before any thread wrote one";
+
 std::mutex reportsLock;
 std::vector<std::string> reports;
 
@@ -19,17 +21,16 @@ struct Diary {
     const std::scoped_lock lock(reportsLock);
     reports.push_back(text);
   }
-  std::string text = "nothing was written into this one";
+  std::string text = kInitial;
 };
 
 TEST(PerThread, EachThreadHasItsOwnUntilItEnds) {
   std::vector<std::string> written;
   for (int i = 0; i < 8; ++i) {
-    written.push_back("what thread " + std::to_string(i) + " wrote into its own");
+    written.push_back("the text of the thread with the number " + std::to_string(i));
     std::thread([&] {
-      EXPECT_EQ(PerThread<Diary>().text, "nothing was written into this one");
+      EXPECT_EQ(PerThread<Diary>().text, kInitial);
       PerThread<Diary>().text = written.back();
-      EXPECT_EQ(PerThread<Diary>().text, written.back());
     }).join();
     ASSERT_EQ(reports, written);
   }

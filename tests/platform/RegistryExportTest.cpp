@@ -1,3 +1,5 @@
+// The export format as tables of texts: what can be read and written, and that every other byte stays.
+
 #include "platform/RegistryExport.h"
 
 #include <gtest/gtest.h>

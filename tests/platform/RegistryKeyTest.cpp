@@ -1,3 +1,5 @@
+// The store in a text file: access rights, failed and concurrent writes. RegistryExportTest covers the format.
+
 #include "platform/RegistryKey.h"
 
 #include <gtest/gtest.h>
@@ -104,7 +106,7 @@ TEST_F(RegistryKey, FailedWritesKeepTheFile) {
   EXPECT_FALSE(key->SetString("Server", "SQL2"));
 }
 
-/// Writes eight values, each through a key of its own.
+/// Writes eight values and opens the key for each of them.
 bool WriteValues(const std::string& writer) {
   bool done = true;
   for (int i = 0; i < 8; ++i) {

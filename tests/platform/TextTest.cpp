@@ -17,7 +17,7 @@ TEST(Text, IgnoresLetterCase) {
   }
   // Neighbours of capitals, where every second character is one, and letters without a capital.
   for (const char* text : {"āĸįňżƀ", "ßﬁŉ", "ǆꟶ"}) EXPECT_EQ(FoldCase(text), text);
-  // Each is less than the next; '_' stands between the capitals and the small letters, which both count as small.
+  // Each is less than the next. The code of '_' lies between the capitals and the small letters, which count as one.
   const char* const ordered[] = {"", "_", "a", "A ", "aB", "b", "z", "ß", "ä", "ÄA", "Ж", "日", "😀"};
   for (std::size_t i = 0; i + 1 < std::size(ordered); ++i) {
     EXPECT_LT(CompareIgnoringCase(ordered[i], ordered[i + 1]), 0) << ordered[i];

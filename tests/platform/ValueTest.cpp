@@ -1,3 +1,5 @@
+// Conversions as tables of a value and its result or its error number.
+
 #include "platform/Value.h"
 
 #include <gtest/gtest.h>
