@@ -8,7 +8,7 @@
 namespace quorvel {
 namespace {
 
-/// The one window of its kind.
+/// The window in `window`, which is made when there is none.
 template <typename Window>
 Window& Only(wxWeakRef<Window>& window) {
   ui::RequireWindowSystem();

@@ -4,7 +4,7 @@
 
 namespace quorvel::ui {
 
-/// The desktop's message box, with its icon also where the desktop's own boxes have gone without.
+/// The desktop's message box, with its icon also on desktops whose own boxes show none.
 class MessageDialog : public wxMessageDialog {
  public:
   using wxMessageDialog::wxMessageDialog;

@@ -8,7 +8,7 @@
 namespace quorvel::ui {
 namespace {
 
-/// The control as its neighbours know it: a control may be made of windows of its own, one of which has the focus.
+/// The whole control: a control may consist of several windows, and one of these has the focus.
 wxWindow& OutermostControl(wxWindow& focused) {
   wxWindow* control = &focused;
   while (true) {

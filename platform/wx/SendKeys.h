@@ -4,8 +4,8 @@
 
 namespace quorvel::ui {
 
-/// Does what these keys do in the window that has the focus: "^{TAB}" and "+^{TAB}" (Ctrl+Tab, Shift+Ctrl+Tab) go to
-/// the next control and to the one before, out of controls that keep Tab for themselves. Error 5 for other keys.
+/// Has the effect of `keys` in the window that has the focus: "^{TAB}" and "+^{TAB}" (Ctrl+Tab, Shift+Ctrl+Tab) go to
+/// the next and to the previous control, also from a control that handles Tab itself. Throws error 5 for other keys.
 void SendKeys(std::string_view keys);
 
 }  // namespace quorvel::ui

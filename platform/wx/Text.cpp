@@ -22,7 +22,7 @@ void AppendWide(std::wstring& wide, char32_t character) {
 
 }  // namespace
 
-// The toolkit's own conversions give nothing at all for a text with one bad byte.
+// The toolkit's own conversions return an empty text when one byte is invalid.
 wxString ToWx(std::string_view text) {
   std::wstring wide;
   wide.reserve(text.size());

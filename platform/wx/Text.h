@@ -7,7 +7,7 @@
 
 namespace quorvel::ui {
 
-/// UTF-8 to what controls take, and back; both independent of the locale. Bytes that are not UTF-8 become U+FFFD.
+/// Converts UTF-8 to the text of controls and back, independent of the locale. Bytes that are not UTF-8 become U+FFFD.
 [[nodiscard]] wxString ToWx(std::string_view text);
 [[nodiscard]] std::string FromWx(const wxString& text);
 

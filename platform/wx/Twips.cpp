@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kTwipsPerLine = 195;
 
-/// What a window's border and title took where the rules were drawn: 4 pixels on each side and 19 for the title.
+/// The border and the title that the rules assume: 4 pixels on each side and 19 for the title.
 constexpr TwipSize kFrame{.width = 120, .height = 405};
 
 /// Rounded to the nearest, away from zero at a half.
@@ -28,7 +28,7 @@ int TwipScale::ToPixels(int twips) const noexcept { return Scale(twips, m_lineHe
 
 int TwipScale::ToTwips(int pixels) const noexcept { return Scale(pixels, kTwipsPerLine, m_lineHeight); }
 
-// Edges are rounded and not sizes, so that neighbours meet whatever the scale.
+// Rounds the edges and not the sizes, so that neighbours meet at every scale.
 wxRect TwipScale::ToPixels(const TwipRect& rectangle) const {
   const int left = ToPixels(rectangle.left);
   const int top = ToPixels(rectangle.top);

@@ -6,12 +6,13 @@ class wxRect;
 
 namespace quorvel::ui {
 
-/// A rectangle or size in twips, as the layout rules give them.
+/// A size in twips, the unit of the layout rules.
 struct TwipSize {
   int width = 0;
   int height = 0;
   friend bool operator==(const TwipSize&, const TwipSize&) = default;
 };
+/// A rectangle in twips.
 struct TwipRect {
   int left = 0;
   int top = 0;
@@ -20,11 +21,11 @@ struct TwipRect {
   friend bool operator==(const TwipRect&, const TwipRect&) = default;
 };
 
-/// Turns the twips of layout rules into pixels of one window. The rules were drawn for a font whose line is 195 twips
-/// (13 pixels of 15 twips at 96 dpi); with a larger font or screen everything grows with that font's line.
+/// Converts the twips of layout rules to pixels of one window. The rules assume a font whose line is 195 twips high (13
+/// pixels of 15 twips at 96 dpi). With a larger font or screen everything grows with the line of that font.
 class TwipScale {
  public:
-  /// Measures `window`'s font.
+  /// Measures the font of `window`.
   explicit TwipScale(const wxWindow& window);
   /// `lineHeight` in pixels; for tests.
   explicit TwipScale(int lineHeight) noexcept : m_lineHeight(lineHeight) {}
@@ -33,8 +34,8 @@ class TwipScale {
   [[nodiscard]] int ToTwips(int pixels) const noexcept;
   [[nodiscard]] wxRect ToPixels(const TwipRect& rectangle) const;
 
-  /// The rules speak of a window's whole size, with a border and a title of the design's own size, whatever border and
-  /// title a desktop draws. These go from the inside of a window to that size and back.
+  /// The rules use the whole size of a window, with a border and a title of a size of their own and not those that the
+  /// desktop draws. These convert the inside of a window, in pixels, to that size and back.
   [[nodiscard]] TwipSize WindowSizeOf(const wxSize& client) const;
   [[nodiscard]] wxSize ClientSizeFor(const TwipSize& window) const;
 

@@ -21,7 +21,7 @@ void AddIcon(GtkWidget* box, const char* name) {
   GtkWidget* image = gtk_image_new_from_icon_name(name, GTK_ICON_SIZE_DIALOG);
   gtk_widget_set_valign(image, GTK_ALIGN_START);
   gtk_widget_show(image);
-  // Out of favour and without a successor beside the text.
+  // Deprecated, but nothing else puts an icon beside the text.
   g_object_set(box, "image", image, nullptr);
 }
 
@@ -40,7 +40,7 @@ int AnswerOf(int response) {
 
 }  // namespace
 
-// The toolkit's box leaves no moment to add the icon at.
+// The toolkit makes its box and shows it in one step, so the icon cannot be added to it.
 int MessageDialog::ShowModal() {
   WX_HOOK_MODAL_DIALOG();
   const bool isQuestion = (GetMessageDialogStyle() & wxYES_NO) != 0;

@@ -26,7 +26,7 @@ class NamedControl : public wxAccessible {
 }  // namespace
 
 void SetAccessibleName(wxWindow& window, std::string_view name) {
-  // The window owns it.
+  // The window owns the object.
   window.SetAccessible(new NamedControl(window, ToWx(name)));
 }
 

@@ -4,155 +4,126 @@
 #include <gtk/gtk.h>
 
 #include <string>
-#include <vector>
 
 #include <wx/textdlg.h>
 #include <wx/utils.h>
 
-#include "platform/wx/ModalDialog.h"
-#include "platform/wx/Text.h"
 #include "tests/support/wx/ModalScript.h"
+#include "tests/support/wx/TestWindow.h"
 
 namespace quorvel::ui {
 namespace {
 
 using test::ModalScript;
-using ::testing::ElementsAre;
+using test::TestWindow;
 
-/// A message box as the desktop shows it.
-struct Box {
-  GtkDialog* dialog = nullptr;
-  std::string text;
-  std::string title;
-  std::string icon;
-  GtkWindow* owner = nullptr;
-  bool canAnswer[3] = {};  ///< Yes, No, OK
-};
-
-Box ShownBox() {
-  Box box;
+GtkDialog* FindBox() {
+  GtkDialog* box = nullptr;
   GList* windows = gtk_window_list_toplevels();
   for (const GList* item = windows; item != nullptr; item = item->next) {
-    if (GTK_IS_MESSAGE_DIALOG(item->data) == FALSE) continue;
-    box.dialog = GTK_DIALOG(item->data);
-    char* text = nullptr;
-    GtkWidget* image = nullptr;
-    g_object_get(item->data, "text", &text, "image", &image, nullptr);
-    box.text = text;
-    g_free(text);
-    const char* icon = nullptr;
-    if (image != nullptr) gtk_image_get_icon_name(GTK_IMAGE(image), &icon, nullptr);
-    if (icon != nullptr) box.icon = icon;
-    g_clear_object(&image);
-    box.title = gtk_window_get_title(GTK_WINDOW(item->data));
-    box.owner = gtk_window_get_transient_for(GTK_WINDOW(item->data));
-    const int answers[] = {GTK_RESPONSE_YES, GTK_RESPONSE_NO, GTK_RESPONSE_OK};
-    for (int i = 0; i < 3; ++i) {
-      box.canAnswer[i] = gtk_dialog_get_widget_for_response(box.dialog, answers[i]) != nullptr;
-    }
+    if (GTK_IS_MESSAGE_DIALOG(item->data) != FALSE) box = GTK_DIALOG(item->data);
   }
   g_list_free(windows);
   return box;
 }
 
-/// Looks at the box that comes next and gives it an answer of the desktop's.
-void ExpectBox(ModalScript& script, Box& seen, int response) {
-  script.ExpectShown([&seen, response](wxDialog&) {
-    seen = ShownBox();
-    ASSERT_NE(seen.dialog, nullptr);
-    gtk_dialog_response(seen.dialog, response);
-  });
+/// The box as the desktop shows it: its title, its text, its icon, and Y, N and O for its buttons Yes, No and OK.
+std::string Describe(GtkDialog* box) {
+  char* text = nullptr;
+  GtkWidget* image = nullptr;
+  g_object_get(box, "text", &text, "image", &image, nullptr);
+  const char* icon = "";
+  if (image != nullptr) gtk_image_get_icon_name(GTK_IMAGE(image), &icon, nullptr);
+  std::string description = std::string(gtk_window_get_title(GTK_WINDOW(box))) + ": " + text + " <" + icon + "> ";
+  g_clear_object(&image);
+  g_free(text);
+  for (const auto& [response, letter] :
+       {std::pair(GTK_RESPONSE_YES, 'Y'), std::pair(GTK_RESPONSE_NO, 'N'), std::pair(GTK_RESPONSE_OK, 'O')}) {
+    if (gtk_dialog_get_widget_for_response(box, response) != nullptr) description += letter;
+  }
+  return description;
 }
 
-TEST(DialogPrompts, AQuestionShowsItsTextAsItIs) {
+class DialogPromptsTest : public ::testing::Test {
+ protected:
+  /// Looks at the next box and gives it a response of the desktop's.
+  void ExpectBox(int response) {
+    script.ExpectShown([this, response](wxDialog&) {
+      GtkDialog* const box = FindBox();
+      ASSERT_NE(box, nullptr);
+      seen = Describe(box);
+      owner = gtk_window_get_transient_for(GTK_WINDOW(box));
+      hadHourglass = wxIsBusy();
+      gtk_dialog_response(box, response);
+    });
+  }
+
   DialogPrompts prompts;
   ModalScript script;
-  Box seen;
+  std::string seen;
+  GtkWindow* owner = nullptr;
+  bool hadHourglass = false;
+};
+
+TEST_F(DialogPromptsTest, BoxShowsItsTextAndReturnsTheAnswer) {
+  using enum PromptIcon;
+  struct Case {
+    PromptButtons buttons;
+    PromptIcon icon;
+    int response;
+    PromptAnswer answer;
+    std::string expected;
+  };
   const std::string text = "Save \"R&D\" & <b>all</b>?\r\n100 % sûr 🙂";
-  ExpectBox(script, seen, GTK_RESPONSE_YES);
-  EXPECT_EQ(prompts.ShowMessage(text, "Edit & Remarks", PromptButtons::YesNo, PromptIcon::Question), PromptAnswer::Yes);
-  EXPECT_EQ(seen.text, text);
-  EXPECT_EQ(seen.title, "Edit & Remarks");
-  EXPECT_EQ(seen.icon, "dialog-question");
-  EXPECT_THAT(seen.canAnswer, ElementsAre(true, true, false));
-  ExpectBox(script, seen, GTK_RESPONSE_NO);
-  EXPECT_EQ(prompts.ShowMessage("Sure?", "Confirm", PromptButtons::YesNo, PromptIcon::Exclamation), PromptAnswer::No);
-  EXPECT_EQ(seen.icon, "dialog-warning");
-  ExpectBox(script, seen, GTK_RESPONSE_OK);
-  prompts.ShowMessage("Failed", "Error", PromptButtons::Ok, PromptIcon::CriticalStop);
-  EXPECT_EQ(seen.icon, "dialog-error");
+  for (const Case& box : {
+           Case{PromptButtons::YesNo, Question, GTK_RESPONSE_YES, PromptAnswer::Yes, "<dialog-question> YN"},
+           Case{PromptButtons::YesNo, Exclamation, GTK_RESPONSE_NO, PromptAnswer::No, "<dialog-warning> YN"},
+           Case{PromptButtons::Ok, CriticalStop, GTK_RESPONSE_OK, PromptAnswer::Ok, "<dialog-error> O"},
+           Case{PromptButtons::Ok, None, GTK_RESPONSE_DELETE_EVENT, PromptAnswer::Ok, "<> O"},
+       }) {
+    ExpectBox(box.response);
+    EXPECT_EQ(prompts.ShowMessage(text, "Edit & Remarks", box.buttons, box.icon), box.answer);
+    EXPECT_EQ(seen, "Edit & Remarks: " + text + " " + box.expected);
+    EXPECT_EQ(owner, nullptr);
+  }
 }
 
-TEST(DialogPrompts, AQuestionThatIsClosedIsAskedAgain) {
-  DialogPrompts prompts;
-  ModalScript script;
-  Box seen;
-  ExpectBox(script, seen, GTK_RESPONSE_DELETE_EVENT);
-  ExpectBox(script, seen, GTK_RESPONSE_YES);
+TEST_F(DialogPromptsTest, ClosedQuestionIsAskedAgain) {
+  ExpectBox(GTK_RESPONSE_DELETE_EVENT);
+  ExpectBox(GTK_RESPONSE_YES);
   EXPECT_EQ(prompts.ShowMessage("Save?", "Edit", PromptButtons::YesNo, PromptIcon::Question), PromptAnswer::Yes);
 }
 
-TEST(DialogPrompts, AMessageIsClosedAnyhow) {
-  DialogPrompts prompts;
-  ModalScript script;
-  Box seen;
-  ExpectBox(script, seen, GTK_RESPONSE_DELETE_EVENT);
-  EXPECT_EQ(prompts.ShowMessage("Failed", "", PromptButtons::Ok, PromptIcon::None), PromptAnswer::Ok);
-  EXPECT_EQ(seen.title, "");
-  EXPECT_EQ(seen.icon, "");
-  EXPECT_THAT(seen.canAnswer, ElementsAre(false, false, true));
-  EXPECT_EQ(seen.owner, nullptr);
-}
-
-TEST(DialogPrompts, ABoxBelongsToTheTopmostWindowAndHasThePointerOfTheDesktop) {
-  class Window : public ModalDialog {
-   public:
-    Window() : ModalDialog("Owner") {}
-    using ModalDialog::Finish;
-  } window;
-  DialogPrompts prompts;
-  ModalScript script;
-  Box seen;
-  bool wasWaiting = true;
-  script.ExpectWindow<Window>("Owner", [&](Window& dialog) {
+TEST_F(DialogPromptsTest, BoxBelongsToTheTopmostWindowAndHasTheDefaultPointer) {
+  TestWindow window("Owner");
+  script.ExpectWindow<TestWindow>("Owner", [this](TestWindow& dialog) {
     prompts.SetPointer(PointerShape::Hourglass);
     EXPECT_EQ(prompts.ShowMessage("Text", "Title", PromptButtons::Ok, PromptIcon::None), PromptAnswer::Ok);
     EXPECT_TRUE(wxIsBusy());
+    EXPECT_EQ(owner, GTK_WINDOW(dialog.GetHandle()));
+    EXPECT_FALSE(hadHourglass);
     prompts.SetPointer(PointerShape::Default);
-    EXPECT_EQ(seen.owner, GTK_WINDOW(dialog.GetHandle()));
     dialog.Finish();
   });
-  script.ExpectShown([&](wxDialog&) {
-    wasWaiting = wxIsBusy();
-    seen = ShownBox();
-    gtk_dialog_response(seen.dialog, GTK_RESPONSE_OK);
-  });
+  ExpectBox(GTK_RESPONSE_OK);
   window.RunModal();
-  EXPECT_FALSE(wasWaiting);
 }
 
-TEST(DialogPrompts, AnInputBoxGivesItsTextOrNothing) {
-  DialogPrompts prompts;
-  ModalScript script;
-  script.ExpectInput("R&D ID", "Create New R&D", "Größe & 🙂");
-  EXPECT_EQ(prompts.AskText("R&D ID", "Create New R&D"), "Größe & 🙂");
-  script.ExpectInput("User ID", "Create New User", "");
-  EXPECT_EQ(prompts.AskText("User ID", "Create New User"), "");
-  script.ExpectInput("User ID", "Create New User", std::nullopt);
-  EXPECT_EQ(prompts.AskText("User ID", "Create New User"), std::nullopt);
-  std::string title;
-  script.ExpectShown([&](wxDialog& dialog) {
-    title = gtk_window_get_title(GTK_WINDOW(dialog.GetHandle()));
+TEST_F(DialogPromptsTest, InputBoxReturnsItsTextOrNothing) {
+  for (const std::optional<std::string>& text : {std::optional<std::string>("Größe & 🙂"), {""}, {}}) {
+    script.ExpectInput("R&D ID", "Create New R&D", text);
+    EXPECT_EQ(prompts.AskText("R&D ID", "Create New R&D"), text);
+  }
+  script.ExpectShown([](wxDialog& dialog) {
+    EXPECT_STREQ(gtk_window_get_title(GTK_WINDOW(dialog.GetHandle())), "Create New R&D");
     dynamic_cast<wxTextEntryDialog&>(dialog).SetValue("typed");
     dialog.EndModal(wxID_CANCEL);
   });
   EXPECT_EQ(prompts.AskText("R&D ID", "Create New R&D"), std::nullopt);
-  EXPECT_EQ(title, "Create New R&D");
 }
 
-// The wait counter sets either shape as often as it likes.
-TEST(DialogPrompts, ThePointerIsSetAndNotCounted) {
-  DialogPrompts prompts;
+// The wait counter may set the same shape several times.
+TEST_F(DialogPromptsTest, PointerIsSetAndNotCounted) {
   prompts.SetPointer(PointerShape::Default);
   EXPECT_FALSE(wxIsBusy());
   prompts.SetPointer(PointerShape::Hourglass);

@@ -16,6 +16,7 @@
 #include "platform/wx/MakeButton.h"
 #include "tests/support/Caught.h"
 #include "tests/support/wx/ModalScript.h"
+#include "tests/support/wx/TestWindow.h"
 #include "tests/support/wx/WaitFor.h"
 
 namespace quorvel::ui {
@@ -24,24 +25,18 @@ namespace {
 using test::ModalScript;
 using ::testing::ElementsAre;
 
-/// A window with a button.
-class Window : public ModalDialog {
+class Window : public test::TestWindow {
  public:
-  explicit Window(const wxString& title) : ModalDialog(title), m_button(MakeButton(*this, "cmdDo", "&Do")) {
-    m_button->Bind(wxEVT_BUTTON, UserAction([this] {
-                     if (onClick) onClick();
-                   }));
+  explicit Window(const wxString& title) : TestWindow(title), m_button(MakeButton(*this, "cmdDo", "&Do")) {
+    m_button->Bind(wxEVT_BUTTON, UserAction([this] { onClick(); }));
   }
-  using ModalDialog::Finish;
-  using ModalDialog::Guard;
 
   void Click() {
     wxCommandEvent event(wxEVT_BUTTON, m_button->GetId());
-    event.SetEventObject(m_button);
     m_button->ProcessWindowEvent(event);
   }
 
-  /// What its access key does, as the desktop has it.
+  /// Presses the button's access key as the desktop does.
   void PressAccessKey() { gtk_widget_mnemonic_activate(m_button->GetHandle(), FALSE); }
 
   std::function<void()> onClick;
@@ -50,7 +45,7 @@ class Window : public ModalDialog {
   wxButton* m_button;
 };
 
-/// Presses a key as the desktop would report it.
+/// Presses a key as the desktop reports it.
 void PressKey(const wxWindow& window, guint key) {
   GdkEvent* event = gdk_event_new(GDK_KEY_PRESS);
   event->key.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(window.GetHandle())));
@@ -60,14 +55,21 @@ void PressKey(const wxWindow& window, guint key) {
   gdk_event_free(event);
 }
 
-TEST(ModalDialog, IsUsedAgainHoweverItWasClosed) {
+TEST(ModalDialog, OpensAgainAfterEveryWayToCloseIt) {
   Window window("Again");
   ModalScript script;
   const std::vector<std::function<void(Window&)>> ends = {
       [](Window& dialog) { dialog.Finish(); },
       [](Window& dialog) { dialog.Close(); },
       [](Window& dialog) { PressKey(dialog, GDK_KEY_Escape); },
-      [](Window& dialog) { dialog.Finish(); },
+      [](Window& dialog) {
+        const Error error = test::Caught([&] { dialog.RunModal(); });
+        EXPECT_EQ(error.Number(), 400);
+        EXPECT_EQ(error.Source(), "Quorvel");
+        EXPECT_EQ(error.Description(), "Form already displayed; can't show modally");
+        EXPECT_TRUE(dialog.IsModal());
+        dialog.Finish();
+      },
   };
   for (const auto& end : ends) {
     script.ExpectWindow<Window>("Again", end);
@@ -80,45 +82,43 @@ TEST(ModalDialog, IsUsedAgainHoweverItWasClosed) {
   window.Finish();
 }
 
-TEST(ModalDialog, AKeyActsAtOnceAndNeverOnAClosedWindow) {
+TEST(ModalDialog, AccessKeyActsAtOnceAndClosedWindowDropsClicks) {
   Window window("Keys");
   int clicks = 0;
   window.onClick = [&] { ++clicks; };
   ModalScript script;
   script.ExpectWindow<Window>("Keys", [&](Window& dialog) {
     dialog.PressAccessKey();
-    EXPECT_EQ(clicks, 1) << "and not after what is pressed next";
+    EXPECT_EQ(clicks, 1) << "not after the next key";
     dialog.Finish();
+    dialog.Click();
   });
   window.RunModal();
   window.Click();
   EXPECT_EQ(clicks, 1);
 }
 
-TEST(ModalDialog, WhatAHandlerThrowsClosesItAndComesOut) {
+TEST(ModalDialog, FirstErrorEndsTheWindowAndIsRethrownOnce) {
   Window window("Fails");
   ModalScript script;
-  window.onClick = [] { throw Error(-2147217900, "Provider", "first"); };
+  int clicks = 0;
+  window.onClick = [&] { throw Error(-2147217900, "Provider", ++clicks == 1 ? "first" : "second"); };
   script.ExpectWindow<Window>("Fails", [](Window& dialog) {
-    dialog.Click();
-    dialog.Click();
+    dialog.Guard([&] { dialog.onClick(); });
+    dialog.Guard([&] { dialog.onClick(); });
   });
   const Error error = test::Caught([&] { window.RunModal(); });
   EXPECT_EQ(error.Number(), -2147217900);
   EXPECT_EQ(error.Description(), "first");
   EXPECT_FALSE(window.IsShown());
 
+  // While it opens, while it is filled, and no more.
   script.ExpectWindow<Window>("Fails", [](Window& dialog) { dialog.Finish(); });
   EXPECT_THROW(window.RunModal([] { throw std::out_of_range("opening"); }), std::out_of_range);
-  script.ExpectWindow<Window>("Fails", [](Window& dialog) { dialog.Finish(); });
-  window.RunModal();
-}
-
-TEST(ModalDialog, IsNotOpenedWhenFillingItFailed) {
-  Window window("Unfilled");
-  const ModalScript nothingOpens;
   window.Guard([] { throw std::runtime_error("filling"); });
   EXPECT_THROW(window.RunModal(), std::runtime_error);
+  script.ExpectWindow<Window>("Fails", [](Window& dialog) { dialog.Finish(); });
+  window.RunModal();
 }
 
 TEST(ModalDialog, ErrorOfLowerWindowSurfacesAfterUpperCloses) {
@@ -126,7 +126,7 @@ TEST(ModalDialog, ErrorOfLowerWindowSurfacesAfterUpperCloses) {
   Window above("Above");
   ModalScript script;
   std::vector<std::string> steps;
-  below.onClick = [&] { throw std::runtime_error("below"); };
+  below.onClick = [] { throw std::runtime_error("below"); };
   script.ExpectWindow<Window>("Below", [&](Window& dialog) {
     above.RunModal();
     steps.emplace_back("above closed");
@@ -144,27 +144,14 @@ TEST(ModalDialog, ErrorOfLowerWindowSurfacesAfterUpperCloses) {
   EXPECT_THAT(steps, ElementsAre("below failed", "above closed"));
 }
 
-TEST(ModalDialog, CannotBeOpenTwice) {
-  Window window("Once");
-  ModalScript script;
-  script.ExpectWindow<Window>("Once", [](Window& dialog) {
-    const Error error = test::Caught([&] { dialog.RunModal(); });
-    EXPECT_EQ(error.Number(), 400);
-    EXPECT_EQ(error.Source(), "Quorvel");
-    EXPECT_EQ(error.Description(), "Form already displayed; can't show modally");
-    EXPECT_TRUE(dialog.IsModal());
-    dialog.Finish();
-  });
-  window.RunModal();
-}
-
-TEST(ModalDialog, GivesTheHostItsPointerAndItsActiveWindowBack) {
+TEST(ModalDialog, RestoresPointerAndActiveWindowOfHost) {
   GtkWidget* host = gtk_window_new(GTK_WINDOW_TOPLEVEL);
   GtkWidget* entry = gtk_entry_new();
   gtk_container_add(GTK_CONTAINER(host), entry);
   gtk_widget_show_all(host);
   gtk_window_present(GTK_WINDOW(host));
-  ASSERT_TRUE(test::WaitFor([&] { return gtk_window_is_active(GTK_WINDOW(host)) != FALSE; }));
+  const auto isHostActive = [&] { return gtk_window_is_active(GTK_WINDOW(host)) != FALSE; };
+  ASSERT_TRUE(test::WaitFor(isHostActive));
   gtk_widget_grab_focus(entry);
   DialogPrompts prompts;
   prompts.SetPointer(PointerShape::Hourglass);
@@ -174,13 +161,13 @@ TEST(ModalDialog, GivesTheHostItsPointerAndItsActiveWindowBack) {
   script.ExpectWindow<Window>("Guest", [&](Window& dialog) {
     EXPECT_FALSE(wxIsBusy());
     EXPECT_TRUE(test::WaitFor([&] { return dialog.IsActive(); }));
-    EXPECT_FALSE(gtk_window_is_active(GTK_WINDOW(host)));
+    EXPECT_FALSE(isHostActive());
     EXPECT_EQ(gtk_grab_get_current(), dialog.GetHandle());
     dialog.Finish();
   });
   window.RunModal();
   EXPECT_TRUE(wxIsBusy());
-  EXPECT_TRUE(test::WaitFor([&] { return gtk_window_is_active(GTK_WINDOW(host)) != FALSE; }));
+  EXPECT_TRUE(test::WaitFor(isHostActive));
   EXPECT_TRUE(gtk_widget_has_focus(entry));
   EXPECT_EQ(gtk_grab_get_current(), nullptr);
   prompts.SetPointer(PointerShape::Default);

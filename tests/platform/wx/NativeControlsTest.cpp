@@ -5,10 +5,12 @@
 
 #include <string>
 
+#include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/textctrl.h>
 
-#include "platform/wx/ModalDialog.h"
+#include "platform/wx/MakeButton.h"
+#include "tests/support/wx/TestWindow.h"
 
 namespace quorvel::ui {
 namespace {
@@ -18,19 +20,12 @@ std::string NameOf(GtkWidget* widget) {
   return name != nullptr ? name : "";
 }
 
-class Window : public ModalDialog {
- public:
-  Window() : ModalDialog("Names") {}
-};
-
-// A reader names the part that has the focus, which for some controls is not the control itself.
-TEST(AccessibleName, IsThatOfThePartWithTheFocus) {
-  Window window;
-  auto* several = new wxTextCtrl(&window, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_MULTILINE);
-  auto* single = new wxTextCtrl(&window, wxID_ANY);
-  auto* choice = new wxChoice(&window, wxID_ANY);
-  for (wxWindow* control :
-       {static_cast<wxWindow*>(several), static_cast<wxWindow*>(single), static_cast<wxWindow*>(choice)}) {
+// A screen reader speaks the name of the part that has the focus, which for some controls is not the control itself.
+TEST(AccessibleName, BelongsToThePartWithTheFocus) {
+  test::TestWindow window("Names");
+  for (wxWindow* control : std::initializer_list<wxWindow*>{
+           new wxTextCtrl(&window, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_MULTILINE),
+           new wxTextCtrl(&window, wxID_ANY), new wxChoice(&window, wxID_ANY)}) {
     SetAccessibleName(*control, "Text of the remark: größer");
     control->SetFocus();
     GtkWidget* focused = gtk_window_get_focus(GTK_WINDOW(window.GetHandle()));
@@ -38,6 +33,13 @@ TEST(AccessibleName, IsThatOfThePartWithTheFocus) {
     EXPECT_EQ(NameOf(focused), "Text of the remark: größer") << control->GetClassInfo()->GetClassName();
   }
   EXPECT_NE(NameOf(window.GetHandle()), "Text of the remark: größer");
+}
+
+TEST(MakeButton, NamesTheButtonWithoutItsAccessKey) {
+  test::TestWindow window("Button");
+  wxButton* button = MakeButton(window, "cmdClose", "&Schließen");
+  EXPECT_EQ(NameOf(button->GetHandle()), "Schließen");
+  EXPECT_EQ(wxWindow::FindWindowByName("cmdClose", &window), button);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+// The toolkit starts once in a process, so each scenario runs in a host process of its own.
 #include "platform/wx/WindowSystem.h"
 
 #include <gmock/gmock.h>
@@ -14,150 +15,134 @@
 #include <wx/init.h>
 
 #include "platform/Environment.h"
-#include "platform/Error.h"
-#include "platform/wx/ModalDialog.h"
+#include "tests/support/Caught.h"
+#include "tests/support/wx/TestWindow.h"
 
 namespace quorvel::ui {
 namespace {
 
-/// Says on the standard error what went otherwise than expected and ends the program.
-void Require(bool condition, const std::string& what) {
-  if (condition) return;
-  std::fprintf(stderr, "%s\n", what.c_str());
-  std::_Exit(EXIT_FAILURE);
-}
-
-[[noreturn]] void InHost(const std::function<void()>& scenario) {
-  try {
-    scenario();
-  } catch (const std::exception& error) {
-    Require(false, error.what());
+[[noreturn]] void RunHost(const std::function<void()>& scenario) {
+  scenario();
+  // The framework reports no failures of a process that it expects to end.
+  const auto& result = *::testing::UnitTest::GetInstance()->current_test_info()->result();
+  for (int i = 0; i < result.total_part_count(); ++i) {
+    std::fprintf(stderr, "%s\n", result.GetTestPartResult(i).summary());
   }
-  std::_Exit(EXIT_SUCCESS);
+  std::_Exit(result.Failed() ? EXIT_FAILURE : EXIT_SUCCESS);
 }
 
-/// `scenario` passes in a host of its own, on whose standard error there is then `errors`.
-void Passes(const std::function<void()>& scenario,
+/// The host writes `errors` to its standard error and nothing else.
+void InHost(const std::function<void()>& scenario,
             const ::testing::Matcher<const std::string&>& errors = std::string()) {
-  EXPECT_EXIT(InHost(scenario), ::testing::ExitedWithCode(EXIT_SUCCESS), errors);
+  EXPECT_EXIT(RunHost(scenario), ::testing::ExitedWithCode(EXIT_SUCCESS), errors);
 }
 
-/// The toolkit comes too late in a host that has started GTK to keep it from the locale; GTK says so, once.
-const auto kOnlyToldTooLate = ::testing::ContainsRegex("^[^\n]*\n[^\n]*gtk_disable_setlocale[^\n]*\n$");
+/// In a host that has started GTK, the toolkit starts too late to keep GTK from the locale, and GTK reports that once.
+const auto kOnlyLocaleWarning = ::testing::ContainsRegex("^[^\n]*\n[^\n]*gtk_disable_setlocale[^\n]*\n$");
 
-void RequireRefusal(const std::string& reason) {
-  try {
-    RequireWindowSystem();
-  } catch (const Error& error) {
-    Require(error.Number() == -1 && error.Source() == "Quorvel", "wrong error " + error.Source());
-    Require(error.Description() == "No window can be opened: " + reason, error.Description());
-    return;
-  }
-  Require(false, "not refused: " + reason);
+void ExpectRefusal(const std::string& reason) {
+  const Error error = test::Caught(RequireWindowSystem);
+  EXPECT_EQ(error.Number(), -1);
+  EXPECT_EQ(error.Source(), "Quorvel");
+  EXPECT_EQ(error.Description(), "No window can be opened: " + reason);
 }
 
-constexpr const char* kOtherThread =
-    "another thread of the program has windows already, and only one thread can have them";
+void ExpectOtherThreadHasWindows() {
+  ExpectRefusal("another thread of the program has windows already, and only one thread can have them");
+}
 
-class Window : public ModalDialog {
- public:
-  Window() : ModalDialog("Window") {}
-  void Open() {
-    RunModal([this] { Finish(); });
-  }
-};
+void OpenWindow() {
+  test::TestWindow window("Window");
+  window.RunModal([&] { window.Finish(); });
+}
 
-TEST(WindowSystem, LeavesTheHostItsLocaleAndItsEnvironment) {
-  for (const char* locale : {"C", "C.utf8",
-                             "LC_CTYPE=C.utf8;LC_NUMERIC=C;LC_TIME=C;LC_COLLATE=C.utf8;LC_MONETARY=C;"
-                             "LC_MESSAGES=C;LC_PAPER=C;LC_NAME=C;LC_ADDRESS=C;LC_TELEPHONE=C;"
-                             "LC_MEASUREMENT=C;LC_IDENTIFICATION=C"}) {
-    Passes([locale] {
-      ::setenv("LC_ALL", "C.utf8", 1);
-      Require(std::setlocale(LC_ALL, locale) != nullptr, "no locale");
+void StartToolkitOfHost(wxAppConsole* application) {
+  wxAppConsole::SetInstance(application);
+  int count = 0;
+  ASSERT_TRUE(wxEntryStart(count, static_cast<wxChar**>(nullptr)));
+}
+
+TEST(WindowSystem, KeepsLocaleAndEnvironmentOfHost) {
+  for (const int category : {LC_ALL, LC_CTYPE, LC_NUMERIC}) {
+    InHost([category] {
       const auto state = [] {
         std::string text = std::setlocale(LC_ALL, nullptr);
         for (char** variable = environ; *variable != nullptr; ++variable) text.append("\n").append(*variable);
         return text;
       };
+      ::setenv("LC_ALL", "C.utf8", 1);
+      ASSERT_NE(std::setlocale(category, "C.utf8"), nullptr);
       const std::string before = state();
-      Window().Open();
-      Require(state() == before, "before:\n" + before + "\nafter:\n" + state());
+      OpenWindow();
+      EXPECT_EQ(state(), before);
     });
   }
 }
 
-TEST(WindowSystem, SaysThatThereIsNoDisplayUntilThereIsOne) {
-  Passes([] {
+TEST(WindowSystem, RefusesUntilThereIsADisplay) {
+  InHost([] {
     const std::string display = EnvironmentVariable("DISPLAY");
     ::unsetenv("DISPLAY");
-    for (int i = 0; i < 3; ++i) RequireRefusal("there is no display, DISPLAY is not set");
+    for (int i = 0; i < 2; ++i) ExpectRefusal("there is no display, DISPLAY is not set");
     ::setenv("DISPLAY", ":4711", 1);
-    for (int i = 0; i < 3; ++i) RequireRefusal("the display \":4711\", which DISPLAY names, does not answer");
+    for (int i = 0; i < 2; ++i) ExpectRefusal("the display \":4711\", which DISPLAY names, does not answer");
     ::setenv("DISPLAY", display.c_str(), 1);
-    Window().Open();
+    OpenWindow();
   });
 }
 
 TEST(WindowSystem, BelongsToOneThread) {
-  Passes([] {
-    std::thread([] { Window().Open(); }).join();
-    RequireRefusal(kOtherThread);
+  InHost([] {
+    OpenWindow();
+    std::thread(ExpectOtherThreadHasWindows).join();
+    OpenWindow();
   });
-  Passes([] {
-    Window().Open();
-    std::thread([] { RequireRefusal(kOtherThread); }).join();
-    Window().Open();
+  InHost([] {
+    std::thread(OpenWindow).join();
+    ExpectOtherThreadHasWindows();
   });
-  // The host's loop runs on another thread.
-  Passes(
+  // The host's loop runs on another thread than the call.
+  InHost(
       [] {
         gtk_init(nullptr, nullptr);
-        Require(g_main_context_acquire(nullptr) != FALSE, "no context");
-        std::thread([] { RequireRefusal(kOtherThread); }).join();
+        ASSERT_TRUE(g_main_context_acquire(nullptr));
+        std::thread(ExpectOtherThreadHasWindows).join();
         g_main_context_release(nullptr);
-        Window().Open();
+        OpenWindow();
       },
-      kOnlyToldTooLate);
+      kOnlyLocaleWarning);
 }
 
-TEST(WindowSystem, KeepsTheApplicationOfAHostWithTheSameToolkit) {
-  Passes([] {
-    int count = 0;
+TEST(WindowSystem, WorksInAHostWithTheSameToolkit) {
+  InHost([] {
     auto* application = new wxApp;
-    wxApp::SetInstance(application);
-    Require(wxEntryStart(count, static_cast<wxChar**>(nullptr)), "not started");
-    Window().Open();
-    Require(wxAppConsole::GetInstance() == application, "another application");
-    std::thread([] { RequireRefusal(kOtherThread); }).join();
+    StartToolkitOfHost(application);
+    OpenWindow();
+    EXPECT_EQ(wxAppConsole::GetInstance(), application);
+    std::thread(ExpectOtherThreadHasWindows).join();
   });
-  Passes([] {
-    int count = 0;
-    wxAppConsole::SetInstance(new wxAppConsole);
-    Require(wxEntryStart(count, static_cast<wxChar**>(nullptr)), "not started");
-    RequireRefusal("the program runs the windows' toolkit without windows");
+  InHost([] {
+    StartToolkitOfHost(new wxAppConsole);
+    ExpectRefusal("the program runs the windows' toolkit without windows");
   });
 }
 
-TEST(WindowSystem, IsRefusedBesideAnotherVersionOfGtk) {
-  Passes([] {
-    const GType type =
-        g_type_register_static_simple(G_TYPE_INITIALLY_UNOWNED, "GtkWidget", sizeof(GInitiallyUnownedClass), nullptr,
-                                      sizeof(GInitiallyUnowned), nullptr, GTypeFlags{});
-    Require(type != 0, "not registered");
-    for (int i = 0; i < 2; ++i) {
-      RequireRefusal("the program uses another version of GTK, and GTK 3 cannot run beside it");
-    }
+TEST(WindowSystem, RefusesBesideAnotherVersionOfGtk) {
+  InHost([] {
+    ASSERT_NE(g_type_register_static_simple(G_TYPE_INITIALLY_UNOWNED, "GtkWidget", sizeof(GInitiallyUnownedClass),
+                                            nullptr, sizeof(GInitiallyUnowned), nullptr, GTypeFlags{}),
+              0U);
+    ExpectRefusal("the program uses another version of GTK, and GTK 3 cannot run beside it");
   });
 }
 
-TEST(WindowSystem, LeavesTheLoopOfAHostRunning) {
-  Passes(
+TEST(WindowSystem, KeepsLoopOfHostRunning) {
+  InHost(
       [] {
         gtk_init(nullptr, nullptr);
         int opened = 0;
         const auto open = [](gpointer count) -> gboolean {
-          Window().Open();
+          OpenWindow();
           return ++*static_cast<int*>(count) < 2 ? TRUE : FALSE;
         };
         g_timeout_add(10, open, &opened);
@@ -169,29 +154,23 @@ TEST(WindowSystem, LeavesTheLoopOfAHostRunning) {
         };
         g_timeout_add(1000, quit, &isStillRunning);
         gtk_main();
-        Require(isStillRunning && opened == 2, "the loop ended after " + std::to_string(opened));
+        EXPECT_TRUE(isStillRunning);
+        EXPECT_EQ(opened, 2);
       },
-      kOnlyToldTooLate);
+      kOnlyLocaleWarning);
 }
 
-TEST(WindowSystem, WhatTheToolkitIsLeftWithDoesNotEndTheHost) {
-  Passes([] {
-    class Careless : public ModalDialog {
-     public:
-      Careless() : ModalDialog("Careless") {
-        Bind(wxEVT_SHOW, [](wxShowEvent& event) {
-          event.Skip();
-          if (event.IsShown()) throw std::runtime_error("not guarded");
-        });
-      }
-      void Open() {
-        RunModal([this] {
-          CallAfter([] { throw std::runtime_error("not guarded"); });
-          CallAfter([this] { Finish(); });
-        });
-      }
-    };
-    Careless().Open();
+TEST(WindowSystem, UnguardedErrorsDoNotEndTheHost) {
+  InHost([] {
+    test::TestWindow window("Careless");
+    window.Bind(wxEVT_SHOW, [](wxShowEvent& event) {
+      event.Skip();
+      if (event.IsShown()) throw std::runtime_error("not guarded");
+    });
+    window.RunModal([&] {
+      window.CallAfter([] { throw std::runtime_error("not guarded"); });
+      window.CallAfter([&] { window.Finish(); });
+    });
   });
 }
 

@@ -22,7 +22,7 @@ ModalScript* latest = nullptr;
 
 std::string Text(const wxString& text) { return ui::FromWx(text); }
 
-/// An input box shows each line of its prompt by a control of its own.
+/// An input box shows each line of its prompt in a separate control.
 std::string Prompt(const wxTextEntryDialog& box) {
   std::string prompt;
   for (const wxWindow* child : box.GetChildren()) {
@@ -32,7 +32,7 @@ std::string Prompt(const wxTextEntryDialog& box) {
   return prompt;
 }
 
-/// A window as a failure names it.
+/// The text by which a failure names a window.
 std::string Describe(const wxDialog& dialog) {
   if (const auto* box = dynamic_cast<const wxMessageDialog*>(&dialog)) {
     return "message \"" + Text(box->GetMessage()) + "\" titled \"" + Text(box->GetCaption()) + "\" in style " +
@@ -41,7 +41,7 @@ std::string Describe(const wxDialog& dialog) {
   return "window \"" + Text(dialog.GetTitle()) + "\"";
 }
 
-/// A question without Cancel would be asked again.
+/// Yes/No questions are asked again after Cancel, so they get No.
 int Refusal(const wxDialog& dialog) {
   const auto* box = dynamic_cast<const wxMessageDialog*>(&dialog);
   return box != nullptr && (box->GetMessageDialogStyle() & wxYES_NO) != 0 ? wxID_NO : wxID_CANCEL;
@@ -74,8 +74,7 @@ ModalScript& ModalScript::ExpectInput(const std::string& prompt, const std::stri
   std::string description = "input box \"" + prompt + "\" titled \"" + title + "\"";
   return Expect(std::move(description), [=](wxDialog& dialog) -> std::optional<int> {
     auto* box = dynamic_cast<wxTextEntryDialog*>(&dialog);
-    if (box == nullptr || Text(box->GetTitle()) != title) return std::nullopt;
-    if (Prompt(*box) != prompt) return std::nullopt;
+    if (box == nullptr || Text(box->GetTitle()) != title || Prompt(*box) != prompt) return std::nullopt;
     if (text) box->SetValue(ui::ToWx(*text));
     return text ? wxID_OK : wxID_CANCEL;
   });
@@ -114,13 +113,13 @@ void ModalScript::FailFor(wxDialog& dialog, const std::string& what) {
 
 int ModalScript::Answer(wxDialog& dialog) {
   if (latest == nullptr || latest->m_expectations.empty()) {
-    FailFor(dialog, "nobody expected it");
+    FailFor(dialog, "no script expects it");
     return Refusal(dialog);
   }
   const Expectation next = std::move(latest->m_expectations.front());
   latest->m_expectations.pop_front();
   const auto answer = next.answer(dialog);
-  if (!answer) FailFor(dialog, "expected was " + next.description);
+  if (!answer) FailFor(dialog, "expected " + next.description);
   return answer.value_or(Refusal(dialog));
 }
 

@@ -5,42 +5,34 @@
 
 #include <stdexcept>
 
-#include <wx/msgdlg.h>
-
 #include "platform/wx/DialogPrompts.h"
-#include "platform/wx/ModalDialog.h"
+#include "tests/support/wx/TestWindow.h"
 
 namespace quorvel::test {
 namespace {
-
-class Window : public ui::ModalDialog {
- public:
-  explicit Window(const wxString& title) : ModalDialog(title) {}
-  using ModalDialog::Finish;
-};
 
 bool Ask(const char* text) {
   return ui::DialogPrompts().ShowMessage(text, "Title", PromptButtons::YesNo, PromptIcon::Question) ==
          PromptAnswer::Yes;
 }
 
-TEST(ModalScript, AWindowThatNobodyExpectsFailsAndIsNotShown) {
-  Window window("Stranger");
-  EXPECT_NONFATAL_FAILURE(window.RunModal(), "window \"Stranger\": nobody expected it");
+TEST(ModalScript, UnexpectedWindowFailsAndIsNotShown) {
+  TestWindow window("Stranger");
+  EXPECT_NONFATAL_FAILURE(window.RunModal(), "window \"Stranger\": no script expects it");
   EXPECT_NONFATAL_FAILURE(Ask("Sure?"), "message \"Sure?\" titled \"Title\"");
 }
 
-TEST(ModalScript, AnotherWindowThanTheNextFails) {
+TEST(ModalScript, EveryMismatchFails) {
   ModalScript script;
   script.ExpectMessage("Sure?", "Title", ModalScript::kAsks, wxID_YES);
-  EXPECT_NONFATAL_FAILURE(Ask("Really?"), "expected was message \"Sure?\"");
+  EXPECT_NONFATAL_FAILURE(Ask("Really?"), "expected message \"Sure?\"");
+  script.ExpectMessage("Sure?", "Title", ModalScript::kRefuses, wxID_OK);
+  EXPECT_NONFATAL_FAILURE(Ask("Sure?"), "expected message");
   script.ExpectMessage("Sure?", "Title", ModalScript::kAsks, wxID_YES);
   EXPECT_TRUE(Ask("Sure?"));
-  script.ExpectMessage("Sure?", "Title", ModalScript::kRefuses, wxID_OK);
-  EXPECT_NONFATAL_FAILURE(Ask("Sure?"), "expected was");
 }
 
-TEST(ModalScript, AWindowThatDoesNotComeFailsAlsoAfterAnException) {
+TEST(ModalScript, MissingWindowFailsAlsoAfterAnException) {
   const auto scenario = [] {
     ModalScript script;
     script.ExpectWindow("Missing", [](wxDialog&) {});
@@ -49,20 +41,16 @@ TEST(ModalScript, AWindowThatDoesNotComeFailsAlsoAfterAnException) {
   EXPECT_NONFATAL_FAILURE(EXPECT_THROW(scenario(), std::runtime_error), "not opened: window \"Missing\"");
 }
 
-TEST(ModalScript, AWindowIsNotLeftOpen) {
-  Window window("Open");
+TEST(ModalScript, WindowLeftOpenFailsAndIsClosed) {
+  TestWindow window("Open");
   ModalScript script;
   script.ExpectWindow("Open", [](wxDialog&) {});
   EXPECT_NONFATAL_FAILURE(window.RunModal(), "was left open");
-  script.ExpectWindow("Open", [](wxDialog&) { throw std::runtime_error("in the test"); });
-  script.ExpectWindow<Window>("Open", [](Window& dialog) { dialog.Finish(); });
-  ::testing::TestPartResultArray failures;
-  {
-    const ::testing::ScopedFakeTestPartResultReporter reporter(&failures);
-    window.RunModal();
-  }
-  EXPECT_EQ(failures.size(), 2);
-  window.RunModal();
+  script.ExpectWindow("Open", [](wxDialog& dialog) {
+    dialog.EndModal(wxID_OK);
+    throw std::runtime_error("in the test");
+  });
+  EXPECT_NONFATAL_FAILURE(window.RunModal(), "the test threw: in the test");
 }
 
 }  // namespace

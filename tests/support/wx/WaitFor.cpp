@@ -18,7 +18,7 @@ constexpr auto kPause = std::chrono::milliseconds(5);
 
 void HandleEvents() {
   wxEventLoopBase* active = wxEventLoopBase::GetActive();
-  // Outside a modal window there is no loop to handle events with.
+  // Outside a modal window no event loop is running.
   const std::unique_ptr<wxEventLoopBase> own(active == nullptr ? wxTheApp->GetTraits()->CreateEventLoop() : nullptr);
   const wxEventLoopActivator activator(active == nullptr ? own.get() : active);
   wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);

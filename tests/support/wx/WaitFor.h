@@ -4,10 +4,10 @@
 
 namespace quorvel::test {
 
-/// Lets windows handle what is there for them until `condition` holds; false when it does not within some seconds.
+/// Lets windows handle their events until `condition` holds. Returns false when it does not hold within some seconds.
 [[nodiscard]] bool WaitFor(const std::function<bool()>& condition);
 
-/// Lets windows handle what is there for them now.
+/// Lets windows handle the events that are pending now.
 void HandleEvents();
 
 }  // namespace quorvel::test

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
-
-#include <memory>
+#include <unistd.h>
 
 #include <wx/debug.h>
 #include <wx/modalhook.h>
@@ -8,19 +7,23 @@
 #include "platform/wx/Text.h"
 #include "platform/wx/WindowSystem.h"
 #include "tests/support/wx/ModalScript.h"
-#include "tests/support/wx/Watchdog.h"
 
 namespace quorvel::test {
 namespace {
-
-constexpr std::chrono::seconds kPatience{120};
 
 class ScriptHook : public wxModalDialogHook {
  protected:
   int Enter(wxDialog* dialog) override { return ModalScript::Answer(*dialog); }
 };
 
-/// What the toolkit takes for a mistake of its user fails the test that makes it.
+/// Ends the program when a test hangs, because a window that waits for a person would hold up all later tests.
+class Watchdog : public ::testing::EmptyTestEventListener {
+ public:
+  void OnTestStart(const ::testing::TestInfo& /*test*/) override { ::alarm(120); }
+  void OnTestEnd(const ::testing::TestInfo& /*test*/) override { ::alarm(0); }
+};
+
+/// An assertion of the toolkit fails the test that violates it.
 void FailAssertion(const wxString& file, int line, const wxString& function, const wxString& condition,
                    const wxString& message) {
   ADD_FAILURE_AT(file.utf8_str(), line) << function.utf8_str() << ": " << condition.utf8_str() << " "
@@ -45,8 +48,8 @@ class WindowEnvironment : public ::testing::Environment {
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
-  // Both belong to the framework from here on.
+  // The framework owns both from here on.
   ::testing::AddGlobalTestEnvironment(new quorvel::test::WindowEnvironment);
-  ::testing::UnitTest::GetInstance()->listeners().Append(new quorvel::test::Watchdog(quorvel::test::kPatience));
+  ::testing::UnitTest::GetInstance()->listeners().Append(new quorvel::test::Watchdog);
   return RUN_ALL_TESTS();
 }
