@@ -75,7 +75,7 @@ bool BatchParser::ParseTransactionEnd(Block& block) {
   return true;
 }
 
-/// RAISERROR, and PRINT, whose messages go nowhere.
+/// RAISERROR, and PRINT, which has no effect here.
 bool BatchParser::ParseMessage(Block& block) {
   const int line = m_cursor.Peek().line;
   if (m_cursor.Accept("PRINT")) {

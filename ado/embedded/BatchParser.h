@@ -15,8 +15,8 @@ class BatchParser {
  public:
   BatchParser(TokenCursor cursor, const Catalog& catalog, std::vector<Variable> parameters = {});
 
-  /// Once, up to the end of the text. DriverError, with its line, where the text is not of the subset that the engine
-  /// takes.
+  /// Reads the whole text; to be called once. DriverError, with its line, when the text is not of the subset that the
+  /// engine takes.
   [[nodiscard]] Program Parse();
 
  private:

@@ -31,6 +31,7 @@ Step DataStatementParser::ParseInsert() {
   std::string sql = "INSERT INTO " + QuoteName(target.table);
   if (!target.columns.empty()) {
     std::vector<std::string> names;
+    names.reserve(target.columns.size());
     for (const std::string& column : target.columns) names.push_back(QuoteName(column));
     sql += fmt::format(" ({})", fmt::join(names, ", "));
   }

@@ -1,3 +1,4 @@
+// One function for each level of precedence, from OR down to a name or a number.
 #include "ado/embedded/ExpressionTranslator.h"
 
 #include <fmt/format.h>
@@ -6,7 +7,6 @@
 #include "ado/embedded/Quoting.h"
 #include "platform/Text.h"
 
-// One function for each level of precedence, from OR down to a name or a number.
 namespace quorvel::ado::embedded {
 
 using Kind = Expression::Kind;

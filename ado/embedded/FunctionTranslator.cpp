@@ -129,6 +129,7 @@ Expression FunctionTranslator::ParseDateAdd() {
 Expression FunctionTranslator::ParseCoalesce() {
   const std::vector<Expression> arguments = ParseArguments();
   std::vector<std::string> values;
+  values.reserve(arguments.size());
   for (const Expression& argument : arguments) values.push_back(argument.sql);
   return {fmt::format("coalesce({})", fmt::join(values, ", ")), KindOfAny(arguments)};
 }

@@ -20,7 +20,7 @@ constexpr int kDeepestNesting = 32;  // a server's limit
   throw DriverError(std::move(records));
 }
 
-/// Lines of an inner text mean nothing to the batch that runs it.
+/// A line of a called text is not a line of the batch that calls it.
 [[noreturn]] void RethrowWithoutLine(const DriverError& error) {
   auto records = error.Records();
   for (Diagnostic& record : records) record.line = 0;

@@ -29,7 +29,7 @@ class Interpreter {
     Frame& frame;
     std::optional<RowSet> rows;  ///< the first result set
 
-    /// For the result set of a called program.
+    /// Takes the result set of a called program unless there is an earlier one.
     void KeepFirst(std::optional<RowSet> found);
   };
   Flow RunBlock(Block& block, Running& running);

@@ -9,12 +9,13 @@
 
 namespace quorvel::ado::embedded {
 
-/// Turns a whole CREATE PROCEDURE or ALTER PROCEDURE into a Program: its parameters here, its body by the BatchParser.
+/// Turns a whole CREATE PROCEDURE or ALTER PROCEDURE into a Program. It reads the parameters, BatchParser the body.
 class ProcedureParser {
  public:
   ProcedureParser(std::string_view definition, const Catalog& catalog) : m_cursor(definition), m_catalog(catalog) {}
 
-  /// Once. DriverError, with its line, where the text is not of the subset that the engine takes.
+  /// Reads the whole text; to be called once. DriverError, with its line, when the text is not of the subset that the
+  /// engine takes.
   [[nodiscard]] Program Parse();
 
  private:

@@ -84,7 +84,8 @@ void Procedures::CheckDefinition(const DefineProcedureStep& step) {
   }
 }
 
-/// In a transaction that writes from the beginning, see NestedTransaction; inside the batch's own in a savepoint.
+/// In a transaction that writes from the beginning, as NestedTransaction explains. When the batch has a transaction
+/// open, a savepoint nests in it.
 void Procedures::StoreInTransaction(const DefineProcedureStep& step) {
   const bool isOwn = sqlite3_get_autocommit(m_database) != 0;
   Execute(m_database, isOwn ? "BEGIN IMMEDIATE" : "SAVEPOINT define_procedure");

@@ -30,7 +30,7 @@ struct TransactionStep {
   TransactionAction action;
 };
 struct ReturnStep {};
-/// EXEC procedure. An argument without a value stands for DEFAULT.
+/// EXEC procedure. An argument without a value is DEFAULT.
 struct CallStep {
   struct Argument {
     std::string name;  ///< with its @; empty when passed by position

@@ -9,6 +9,7 @@ namespace quorvel::ado::embedded {
 
 std::string Select::Sql() const {
   std::vector<std::string> list;
+  list.reserve(items.size());
   for (const Item& item : items) {
     // The enclosing query compares the texts of a subquery like those of a column.
     const std::string sql = Collated(item.expression);

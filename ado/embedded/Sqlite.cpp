@@ -1,3 +1,4 @@
+// The calls of SQLite's C interface that the engine needs, with exceptions for result codes and Value for cells.
 #include "ado/embedded/Sqlite.h"
 
 #include <limits>

@@ -11,8 +11,8 @@
 
 namespace quorvel::ado::embedded {
 
-/// Translates the parts of one T-SQL statement into SQLite's SQL and makes a Query of it, with the variables that the
-/// parts read. Joins the translators of expressions, function calls, SELECTs and joins.
+/// Translates the parts of one T-SQL statement into SQLite's SQL and makes a Query of them, with the variables that the
+/// statement reads. It connects the translators of expressions, function calls, SELECTs and joins.
 class StatementTranslator final : private StatementParts {
  public:
   StatementTranslator(TokenCursor& cursor, const std::vector<Variable>& variables);

@@ -1,3 +1,4 @@
+// A table is read whole before it is written: a constraint at the end can make a column at the beginning the key.
 #include "ado/embedded/TableTranslator.h"
 
 #include <fmt/format.h>
@@ -22,11 +23,11 @@ std::string TableTranslator::ParseCreateTable() {
     if (!ParseTableRule()) ParseColumn();
   } while (m_cursor.Accept(",") && !m_cursor.Is(")"));
   m_cursor.Expect(")");
-  return fmt::format("CREATE TABLE {} (\n  {}\n)", QuoteName(table), fmt::join(Lines(), ",\n  "));
+  return fmt::format("CREATE TABLE {} (\n  {}\n)", QuoteName(table), fmt::join(Definitions(), ",\n  "));
 }
 
 /// The columns and constraints in SQLite's SQL.
-std::vector<std::string> TableTranslator::Lines() const {
+std::vector<std::string> TableTranslator::Definitions() const {
   std::vector<std::string> lines;
   bool hasSoleKey = false;
   for (const ColumnDefinition& column : m_columns) {

@@ -34,7 +34,7 @@ class TableTranslator {
 
   [[nodiscard]] std::string ParseExpression();
   [[nodiscard]] bool IsSoleKey(const ColumnDefinition& column) const;
-  [[nodiscard]] std::vector<std::string> Lines() const;
+  [[nodiscard]] std::vector<std::string> Definitions() const;
 
   TokenCursor& m_cursor;
   std::vector<ColumnDefinition> m_columns;

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -96,28 +95,25 @@ TEST(EmbeddedFaults, ConnectionsThatDefineProceduresAtOnceWaitForEachOther) {
   for (auto& writer : writers) EXPECT_NO_THROW(writer.get());
 }
 
-// A limit on the size of files takes the place of a full disk: the system refuses the write in the same way.
-TEST(EmbeddedFaults, FullDiskIsErrorAndKeepsWhatWasSaved) {
-  const TestDatabase database(TestDatabase::Content::Schema);
-  const pid_t writer = fork();
-  if (writer == 0) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const auto connection = database.Connect();
-    connection->Execute("INSERT INTO ttwRight (RightID) VALUES ('saved') CREATE TABLE Filling (t nvarchar(max))");
-    const rlimit limit{400'000, 400'000};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    try {
-      for (int i = 0; i < 1000; ++i) connection->Execute("INSERT INTO Filling VALUES (REPLICATE('y', 4000))");
-      _exit(0);
-    } catch (const Error& error) {
-      _exit(error.Number() == ErrorNumber::DbUnspecified ? 1 : 2);
-    }
+/// Writes until the database refuses, then ends the program: with 1 when the error has the right number. A limit on the
+/// size of files takes the place of a full disk: the system refuses the write in the same way.
+[[noreturn]] void FillDisk(const TestDatabase& database) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{400'000, 400'000};
+  setrlimit(RLIMIT_FSIZE, &limit);
+  try {
+    for (int i = 0; i < 1000; ++i) database.Run("INSERT INTO Filling VALUES (REPLICATE('y', 4000))");
+    _exit(0);
+  } catch (const Error& error) {
+    _exit(error.Number() == ErrorNumber::DbUnspecified ? 1 : 2);
   }
-  int status = 0;
-  waitpid(writer, &status, 0);
-  ASSERT_TRUE(WIFEXITED(status));
-  EXPECT_EQ(WEXITSTATUS(status), 1) << "1: refused with the right number";
-  EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM ttwRight WHERE RightID = 'saved'"), "1");
+}
+
+TEST(EmbeddedFaults, FullDiskIsErrorAndKeepsWhatWasSaved) {
+  const TestDatabase database(TestDatabase::Content::Empty);
+  database.Run("CREATE TABLE Filling (t nvarchar(max)) INSERT INTO Filling VALUES ('saved')");
+  EXPECT_EXIT(FillDisk(database), ::testing::ExitedWithCode(1), "");
+  EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM Filling WHERE t = 'saved'"), "1");
 }
 
 }  // namespace
