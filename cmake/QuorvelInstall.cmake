@@ -1,6 +1,6 @@
-# What `cmake --install` copies, in the components runtime (the library that hosts load and the one below it), windows (the
-# library with the windows), development (what compiling a host takes), tools (the command line) and sample (a host with
-# windows).
+# Says which files `cmake --install` copies. The components are runtime (the library that hosts load and the one below it),
+# windows (the library with the windows), development (headers and build files for a host), tools (the command line) and
+# sample (a host with windows).
 if(CMAKE_LIBRARY_ARCHITECTURE AND EXISTS /etc/debian_version)
   # Debian's own place for libraries, under /usr and /usr/local alike: one build serves every prefix.
   set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE STRING "Folder of libraries below the prefix")
@@ -8,7 +8,8 @@ endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-# The libraries find each other by standing in one folder, wherever that is, and the programs find them from theirs.
+# The libraries find each other because they are in one folder. The programs find the libraries by a path relative to their
+# own folder.
 set_target_properties(quorvel_shared quorvel_core quorvel_windows PROPERTIES INSTALL_RPATH "$ORIGIN")
 file(RELATIVE_PATH librariesFromPrograms ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 set(programRunPath "$ORIGIN/${librariesFromPrograms}")
@@ -16,7 +17,7 @@ set(programRunPath "$ORIGIN/${librariesFromPrograms}")
 install(TARGETS quorvel_shared EXPORT QuorvelTargets
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
   FILE_SET HEADERS COMPONENT development)
-# Nobody links these two by name.
+# No program links these two by name.
 install(TARGETS quorvel_core LIBRARY COMPONENT runtime NAMELINK_SKIP)
 install(TARGETS quorvel_windows LIBRARY COMPONENT windows NAMELINK_SKIP)
 install(FILES ${PROJECT_SOURCE_DIR}/include/quorvel/quorvel.idl

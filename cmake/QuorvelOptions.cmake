@@ -1,15 +1,15 @@
-# What every target of the project is compiled with. Linked privately, so that nothing of it reaches a consumer.
+# The compiler options of every target of the project. Targets link them privately, so that no consumer gets them.
 add_library(quorvel_options INTERFACE)
 target_compile_features(quorvel_options INTERFACE cxx_std_20)
 target_include_directories(quorvel_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(quorvel_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Wimplicit-fallthrough)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # GCC 12 takes inlined std::string concatenation for overlapping copies.
+  # GCC 12 wrongly reports inlined std::string concatenation as overlapping copies.
   target_compile_options(quorvel_options INTERFACE -Wno-restrict)
 endif()
 if(NOT WIN32)
-  # Nobody replaces a function of the component's libraries: calls within one need no detour.
+  # No program replaces a function of the component's libraries, so calls within one library can be direct.
   target_compile_options(quorvel_options INTERFACE -fno-semantic-interposition)
 endif()
 if(WIN32)
@@ -31,7 +31,9 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+  # With these settings clones in different folders share what one of them has compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
 endif()
 
 # quorvel_library(<name> <sources>...): one static library per folder, with the project's options.

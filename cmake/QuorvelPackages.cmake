@@ -1,8 +1,8 @@
-# What `cpack` makes of the installed components: one Debian package each.
+# Says how `cpack` makes one Debian package of each installed component.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_PACKAGE_CONTACT "Quorvel developers <quorvel@localhost>")
-# Each package has a description of its own; a common one would stand before it.
+# Each package has its own description. A common summary would be put in front of it.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -15,8 +15,8 @@ endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The core has no entry in the list that says which package brings which library: nobody but us links it, and what does
-# depends on the package of its own version.
+# The core is not in the list that says which package brings which library. Only the packages here link it, and they depend on
+# the package of the same version.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
@@ -25,8 +25,8 @@ set(libraryPackage libquorvel${PROJECT_VERSION_MAJOR})
 set(windowsPackage ${libraryPackage}-windows)
 set(sameVersion "${libraryPackage} (= ${PROJECT_VERSION})")
 
-# debian_documents(<component> <package>): what every package has in its folder of documents. Only packages have that
-# folder: a plain install, which names no component, leaves it out.
+# debian_documents(<component> <package>): installs the documents that every package has. Only packages have their folder; a
+# plain install, which names no component, leaves it out.
 function(debian_documents component package)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
   execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/CHANGELOG.md

@@ -1,8 +1,8 @@
-# The toolkit that windows are made with, as the target quorvel_toolkit: what compiling and linking against wxWidgets takes,
-# and elsewhere than on Windows GTK, which tells assistive technology about controls.
+# Defines the target quorvel_toolkit: wxWidgets, the toolkit that windows are made with. On Linux also GTK, which describes
+# controls to assistive technology.
 find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
 if(WIN32)
-  # A program says itself whether it has a console.
+  # Each program decides whether it has a console.
   list(REMOVE_ITEM wxWidgets_LIBRARIES -Wl,--subsystem,windows -mwindows)
 endif()
 add_library(quorvel_toolkit INTERFACE)

@@ -1,5 +1,5 @@
-# The type library is made from the IDL by widl. What it imports comes from Wine's development package, because
-# mingw-w64 brings the headers of the system's interfaces and not their IDL and library files.
+# widl makes the type library from the IDL. The imported files come from Wine's development package: mingw-w64 has the headers
+# of the system's interfaces but not their IDL and library files.
 find_program(QUORVEL_WIDL ${QUORVEL_WINDOWS_TRIPLE}-widl)
 find_path(QUORVEL_SYSTEM_IDL oaidl.idl
   PATHS /usr/include/wine/wine/windows /usr/include/wine/windows NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
@@ -16,7 +16,7 @@ if(NOT QUORVEL_SYSTEM_TYPE_LIBRARIES)
   message(FATAL_ERROR "There is no stdole2.tlb: install libwine, or set QUORVEL_SYSTEM_TYPE_LIBRARIES to its folder.")
 endif()
 
-# quorvel_type_library(<output> <idl>): a rule that makes a type library for the machine that is built for.
+# quorvel_type_library(<output> <idl>): adds a rule that makes a type library for the target machine.
 function(quorvel_type_library output idl)
   add_custom_command(
     OUTPUT ${output}

@@ -1,9 +1,9 @@
-# What both Windows toolchains share. Set before: QUORVEL_WINDOWS_ARCHITECTURE (x64 or x86) and QUORVEL_WINDOWS_TRIPLE.
+# Shared by both Windows toolchains, which first set QUORVEL_WINDOWS_ARCHITECTURE (x64 or x86) and QUORVEL_WINDOWS_TRIPLE.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_CXX_COMPILER ${QUORVEL_WINDOWS_TRIPLE}-g++-posix)
 set(CMAKE_RC_COMPILER ${QUORVEL_WINDOWS_TRIPLE}-windres)
 
-# One file to register, nothing of the compiler's beside it.
+# A host registers one file, so the compiler's libraries are linked statically.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
 
@@ -17,7 +17,7 @@ foreach(library IN ITEMS sqlite fmt wx)
   endif()
   list(APPEND CMAKE_FIND_ROOT_PATH ${libraries}/${library})
 endforeach()
-# Tells what compiling and linking against this wxWidgets takes; the one that is found otherwise is this machine's own.
+# The configuration of the wxWidgets for Windows. Without this line CMake finds the one of this machine.
 set(wxWidgets_CONFIG_EXECUTABLE ${libraries}/wx/bin/wx-config CACHE FILEPATH "wx-config of the Windows build" FORCE)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by demo and check: which packages of the distribution they need, how to get the missing ones, and how to build.
+# Sourced by demo and check: lists the packages they need, installs the missing ones, and builds.
 
 # shellcheck disable=SC2034  # the sourcing scripts pick from the lists
 BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev
@@ -10,14 +10,14 @@ CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy shellcheck)
 # shellcheck disable=SC2034
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine64 wine
   googletest tcl)
-# For windows on a screen that nobody sees.
+# For windows on an invisible display.
 # shellcheck disable=SC2034
 PICTURE_PACKAGES=(xvfb xauth openbox xdotool imagemagick fonts-dejavu-core fonts-noto-color-emoji)
 
-# step TEXT: says what comes next.
+# step TEXT: prints the name of the next step.
 step() { printf '\n== %s\n' "$*"; }
 
-# fail TEXT: ends the script with a plain sentence.
+# fail TEXT: prints a sentence and ends the script.
 fail() {
   printf '\n%s: %s\n' "$(basename "$0")" "$*" >&2
   exit 1
@@ -25,13 +25,13 @@ fail() {
 
 is_installed() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }
 
-# ensure_packages PACKAGE...: installs those that are missing; asks nothing of the network when none is.
+# ensure_packages PACKAGE...: installs the missing ones; uses no network when none is missing.
 ensure_packages() {
   local package missing=() as_root=()
-  command -v dpkg-query >/dev/null || fail "this needs Debian 12 or a distribution made from it: there is no dpkg here."
+  command -v dpkg-query >/dev/null || fail "this needs Debian 12 or a distribution based on it: dpkg is not installed."
   for package in "$@"; do is_installed "$package" || missing+=("$package"); done
   if [[ ${#missing[@]} -eq 0 ]]; then
-    printf 'All %d are there.\n' $#
+    printf 'All %d are installed.\n' $#
     return
   fi
   printf 'Installing %s\n' "${missing[*]}"

@@ -1,10 +1,10 @@
 # shellcheck shell=bash
-# Sourced by scripts that work in windows with keys as a person would, on a screen of their own. Set before: work (a folder
-# for what is only needed meanwhile); there is `fail TEXT`. `shown` is then what the screen shows.
+# Sourced by scripts that work in windows with keys as a person does, on an invisible display. The script sets `work` (a
+# folder for temporary files) and defines `fail TEXT` first. `shown` is the checksum of the screen's current picture.
 
 screen() { import -silent -window root "${work:?}/screen.ppm"; }
 
-# settled: waits until the screen has stopped changing and prints what it shows, as a checksum.
+# settled: waits until the screen has stopped changing and prints the checksum of its picture.
 settled() {
   local last='' now same=0 try
   for try in {1..100}; do
@@ -22,13 +22,13 @@ settled() {
 # appears TITLE: waits until there is a window with that in its title.
 appears() {
   until timeout 60 xdotool search --sync --onlyvisible --name "$1" >/dev/null 2>"$work/xdotool"; do
-    # A window that goes away while it is looked at ends xdotool.
+    # xdotool ends with an error when a window closes while it looks at it.
     grep -q BadWindow "$work/xdotool" || fail "no window \"$1\" comes up. $(cat "$work/xdotool")"
   done
   shown=$(settled)
 }
 
-# press KEY...: each must show.
+# press KEY...: each key must change the picture.
 press() {
   local key before try
   for key in "$@"; do
@@ -38,7 +38,7 @@ press() {
       shown=$(settled)
       [[ $shown == "$before" ]] || break
     done
-    [[ $try -lt 50 ]] || fail "the key $key does nothing that one can see."
+    [[ $try -lt 50 ]] || fail "the key $key changes nothing on the screen."
   done
 }
 

@@ -21,7 +21,7 @@ with_pkg_config() {
   eval "c++ -std=c++17 $warnings \"\$source_folder/host/example/remarks.cpp\" -o \"\$2/remarks\" $flags"
 }
 
-# check_consumer BUILDER PREFIX: builds the example and holds what it prints against the database.
+# check_consumer BUILDER PREFIX: builds the example and compares what it prints with the database.
 check_consumer() {
   local folder=$scratch/$1
   rm -rf "$folder"
@@ -32,13 +32,13 @@ check_consumer() {
   expect "What it says without settings" "$settings_error" "$(QUORVEL_REGISTRY=$scratch "$folder/remarks" 2>&1)"
 }
 
-# check_refused VERSION: find_package must not take this one for what a host of that version needs.
+# check_refused VERSION: find_package must refuse this version for a host that needs the given one.
 check_refused() {
   mkdir -p "$scratch/refused"
   cp "$source_folder/host/example/remarks.cpp" "$scratch/refused"
   sed "s/find_package.*/find_package(Quorvel $1 REQUIRED)/" "$source_folder/host/example/CMakeLists.txt" >"$scratch/refused/CMakeLists.txt"
   if cmake -S "$scratch/refused" -B "$scratch/refused/build" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" >"$scratch/refused.log" 2>&1; then
-    fail "A host for version $1 gets this one."
+    fail "find_package accepts this version for a host of version $1."
   fi
   grep -q "compatible with requested version" "$scratch/refused.log" || fail "$(cat "$scratch/refused.log")"
 }
@@ -71,6 +71,6 @@ mv "$prefix" "$moved"
 check_consumer with_cmake "$moved"
 check_consumer with_pkg_config "$moved"
 
-# The windows are found where the rest is now, and only a screen is missing.
+# The library with the windows is found at the new place; only a display is missing.
 said=$(env -u DISPLAY -u WAYLAND_DISPLAY "$moved/bin/quorvel" popup --window --context CustMaint --owner C1044 --user jsmith 2>&1) || true
 [[ $said == *"DISPLAY is not set" ]] || fail "Without a display the windows say: $said"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The first listings of the guide are the example that the other tests build, word for word.
+# Checks that the first listings of the guide are word for word the example that the other tests build.
 # shellcheck source=tests/install/install-test.sh
 . "$(dirname "${BASH_SOURCE[0]}")/install-test.sh"
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Debian packages and holds their files and their control fields against what they should be.
+# Makes the Debian packages and compares their files and control fields with the expected ones.
 # shellcheck source=tests/install/install-test.sh
 . "$(dirname "${BASH_SOURCE[0]}")/install-test.sh"
 
@@ -15,12 +15,12 @@ field() { dpkg-deb -f "$(package "$1")" "$2"; }
 # control_file NAME FILE
 control_file() { dpkg-deb -I "$(package "$1")" "$2"; }
 
-# documents NAME: what files_of shows of the files that every package has.
+# documents NAME: how files_of lists the files that every package has.
 documents() {
   printf -- '-rw-r--r-- root/root /usr/share/doc/%s/%s\n' "$1" changelog.gz "$1" copyright
 }
 
-# packages_needed NAME: what it depends on, without versions.
+# packages_needed NAME: the packages it depends on, without versions.
 packages_needed() { field "$1" Depends | sed 's/ ([^)]*)//g; s/, /\n/g' | LC_ALL=C sort; }
 
 made=$scratch
@@ -58,7 +58,7 @@ $(documents quorvel)" "$(files_of quorvel)"
 expect "The files of quorvel-sample" "-rwxr-xr-x root/root /usr/bin/quorvel-sample
 $(documents quorvel-sample)" "$(files_of quorvel-sample)"
 
-# No toolkit: these two are for machines without a desktop, too.
+# These two packages must not need the toolkit: machines without a desktop use them.
 expect "What $library depends on" "libc6
 libfmt9
 libgcc-s1
@@ -76,19 +76,19 @@ for name in "$windows" quorvel-sample; do
   done
 done
 for name in "$windows" libquorvel-dev quorvel quorvel-sample; do
-  field "$name" Depends | grep -qF "$library (= $version)" || fail "$name takes another library: $(field "$name" Depends)"
+  field "$name" Depends | grep -qF "$library (= $version)" || fail "$name depends on another version of the library: $(field "$name" Depends)"
 done
 expect "What $library recommends" "tdsodbc, $windows" "$(field "$library" Recommends)"
 expect "What quorvel recommends" tdsodbc "$(field quorvel Recommends)"
 for name in "$library" quorvel; do
-  dpkg-deb -I "$(package "$name")" postrm | sh -n || fail "The postrm of $name is no shell script."
+  dpkg-deb -I "$(package "$name")" postrm | sh -n || fail "The postrm of $name is not a shell script."
 done
 expect "What links the library depends on" "libquorvel $major $library (>= $version)" "$(control_file "$library" shlibs)"
 for name in "$library" "$windows"; do
   expect "The triggers of $name" "activate-noawait ldconfig" "$(control_file "$name" triggers)"
   for script in postinst postrm; do
     if control_file "$name" "$script" | grep -v '^#' | grep ldconfig; then
-      fail "$script of $name calls ldconfig beside its trigger."
+      fail "$script of $name calls ldconfig in addition to its trigger."
     fi
   done
 done

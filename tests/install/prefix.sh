@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
-# Installs each component into the scratch prefix, where the other tests use them, and holds what came against what should.
+# Installs each component into the scratch prefix, where the other tests use them, and compares the installed files with the
+# expected ones.
 # shellcheck source=tests/install/install-test.sh
 . "$(dirname "${BASH_SOURCE[0]}")/install-test.sh"
 
-# component NAME: installs it; prints which files it brought.
+# component NAME: installs it and prints the installed files.
 component() {
   local before=$scratch/before
   mkdir -p "$prefix"
   files_below "$prefix" >"$before"
   cmake --install "$build" --prefix "$prefix" --component "$1" >"$scratch/install.log" || fail "$(cat "$scratch/install.log")"
-  # What only packages have.
+  # Only packages have these.
   rm -rf "$prefix/share/doc"
   files_below "$prefix" | LC_ALL=C comm -13 "$before" -
 }
@@ -41,10 +42,10 @@ cmake --install "$build" --prefix "$scratch/everything" >"$scratch/install.log" 
 expect "What an install without a component brings" "$everything" "$(files_below "$scratch/everything")"
 rm -rf "$scratch/everything"
 
-# named FIELD FILE: what the dynamic section of a file says under that name, one a line.
+# named FIELD FILE: the values of that field in the file's dynamic section, one a line.
 named() { readelf -dW "$2" | sed -n "s/.*($1).*\[\(.*\)\]/\1/p"; }
 
-# needed FILE: the libraries it is linked with beside the compiler's own.
+# needed FILE: the libraries it is linked with, without the compiler's.
 needed() { named NEEDED "$1" | grep -vE '^(libc|libm|libgcc_s|libstdc\+\+|ld-linux.*)\.so\.[0-9]+$' | LC_ALL=C sort; }
 
 library=$prefix/$lib/libquorvel.so
@@ -60,9 +61,9 @@ expect "What the core needs: nothing of a desktop" "libfmt.so.9
 libodbc.so.2
 libsqlite3.so.0" "$(needed "$core")"
 expect "The windows' own name" "libquorvel-windows.so.${version%%.*}" "$(named SONAME "$windows")"
-needed "$windows" | grep -qx "libquorvel-core.so.$version" || fail "The windows have a core of their own."
+needed "$windows" | grep -qx "libquorvel-core.so.$version" || fail "The library with the windows does not use the shared core."
 if grep -rniE 'sqlite|odbc|fmt|quorvel-core|wx|gtk' "$prefix/include" "$prefix/$lib/cmake" "$prefix/$lib/pkgconfig"; then
-  fail "A host would need what only the library needs."
+  fail "The host is linked with libraries that only the component needs."
 fi
 for file in "$library" "$core" "$windows" "$prefix"/bin/*; do
   folder="\$ORIGIN"
