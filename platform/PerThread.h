@@ -3,7 +3,7 @@
 #ifdef _WIN32
 #include <memory>
 
-#include "platform/windows/ThreadSlot.h"
+#include "platform/ThreadSlot.h"
 #endif
 
 namespace quorvel {

@@ -1,4 +1,4 @@
-#include "platform/windows/ThreadSlot.h"
+#include "platform/ThreadSlot.h"
 
 #include <windows.h>
 

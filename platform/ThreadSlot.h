@@ -5,9 +5,9 @@
 
 namespace quorvel::os {
 
-/// One pointer for each thread; the object that a thread puts there is destroyed when the thread ends. A slot is never
-/// released. Once one exists the component stays loaded until the process ends, because the system calls its code at
-/// the end of each thread. Safe on all threads at once.
+/// Windows only: one pointer for each thread. The object that a thread puts there is destroyed when the thread ends. A
+/// slot is never released. Once one exists the component stays loaded until the process ends, because the system calls
+/// its code at the end of each thread. Safe on all threads at once.
 class ThreadSlot {
  public:
   struct Held {
