@@ -1,5 +1,5 @@
-// A plugin for clang-tidy: lets its checks visit the declarations of this project only. Without it every check visits the
-// whole standard library, GoogleTest and wxWidgets in each file, and then drops what it finds there.
+// A plugin for clang-tidy: lets its checks visit the declarations of this project only. Without it every check visits
+// the whole standard library, GoogleTest and wxWidgets in each file, and then drops what it finds there.
 #include <clang/AST/ASTConsumer.h>
 #include <clang/AST/ASTContext.h>
 #include <clang/Basic/SourceManager.h>
