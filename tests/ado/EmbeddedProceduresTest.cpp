@@ -27,7 +27,8 @@ TEST_F(EmbeddedProcedures, ExecPassesArgumentsByPositionAndName) {
       "SELECT @note AS Note, @sum AS Total");
   EXPECT_THAT(Rows("DECLARE @s int EXEC dbo.spAdd 7, @sum = @s OUTPUT SELECT @s AS s"), ElementsAre("none|2"));
   EXPECT_THAT(Rows("EXEC spadd @b = 1, @A = 2, @note = 'two'"), ElementsAre("two|3"));
-  EXPECT_THAT(Rows("DECLARE @t varchar(30) = 'SELECT 4 AS' EXEC (@t + ' four')"), ElementsAre("4"));
+  EXPECT_THAT(Rows("DECLARE @t varchar(30) = 'SELECT 4 AS' EXEC (@t + ' four') EXEC (@t + ' four, 5')"),
+              ElementsAre("4"));
 }
 
 TEST_F(EmbeddedProcedures, EveryLevelOfRecursionHasItsOwnVariables) {
