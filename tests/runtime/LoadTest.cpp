@@ -60,6 +60,7 @@ TEST_F(LoadTest, UserSeesRemarksOfReadableTypes) {
 
 TEST_F(LoadTest, FillsEveryProperty) {
   // The database replaces the value that the host has set.
+  m_database.Run("UPDATE ttwRemarkRight SET CanUpdate = 2 * CanUpdate, CanDelete = 3 * CanDelete");
   const ContextHolder context;
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   context->Load("custmaint", "c1044", "JSMITH");
@@ -76,7 +77,7 @@ TEST_F(LoadTest, FillsEveryProperty) {
   EXPECT_EQ(context->Server(), "(embedded)");
 
   EXPECT_THAT(TypeIDs(context), ElementsAre("Cust.AR.Coll", "Cust.Credit", "Cust.General", "Cust.Internal"));
-  EXPECT_EQ(RightsOf(*context->Item(Number(1))), "1111");
+  EXPECT_EQ(RightsOf(*context->Item(Number(1))), "1123");
   EXPECT_EQ(RightsOf(*context->Item(Number(2))), "0100");
   EXPECT_EQ(RightsOf(*context->Item("CUST.GENERAL")), "1100");
   EXPECT_EQ(RightsOf(*context->Item("Cust.Internal")), "0000");
