@@ -110,7 +110,7 @@ TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
 
   // Rights do not matter here; the author is the logon name, not the user of the context.
   context->AddRemark("cust.internal", "  spaced  ");
-  context->AddRemark(Number(1), "by another", "mjones");
+  context->AddRemark(Number(1), "by another", " mjones ");
   EXPECT_EQ(RemarkAt(context, 1).UserID(), modUserName::GetUserName());
   EXPECT_EQ(RemarkAt(context, 1).MemoKey(), 0);
   EXPECT_TRUE(RemarkAt(context, 1).Dirty());
