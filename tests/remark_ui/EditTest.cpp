@@ -29,55 +29,46 @@ using testing::StartsWith;
 
 constexpr const char* kTitle = "Acme Tools [C1044] Customer Remarks [(embedded)]";
 
-/// An open editor as its user sees it.
-class Screen {
- public:
-  explicit Screen(frmEdit& window) : m_window(window) {}
-
-  [[nodiscard]] DataGrid& Grid() const { return Find<DataGrid>(m_window, "gdxMemos"); }
-  [[nodiscard]] wxTextCtrl& TextBox() const { return Find<wxTextCtrl>(m_window, "txtRemark"); }
-  [[nodiscard]] wxChoice& Types() const { return Find<wxChoice>(m_window, "cboRemarkType"); }
-  [[nodiscard]] std::string Text() const { return ui::FromWx(TextBox().GetValue()); }
-  [[nodiscard]] std::string Frame() const { return ui::FromWx(Find<wxStaticBox>(m_window, "fmViewRemark").GetLabel()); }
-  [[nodiscard]] bool CanPress(const char* name) const { return Find<wxButton>(m_window, name).IsEnabled(); }
-  [[nodiscard]] std::int32_t Position() const { return Grid().RowIndex(Grid().CurrentLine()); }
-
-  void Go(std::int32_t position) const { Grid().SelectRowIndex(position); }
-  /// Replaces the text in the box.
-  void Type(const std::string& text) const {
-    ASSERT_TRUE(TextBox().IsEditable());
-    TextBox().SetValue(ui::ToWx(text));
-  }
-  void Choose(const char* caption) const {
-    ASSERT_TRUE(Types().IsEnabled() && Types().SetStringSelection(caption)) << caption;
-    wxCommandEvent chosen(wxEVT_CHOICE, Types().GetId());
-    chosen.SetEventObject(&Types());
-    Types().ProcessWindowEvent(chosen);
-  }
-  void Click(const char* name) const { Press(m_window, name); }
-  [[nodiscard]] bool Closes() const {
-    return WaitFor([this] { return !m_window.IsShown(); });
-  }
-  [[nodiscard]] bool HasFocus(const wxWindow& control) const {
-    return WaitFor([&control] { return control.IsDescendant(wxWindow::FindFocus()); });
-  }
-  [[nodiscard]] frmEdit& Window() const { return m_window; }
-
- private:
-  frmEdit& m_window;
-};
-
 /// The position of the first General remark of Acme Tools; Collections and Credit come before.
 constexpr std::int32_t kGeneral = 4;
 
 class EditTest : public testing::Test {
  protected:
-  using Act = std::function<void(const Screen&)>;
+  using Act = std::function<void()>;
 
   void View(const ContextHolder& context, const Act& act) {
     ModalScript script;
-    script.ExpectWindow<frmEdit>(kTitle, [&](frmEdit& window) { act(Screen(window)); });
+    script.ExpectWindow<frmEdit>(kTitle, [&](frmEdit& /*window*/) { act(); });
     m_editor.View(*context);
+  }
+
+  // The open editor as its user sees it.
+  DataGrid& Grid() { return Find<DataGrid>(m_editor, "gdxMemos"); }
+  wxTextCtrl& TextBox() { return Find<wxTextCtrl>(m_editor, "txtRemark"); }
+  wxChoice& Types() { return Find<wxChoice>(m_editor, "cboRemarkType"); }
+  std::string Text() { return ui::FromWx(TextBox().GetValue()); }
+  std::string Frame() { return ui::FromWx(Find<wxStaticBox>(m_editor, "fmViewRemark").GetLabel()); }
+  bool CanPress(const char* name) { return Find<wxButton>(m_editor, name).IsEnabled(); }
+  std::int32_t Position() { return Grid().RowIndex(Grid().CurrentLine()); }
+  bool Closes() {
+    return WaitFor([this] { return !m_editor.IsShown(); });
+  }
+  static bool HasFocus(const wxWindow& control) {
+    return WaitFor([&control] { return control.IsDescendant(wxWindow::FindFocus()); });
+  }
+
+  void Click(const char* name) { Press(m_editor, name); }
+  void Go(std::int32_t position) { Grid().SelectRowIndex(position); }
+  /// Replaces the text in the box.
+  void Type(const std::string& text) {
+    ASSERT_TRUE(TextBox().IsEditable());
+    TextBox().SetValue(ui::ToWx(text));
+  }
+  void Choose(const char* caption) {
+    ASSERT_TRUE(Types().IsEnabled() && Types().SetStringSelection(caption)) << caption;
+    wxCommandEvent chosen(wxEVT_CHOICE, Types().GetId());
+    chosen.SetEventObject(&Types());
+    Types().ProcessWindowEvent(chosen);
   }
 
   TestDatabase m_database;
@@ -92,22 +83,22 @@ TEST_F(EditTest, AuthorEditsAnOwnRemarkAndMovesOn) {
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   Remark& remark = RemarkAt(context, kGeneral);
   remark.SetUserID(m_login);
-  View(context, [&](const Screen& screen) {
-    screen.Go(kGeneral + 1);
-    EXPECT_EQ(screen.Frame(), "View Remark");
-    EXPECT_FALSE(screen.TextBox().IsEditable());
-    EXPECT_FALSE(screen.Types().IsEnabled() || screen.CanPress("cmdSave") || screen.CanPress("cmdDelete"));
+  View(context, [&] {
+    Go(kGeneral + 1);
+    EXPECT_EQ(Frame(), "View Remark");
+    EXPECT_FALSE(TextBox().IsEditable());
+    EXPECT_FALSE(Types().IsEnabled() || CanPress("cmdSave") || CanPress("cmdDelete"));
 
-    screen.Go(kGeneral);
-    EXPECT_EQ(screen.Frame(), "Edit Remark");
-    EXPECT_TRUE(screen.CanPress("cmdDelete"));
-    screen.Type("Receiving now closes at 4 pm.");
-    EXPECT_THAT(Caught([&] { screen.Window().View(*other); }), HasNumber(400));
-    EXPECT_EQ(screen.Window().GetTitle(), kTitle);
-    screen.Go(kGeneral + 1);
-    EXPECT_EQ(screen.Position(), kGeneral + 1) << "saving the previous row moves no row";
-    EXPECT_EQ(screen.Text(), RemarkAt(context, kGeneral + 1).MemoText());
-    screen.Click("cmdClose");
+    Go(kGeneral);
+    EXPECT_EQ(Frame(), "Edit Remark");
+    EXPECT_TRUE(CanPress("cmdDelete"));
+    Type("Receiving now closes at 4 pm.");
+    EXPECT_THAT(Caught([&] { m_editor.View(*other); }), HasNumber(400));
+    EXPECT_EQ(m_editor.GetTitle(), kTitle);
+    Go(kGeneral + 1);
+    EXPECT_EQ(Position(), kGeneral + 1) << "saving the previous row moves no row";
+    EXPECT_EQ(Text(), RemarkAt(context, kGeneral + 1).MemoText());
+    Click("cmdClose");
   });
   EXPECT_EQ(remark.MemoText(), "Receiving now closes at 4 pm.");
   EXPECT_TRUE(remark.Dirty());
@@ -120,19 +111,19 @@ TEST_F(EditTest, ClosingWritesAllChangesOrNone) {
     m_prompts->answers = {isSaved ? PromptAnswer::Yes : PromptAnswer::No};
     const std::string changed = std::to_string(RemarkAt(context, 1).MemoKey());
     const std::string deleted = std::to_string(RemarkAt(context, 2).MemoKey());
-    View(context, [](const Screen& screen) {
-      screen.Go(2);
-      screen.Click("cmdDelete");
-      screen.Go(1);
-      screen.Choose("Credit");
-      screen.Type("one\ntwo \xF0\x9F\x94\xA7 \xD7\xA9");
+    View(context, [&] {
+      Go(2);
+      Click("cmdDelete");
+      Go(1);
+      Choose("Credit");
+      Type("one\ntwo \xF0\x9F\x94\xA7 \xD7\xA9");
       ModalScript chooser;
       chooser.ExpectWindow("Choose Remark Type", [](wxDialog& dialog) { Press(dialog, "cmdOK"); });
-      screen.Click("cmdNew");
-      EXPECT_EQ(ui::FromWx(screen.Types().GetStringSelection()), "Collections");
-      screen.Choose("General");
-      screen.Type("brand new");
-      screen.Click("cmdClose");
+      Click("cmdNew");
+      EXPECT_EQ(ui::FromWx(Types().GetStringSelection()), "Collections");
+      Choose("General");
+      Type("brand new");
+      Click("cmdClose");
     });
     EXPECT_TRUE(m_prompts->answers.empty()) << "closing asks once";
     const auto isFound = [&](const std::string& condition) {
@@ -148,32 +139,35 @@ TEST_F(EditTest, ClosingWritesAllChangesOrNone) {
 }
 
 TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
-  const auto captions = [](const Screen& screen) {
+  const auto captions = [&] {
     wxString shown;
-    for (int i = 0; i < screen.Grid().GetNumberCols(); ++i) shown += screen.Grid().GetColLabelValue(i) + ' ';
+    for (int i = 0; i < Grid().GetNumberCols(); ++i) shown += Grid().GetColLabelValue(i) + ' ';
     return shown;
   };
-  const auto isGrouped = [&](const Screen& screen) {
-    EXPECT_EQ(captions(screen), "Date UserID Remark ");
-    EXPECT_EQ(screen.Grid().CurrentLine(), 2);
-    EXPECT_EQ(screen.Position(), 1);
-    EXPECT_TRUE(screen.Grid().CanDragRowSize(0));
-    screen.Grid().SelectLine(1);
-    EXPECT_EQ(screen.Frame(), "View/Edit Remark");
-    EXPECT_TRUE(screen.Text().empty());
-    screen.Grid().SetGroupOpen(1, false);
-    screen.Grid().SortByCaption(0);
-    screen.Click("cmdClose");
+  const auto isGrouped = [&] {
+    EXPECT_EQ(captions(), "Date UserID Remark ");
+    EXPECT_EQ(Grid().CurrentLine(), 2);
+    EXPECT_EQ(Position(), 1);
+    EXPECT_TRUE(Grid().CanDragRowSize(0));
+    Grid().SelectLine(1);
+    EXPECT_EQ(Frame(), "View/Edit Remark");
+    EXPECT_TRUE(Text().empty());
+    Grid().SetGroupOpen(1, false);
+    Grid().SortByCaption(0);
+    Click("cmdClose");
   };
   const ContextHolder grouped("CustMaint", "C1044", "jsmith");
   View(grouped, isGrouped);
   View(grouped, isGrouped);  // the closed group and the sort order of the first View are gone
-  View(ContextHolder("CustInq", "C1044", "jsmith"), [&](const Screen& screen) {
-    EXPECT_EQ(captions(screen), "Date Type UserID Remark ");
-    EXPECT_EQ(screen.Grid().CurrentLine(), 1);
-    EXPECT_FALSE(screen.Grid().CanDragRowSize(0));
-    EXPECT_THAT(screen.Text(), StartsWith("Dana promised")) << "the newest first";
-    screen.Click("cmdClose");
+  View(ContextHolder("CustInq", "C1044", "jsmith"), [&] {
+    EXPECT_EQ(captions(), "Date Type UserID Remark ");
+    EXPECT_EQ(Grid().CurrentLine(), 1);
+    EXPECT_FALSE(Grid().CanDragRowSize(0));
+    EXPECT_THAT(Text(), StartsWith("Dana promised")) << "the newest first";
+    Click("cmdDelete");
+    EXPECT_EQ(Position(), 0) << "a second Delete must not remove a remark that the user did not choose";
+    EXPECT_FALSE(CanPress("cmdDelete"));
+    Click("cmdClose");
   });
 }
 
@@ -182,59 +176,60 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   const std::string odd("\r\n a\0b \xFF\r c\n\xF0\x9F\x94\xA7\n", 17);
   RemarkAt(context, 1).SetMemoText(odd);
-  View(context, [&](const Screen& screen) {
-    screen.Click("cmdSave");
+  View(context, [&] {
+    Click("cmdSave");
     EXPECT_EQ(RemarkAt(context, 1).MemoText(), odd) << "the text box cannot hold it, and nothing was typed";
     EXPECT_FALSE(context->RemarkList()->Dirty());
 
-    screen.Go(kGeneral);
-    screen.Type("changed");
-    screen.Click("cmdSave");
-    EXPECT_EQ(screen.Position(), kGeneral);
-    EXPECT_EQ(screen.Text(), "changed");
-    EXPECT_TRUE(screen.CanPress("cmdSave")) << "the remark is shown again";
+    Go(kGeneral);
+    Type("changed");
+    Click("cmdSave");
+    EXPECT_EQ(Position(), kGeneral);
+    EXPECT_EQ(Text(), "changed");
+    EXPECT_TRUE(CanPress("cmdSave")) << "the remark is shown again";
 
     const std::int32_t count = context->MemoCount();
     ModalScript chooser;
     chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [](frmChooseType& dialog) { dialog.Close(); });
-    screen.Click("cmdNew");
-    EXPECT_EQ(screen.Text(), "changed");
+    Click("cmdNew");
+    EXPECT_EQ(Text(), "changed");
     chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [](frmChooseType& dialog) { Press(dialog, "cmdOK"); });
-    screen.Click("cmdNew");
-    EXPECT_TRUE(screen.HasFocus(screen.TextBox()));
-    EXPECT_EQ(screen.Frame(), "Edit Remark");
+    Click("cmdNew");
+    EXPECT_TRUE(HasFocus(TextBox()));
+    EXPECT_EQ(Frame(), "Edit Remark");
     EXPECT_EQ(context->MemoCount(), count);
-    screen.Type("new");
-    screen.Click("cmdSave");
-    EXPECT_EQ(screen.Position(), count + 1);
-    EXPECT_EQ(screen.Text(), "new");
-    screen.Click("cmdDelete");
+    Type("new");
+    Click("cmdSave");
+    EXPECT_EQ(Position(), count + 1);
+    EXPECT_EQ(Text(), "new");
+    const auto added = context->RemarkList()->Item(Number(count + 1));
+    Type("typed before Delete");
+    Click("cmdDelete");
+    EXPECT_EQ(added->MemoText(), "typed before Delete");
     EXPECT_EQ(context->MemoCount(), count);
-    EXPECT_EQ(screen.Position(), 0) << "a second Delete must not remove a remark that the user did not choose";
-    EXPECT_FALSE(screen.CanPress("cmdDelete"));
-    EXPECT_TRUE(screen.HasFocus(screen.Grid()));
-    screen.Click("cmdClose");
+    EXPECT_TRUE(HasFocus(Grid()));
+    Click("cmdClose");
   });
 }
 
 TEST_F(EditTest, KeyboardReachesEverything) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   context->SetEditBehavior(EditBehavior::NoAutoSave);
-  View(context, [&](const Screen& screen) {
+  View(context, [&] {
     wxUIActionSimulator keyboard;
-    EXPECT_TRUE(screen.HasFocus(screen.Grid()));
+    EXPECT_TRUE(HasFocus(Grid()));
     keyboard.Char(WXK_DOWN);
-    EXPECT_TRUE(WaitFor([&] { return screen.Position() == 2; }));
+    EXPECT_TRUE(WaitFor([&] { return Position() == 2; }));
     keyboard.Char(WXK_RETURN);
     keyboard.Char(WXK_TAB);  // to the list of types, whose focus the toolkit does not report
     for (const char* next : {"txtRemark", "cmdNew", "cmdSave", "cmdDelete", "cmdClose", "gdxMemos"}) {
       keyboard.Char(WXK_TAB);
-      EXPECT_TRUE(screen.HasFocus(Find<wxWindow>(screen.Window(), next))) << next;
+      EXPECT_TRUE(HasFocus(Find<wxWindow>(m_editor, next))) << next;
     }
-    EXPECT_EQ(screen.Position(), 2);
+    EXPECT_EQ(Position(), 2);
 
-    screen.TextBox().SetFocus();
-    EXPECT_TRUE(screen.HasFocus(screen.TextBox()));
+    TextBox().SetFocus();
+    EXPECT_TRUE(HasFocus(TextBox()));
     keyboard.Char('x');
     keyboard.Char(WXK_RETURN);
     keyboard.Char(WXK_RETURN, wxMOD_CONTROL);
@@ -242,13 +237,13 @@ TEST_F(EditTest, KeyboardReachesEverything) {
       return WaitFor([&] { return RemarkAt(context, 2).MemoText().substr(0, start.size()) == start; });
     };
     EXPECT_TRUE(isSaved("x\r\nInvoice"));
-    EXPECT_EQ(screen.TextBox().GetInsertionPoint(), 2) << "the user continues typing";
+    EXPECT_EQ(TextBox().GetInsertionPoint(), 2) << "the user continues typing";
     keyboard.Char('y');
     keyboard.Char('S', wxMOD_ALT);
     EXPECT_TRUE(isSaved("x\r\nyInvoice"));
     keyboard.Char('z');
     keyboard.Char(WXK_ESCAPE);
-    EXPECT_TRUE(screen.Closes());
+    EXPECT_TRUE(Closes());
   });
   EXPECT_THAT(RemarkAt(context, 2).MemoText(), StartsWith("x\r\nyzInvoice"));
 }
@@ -257,45 +252,43 @@ TEST_F(EditTest, ErrorEndsTheWindowAndLosesNothingTyped) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   const auto typeAndFail = [&](const char* text, const Act& fail) {
     return Caught([&] {
-      View(context, [&](const Screen& screen) {
-        screen.Type(text);
-        fail(screen);
-        EXPECT_TRUE(screen.Closes());
+      View(context, [&] {
+        Type(text);
+        fail();
+        EXPECT_TRUE(Closes());
       });
     });
   };
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   modWaitCursor::BeginWait();
-  const Error ofGrid = typeAndFail("not lost", [](const Screen& screen) {
-    screen.Grid().Failed(std::make_exception_ptr(Error(7, "grid", "cannot be read")));
-  });
+  const Error ofGrid =
+      typeAndFail("not lost", [&] { Grid().Failed(std::make_exception_ptr(Error(7, "grid", "cannot be read"))); });
   EXPECT_THAT(ofGrid, IsError(7, "grid", "cannot be read"));
   EXPECT_EQ(m_prompts->pointers.back(), PointerShape::Default);
   EXPECT_EQ(RemarkAt(context, 1).MemoText(), "not lost");
 
   context->SetEditBehavior(EditBehavior::AutoSaveOnClose);
   m_database.Run("DROP PROCEDURE spTWCqvUpdateRemark");
-  EXPECT_NE(typeAndFail("nor this", [](const Screen& screen) { screen.Click("cmdClose"); }).Number(), 0);
+  EXPECT_NE(typeAndFail("nor this", [&] { Click("cmdClose"); }).Number(), 0);
   context->SetEditBehavior(EditBehavior::NoAutoSave);
-  View(context, [](const Screen& screen) {
-    EXPECT_EQ(screen.Text(), "nor this");
-    screen.Click("cmdClose");
+  View(context, [&] {
+    EXPECT_EQ(Text(), "nor this");
+    Click("cmdClose");
   });
 }
 
 TEST_F(EditTest, ControlsFitDownToTheSmallestSize) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
-  View(context, [](const Screen& screen) {
-    frmEdit& window = screen.Window();
+  View(context, [&] {
     for (const wxSize& asked : {wxSize(1100, 900), wxSize(10, 10)}) {
-      window.SetClientSize(asked);
-      EXPECT_TRUE(WaitFor([&] { return asked.x == 10 || window.GetClientSize() == asked; }));
-      window.Layout();
-      ExpectApart(window, {"gdxMemos", "fmViewRemark", "cmdNew", "cmdSave", "cmdDelete", "cmdClose"});
-      ExpectUncut(window, {"cmdNew", "cmdSave", "cmdDelete", "cmdClose", "Label2", "cboRemarkType"});
-      EXPECT_GE(screen.TextBox().GetClientSize().y, 3 * screen.TextBox().GetCharHeight());
+      m_editor.SetClientSize(asked);
+      EXPECT_TRUE(WaitFor([&] { return asked.x == 10 || m_editor.GetClientSize() == asked; }));
+      m_editor.Layout();
+      ExpectApart(m_editor, {"gdxMemos", "fmViewRemark", "cmdNew", "cmdSave", "cmdDelete", "cmdClose"});
+      ExpectUncut(m_editor, {"cmdNew", "cmdSave", "cmdDelete", "cmdClose", "Label2", "cboRemarkType"});
+      EXPECT_GE(TextBox().GetClientSize().y, 3 * TextBox().GetCharHeight());
     }
-    screen.Click("cmdClose");
+    Click("cmdClose");
   });
 }
 

@@ -1,3 +1,4 @@
+// The rules of the pop-up without a window: which remark comes next, its texts, the layout.
 #include <tuple>
 
 #include "platform/ShortDate.h"
