@@ -13,20 +13,13 @@
 
 namespace quorvel {
 
-void EditedRemark::Open(RemarkContext& context) noexcept {
-  Close();
-  m_context = &context;
-}
-
-void EditedRemark::Close() noexcept { *this = {}; }
-
 void EditedRemark::Show(std::int32_t position) {
-  const auto& list = m_context->RemarkList();
+  const auto& list = m_context.RemarkList();
   m_remark = list && position > 0 ? list->Item(std::int64_t{position}) : nullptr;
   m_position = m_remark ? position : 0;
   m_display = {};
   if (!m_remark) return;
-  const RemarkRights rights = RightsOnRemark(*m_context, position, modUserName::GetUserName());
+  const RemarkRights rights = RightsOnRemark(m_context, position, modUserName::GetUserName());
   m_display.text = ShownText(m_remark->MemoText());
   m_display.isLocked = !rights.canUpdate;
   m_display.canSave = rights.canUpdate;
@@ -34,7 +27,7 @@ void EditedRemark::Show(std::int32_t position) {
   m_display.caption = rights.canUpdate ? "Edit Remark" : "View Remark";
   if (rights.canDelete) {
     OfferTypes([&](const TypeChoice& choice) { return EqualIgnoringCase(choice.caption, m_remark->TypeCaption()); });
-  } else {  // another type takes a remark away from its own
+  } else {  // changing the type takes the remark away from its old type, as deleting does
     m_display.types = {{m_remark->TypeCaption(), 0}};
     m_display.selectedType = 0;
   }
@@ -43,7 +36,7 @@ void EditedRemark::Show(std::int32_t position) {
 template <typename IsSelected>
 void EditedRemark::OfferTypes(const IsSelected& isSelected) {
   m_display.canChooseType = true;
-  m_display.types = CreatableTypes(*m_context);
+  m_display.types = CreatableTypes(m_context);
   const auto begin = m_display.types.begin();
   const auto selected = std::find_if(begin, m_display.types.end(), isSelected);
   m_display.selectedType.reset();
@@ -69,9 +62,9 @@ void EditedRemark::TypeChosen(const TypeChoice& type) noexcept {
 }
 
 std::shared_ptr<RemarkType> EditedRemark::ChosenType(const RemarkInput& input) const {
-  // Nothing is selected where the user may not create the remark's own type; it then stays what it is.
+  // No type is selected when the user may not create remarks of the remark's own type; the remark then keeps it.
   if (!input.type || EqualIgnoringCase(input.type->caption, m_remark->TypeCaption())) return nullptr;
-  return m_context->Item(std::int64_t{input.type->position});
+  return m_context.Item(std::int64_t{input.type->position});
 }
 
 EditedRemark::Outcome EditedRemark::Save(const RemarkInput& input) {
@@ -85,7 +78,7 @@ EditedRemark::Outcome EditedRemark::Save(const RemarkInput& input) {
       input.isTextTouched ? StoredText(input.text, m_remark->MemoText()) : std::string(m_remark->MemoText());
   std::shared_ptr<RemarkType> type = ChosenType(input);
   std::string loginName = modUserName::GetUserName();
-  const auto& list = m_context->RemarkList();
+  const auto& list = m_context.RemarkList();
   if (!list) ThrowObjectNotSet();
   const bool isNew = list->Index(m_remark) == 0;
   if (isNew) {
@@ -108,7 +101,7 @@ EditedRemark::Outcome EditedRemark::CommitPending(const RemarkInput& input) {
 }
 
 void EditedRemark::Remove() {
-  const auto& list = m_context->RemarkList();
+  const auto& list = m_context.RemarkList();
   const std::int32_t index = list && m_remark ? list->Index(m_remark) : 0;
   if (index > 0) list->Remove(std::int64_t{index});
   Show(0);

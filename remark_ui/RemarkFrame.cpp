@@ -21,9 +21,8 @@ constexpr int kTextLines = 4;
 
 }  // namespace
 
-// The list of types stands beside the text and not above it: a remark is read and written in lines. What is in the
-// frame belongs to the window and not to the frame: on Windows a frame keeps to itself the access keys that are pressed
-// in it.
+// The list of types is beside the text, not above it, because a remark needs the lines. The controls in the frame are
+// children of the window: on Windows a frame would not pass on the access keys that are pressed in it.
 RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
     : fmViewRemark(new wxStaticBox(&parent, wxID_ANY, "View/Edit Remark")),
       Label2(new wxStaticText(&parent, wxID_ANY, "Type Change")),
@@ -38,7 +37,7 @@ RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
   ui::SetAccessibleName(*txtRemark, "Remark");
   ui::KeepScrollBars(*txtRemark);
   ui::SetTextMargins(*txtRemark);
-  // An empty list is lower than one that shows a type, and the frame is not laid out anew for each remark.
+  // An empty list is lower than one that shows a type, and the layout does not change with the remark.
   cboRemarkType->Append(Label2->GetLabel());
   cboRemarkType->SetMinSize({scale.ToPixels(kTypeWidth), cboRemarkType->GetBestSize().GetHeight()});
   cboRemarkType->Clear();
@@ -69,9 +68,9 @@ void RemarkFrame::ShowText(const RemarkDisplay& display) {
   }
   m_filledText = txtRemark->GetValue();
   txtRemark->SetEditable(!display.isLocked);
-  // Not every desktop shows by itself that nothing can be typed here.
+  // Some desktops draw a locked box like any other.
   txtRemark->SetBackgroundColour(display.isLocked ? wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE) : wxNullColour);
-  // The colour becomes that of the text as well, and stays there when the box has its own again.
+  // The colour also becomes that of the text, which would keep it when the box gets its own colour back.
   txtRemark->SetDefaultStyle({});
 }
 

@@ -19,18 +19,18 @@ namespace ui {
 class TwipScale;
 }
 
-/// The frame below the editor's grid: the remark's text and its type. The controls belong to the window they stand in,
-/// and its handlers are bound to them.
+/// The frame below the editor's grid, with the remark's text and type. The controls belong to the window, which binds
+/// their handlers.
 class RemarkFrame {
  public:
   RemarkFrame(wxWindow& parent, const ui::TwipScale& scale);
 
-  /// Places the controls in the frame, and the frame; for the caller to give to the window.
+  /// Places the frame and the controls in it. The caller gives it to the window.
   [[nodiscard]] wxSizer* Sizer() const noexcept { return m_sizer; }
 
-  /// Fills the controls, without events. A text that stands there already keeps the insertion point.
+  /// Fills the controls, without events. An unchanged text keeps its insertion point.
   void Show(const RemarkDisplay& display);
-  /// The type that is selected of those last shown.
+  /// The selected one of the types shown last.
   [[nodiscard]] std::optional<TypeChoice> SelectedType() const;
   [[nodiscard]] RemarkInput Input() const;
 
@@ -46,7 +46,7 @@ class RemarkFrame {
 
   wxSizer* m_sizer;
   std::vector<TypeChoice> m_types;
-  wxString m_filledText;  ///< what txtRemark gave back when it was filled
+  wxString m_filledText;  ///< what txtRemark returned right after it was filled
 };
 
 }  // namespace quorvel

@@ -57,7 +57,7 @@ std::shared_ptr<RemarkType> frmChooseType::ChooseType(const RemarkContext& conte
     lstRemarkType->SetSelection(0);
     cmdOK->Enable();
     lstRemarkType->SetFocus();
-    m_cancelled = true;  // however the window closes, but by OK
+    m_cancelled = true;  // unless OK closes the window
     RunModal();
     if (m_cancelled) return nullptr;
     chosen = static_cast<std::size_t>(lstRemarkType->GetSelection());

@@ -18,8 +18,8 @@ class frmChooseType : public ui::ModalDialog {
  public:
   frmChooseType();
 
-  /// The chosen type, with its 1-based position among the context's types in `index`; null and -1 when there is nothing
-  /// to choose or the user cancels. Asks nobody where only one type may be created.
+  /// Returns the chosen type, and in `index` its 1-based position among the context's types. Returns null and -1 when
+  /// the user may create no type or cancels. Opens no window when the user may create only one type.
   std::shared_ptr<RemarkType> ChooseType(const RemarkContext& context, std::int32_t& index);
 
  private:

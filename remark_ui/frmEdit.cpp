@@ -1,20 +1,16 @@
 #include "remark_ui/frmEdit.h"
 
-#include <algorithm>
-#include <optional>
-#include <vector>
+#include <exception>
+#include <utility>
 
 #include <wx/button.h>
+#include <wx/choice.h>
 #include <wx/gdicmn.h>
-#include <wx/sizer.h>
+#include <wx/textctrl.h>
 
 #include "data/modWaitCursor.h"
 #include "grid/DataGrid.h"
 #include "platform/AtScopeEnd.h"
-#include "platform/RaisedFlag.h"
-#include "platform/wx/MakeButton.h"
-#include "platform/wx/NativeControls.h"
-#include "platform/wx/SendKeys.h"
 #include "platform/wx/Text.h"
 #include "remark_ui/OwnerTitle.h"
 #include "runtime/RemarkContext.h"
@@ -27,138 +23,80 @@ constexpr ui::TwipSize kFirstSize{10800, 7800};
 }  // namespace
 
 frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
-  CreateControls();
+  m_controls.emplace(*this, Scale());
   BindHandlers();
-  MeasureControls();
+  m_sizes = m_controls->Measure(Scale());
+  SetSmallestInside(Scale().ClientSizeFor(SmallestEditor(m_sizes)));
   SetClientSize(Scale().ClientSizeFor(kFirstSize));
   wxSize size = GetSize();
   size.DecTo(wxGetClientDisplayRect().GetSize());
   SetSize(size);
 }
 
-frmEdit::~frmEdit() = default;
-
-void frmEdit::CreateControls() {
-  gdxMemos = new DataGrid(this, RemarkRows::Columns(), RemarkRows::ColumnOrder());
-  gdxMemos->SetName("gdxMemos");
-  gdxMemos->SetSpokenName("Remarks");
-  m_frame.emplace(*this, Scale());
-  SetSizer(m_frame->Sizer());
-  cmdNew = ui::MakeButton(*this, "cmdNew", "&New");
-  cmdSave = ui::MakeButton(*this, "cmdSave", "&Save");
-  cmdDelete = ui::MakeButton(*this, "cmdDelete", "&Delete");
-  cmdClose = ui::MakeButton(*this, "cmdClose", "&Close");
-  SetEscapeId(cmdClose->GetId());
-}
-
-void frmEdit::MeasureControls() {
-  for (const wxButton* each : {cmdNew, cmdSave, cmdDelete, cmdClose}) {
-    const wxSize best = each->GetBestSize();
-    m_sizes.button.width = std::max(m_sizes.button.width, Scale().ToTwips(best.GetWidth()));
-    m_sizes.button.height = std::max(m_sizes.button.height, Scale().ToTwips(best.GetHeight()));
-  }
-  m_sizes.frameHeight = Scale().ToTwips(GetSizer()->GetMinSize().GetHeight());
-  SetSmallestInside(Scale().ClientSizeFor(SmallestEditor(m_sizes)));
+void frmEdit::BindHandlers() {
+  const auto action = [this](void (EditSession::*act)()) {
+    return UserAction([this, act] {
+      if (m_session) ((*m_session).*act)();
+    });
+  };
+  EditControls& controls = *m_controls;
+  controls.cmdNew->Bind(wxEVT_BUTTON, action(&EditSession::New));
+  controls.cmdSave->Bind(wxEVT_BUTTON, action(&EditSession::Save));
+  controls.cmdDelete->Bind(wxEVT_BUTTON, action(&EditSession::Delete));
+  controls.cmdClose->Bind(wxEVT_BUTTON, UserAction([this] { cmdClose_Click(); }));
+  SetEscapeId(controls.cmdClose->GetId());
+  controls.frame.cboRemarkType->Bind(wxEVT_CHOICE, action(&EditSession::TypeChosen));
+  controls.frame.txtRemark->Bind(wxEVT_TEXT, action(&EditSession::TextEdited));
+  controls.gdxMemos->CurrentLineChanged = [this] {
+    if (m_session) m_session->RowChanged();
+  };
+  controls.gdxMemos->Failed = [this](std::exception_ptr failure) { HandleFailure(std::move(failure)); };
+  Bind(wxEVT_CHAR_HOOK, UserAction([this](wxKeyEvent& event) { KeyPressed(event); }));
 }
 
 bool frmEdit::Layout() {
-  // Windows come here while their parts are still being made.
-  if (cmdClose == nullptr || IsIconized()) return false;
-  const EditLayout layout = LayOutEditor(Scale().WindowSizeOf(GetClientSize()), m_sizes);
-  const auto place = [this](wxWindow& control, const ui::TwipRect& rectangle) {
-    control.SetSize(Scale().ToPixels(rectangle));
-  };
-  place(*gdxMemos, layout.grid);
-  const wxRect frame = Scale().ToPixels(layout.frame);
-  GetSizer()->SetDimension(frame.GetPosition(), frame.GetSize());
-  place(*cmdNew, layout.newButton);
-  place(*cmdSave, layout.saveButton);
-  place(*cmdDelete, layout.deleteButton);
-  place(*cmdClose, layout.closeButton);
+  // The toolkit calls this also while the controls are being made.
+  if (!m_controls || IsIconized()) return false;
+  m_controls->Place(LayOutEditor(Scale().WindowSizeOf(GetClientSize()), m_sizes), Scale());
   return true;
 }
 
 void frmEdit::View(RemarkContext& context) {
-  if (m_context) return RunModal();  // refuses, and nothing of the remarks on the screen changes
-  const AtScopeEnd release([this] { ReleaseContext(); });
-  HoldContext(context);
-  Guard([this] { Load(); });
+  if (m_session) return RunModal();  // throws, and the open window stays as it is
+  const AtScopeEnd ended([this] {
+    m_session.reset();
+    Guard([this] { m_controls->Clear(); });
+  });
+  m_session.emplace(*m_controls, context);
+  Guard([&] { Load(context); });
   try {
     RunModal();
   } catch (...) {
-    // Whatever went wrong, what was typed is not to be lost with it.
-    m_edited.CommitPending(m_frame->Input());
+    m_session->CommitPending();  // so that the error does not lose what was typed
     modWaitCursor::ResetWait();
     throw;
   }
 }
 
-void frmEdit::HoldContext(RemarkContext& context) {
-  m_context = context.shared_from_this();
-  m_rows.SetContext(m_context);
-  m_edited.Open(context);
-}
-
-/// Afterwards the controls show nothing of the context.
-void frmEdit::ReleaseContext() {
-  m_wrapper.reset();
-  m_rows.SetContext(nullptr);
-  m_edited.Close();
-  m_context.reset();
-  Guard([this] {
-    const RaisedFlag loading(m_loading);
-    gdxMemos->Refetch();
-    Display();
-  });
-}
-
-void frmEdit::Load() {
-  m_wrapper = std::make_unique<GridEXWrapper>(ui::SendKeys);
-  m_wrapper->SetGrid(gdxMemos);
-  Refresh();
+void frmEdit::Load(const RemarkContext& context) {
+  SetTitle(ui::ToWx(OwnerTitle(context)));
+  m_session->Start();
   CentreOnScreen();
-  gdxMemos->SetFocus();
+  m_controls->gdxMemos->SetFocus();
 }
 
-void frmEdit::Refresh() {
-  const modWaitCursor::BusyPointer busy;
-  SetTitle(ui::ToWx(OwnerTitle(*m_context)));
-  {
-    const RaisedFlag loading(m_loading);
-    SetUpGrid();
-    gdxMemos->Refetch();
-    // The first line of a group is its heading.
-    if (m_rows.RowCount() > 0) gdxMemos->SelectLine(m_context->GroupByType() ? 2 : 1);
-  }
-  ShowSelected();
+void frmEdit::cmdClose_Click() {
+  m_session->Close();
+  Finish();
 }
 
-void frmEdit::SetUpGrid() {
-  const bool isGrouped = m_context->GroupByType();
-  gdxMemos->SetSource(&m_rows);
-  gdxMemos->AllowRowSizing(m_context->AllowRowSizing());
-  gdxMemos->ShowColumn(RemarkRows::kTypeColumn, !isGrouped);
-  gdxMemos->GroupBy(isGrouped ? std::optional(SortKey{RemarkRows::kTypeColumn, true}) : std::nullopt);
-  gdxMemos->SortBy({{RemarkRows::kDateColumn, false}});
-  gdxMemos->SetRowHeight(GridRowHeight(m_context->RowHeight()));
-}
-
-void frmEdit::RefreshRows(std::int32_t rowIndex, std::int32_t line) {
-  const modWaitCursor::BusyPointer busy;
-  const RaisedFlag loading(m_loading);
-  gdxMemos->Refetch();
-  if (rowIndex > 0) {
-    gdxMemos->SelectRowIndex(rowIndex);
-  } else if (line > 0) {
-    gdxMemos->SelectLine(line);
+void frmEdit::KeyPressed(wxKeyEvent& event) {
+  const bool isEnter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+  if (isEnter && event.GetModifiers() == wxMOD_CONTROL && m_controls->cmdSave->IsEnabled()) {
+    m_session->Save();
   } else {
-    gdxMemos->SelectNone();
+    event.Skip();
   }
-}
-
-void frmEdit::ShowSelected() {
-  m_edited.Show(gdxMemos->RowIndex(gdxMemos->CurrentLine()));
-  Display();
 }
 
 }  // namespace quorvel

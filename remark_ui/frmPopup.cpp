@@ -64,7 +64,7 @@ void frmPopup::MeasureControls() {
   const ui::TwipScale scale = Scale();
   const auto atLeast = [&scale](const ui::TwipSize& drawn, const wxWindow& control) {
     const wxSize best = control.GetBestSize();
-    // One more: a place between two pixels may cost one.
+    // One pixel more, because rounding a position may cost one.
     return ui::TwipSize{std::max(drawn.width, scale.ToTwips(best.GetWidth() + 1)),
                         std::max(drawn.height, scale.ToTwips(best.GetHeight() + 1))};
   };
@@ -82,7 +82,7 @@ void frmPopup::MeasureControls() {
 void frmPopup::View(RemarkContext& context) {
   PopupWalk walk(context.shared_from_this());
   if (walk.PopupCount() <= 0) return;
-  if (m_walk) return RunModal();  // refuses, and the remarks on the screen stay
+  if (m_walk) return RunModal();  // throws, and the open window stays as it is
   // At the end nothing of the context stays in the window.
   const AtScopeEnd closed([this] {
     m_walk.reset();
@@ -100,7 +100,7 @@ void frmPopup::View(RemarkContext& context) {
 void frmPopup::Display() {
   m_walk->Fill(m_display);
   const wxString nextCaption = ui::ToWx(m_display.nextCaption);
-  // A button that is disabled while it has the focus keeps it, and the keyboard does nothing from then on.
+  // A disabled button keeps the focus, and the window would then ignore the keyboard.
   if (!m_display.previousEnabled && cmdPrev->HasFocus()) cmdNext->SetFocus();
   cmdPrev->Enable(m_display.previousEnabled);
   cmdPrev->Show(m_display.previousVisible);
@@ -141,7 +141,7 @@ void frmPopup::cmdNext_Click() {
   Display();
 }
 
-// A box of several lines keeps Enter to itself though nothing can be typed here, and buttons do not scroll the text.
+// A box of several lines does not pass on Enter, even a read-only one, and buttons do not scroll the text.
 void frmPopup::KeyPressed(wxKeyEvent& event) {
   const int key = event.GetKeyCode();
   const wxWindow* focus = FindFocus();

@@ -13,13 +13,13 @@ class wxTextCtrl;
 
 namespace quorvel {
 
-/// Walks the user through the remarks that must be seen, one at a time. Reads only. One of a kind per thread, used
-/// again.
+/// Shows the user the remarks that must be seen, one at a time, and changes nothing. There is one pop-up per thread,
+/// which is used for each View.
 class frmPopup : public ui::ModalDialog {
  public:
   frmPopup();
 
-  /// Shows the context's remarks that pop up and returns when the user is done; at once when there are none. Errors of
+  /// Shows the context's remarks that pop up until the window is closed; returns at once when there are none. Errors of
   /// the walk pass through, with the window closed.
   void View(RemarkContext& context);
 

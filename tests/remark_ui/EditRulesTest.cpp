@@ -31,7 +31,6 @@ class EditRulesTest : public testing::Test {
   void Open(const std::string& user) {
     m_context->Load("CustMaint", "C1044", user);
     m_context->SetEditBehavior(EditBehavior::NoAutoSave);
-    m_edited.Open(*m_context);
   }
   /// The position of the first remark of a type.
   [[nodiscard]] std::int32_t First(const std::string& typeID) const {
@@ -52,7 +51,7 @@ class EditRulesTest : public testing::Test {
   test::TestDatabase m_database;
   test::PromptsGuard m_prompts;
   ContextHolder m_context;
-  EditedRemark m_edited;
+  EditedRemark m_edited{*m_context};
   const std::string m_login = modUserName::GetUserName();
 };
 

@@ -1,0 +1,132 @@
+#include "remark_ui/EditSession.h"
+
+#include <optional>
+#include <utility>
+
+#include <wx/choice.h>
+#include <wx/textctrl.h>
+
+#include "data/modWaitCursor.h"
+#include "grid/DataGrid.h"
+#include "platform/RaisedFlag.h"
+#include "platform/wx/SendKeys.h"
+#include "remark_ui/EditControls.h"
+#include "remark_ui/frmChooseType.h"
+#include "runtime/RemarkContext.h"
+
+namespace quorvel {
+
+EditSession::EditSession(EditControls& controls, RemarkContext& context)
+    : m_controls(controls), m_context(context.shared_from_this()), m_wrapper(ui::SendKeys), m_edited(context) {
+  m_rows.SetContext(m_context);
+}
+
+// The grid must not ask for rows that no longer exist.
+EditSession::~EditSession() { m_controls.gdxMemos->SetSource(nullptr); }
+
+void EditSession::Start() {
+  m_wrapper.SetGrid(m_controls.gdxMemos);
+  const modWaitCursor::BusyPointer busy;
+  {
+    const RaisedFlag refetching(m_isRefetching);
+    SetUpGrid();
+    m_controls.gdxMemos->Refetch();
+    // The first line of a group is its heading.
+    if (m_rows.RowCount() > 0) m_controls.gdxMemos->SelectLine(m_context->GroupByType() ? 2 : 1);
+  }
+  ShowSelected();
+}
+
+void EditSession::SetUpGrid() {
+  DataGrid& grid = *m_controls.gdxMemos;
+  const bool isGrouped = m_context->GroupByType();
+  grid.SetSource(&m_rows);
+  grid.AllowRowSizing(m_context->AllowRowSizing());
+  grid.ShowColumn(RemarkRows::kTypeColumn, !isGrouped);
+  grid.GroupBy(isGrouped ? std::optional(SortKey{RemarkRows::kTypeColumn, true}) : std::nullopt);
+  grid.SortBy({{RemarkRows::kDateColumn, false}});
+  grid.SetRowHeight(GridRowHeight(m_context->RowHeight()));
+}
+
+void EditSession::New() {
+  ShowSaved(CommitPending());
+  std::int32_t position = -1;
+  frmChooseType chooser;
+  auto type = chooser.ChooseType(*m_context, position);
+  if (!type) return;
+  m_edited.ShowNew(std::move(type), position);
+  m_controls.Show(m_edited.Display());
+  m_controls.frame.txtRemark->SetFocus();
+}
+
+void EditSession::Save() {
+  const auto outcome = m_edited.Save(m_controls.frame.Input());
+  if (outcome == EditedRemark::Outcome::Nothing) m_controls.frame.txtRemark->SetFocus();
+  ShowSaved(outcome);
+}
+
+void EditSession::Delete() {
+  CommitPending();
+  m_edited.Remove();
+  Refetch(0, 0);
+  ShowSelected();
+  m_controls.gdxMemos->SetFocus();
+}
+
+void EditSession::Close() {
+  modWaitCursor::ResetWait();
+  CommitPending();
+  m_context->Save(false);
+}
+
+// The commit may sort the rows again, so the line that the user went to is found by its row.
+void EditSession::RowChanged() {
+  if (m_isRefetching) return;
+  const std::int32_t line = m_controls.gdxMemos->CurrentLine();
+  const std::int32_t rowIndex = m_controls.gdxMemos->RowIndex(line);
+  if (CommitPending() == EditedRemark::Outcome::Changed) Refetch(rowIndex, line);
+  ShowSelected();
+}
+
+void EditSession::TypeChosen() {
+  const auto type = m_controls.frame.SelectedType();
+  if (!type) return;
+  m_edited.TypeChosen(*type);
+  m_controls.Enable(m_edited.Display());
+}
+
+void EditSession::TextEdited() {
+  m_edited.TextEdited();
+  m_controls.Enable(m_edited.Display());
+}
+
+EditedRemark::Outcome EditSession::CommitPending() { return m_edited.CommitPending(m_controls.frame.Input()); }
+
+/// Reads the rows again and selects a row, else a heading's line, else nothing.
+void EditSession::Refetch(std::int32_t rowIndex, std::int32_t line) {
+  const modWaitCursor::BusyPointer busy;
+  const RaisedFlag refetching(m_isRefetching);
+  DataGrid& grid = *m_controls.gdxMemos;
+  grid.Refetch();
+  if (rowIndex > 0) {
+    grid.SelectRowIndex(rowIndex);
+  } else if (line > 0) {
+    grid.SelectLine(line);
+  } else {
+    grid.SelectNone();
+  }
+}
+
+/// Shows the rows and the remark after a save; after a refused one the controls keep what the user typed.
+void EditSession::ShowSaved(EditedRemark::Outcome outcome) {
+  if (outcome == EditedRemark::Outcome::Nothing) return;
+  if (outcome == EditedRemark::Outcome::Changed) Refetch(m_edited.Position(), 0);
+  ShowSelected();
+}
+
+void EditSession::ShowSelected() {
+  m_edited.Show(m_controls.gdxMemos->RowIndex(m_controls.gdxMemos->CurrentLine()));
+  m_controls.Show(m_edited.Display());
+}
+
+}  // namespace quorvel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "grid/GridEXWrapper.h"
+#include "remark_ui/EditedRemark.h"
+#include "remark_ui/RemarkRows.h"
+
+namespace quorvel {
+
+class EditControls;
+class RemarkContext;
+
+/// What the user's actions do in the editor while it is open on one context: changes the context's list and shows the
+/// result in the controls. Whatever leaves a remark (selecting another one, New, Delete, Close, an error) first commits
+/// what was typed.
+class EditSession {
+ public:
+  /// Borrows the controls and shares the context.
+  EditSession(EditControls& controls, RemarkContext& context);
+  ~EditSession();
+  EditSession(const EditSession&) = delete;
+  EditSession& operator=(const EditSession&) = delete;
+
+  /// Sets up the grid as the context asks for and selects the first remark.
+  void Start();
+
+  void New();
+  void Save();
+  void Delete();
+  /// Commits what was typed and calls the context's Save(false).
+  void Close();
+  /// Another line of the grid has become current.
+  void RowChanged();
+  void TypeChosen();
+  void TextEdited();
+
+  /// Saves the edited remark in the list if it is pending, and shows nothing.
+  EditedRemark::Outcome CommitPending();
+
+ private:
+  void SetUpGrid();
+  void Refetch(std::int32_t rowIndex, std::int32_t line);
+  void ShowSaved(EditedRemark::Outcome outcome);
+  void ShowSelected();
+
+  EditControls& m_controls;
+  std::shared_ptr<RemarkContext> m_context;
+  RemarkRows m_rows;
+  GridEXWrapper m_wrapper;
+  EditedRemark m_edited;
+  bool m_isRefetching = false;  ///< the session itself changes the current line
+};
+
+}  // namespace quorvel
