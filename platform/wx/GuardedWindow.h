@@ -19,6 +19,11 @@ enum class FailurePolicy {
 /// What the component's windows share: guarded handlers, a smallest size and a scale. A second base class of a window
 /// beside the toolkit's dialog or frame, which is the first.
 class GuardedWindow {
+  /// First of all members: its type must be known to the templates below.
+  [[nodiscard]] auto Failed() {
+    return [this](std::exception_ptr failure) { HandleFailure(std::move(failure)); };
+  }
+
  public:
   GuardedWindow(const GuardedWindow&) = delete;
   GuardedWindow& operator=(const GuardedWindow&) = delete;
@@ -58,9 +63,6 @@ class GuardedWindow {
   }
 
  private:
-  [[nodiscard]] auto Failed() {
-    return [this](std::exception_ptr failure) { HandleFailure(std::move(failure)); };
-  }
   void KeepSmallest();
 
   wxTopLevelWindow& m_window;
