@@ -1,17 +1,124 @@
+// The rows of a grid and their texts, without a window.
 #include "grid/GridContent.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include <limits>
 #include <string>
+#include <vector>
 
+#include "grid/GridRows.h"
 #include "tests/grid/TableSource.h"
 
 namespace quorvel {
 namespace {
 
 using test::TableSource;
+using testing::ElementsAre;
 
 Value Text(const char* text) { return std::string(text); }
+Value Whole(std::int64_t number) { return number; }
+
+/// The row index on each line, 0 for headings.
+std::vector<std::int32_t> Lines(const GridRows& rows) {
+  std::vector<std::int32_t> lines;
+  for (std::int32_t line = 1; line <= rows.LineCount(); ++line) lines.push_back(rows.RowIndex(line));
+  return lines;
+}
+
+TableSource Remarks() {
+  return TableSource({{Text("General"), Whole(3)},
+                      {Text("Billing"), Whole(1)},
+                      {Text("general"), Whole(9)},
+                      {Text("Billing"), Whole(1)},
+                      {Value(), Whole(5)},
+                      {Text("GENERAL"), Whole(6)}});
+}
+constexpr SortKey kByType{1, true};
+const std::vector<SortKey> kNewestFirst = {{2, false}};
+
+TEST(GridRows, SortIsStable) {
+  const TableSource source = Remarks();
+  GridRows rows;
+  rows.Arrange(source, std::nullopt, {});
+  EXPECT_THAT(Lines(rows), ElementsAre(1, 2, 3, 4, 5, 6));
+  rows.Arrange(source, std::nullopt, kNewestFirst);
+  EXPECT_THAT(Lines(rows), ElementsAre(3, 6, 5, 1, 2, 4));
+  rows.Arrange(source, std::nullopt, {{1, true}, {2, true}});
+  EXPECT_THAT(Lines(rows), ElementsAre(5, 2, 4, 1, 6, 3));
+  EXPECT_EQ(rows.LineOf(6), 5);
+  EXPECT_EQ(rows.HeadingOf(6), 0);
+  EXPECT_FALSE(rows.IsEvenRow(1));
+  EXPECT_TRUE(rows.IsEvenRow(2));
+}
+
+TEST(GridRows, GroupsAreCountedAndStayClosed) {
+  const TableSource source = Remarks();
+  GridRows rows;
+  rows.Arrange(source, kByType, kNewestFirst);
+  EXPECT_EQ(source.reads, 12) << "each sorted or grouped column of each row is read once";
+  EXPECT_THAT(Lines(rows), ElementsAre(0, 5, 0, 2, 4, 0, 3, 6, 1));
+  ASSERT_EQ(rows.Groups().size(), 3U);
+  EXPECT_EQ(rows.GroupAt(6)->value, Text("General")) << "as in the first row of the source";
+  EXPECT_EQ(rows.GroupAt(6)->count, 3);
+  EXPECT_EQ(rows.GroupAt(7), nullptr);
+  EXPECT_FALSE(rows.IsEvenRow(7)) << "counted from the group's first row";
+  EXPECT_TRUE(rows.IsEvenRow(8));
+
+  rows.SetOpen(3, false);
+  rows.SetOpen(2, false);  // no heading
+  EXPECT_THAT(Lines(rows), ElementsAre(0, 5, 0, 0, 3, 6, 1));
+  EXPECT_EQ(rows.LineOf(4), 0);
+  EXPECT_EQ(rows.LineOf(3), 5);
+
+  rows.Arrange(source, SortKey{1, false}, kNewestFirst);
+  EXPECT_THAT(Lines(rows), ElementsAre(0, 3, 6, 1, 0, 0, 5)) << "Billing stays closed in its new place";
+}
+
+TEST(GridRows, MissingLinesAndRowsAreEmpty) {
+  GridRows rows;
+  rows.Arrange(TableSource({}), kByType, kNewestFirst);
+  EXPECT_EQ(rows.LineCount(), 0);
+  rows.Arrange(Remarks(), kByType, {});
+  for (const std::int32_t missing : {-1, 0, 10, std::numeric_limits<std::int32_t>::min()}) {
+    EXPECT_EQ(rows.RowIndex(missing), 0) << missing;
+    EXPECT_EQ(rows.LineOf(missing), 0) << missing;
+    EXPECT_EQ(rows.GroupAt(missing), nullptr) << missing;
+  }
+}
+
+TEST(GridRows, LongTextsAreOrderedByTheirEnds) {
+  const std::string same(500, 'x');
+  const std::string accents = [] {
+    std::string text;
+    for (int i = 0; i < 64; ++i) text += i % 2 == 0 ? "\xC3\x89" : "\xC3\xA9";  // two letter cases of one letter
+    return text;
+  }();
+  const TableSource source(
+      {{same + "b"}, {same + "A"}, {same}, {std::string(64, 'X')}, {accents + "2"}, {accents + "1"}});
+  GridRows rows;
+  rows.Arrange(source, std::nullopt, {{1, true}});
+  EXPECT_THAT(Lines(rows), ElementsAre(4, 3, 2, 1, 6, 5));
+}
+
+TEST(GridRows, ValuesOfAllKindsHaveOneOrder) {
+  const DateTime early = kZeroDate;
+  const std::vector<Value> ascending = {Value(),    Value(true), Value(-0.5),  Whole(0),
+                                        Value(2.5), Whole(3),    Value(early), Value(early + std::chrono::hours(1)),
+                                        Text(""),   Text("a"),   Text("B")};
+  std::vector<std::vector<Value>> cells;
+  cells.reserve(ascending.size());
+  for (std::size_t i = 0; i < ascending.size(); ++i) cells.push_back({ascending[i * 7 % ascending.size()]});
+  const TableSource source(cells);
+  GridRows rows;
+  rows.Arrange(source, std::nullopt, {{1, true}});
+  std::vector<Value> sorted;
+  for (const std::int32_t row : Lines(rows)) sorted.push_back(source.At(row, 1));
+  EXPECT_EQ(sorted, ascending);
+
+  rows.Arrange(TableSource({{Whole(5)}, {Value()}, {Whole(-7)}}), std::nullopt, {{1, true}});
+  EXPECT_THAT(Lines(rows), ElementsAre(2, 3, 1)) << "null comes before every number";
+}
 
 TEST(GridContent, FlagsTellOneZeroAndNullApart) {
   const TableSource source({{Text("one"), std::int64_t{1}},

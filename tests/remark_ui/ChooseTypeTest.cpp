@@ -4,10 +4,7 @@
 #include <optional>
 
 #include "remark_ui/frmChooseType.h"
-#include "tests/remark_ui/Controls.h"
-#include "tests/runtime/RuntimeTest.h"
-#include "tests/support/wx/ModalScript.h"
-#include "tests/support/wx/WaitFor.h"
+#include "tests/remark_ui/FormTest.h"
 
 namespace quorvel::test {
 namespace {

@@ -8,8 +8,6 @@
 
 #include <wx/choice.h>
 #include <wx/listbox.h>
-#include <wx/statbox.h>
-#include <wx/textctrl.h>
 #include <wx/uiaction.h>
 
 #include "data/modUserName.h"
@@ -17,47 +15,41 @@
 #include "grid/DataGrid.h"
 #include "remark_ui/frmChooseType.h"
 #include "remark_ui/frmEdit.h"
-#include "tests/remark_ui/Controls.h"
-#include "tests/runtime/RuntimeTest.h"
-#include "tests/support/wx/ModalScript.h"
-#include "tests/support/wx/WaitFor.h"
+#include "tests/remark_ui/FormTest.h"
 
 namespace quorvel::test {
 namespace {
 
 using testing::StartsWith;
 
-constexpr const char* kTitle = "Acme Tools [C1044] Customer Remarks [(embedded)]";
-
 /// The position of the first General remark of Acme Tools; Collections and Credit come before.
 constexpr std::int32_t kGeneral = 4;
 
-class EditTest : public testing::Test {
+class EditTest : public FormTest<frmEdit> {
  protected:
-  using Act = std::function<void()>;
-
-  void View(const ContextHolder& context, const Act& act) {
-    ModalScript script;
-    script.ExpectWindow<frmEdit>(kTitle, [&](frmEdit& /*window*/) { act(); });
-    m_editor.View(*context);
-  }
-
   // The open editor as its user sees it.
-  DataGrid& Grid() { return Find<DataGrid>(m_editor, "gdxMemos"); }
-  wxTextCtrl& TextBox() { return Find<wxTextCtrl>(m_editor, "txtRemark"); }
-  wxChoice& Types() { return Find<wxChoice>(m_editor, "cboRemarkType"); }
-  std::string Text() { return ui::FromWx(TextBox().GetValue()); }
-  std::string Frame() { return ui::FromWx(Find<wxStaticBox>(m_editor, "fmViewRemark").GetLabel()); }
-  bool CanPress(const char* name) { return Find<wxButton>(m_editor, name).IsEnabled(); }
+  DataGrid& Grid() { return The<DataGrid>("gdxMemos"); }
+  wxTextCtrl& TextBox() { return The<wxTextCtrl>("txtRemark"); }
+  wxChoice& Types() { return The<wxChoice>("cboRemarkType"); }
+  std::string ChosenType() { return ui::FromWx(Types().GetStringSelection()); }
+  std::string Text() { return FormTest::Text("txtRemark"); }
+  std::string Frame() { return Caption("fmViewRemark"); }
+  bool CanPress(const char* name) { return The<wxButton>(name).IsEnabled(); }
   std::int32_t Position() { return Grid().RowIndex(Grid().CurrentLine()); }
-  bool Closes() {
-    return WaitFor([this] { return !m_editor.IsShown(); });
-  }
   static bool HasFocus(const wxWindow& control) {
     return WaitFor([&control] { return control.IsDescendant(wxWindow::FindFocus()); });
   }
 
-  void Click(const char* name) { Press(m_editor, name); }
+  /// Begins a new remark of a type.
+  void ClickNew(const char* type) {
+    ModalScript chooser;
+    chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [type](frmChooseType& dialog) {
+      Find<wxListBox>(dialog, "lstRemarkType").SetStringSelection(type);
+      Press(dialog, "cmdOK");
+    });
+    Click("cmdNew");
+    EXPECT_EQ(ChosenType(), type);
+  }
   void Go(std::int32_t position) { Grid().SelectRowIndex(position); }
   /// Replaces the text in the box.
   void Type(const std::string& text) {
@@ -71,10 +63,8 @@ class EditTest : public testing::Test {
     Types().ProcessWindowEvent(chosen);
   }
 
-  TestDatabase m_database;
   PromptsGuard m_prompts;
   const std::string m_login = modUserName::GetUserName();
-  frmEdit m_editor;
 };
 
 TEST_F(EditTest, AuthorEditsAnOwnRemarkAndMovesOn) {
@@ -93,11 +83,14 @@ TEST_F(EditTest, AuthorEditsAnOwnRemarkAndMovesOn) {
     EXPECT_EQ(Frame(), "Edit Remark");
     EXPECT_TRUE(CanPress("cmdDelete"));
     Type("Receiving now closes at 4 pm.");
-    EXPECT_THAT(Caught([&] { m_editor.View(*other); }), HasNumber(400));
-    EXPECT_EQ(m_editor.GetTitle(), kTitle);
+    EXPECT_THAT(Caught([&] { m_form.View(*other); }), HasNumber(400));
+    EXPECT_EQ(m_form.GetTitle(), kTitle);
     Go(kGeneral + 1);
     EXPECT_EQ(Position(), kGeneral + 1) << "saving the previous row moves no row";
     EXPECT_EQ(Text(), RemarkAt(context, kGeneral + 1).MemoText());
+    ClickNew("General");
+    EXPECT_EQ(Frame(), "Edit Remark");
+    EXPECT_TRUE(TextBox().IsEditable() && Types().IsEnabled() && CanPress("cmdSave")) << "unlike the locked remark";
     Click("cmdClose");
   });
   EXPECT_EQ(remark.MemoText(), "Receiving now closes at 4 pm.");
@@ -117,10 +110,7 @@ TEST_F(EditTest, ClosingWritesAllChangesOrNone) {
       Go(1);
       Choose("Credit");
       Type("one\ntwo \xF0\x9F\x94\xA7 \xD7\xA9");
-      ModalScript chooser;
-      chooser.ExpectWindow("Choose Remark Type", [](wxDialog& dialog) { Press(dialog, "cmdOK"); });
-      Click("cmdNew");
-      EXPECT_EQ(ui::FromWx(Types().GetStringSelection()), "Collections");
+      ClickNew("Collections");
       Choose("General");
       Type("brand new");
       Click("cmdClose");
@@ -176,9 +166,12 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   const std::string odd("\r\n a\0b \xFF\r c\n\xF0\x9F\x94\xA7\n", 17);
   RemarkAt(context, 1).SetMemoText(odd);
+  RemarkAt(context, 1).SetDateStamp(kZeroDate);
   View(context, [&] {
     Click("cmdSave");
     EXPECT_EQ(RemarkAt(context, 1).MemoText(), odd) << "the text box cannot hold it, and nothing was typed";
+    EXPECT_EQ(RemarkAt(context, 1).UserID(), "jsmith");
+    EXPECT_EQ(RemarkAt(context, 1).DateStamp(), kZeroDate);
     EXPECT_FALSE(context->RemarkList()->Dirty());
 
     Go(kGeneral);
@@ -189,15 +182,18 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
     EXPECT_TRUE(CanPress("cmdSave")) << "the remark is shown again";
 
     const std::int32_t count = context->MemoCount();
-    ModalScript chooser;
-    chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [](frmChooseType& dialog) { dialog.Close(); });
-    Click("cmdNew");
+    {
+      ModalScript chooser;
+      chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [](frmChooseType& dialog) { dialog.Close(); });
+      Click("cmdNew");
+    }
     EXPECT_EQ(Text(), "changed");
-    chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [](frmChooseType& dialog) { Press(dialog, "cmdOK"); });
-    Click("cmdNew");
+    ClickNew("General");
     EXPECT_TRUE(HasFocus(TextBox()));
-    EXPECT_EQ(Frame(), "Edit Remark");
-    EXPECT_EQ(context->MemoCount(), count);
+    EXPECT_TRUE(Text().empty());
+    Click("cmdDelete");
+    EXPECT_EQ(context->MemoCount(), count) << "a new remark is only forgotten";
+    ClickNew("General");
     Type("new");
     Click("cmdSave");
     EXPECT_EQ(Position(), count + 1);
@@ -224,7 +220,7 @@ TEST_F(EditTest, KeyboardReachesEverything) {
     keyboard.Char(WXK_TAB);  // to the list of types, whose focus the toolkit does not report
     for (const char* next : {"txtRemark", "cmdNew", "cmdSave", "cmdDelete", "cmdClose", "gdxMemos"}) {
       keyboard.Char(WXK_TAB);
-      EXPECT_TRUE(HasFocus(Find<wxWindow>(m_editor, next))) << next;
+      EXPECT_TRUE(HasFocus(The<wxWindow>(next))) << next;
     }
     EXPECT_EQ(Position(), 2);
 
@@ -250,7 +246,7 @@ TEST_F(EditTest, KeyboardReachesEverything) {
 
 TEST_F(EditTest, ErrorEndsTheWindowAndLosesNothingTyped) {
   const ContextHolder context("CustMaint", "C1044", "admin");
-  const auto typeAndFail = [&](const char* text, const Act& fail) {
+  const auto typeAndFail = [&](const char* text, const std::function<void()>& fail) {
     return Caught([&] {
       View(context, [&] {
         Type(text);
@@ -280,14 +276,9 @@ TEST_F(EditTest, ErrorEndsTheWindowAndLosesNothingTyped) {
 TEST_F(EditTest, ControlsFitDownToTheSmallestSize) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
   View(context, [&] {
-    for (const wxSize& asked : {wxSize(1100, 900), wxSize(10, 10)}) {
-      m_editor.SetClientSize(asked);
-      EXPECT_TRUE(WaitFor([&] { return asked.x == 10 || m_editor.GetClientSize() == asked; }));
-      m_editor.Layout();
-      ExpectApart(m_editor, {"gdxMemos", "fmViewRemark", "cmdNew", "cmdSave", "cmdDelete", "cmdClose"});
-      ExpectUncut(m_editor, {"cmdNew", "cmdSave", "cmdDelete", "cmdClose", "Label2", "cboRemarkType"});
-      EXPECT_GE(TextBox().GetClientSize().y, 3 * TextBox().GetCharHeight());
-    }
+    ExpectControlsFit({"gdxMemos", "fmViewRemark", "cmdNew", "cmdSave", "cmdDelete", "cmdClose"},
+                      {"cmdNew", "cmdSave", "cmdDelete", "cmdClose", "Label2", "cboRemarkType"});
+    EXPECT_GE(TextBox().GetClientSize().y, 3 * TextBox().GetCharHeight());
     Click("cmdClose");
   });
 }

@@ -38,10 +38,8 @@ TEST(PopupWalk, PositionInTheListDecidesTheButtons) {
     bool previousEnabled;
   };
   for (const Case& c : {
-           Case{"P", "", "1", "Remark 1 of 1", "&Finish", false},
            Case{"PP-", "", "1", "Remark 1 of 2", "&Next", false},
            Case{"PP-", "N", "2", "Remark 2 of 2", "&Finish", true},
-           Case{"PP-", "NP", "1", "Remark 1 of 2", "&Next", false},
            Case{"P-P", "N", "3", "Remark 2 of 2", "&Next", true},
            Case{"P-P", "NP", "1", "Remark 1 of 2", "&Next", false},
            Case{"P--PP", "N", "4", "Remark 2 of 3", "&Next", true},

@@ -86,9 +86,7 @@ TEST_F(DialogPromptsTest, BoxShowsItsTextAndReturnsTheAnswer) {
     EXPECT_EQ(seen, "Edit & Remarks: " + text + " " + box.expected);
     EXPECT_EQ(owner, nullptr);
   }
-}
-
-TEST_F(DialogPromptsTest, ClosedQuestionIsAskedAgain) {
+  // A closed question is asked again.
   ExpectBox(GTK_RESPONSE_DELETE_EVENT);
   ExpectBox(GTK_RESPONSE_YES);
   EXPECT_EQ(prompts.ShowMessage("Save?", "Edit", PromptButtons::YesNo, PromptIcon::Question), PromptAnswer::Yes);
@@ -120,24 +118,6 @@ TEST_F(DialogPromptsTest, InputBoxReturnsItsTextOrNothing) {
     dialog.EndModal(wxID_CANCEL);
   });
   EXPECT_EQ(prompts.AskText("R&D ID", "Create New R&D"), std::nullopt);
-}
-
-// The wait counter may set the same shape several times.
-TEST_F(DialogPromptsTest, PointerIsSetAndNotCounted) {
-  prompts.SetPointer(PointerShape::Default);
-  EXPECT_FALSE(wxIsBusy());
-  prompts.SetPointer(PointerShape::Hourglass);
-  prompts.SetPointer(PointerShape::Hourglass);
-  {
-    const DefaultPointer pointer;
-    EXPECT_FALSE(wxIsBusy());
-    prompts.SetPointer(PointerShape::Hourglass);
-    EXPECT_TRUE(wxIsBusy());
-    prompts.SetPointer(PointerShape::Default);
-  }
-  EXPECT_TRUE(wxIsBusy());
-  prompts.SetPointer(PointerShape::Default);
-  EXPECT_FALSE(wxIsBusy());
 }
 
 }  // namespace

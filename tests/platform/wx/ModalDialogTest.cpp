@@ -1,3 +1,4 @@
+// Windows of the component, modal and modeless.
 #include "platform/wx/ModalDialog.h"
 
 #include <gmock/gmock.h>
@@ -9,12 +10,14 @@
 #include <vector>
 
 #include <wx/button.h>
+#include <wx/frame.h>
 #include <wx/utils.h>
 
 #include "platform/Error.h"
 #include "platform/wx/DialogPrompts.h"
 #include "platform/wx/MakeButton.h"
 #include "tests/support/Caught.h"
+#include "tests/support/ScriptedPrompts.h"
 #include "tests/support/wx/ModalScript.h"
 #include "tests/support/wx/TestWindow.h"
 #include "tests/support/wx/WaitFor.h"
@@ -154,12 +157,15 @@ TEST(ModalDialog, RestoresPointerAndActiveWindowOfHost) {
   ASSERT_TRUE(test::WaitFor(isHostActive));
   gtk_widget_grab_focus(entry);
   DialogPrompts prompts;
-  prompts.SetPointer(PointerShape::Hourglass);
+  for (int i = 0; i < 2; ++i) prompts.SetPointer(PointerShape::Hourglass);  // set, not counted
 
   Window window("Guest");
   ModalScript script;
   script.ExpectWindow<Window>("Guest", [&](Window& dialog) {
     EXPECT_FALSE(wxIsBusy());
+    prompts.SetPointer(PointerShape::Hourglass);
+    EXPECT_TRUE(wxIsBusy());
+    prompts.SetPointer(PointerShape::Default);
     EXPECT_TRUE(test::WaitFor([&] { return dialog.IsActive(); }));
     EXPECT_FALSE(isHostActive());
     EXPECT_EQ(gtk_grab_get_current(), dialog.GetHandle());
@@ -171,7 +177,48 @@ TEST(ModalDialog, RestoresPointerAndActiveWindowOfHost) {
   EXPECT_TRUE(gtk_widget_has_focus(entry));
   EXPECT_EQ(gtk_grab_get_current(), nullptr);
   prompts.SetPointer(PointerShape::Default);
+  EXPECT_FALSE(wxIsBusy());
   gtk_widget_destroy(host);
+}
+
+class Frame : public wxFrame, public GuardedWindow {
+ public:
+  Frame() : wxFrame(nullptr, wxID_ANY, "Stays"), GuardedWindow(static_cast<wxTopLevelWindow&>(*this)) {
+    Bind(wxEVT_BUTTON, UserAction([] { throw Error(-1, "Manager.Create", "Cannot create"); }));
+  }
+  using GuardedWindow::Guard;
+};
+
+TEST(GuardedWindow, ModelessFrameShowsEachErrorAndStays) {
+  const test::PromptsGuard prompts;
+  auto* frame = new Frame;
+  wxCommandEvent click(wxEVT_BUTTON);
+  frame->ProcessWindowEvent(click);  // dropped, because the window is not shown
+  frame->Show();
+  frame->ProcessWindowEvent(click);
+  frame->Guard([] { throw std::runtime_error("no memory"); });
+  EXPECT_TRUE(frame->IsShown());
+  frame->Destroy();
+
+  ASSERT_EQ(prompts->shown.size(), 2U);
+  EXPECT_EQ(prompts->shown[0].text, "Cannot create");
+  EXPECT_EQ(prompts->shown[0].title, "Error in Manager.Create");
+  EXPECT_EQ(prompts->shown[0].icon, PromptIcon::Exclamation);
+  EXPECT_EQ(prompts->shown[1].text, "no memory");
+  EXPECT_EQ(prompts->shown[1].title, "Error in Quorvel");
+}
+
+TEST(GuardedWindow, ModalDialogShowsErrorsAndStaysOnRequest) {
+  const test::PromptsGuard prompts;
+  test::TestWindow window("Stays", FailurePolicy::ShowAndStay);
+  test::ModalScript script;
+  script.ExpectWindow<test::TestWindow>("Stays", [&](test::TestWindow& dialog) {
+    dialog.Guard([] { throw Error(-1, "Manager.Update", "Cannot save"); });
+    EXPECT_EQ(prompts->shown.size(), 1U);
+    EXPECT_TRUE(dialog.IsModal());
+    dialog.Finish();
+  });
+  window.RunModal();
 }
 
 }  // namespace
