@@ -12,7 +12,7 @@ enum class CellFormat {
   Flag,       ///< a number: a check mark unless it is 0
 };
 
-/// What is drawn in a cell: a text or a check mark.
+/// The content that is drawn in a cell: a text or a check mark.
 struct ShownCell {
   std::string text;
   bool isChecked = false;

@@ -46,7 +46,7 @@ class DataGrid : public wxGrid {
   DataGrid(const DataGrid&) = delete;
   DataGrid& operator=(const DataGrid&) = delete;
 
-  /// What assistive technology calls the grid while no line is current.
+  /// The name of the grid for assistive technology while no line is current.
   void SetSpokenName(std::string name) { m_cursor.SetSpokenName(std::move(name)); }
   void ShowColumn(std::int32_t column, bool visible) { m_state.content.ShowColumn(column, visible); }
   /// Opens all groups.
@@ -87,7 +87,7 @@ class DataGrid : public wxGrid {
   [[nodiscard]] std::int32_t Bookmark(std::int32_t rowIndex) const;
   /// Null when the grid is unbound.
   [[nodiscard]] ado::Recordset* BoundRecordset() const;
-  /// What lies under a point, in pixels from the grid's corner.
+  /// The part of the grid under a point, in pixels from the grid's corner.
   [[nodiscard]] GridArea HitTest(double x, double y) const;
 
   /// The one watcher, which outlives its watching; null ends it.

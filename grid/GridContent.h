@@ -13,7 +13,7 @@
 
 namespace quorvel {
 
-/// What a grid shows, without a window: its columns, its lines and the text of each cell.
+/// The content of a grid, without a window: its columns, its lines and the text of each cell.
 ///
 /// These words mean the same everywhere in the grid's files:
 ///   row       a data row of the source; a row index counts from 1

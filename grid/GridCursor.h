@@ -24,7 +24,7 @@ class GridCursor {
   /// Both outlive the object.
   GridCursor(wxGrid& grid, GridState& state) : m_grid(grid), m_state(state) {}
 
-  /// What assistive technology calls the grid while no line is current.
+  /// The name of the grid for assistive technology while no line is current.
   void SetSpokenName(std::string name);
 
   /// Makes an existing line current, or none for 0, and brings it into view.

@@ -9,8 +9,8 @@
 
 namespace quorvel {
 
-/// What a grid's table and renderer draw from. Its reads never throw, since the toolkit calls them: what cannot be read
-/// is empty.
+/// The state that a grid's table and renderer draw from. Its reads never throw, since the toolkit calls them: a cell
+/// that cannot be read is empty.
 struct GridState {
   GridContent content;
   std::int32_t currentLine = 0;  ///< 0 when no line is current

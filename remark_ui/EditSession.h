@@ -12,9 +12,9 @@ namespace quorvel {
 class EditControls;
 class RemarkContext;
 
-/// What the user's actions do in the editor while it is open on one context: changes the context's list and shows the
-/// result in the controls. Whatever leaves a remark (selecting another one, New, Delete, Close, an error) first commits
-/// what was typed.
+/// The user's actions in the editor while it is open on one context. They change the context's list and show the result
+/// in the controls. Every step that leaves a remark (selecting another one, New, Delete, Close, an error) first commits
+/// the typed text and type.
 class EditSession {
  public:
   /// Borrows the controls and shares the context.

@@ -15,7 +15,7 @@ class Remark;
 class RemarkContext;
 class RemarkType;
 
-/// What the editor shows of the edited remark.
+/// The edited remark as the editor shows it.
 struct RemarkDisplay {
   std::string text;  ///< as text boxes take it
   bool isLocked = true;

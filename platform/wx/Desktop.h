@@ -7,7 +7,7 @@
 
 namespace quorvel::ui {
 
-// What the component needs of the desktop that it runs on, with one body for each system.
+// The desktop that the component runs on, with one body for each system.
 
 /// Error -1, "No window can be opened: " and the reason.
 [[nodiscard]] Error NoWindowError(std::string_view reason);

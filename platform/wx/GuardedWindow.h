@@ -10,14 +10,14 @@
 
 namespace quorvel::ui {
 
-/// What becomes of an error that a handler of a window throws.
+/// The treatment of an error that a handler of a window throws.
 enum class FailurePolicy {
   EndAndRethrow,  ///< the first error ends the window, and the call that showed the window throws it
   ShowAndStay     ///< each error is shown in a message box, and the window stays open
 };
 
-/// What the component's windows share: guarded handlers, a smallest size and a scale. A second base class of a window
-/// beside the toolkit's dialog or frame, which is the first.
+/// The common part of the component's windows: guarded handlers, a smallest size and a scale. A second base class of a
+/// window beside the toolkit's dialog or frame, which is the first.
 class GuardedWindow {
   /// First of all members: its type must be known to the templates below.
   [[nodiscard]] auto Failed() {

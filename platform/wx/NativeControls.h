@@ -8,7 +8,7 @@ class wxWindow;
 
 namespace quorvel::ui {
 
-// What the component asks of a desktop's own controls beyond the toolkit, with one body for each system.
+// Functions of a desktop's own controls that the toolkit lacks, with one body for each system.
 
 /// Sets the name (UTF-8) that assistive technology uses for `window`: the text of the label beside it, or the text such
 /// a label would have. Works for a control that is made of several, but not for one that holds other controls.

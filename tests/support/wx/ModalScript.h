@@ -18,7 +18,7 @@ namespace quorvel::test {
 /// A window that opens without a script fails the test too.
 class ModalScript {
  public:
-  /// What the test does with a window that is shown.
+  /// The action of the test in a window that is shown.
   using Action = std::function<void(wxDialog&)>;
 
   ModalScript();
