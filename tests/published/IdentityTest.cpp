@@ -1,6 +1,7 @@
 // COM identity: one pointer for each object, the rules of QueryInterface, and the refusal of objects that are not of
 // this component.
 
+#include <functional>
 #include <vector>
 
 #include "tests/published/HostTest.h"
@@ -13,10 +14,11 @@ namespace {
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
 /// An object of the host that claims to have the component's interfaces or, like a careless test double, every
-/// interface. The component may call only these three operations, so there are no others.
-class Stranger final : public IUnknown {
+/// interface. The component may ask it for interfaces and for its default value and for nothing else.
+class HostObject final : public IDispatch {
  public:
-  explicit Stranger(bool claimsEverything) : m_claimsEverything(claimsEverything) {}
+  explicit HostObject(bool claimsEverything, std::function<LONG()> defaultValue = {})
+      : m_claimsEverything(claimsEverything), m_defaultValue(std::move(defaultValue)) {}
   HRESULT QueryInterface(REFIID riid, void** object) override {
     const bool isClaimed = m_claimsEverything || riid == IID_IUnknown || riid == IID_IDispatch || riid == IID__Remark ||
                            riid == IID__RemarkType || riid == IID__RemarkContext;
@@ -26,9 +28,21 @@ class Stranger final : public IUnknown {
   }
   ULONG AddRef() override { return ++m_references; }
   ULONG Release() override { return --m_references; }
+  HRESULT GetTypeInfoCount(UINT* /*count*/) override { return E_NOTIMPL; }
+  HRESULT GetTypeInfo(UINT /*index*/, LCID /*locale*/, ITypeInfo** /*info*/) override { return E_NOTIMPL; }
+  HRESULT GetIDsOfNames(REFIID /*riid*/, LPOLESTR* /*names*/, UINT /*count*/, LCID /*locale*/,
+                        DISPID* /*ids*/) override {
+    return E_NOTIMPL;
+  }
+  HRESULT Invoke(DISPID /*member*/, REFIID /*riid*/, LCID /*locale*/, WORD /*flags*/, DISPPARAMS* /*arguments*/,
+                 VARIANT* result, EXCEPINFO* /*exception*/, UINT* /*argumentInError*/) override {
+    *result = AnyValue(m_defaultValue()).Get();
+    return S_OK;
+  }
 
  private:
   bool m_claimsEverything;
+  std::function<LONG()> m_defaultValue;
   ULONG m_references = 1;
 };
 
@@ -146,8 +160,8 @@ TEST_F(Identity, StrangersAreRefused) {
     const auto list = context.List();
     const auto type = context.Type(LONG{1});
     const auto remark = RemarkAt(list.Get(), 1);
-    Stranger foreign(false);
-    Stranger careless(true);
+    HostObject foreign(false);
+    HostObject careless(true);
     // The list is of this component, but of another class than every call here takes.
     for (IUnknown* stranger : std::vector<IUnknown*>{&foreign, &careless, list.Get()}) {
       const ULONG references = stranger->AddRef();
@@ -168,6 +182,19 @@ TEST_F(Identity, StrangersAreRefused) {
     EXPECT_EQ(AddTo(list.Get(), nullptr), FromNumber(91));
     EXPECT_EQ(TakeError().description, u"Object variable or With block variable not set");
     EXPECT_EQ(PositionOf(list.Get(), nullptr), 0);
+  });
+}
+
+TEST_F(Identity, ListIsSafeWhenItsOwnCallReleasesIt) {
+  Run([] {
+    const LoadedContext context;
+    auto list = context.List();
+    HostObject index(false, [&] {
+      list.Reset();
+      context->Dispose();
+      return LONG{1};
+    });
+    EXPECT_EQ(list.Get()->Remove(AnyValue(&index).Pointer()), FromNumber(9)) << "Dispose has emptied the list";
   });
 }
 

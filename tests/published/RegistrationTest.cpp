@@ -1,8 +1,6 @@
-// What registration writes to hives in memory, and that unregistering or a failure at any step restores the hives.
+// Registration in hives in memory. Unregistering and a failure at any step restore the hives.
 
 #include <gtest/gtest.h>
-
-#include <string_view>
 
 #include "runtime/published/Registration.h"
 #include "tests/published/MemoryRegistry.h"
@@ -164,48 +162,25 @@ TEST_F(RegistrationTest, UnregisteringContinuesAfterADenial) {
   EXPECT_EQ(m_before, m_user.content) << "the user's own registration is gone";
 }
 
-/// The machine's hive as 32-bit programs see it: they have their own CLSID and Interface and share the other keys.
-class SharingView : public registry::InstallationHive {
- public:
-  explicit SharingView(MemoryRegistry& hive) : m_hive(hive) {}
-  [[nodiscard]] std::optional<std::string> Text(const std::string& key, const std::string& name) const override {
-    return m_hive.Text(Seen(key), name);
-  }
-  [[nodiscard]] Outcome Write(const std::string& key, const std::string& name, const std::string& text) override {
-    return m_hive.Write(Seen(key), name, text);
-  }
-  [[nodiscard]] Outcome DeleteValue(const std::string& key, const std::string& name) override {
-    return m_hive.DeleteValue(Seen(key), name);
-  }
-  [[nodiscard]] Outcome DeleteEmptyKey(const std::string& key) override { return m_hive.DeleteEmptyKey(Seen(key)); }
-
- private:
-  static std::string Seen(std::string key) {
-    constexpr std::string_view kClasses = R"(Software\Classes\)";
-    const bool apart =
-        key.starts_with(std::string(kClasses) + "CLSID") || key.starts_with(std::string(kClasses) + "Inter");
-    return apart ? key.insert(kClasses.size(), R"(WOW6432Node\)") : key;
-  }
-  MemoryRegistry& m_hive;
-};
-
 TEST_F(RegistrationTest, OtherBitnessKeepsItsEntriesUntilItUnregisters) {
-  for (const char* shared : {"CLSID", "Interface"}) {
-    m_machine.content.keys.insert(std::string(R"(Software\Classes\WOW6432Node\)") + shared);
+  for (const char* shared : {"", R"(\CLSID)", R"(\Interface)"}) {
+    m_machine.content.keys.insert(std::string(R"(Software\Classes\WOW6432Node)") + shared);
   }
-  m_machine.content.keys.insert(R"(Software\Classes\WOW6432Node)");
   const HiveContent empty = m_machine.content;
-  SharingView machine32(m_machine);
-
-  ASSERT_EQ(Outcome::Done, Register(machine32, m_user, kFile32));
+  m_machine.isFor32Bit = true;
+  ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile32));
   const HiveContent only32 = m_machine.content;
+
+  m_machine.isFor32Bit = false;
   ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
   EXPECT_EQ(kFile32.path, m_machine.Text(kLibrary + R"(\409\win32)", ""));
   // The entries that stay are never deleted in between, so a failing write does not damage them.
   m_machine.failingWrite = 0;
   ASSERT_EQ(Outcome::Done, Unregister(m_machine, m_user, kFile64));
   EXPECT_EQ(Listing(only32), Listing(m_machine.content)) << "no entry names the removed file";
-  ASSERT_EQ(Outcome::Done, Unregister(machine32, m_user, kFile32));
+
+  m_machine.isFor32Bit = true;
+  ASSERT_EQ(Outcome::Done, Unregister(m_machine, m_user, kFile32));
   EXPECT_EQ(empty, m_machine.content);
 }
 
