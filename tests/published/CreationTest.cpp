@@ -5,34 +5,37 @@ namespace {
 
 using Creation = HostTest;
 
+/// Expects that `create` fails and delivers nothing.
+template <typename Create>
+void ExpectNothing(HRESULT expected, Create create) {
+  void* object = &object;
+  EXPECT_EQ(create(&object), expected);
+  EXPECT_EQ(object, nullptr);
+}
+
 TEST_F(Creation, ByProgrammaticIdentifierInAnyLetterCase) {
   for (const auto* name : {u"Quorvel.RemarkContext", u"quorvel.REMARK"}) {
     Pointer<IUnknown> object;
     EXPECT_EQ(QuorvelCreate(name, IID_IUnknown, PutAny(object)), S_OK);
     EXPECT_TRUE(object);
   }
-  void* object = &object;
   for (const auto* name : {u"", u"Quorvel.", u"RemarkContext", u"Quorvel.RemarkType", u"Quorvel.RemarkList",
                            u"Quorvel.Remark ", u"Quorvel.RemarkContext.1"}) {
-    EXPECT_EQ(QuorvelCreate(name, IID_IUnknown, &object), CO_E_CLASSSTRING) << testing::PrintToString(name);
-    EXPECT_EQ(object, nullptr);
-    object = &object;
+    SCOPED_TRACE(testing::PrintToString(name));
+    ExpectNothing(CO_E_CLASSSTRING, [&](void** object) { return QuorvelCreate(name, IID_IUnknown, object); });
   }
-  EXPECT_EQ(QuorvelCreate(u"Quorvel.Remark", IID__RemarkContext, &object), E_NOINTERFACE);
-  EXPECT_EQ(object, nullptr);
-  EXPECT_EQ(QuorvelCreate(nullptr, IID_IUnknown, &object), E_INVALIDARG);
+  ExpectNothing(E_NOINTERFACE,
+                [](void** object) { return QuorvelCreate(u"Quorvel.Remark", IID__RemarkContext, object); });
+  ExpectNothing(E_INVALIDARG, [](void** object) { return QuorvelCreate(nullptr, IID_IUnknown, object); });
   EXPECT_EQ(QuorvelCreate(u"Quorvel.Remark", IID_IUnknown, nullptr), E_POINTER);
 }
 
 TEST_F(Creation, ByClassFactory) {
-  void* object = &object;
   for (const GUID& hidden : {CLSID_RemarkType, CLSID_RemarkList, IID__Remark}) {
-    EXPECT_EQ(DllGetClassObject(hidden, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
-    EXPECT_EQ(object, nullptr);
-    object = &object;
+    ExpectNothing(CLASS_E_CLASSNOTAVAILABLE,
+                  [&](void** object) { return DllGetClassObject(hidden, IID_IClassFactory, object); });
   }
-  EXPECT_EQ(DllGetClassObject(CLSID_Remark, IID_IDispatch, &object), E_NOINTERFACE);
-  EXPECT_EQ(object, nullptr);
+  ExpectNothing(E_NOINTERFACE, [](void** object) { return DllGetClassObject(CLSID_Remark, IID_IDispatch, object); });
   EXPECT_EQ(DllGetClassObject(CLSID_Remark, IID_IClassFactory, nullptr), E_POINTER);
 
   Pointer<IClassFactory> factory;
@@ -43,12 +46,10 @@ TEST_F(Creation, ByClassFactory) {
   EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, PutAny(first)), S_OK);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, PutAny(second)), S_OK);
   EXPECT_NE(first.Get(), second.Get());
-  object = &object;
-  EXPECT_EQ(factory->CreateInstance(first.Get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
-  EXPECT_EQ(object, nullptr);
-  object = &object;
-  EXPECT_EQ(factory->CreateInstance(nullptr, IID__RemarkContext, &object), E_NOINTERFACE);
-  EXPECT_EQ(object, nullptr);
+  ExpectNothing(CLASS_E_NOAGGREGATION,
+                [&](void** object) { return factory->CreateInstance(first.Get(), IID_IUnknown, object); });
+  ExpectNothing(E_NOINTERFACE,
+                [&](void** object) { return factory->CreateInstance(nullptr, IID__RemarkContext, object); });
   EXPECT_EQ(factory->CreateInstance(nullptr, IID__Remark, nullptr), E_POINTER);
 }
 
@@ -68,10 +69,10 @@ TEST_F(Creation, ObjectsAndLocksKeepTheLibraryLoaded) {
     factory.Reset();
     EXPECT_EQ(DllCanUnloadNow(), S_OK);
 
-    auto remarks = Read(LoadedContext().List().Get(), &_RemarkList::get_NewEnum);
-    EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
-    remarks.Reset();
-    EXPECT_EQ(DllCanUnloadNow(), S_OK);
+    {
+      const auto remarks = Read(LoadedContext().List().Get(), &_RemarkList::get_NewEnum);
+      EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
+    }
     // An error object that the host does not take.
     EXPECT_EQ(Load(NewContext().Get(), u"None"), -1);
     EXPECT_EQ(DllCanUnloadNow(), S_OK);

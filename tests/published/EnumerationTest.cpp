@@ -103,7 +103,9 @@ TEST_F(Enumeration, KeepsItsSourceWhenTheContextReplacesIt) {
     EXPECT_EQ(list->get_NewEnum(none.Put()), FromNumber(91));
     EXPECT_FALSE(none);
     const auto types = Enumerate(context.Get());
-    ExpectNext(types.Get(), 1, 1);
+    AnyValue first;
+    EXPECT_EQ(types->Next(1, first.Put(), nullptr), S_OK);
+    EXPECT_EQ(first.Get().pdispVal, context.Type(1).Get());
     EXPECT_EQ(context->Dispose(), S_OK);
     ExpectNext(types.Get(), 5, 3);
 
@@ -127,12 +129,6 @@ TEST_F(Enumeration, ForEachOfAScript) {
       EXPECT_EQ(found.Get().vt, VT_UNKNOWN);
       EXPECT_EQ(Keys(Query<IEnumVARIANT>(found.Get().punkVal, IID_IEnumVARIANT).Get()).size(), 7U);
     }
-    std::vector<WideText> ids;
-    const auto types = Enumerate(context.Get());
-    for (AnyValue each; types->Next(1, each.Put(), nullptr) == S_OK;) {
-      ids.push_back(Read(Query<_RemarkType>(each.Get().punkVal, IID__RemarkType).Get(), &_RemarkType::get_TypeID));
-    }
-    EXPECT_THAT(ids, ElementsAre(u"Cust.AR.Coll", u"Cust.Credit", u"Cust.General", u"Cust.Internal"));
   });
 }
 

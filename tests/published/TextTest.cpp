@@ -1,7 +1,3 @@
-#include <sqlite3.h>
-
-#include <memory>
-
 #include "tests/published/HostTest.h"
 
 namespace quorvel::test {
@@ -54,11 +50,7 @@ TEST_F(Texts, NullIsTheEmptyTextAndIsNeverDelivered) {
 
 TEST_F(Texts, BytesThatAreNotUtf8ArriveAsReplacementCharacters) {
   Run([this] {
-    sqlite3* opened = nullptr;
-    ASSERT_EQ(sqlite3_open(m_database.DatabaseFile().c_str(), &opened), SQLITE_OK);
-    const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> database(opened, sqlite3_close);
-    const char* statement = "UPDATE tciMemo SET MemoText = CAST(x'61FF62C3' AS TEXT) WHERE MemoKey = 7";
-    ASSERT_EQ(sqlite3_exec(opened, statement, nullptr, nullptr, nullptr), SQLITE_OK);
+    m_database.Run("UPDATE tciMemo SET MemoText = 'a\xFF\x62\xC3' WHERE MemoKey = 7");
     const LoadedContext context;
     EXPECT_EQ(Read(RemarkAt(context.List().Get(), 1).Get(), &_Remark::get_MemoText), u"a\uFFFDb\uFFFD");
   });
