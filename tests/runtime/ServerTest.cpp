@@ -55,8 +55,6 @@ void AddRemark(const ContextHolder& context, const std::string& text) {
 }
 
 TEST_F(ServerTest, SendsOnlyWhatIsNeeded) {
-  // Some servers return the names of parameters in lower case.
-  Server().UseLowerCaseNames();
   {
     const ContextHolder warmUp("CustMaint", "C1044", "admin");
     AddRemark(warmUp, "the first call of a procedure discovers its parameters");

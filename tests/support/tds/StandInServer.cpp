@@ -4,15 +4,13 @@
 
 #include <sys/socket.h>
 
-#include <stdexcept>
+#include <exception>
 
 #include "tests/support/tds/StandInSession.h"
 
 namespace quorvel::test {
 namespace {
 
-constexpr std::uint8_t kBatch = 0x01;
-constexpr std::uint8_t kCall = 0x03;
 constexpr std::uint8_t kAttention = 0x06;
 constexpr std::uint8_t kLogin = 0x10;
 constexpr std::uint8_t kPreLogin = 0x12;
@@ -21,8 +19,6 @@ constexpr std::uint8_t kPreLogin = 0x12;
 
 StandInServer::StandInServer(std::string databaseFile)
     : m_databaseFile(std::move(databaseFile)), m_listener(tds::Listen()) {
-  m_answers["SELECT SCHEMA_NAME()"] = {
-      {Part::Kind::Rows, {}, 0, {{"", ado::DataType::VarWChar}}, {{std::string("dbo")}}}};
   m_acceptor = std::thread([this] { Accept(); });
 }
 
@@ -63,11 +59,6 @@ void StandInServer::DelayAnswers(std::chrono::milliseconds delay) {
 void StandInServer::AnswerWith(std::string request, std::vector<Part> answer) {
   const std::lock_guard lock(m_mutex);
   m_answers[std::move(request)] = std::move(answer);
-}
-
-void StandInServer::UseLowerCaseNames() {
-  const std::lock_guard lock(m_mutex);
-  m_treatment.lowerCaseNames = true;
 }
 
 void StandInServer::Plan(Fault fault, int request) {
@@ -147,21 +138,16 @@ void StandInServer::AnswerRequests(int socket) {
 }
 
 bool StandInServer::AnswerRequest(int socket, tds::StandInSession& session, const tds::Message& message) {
-  if (message.type != kCall && message.type != kBatch) throw std::runtime_error("an unknown kind of request");
-  tds::Call call;
-  if (message.type == kCall) call = tds::ReadCall(message.bytes);
-  const std::string request = message.type == kCall ? "call " + call.procedure : tds::ReadBatch(message.bytes);
-  const Treatment treatment = Note(request);
+  const tds::Request request = tds::ReadRequest(message);
+  const Treatment treatment = Note(request.isCall ? "call " + request.text : request.text);
   if (treatment.fault == Fault::DropAtRequest) return false;
   // A client that sends something while it waits for an answer has cancelled the request.
   if (treatment.delay.count() > 0 && tds::WaitForClient(socket, treatment.delay)) return true;
   tds::Writer answer;
   if (treatment.answer) {
     tds::WriteParts(*treatment.answer, answer);
-  } else if (message.type == kCall) {
-    session.RunCall(call, treatment.lowerCaseNames, answer);
   } else {
-    session.RunBatch(request, answer);
+    session.Run(request, answer);
   }
   if (treatment.fault == Fault::DropAfterRequest) return false;
   const bool isWhole = treatment.fault == Fault::None;

@@ -71,16 +71,12 @@ class StandInServer {
   /// From now on that request, written as Requests() returns it, gets that answer.
   void AnswerWith(std::string request, std::vector<Part> answer);
 
-  /// Gives parameter names in lower case, as some servers do.
-  void UseLowerCaseNames();
-
  private:
   enum class Fault { None, DropAtRequest, DropAfterRequest, DropAmidRows };
-  /// What to do with one request.
+  /// How one request is answered.
   struct Treatment {
     Fault fault = Fault::None;
     std::chrono::milliseconds delay{0};
-    bool lowerCaseNames = false;
     std::optional<std::vector<Part>> answer;
   };
 

@@ -15,13 +15,14 @@ class StandInSession {
  public:
   explicit StandInSession(const std::string& databaseFile);
 
-  void RunBatch(std::string_view batch, Writer& answer);
-  void RunCall(const Call& call, bool lowerCaseNames, Writer& answer);
+  void Run(const Request& request, Writer& answer);
 
  private:
-  void DescribeColumns(const Call& call, bool lowerCaseNames, Writer& answer);
-  void DescribeProcedures(const Call& call, Writer& answer);
-  void CallProcedure(const Call& call, Writer& answer);
+  void RunBatch(std::string_view batch, Writer& answer);
+  void RunCall(const Request& call, Writer& answer);
+  void DescribeColumns(const Request& call, Writer& answer);
+  void DescribeProcedures(const Request& call, Writer& answer);
+  void CallProcedure(const Request& call, Writer& answer);
   [[nodiscard]] std::vector<std::string> ProceduresLike(std::string_view pattern);
 
   std::unique_ptr<ado::Session> m_session;

@@ -2,8 +2,6 @@
 
 #include "tests/support/tds/TdsReader.h"
 
-#include <array>
-#include <bit>
 #include <stdexcept>
 
 #include "platform/Utf.h"
@@ -17,7 +15,8 @@ using namespace std::chrono;
 constexpr std::uint64_t kNullLong = ~std::uint64_t{0};
 constexpr std::uint16_t kNullText = 0xFFFF;
 constexpr std::uint8_t kByReference = 1;
-constexpr std::uint8_t kDefault = 2;
+constexpr std::uint8_t kBatch = 0x01;
+constexpr std::uint8_t kCall = 0x03;
 
 std::string FromUcs2(std::string_view bytes) { return Reader(bytes).Text(bytes.size() / 2); }
 
@@ -43,48 +42,30 @@ Value TakeText(Reader& reader, bool isWide) {
   return isWide ? FromUcs2(bytes) : FromLatin(bytes);
 }
 
-/// One byte is unsigned, more are signed.
-Value TakeInteger(Reader& reader, std::size_t size) {
+/// A signed number of 2 to 8 bytes.
+Value TakeInteger(Reader& reader) {
+  (void)reader.Take<std::uint8_t>();
+  const std::size_t size = reader.Take<std::uint8_t>();
   if (size == 0) return Null{};
-  const auto unusedBits = size == 1 ? 0U : 64U - 8U * static_cast<unsigned>(size);
+  const auto unusedBits = 64U - 8U * static_cast<unsigned>(size);
   return static_cast<std::int64_t>(reader.Unsigned(size) << unusedBits) >> unusedBits;
 }
 
-Value TakeReal(Reader& reader, std::size_t size) {
-  if (size == 0) return Null{};
-  if (size == 4) return double{std::bit_cast<float>(reader.Take<std::uint32_t>())};
-  return std::bit_cast<double>(reader.Take<std::uint64_t>());
-}
-
-/// A time in units of 10 to the power of -scale seconds, then a day counted from the year 1.
+/// A time in units of 100 ns, the finest scale, then a day counted from the year 1.
 Value TakeDateTime2(Reader& reader) {
-  const auto scale = reader.Take<std::uint8_t>();
-  const auto size = reader.Take<std::uint8_t>();
-  if (size == 0) return Null{};
-  Reader value(reader.Bytes(size));
-  std::uint64_t units = value.Unsigned(size - 3U);
-  const auto day = static_cast<std::int32_t>(value.Unsigned(3));
-  for (unsigned i = scale; i < 3; ++i) units *= 10;
-  for (unsigned i = 3; i < scale; ++i) units /= 10;
-  return DateTime{local_days{year{1} / 1 / 1} + days{day} + milliseconds{units}};
+  constexpr std::uint8_t kFinest = 7;
+  if (reader.Take<std::uint8_t>() != kFinest) throw std::out_of_range("a time of another scale");
+  if (reader.Take<std::uint8_t>() == 0) return Null{};
+  const std::uint64_t units = reader.Unsigned(5);
+  const auto day = static_cast<std::int32_t>(reader.Unsigned(3));
+  return DateTime{local_days{year{1} / 1 / 1} + days{day} + milliseconds{units / 10'000}};
 }
 
 /// The value after the description of its type.
 Value TakeTyped(Reader& reader) {
-  const auto type = static_cast<Type>(reader.Take<std::uint8_t>());
-  const auto size = [&reader] {
-    (void)reader.Take<std::uint8_t>();
-    return std::size_t{reader.Take<std::uint8_t>()};
-  };
-  switch (type) {
+  switch (static_cast<Type>(reader.Take<std::uint8_t>())) {
     case Type::IntN:
-      return TakeInteger(reader, size());
-    case Type::BitN: {
-      const Value value = TakeInteger(reader, size());
-      return IsNull(value) ? value : Value{ToInt32(value) != 0};
-    }
-    case Type::FloatN:
-      return TakeReal(reader, size());
+      return TakeInteger(reader);
     case Type::DateTime2:
       return TakeDateTime2(reader);
     case Type::NVarChar:
@@ -120,11 +101,6 @@ std::uint64_t Reader::Unsigned(std::size_t size) {
   return number;
 }
 
-void Reader::SkipHeaders() {
-  const auto total = Take<std::uint32_t>();
-  (void)Bytes(total - sizeof total);
-}
-
 Login ReadLogin(std::string_view message) {
   constexpr std::size_t kUser = 40;
   constexpr std::size_t kPassword = 44;
@@ -143,31 +119,23 @@ Login ReadLogin(std::string_view message) {
   return {FromUcs2(field(kUser)), FromUcs2(password), FromUcs2(field(kDatabase))};
 }
 
-Call ReadCall(std::string_view message) {
-  constexpr std::uint16_t kNumbered = 0xFFFF;
-  Reader reader(message);
-  reader.SkipHeaders();
-  Call call;
+Request ReadRequest(const Message& message) {
+  Reader reader(message.bytes);
+  const auto headers = reader.Take<std::uint32_t>();
+  (void)reader.Bytes(headers - sizeof headers);
+  if (message.type == kBatch) return {.text = reader.RestAsText()};
+  if (message.type != kCall) throw std::out_of_range("an unknown kind of request");
   const auto length = reader.Take<std::uint16_t>();
-  call.procedure = length == kNumbered ? "#" + std::to_string(reader.Take<std::uint16_t>()) : reader.Text(length);
+  Request call{.text = reader.Text(length), .isCall = true};
   (void)reader.Take<std::uint16_t>();
   while (!reader.AtEnd()) {
-    Call::Parameter parameter;
+    Request::Parameter& parameter = call.parameters.emplace_back();
     const auto units = reader.Take<std::uint8_t>();
     parameter.name = reader.Text(units);
-    const auto status = reader.Take<std::uint8_t>();
-    parameter.isOutput = (status & kByReference) != 0;
-    Value value = TakeTyped(reader);
-    if ((status & kDefault) == 0) parameter.value = std::move(value);
-    call.parameters.push_back(std::move(parameter));
+    parameter.isOutput = (reader.Take<std::uint8_t>() & kByReference) != 0;
+    parameter.value = TakeTyped(reader);
   }
   return call;
-}
-
-std::string ReadBatch(std::string_view message) {
-  Reader reader(message);
-  reader.SkipHeaders();
-  return reader.RestAsText();
 }
 
 }  // namespace quorvel::test::tds

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,8 +31,6 @@ class Reader {
   /// A text of so many UTF-16 units, as UTF-8.
   [[nodiscard]] std::string Text(std::size_t units);
   [[nodiscard]] std::string RestAsText() { return Text(m_rest.size() / 2); }
-  /// Skips the headers before a batch or a call.
-  void SkipHeaders();
 
  private:
   std::string_view m_rest;
@@ -47,19 +44,17 @@ struct Login {
 };
 [[nodiscard]] Login ReadLogin(std::string_view message);
 
-/// A remote procedure call.
-struct Call {
+/// A batch or a remote procedure call.
+struct Request {
   struct Parameter {
     std::string name;
     bool isOutput = false;
-    std::optional<Value> value;  ///< nothing: the procedure's default
+    Value value;
   };
-  std::string procedure;
-  std::vector<Parameter> parameters;
+  std::string text;  ///< of the batch, or the procedure's name
+  bool isCall = false;
+  std::vector<Parameter> parameters = {};
 };
-[[nodiscard]] Call ReadCall(std::string_view message);
-
-/// The text of a batch.
-[[nodiscard]] std::string ReadBatch(std::string_view message);
+[[nodiscard]] Request ReadRequest(const Message& message);
 
 }  // namespace quorvel::test::tds

@@ -2,8 +2,6 @@
 
 #include "tests/support/tds/TdsWriter.h"
 
-#include <algorithm>
-#include <array>
 #include <bit>
 
 #include "platform/Utf.h"
@@ -29,32 +27,12 @@ constexpr std::size_t kLongestShort = 4000;
 
 std::u16string ToWide(std::string_view text) { return utf::ToUtf16(text).value_or(u"?"); }
 
-/// How a type that is no text is sent: its code and the bytes of a value.
-struct Fixed {
-  DataType type;
-  Type code;
-  std::uint8_t size;
-};
-
-constexpr std::array kFixed = std::to_array<Fixed>({{DataType::SmallInt, Type::IntN, 2},
-                                                    {DataType::Integer, Type::IntN, 4},
-                                                    {DataType::BigInt, Type::IntN, 8},
-                                                    {DataType::Boolean, Type::BitN, 1},
-                                                    {DataType::Double, Type::FloatN, 8},
-                                                    {DataType::DBTimeStamp, Type::DateTimeN, 8}});
-
-const Fixed& FixedOf(DataType type) {
-  return *std::find_if(kFixed.begin(), kFixed.end(), [type](const Fixed& each) { return each.type == type; });
-}
-
 /// The column as the client sees it: one without a type gets the type of its values.
 ado::Column Typed(const ado::RowSet& rows, std::size_t index) {
   ado::Column column = rows.Columns()[index];
   for (std::size_t row = 0; column.type == DataType::Empty && row < rows.RowCount(); ++row) {
     const Value value = rows.At(row, index);
     if (std::holds_alternative<std::int64_t>(value)) column.type = DataType::BigInt;
-    if (std::holds_alternative<double>(value)) column.type = DataType::Double;
-    if (std::holds_alternative<DateTime>(value)) column.type = DataType::DBTimeStamp;
     if (IsText(value)) column.type = DataType::VarWChar;
   }
   if (column.type == DataType::Empty) column.type = DataType::Integer;
@@ -177,9 +155,9 @@ void Writer::PutColumn(const ado::Column& column, bool isLong) {
   Put(std::uint32_t{0});
   Put(kNullable);
   if (!ado::IsTextType(column.type)) {
-    const Fixed fixed = FixedOf(column.type);
-    Put(static_cast<std::uint8_t>(fixed.code));
-    return Put(fixed.size);
+    const ServerType& type = ServerTypeOf(column.type);
+    Put(static_cast<std::uint8_t>(type.code));
+    return Put(type.size);
   }
   Put(static_cast<std::uint8_t>(Type::NVarChar));
   Put(static_cast<std::uint16_t>(isLong ? 0xFFFF : kLongestShort * 2));
@@ -192,11 +170,10 @@ void Writer::PutValue(const ado::Column& column, bool isLong, const Value& value
     return isLong ? Put(~std::uint64_t{0}) : Put(std::uint16_t{0xFFFF});
   }
   if (IsNull(value)) return Put(std::uint8_t{0});
-  Put(FixedOf(column.type).size);
+  Put(ServerTypeOf(column.type).size);
   if (column.type == DataType::SmallInt) return Put(ToInt16(value));
   if (column.type == DataType::Integer) return Put(ToInt32(value));
   if (column.type == DataType::BigInt) return Put(ToInt64(value));
-  if (column.type == DataType::Boolean) return Put(static_cast<std::uint8_t>(ToBoolean(value) ? 1 : 0));
   if (column.type == DataType::Double) return Put(std::bit_cast<std::uint64_t>(ToDouble(value)));
   const DateTime time = ToDateTime(value);
   const auto day = floor<days>(time);
@@ -233,20 +210,8 @@ void Writer::Done(Last kind, DoneFlags flags, std::optional<std::int64_t> count)
 }
 
 std::string PreLoginAnswer() {
-  // Version, encryption (2: not supported), instance, thread, multiple sessions; offsets and lengths are big-endian.
-  constexpr std::string_view kAnswer(
-      "\x00\x00\x1A\x00\x06"
-      "\x01\x00\x20\x00\x01"
-      "\x02\x00\x21\x00\x01"
-      "\x03\x00\x22\x00\x00"
-      "\x04\x00\x22\x00\x01"
-      "\xFF"
-      "\x0F\x00\x07\xD0\x00\x00"
-      "\x02"
-      "\x00"
-      "\x00",
-      35);
-  return std::string(kAnswer);
+  // Version and encryption (2: not supported), each with its offset and length in big-endian, then their values.
+  return {"\x00\x00\x0B\x00\x06\x01\x00\x11\x00\x01\xFF\x0F\x00\x07\xD0\x00\x00\x02", 18};
 }
 
 }  // namespace quorvel::test::tds
