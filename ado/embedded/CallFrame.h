@@ -8,7 +8,7 @@
 
 namespace quorvel::ado::embedded {
 
-/// What a caller gives for a procedure's parameters, by position. Nothing means DEFAULT.
+/// The values that a caller gives for a procedure's parameters, by position. Nothing means DEFAULT.
 using GivenArguments = std::vector<std::optional<Value>>;
 
 /// A procedure's frame from its arguments; parameters without one take their defaults. DriverError, with a server's

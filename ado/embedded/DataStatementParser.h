@@ -21,7 +21,7 @@ class DataStatementParser {
   [[nodiscard]] std::optional<Step> Parse();
 
  private:
-  /// Where INSERT and UPDATE put their values. Without columns: into all of the table, in its order.
+  /// The target of the values of INSERT and UPDATE. Without columns: all columns of the table, in its order.
   struct Target {
     std::string table;
     std::vector<std::string> columns;

@@ -5,7 +5,7 @@
 
 namespace quorvel::ado {
 
-/// What a connection string says, and the timeouts that go with it.
+/// The contents of a connection string, and the timeouts that go with it.
 struct ConnectOptions {
   std::string dataSource;
   std::string initialCatalog;

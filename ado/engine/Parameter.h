@@ -14,7 +14,7 @@ namespace quorvel::ado {
 /// Parameter directions by ADO's numbers.
 enum class ParameterDirection : int { Input = 1, Output = 2, InputOutput = 3, ReturnValue = 4 };
 
-/// What is known of one parameter of a procedure.
+/// The name, type, direction and size of one parameter of a procedure.
 struct ParameterInfo {
   std::string name;  ///< with its leading @, in the letter case of the source
   DataType type = DataType::Empty;

@@ -13,7 +13,7 @@
 
 namespace quorvel::ado {
 
-/// What a batch or a procedure returned.
+/// The answer of a batch or a procedure.
 struct Result {
   std::optional<RowSet> rows;        ///< the first result set, read to its end; nothing when there was none
   std::vector<Diagnostic> messages;  ///< warnings of a run that succeeded

@@ -1,5 +1,5 @@
-// What the drivers report, made uniform: every record, without the names before the message, with the line where SQL
-// Server gives one, and with a lost connection under its own SQLSTATE.
+// Makes the drivers' reports uniform: every record, without the names before the message, with the line if SQL Server
+// gives one, and with a lost connection under its own SQLSTATE.
 
 #include "ado/odbc/Diagnostics.h"
 

@@ -100,7 +100,7 @@ std::vector<ParameterInfo> ProcedureCatalog::Ask(const ProcedureName& procedure,
   return parameters;
 }
 
-/// Where several schemas have the procedure, the login's default schema counts, then dbo.
+/// If several schemas have the procedure, the login's default schema counts, then dbo.
 void ProcedureCatalog::KeepOneSchema(const RowSet& rows, std::vector<std::size_t>& found,
                                      std::chrono::seconds timeout) const {
   std::set<std::string, LessIgnoringCase> schemas;

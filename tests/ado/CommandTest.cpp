@@ -1,4 +1,4 @@
-// What parameters accept, and which parameters a command has. EngineTest runs commands on real engines.
+// The values that parameters accept, and the parameters that a command has. EngineTest runs commands on real engines.
 
 #include "ado/Command.h"
 

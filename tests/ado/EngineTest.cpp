@@ -193,6 +193,17 @@ TEST_P(TransactSqlTest, ProceduresReportTheirParametersAndTakeValues) {
   EXPECT_EQ(ToText(defaults->Fields("Note").Value()), "none");
   EXPECT_TRUE(IsNull(defaults->Fields("B").Value()));
   EXPECT_TRUE(IsNull(brief.Parameters("Total").Value()));
+
+  Command gap = Procedure(name);
+  gap.Parameters("A").SetValue(1);
+  gap.Parameters("note").SetValue(std::string("x"));
+  if (GetParam() == EngineKind::StandIn) {
+    // FreeTDS cannot leave out a parameter in the middle. NULL in its place would be another call.
+    EXPECT_THAT(test::Caught([&] { gap.Execute(); }).Description(), HasSubstr("Parameter @b of"));
+  } else {
+    gap.Execute();
+    EXPECT_EQ(ToInt32(gap.Parameters("@Total").Value()), -4);
+  }
 }
 
 TEST_P(TransactSqlTest, LongTextDeclaredWithoutSizeArrivesWhole) {
@@ -214,10 +225,10 @@ TEST_P(TransactSqlTest, WrongCallsAreErrorsOfTheCall) {
   Run("ALTER PROCEDURE {} @other int AS SELECT @other AS n", name);
   EXPECT_EQ(test::Caught([&] { (void)Procedure(name).Parameters("@n"); }).Number(), ErrorNumber::AdoItemNotFound);
 
-  for (const char* nobody : {"QvTest_NoSuchProcedure", "no such procedure", "[open", "a.b.c.d", ""}) {
-    const Error undiscovered = test::Caught([&] { (void)Procedure(nobody).Parameters("@n"); });
-    EXPECT_EQ(undiscovered.Number(), ErrorNumber::DbStatement) << nobody;
-    EXPECT_EQ(test::Caught([&] { (void)Procedure(nobody).Execute(); }).Number(), ErrorNumber::DbStatement) << nobody;
+  for (const char* wrong : {"QvTest_NoSuchProcedure", "no such procedure", "[open", "a.b.c.d", ""}) {
+    const Error undiscovered = test::Caught([&] { (void)Procedure(wrong).Parameters("@n"); });
+    EXPECT_EQ(undiscovered.Number(), ErrorNumber::DbStatement) << wrong;
+    EXPECT_EQ(test::Caught([&] { (void)Procedure(wrong).Execute(); }).Number(), ErrorNumber::DbStatement) << wrong;
   }
   const Error error = test::Caught([&] { (void)Procedure("QvTest_NoSuchProcedure").Execute(); });
   EXPECT_EQ(error.Description(), "Could not find stored procedure 'QvTest_NoSuchProcedure'.");

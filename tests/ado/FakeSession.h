@@ -10,7 +10,7 @@
 
 namespace quorvel::test {
 
-/// What the sessions of one test answer and have received.
+/// The answers of the sessions of one test, and the options that they received.
 struct FakeEngine {
   std::vector<ado::ParameterInfo> parameters;
   std::optional<ado::DriverError> failure;  ///< thrown by every operation while it is set

@@ -3,15 +3,12 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
-#include "ado/Command.h"
 #include "ado/ConnectionString.h"
 #include "ado/odbc/Diagnostics.h"
 #include "ado/odbc/Drivers.h"
 #include "ado/odbc/OdbcConnectionString.h"
 #include "ado/odbc/ProcedureName.h"
 #include "ado/odbc/Timestamp.h"
-#include "tests/support/Caught.h"
-#include "tests/support/EngineUnderTest.h"
 
 namespace quorvel::ado::odbc {
 namespace {
@@ -83,18 +80,6 @@ TEST(OdbcMessages, LoseTheNamesBeforeThem) {
             "Invalid object name 'a[1]'.");
   EXPECT_EQ(WithoutPrefixes("[FreeTDS][SQL Server][Customer] is not [Owner]"), "[Customer] is not [Owner]");
   EXPECT_EQ(WithoutPrefixes("[open"), "[open");
-}
-
-TEST(OdbcCall, NeverSendsNullForAParameterLeftOutInTheMiddle) {
-  test::EngineUnderTest engine(test::EngineKind::StandIn);
-  const std::string name = engine.Procedure("Middle");
-  Command command;
-  command.SetActiveConnection(engine.Connect());
-  command.SetCommandType(CommandType::StoredProcedure);
-  command.SetCommandText(name);
-  engine.Connect()->Execute(fmt::format("CREATE PROCEDURE {} @a int = 5, @b int = 6 AS SELECT @a AS a", name));
-  command.Parameters("@b").SetValue(std::int64_t{1});
-  EXPECT_THAT(test::Caught([&] { command.Execute(); }).Description(), HasSubstr("Parameter @a of"));
 }
 
 TEST(OdbcTimestamp, IsRoundedToTheMillisecond) {
