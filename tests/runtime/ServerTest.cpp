@@ -12,7 +12,8 @@
 #include "data/modDatabase.h"
 #include "runtime/RemarkContext.h"
 #include "tests/runtime/RuntimeTest.h"
-#include "tests/support/ServedDatabase.h"
+#include "tests/support/TestSettings.h"
+#include "tests/support/tds/StandInServer.h"
 
 namespace quorvel {
 namespace {
@@ -43,11 +44,15 @@ Part Failure(const char* text) { return {Part::Kind::Error, {"42000", 50001, tex
 
 class ServerTest : public testing::Test {
  protected:
-  [[nodiscard]] test::StandInServer& Server() { return m_database.Server(); }
-  [[nodiscard]] std::string MemoCount() const { return m_database.File().Ask("SELECT COUNT(*) FROM tciMemo"); }
+  ServerTest() {
+    test::UseSettings(m_server.Address(), "Ledger; Driver=FreeTDS", test::StandInServer::kUser,
+                      "\"" + std::string(test::StandInServer::kPassword) + "\"");
+  }
+  [[nodiscard]] std::string MemoCount() const { return m_file.Ask("SELECT COUNT(*) FROM tciMemo"); }
 
   test::PromptsGuard m_prompts;
-  test::ServedDatabase m_database;
+  test::TestDatabase m_file;
+  test::StandInServer m_server{m_file.DatabaseFile()};
 };
 
 void AddRemark(const ContextHolder& context, const std::string& text) {
@@ -60,36 +65,36 @@ TEST_F(ServerTest, SendsOnlyWhatIsNeeded) {
     AddRemark(warmUp, "the first call of a procedure discovers its parameters");
     warmUp->Save(true);
   }
-  Server().ForgetRequests();
+  m_server.ForgetRequests();
   const ContextHolder context("CustMaint", "C1044", "admin");
-  EXPECT_THAT(Server().Requests(),
+  EXPECT_THAT(m_server.Requests(),
               ElementsAre("call spTWCqvGetContext", "call spTWCqvGetRemarkTypes", "call spTWCqvGetUserRights",
                           "call spGetCustomerName", "call spTWCqvGetFilteredMemos"));
-  Server().ForgetRequests();
+  m_server.ForgetRequests();
   AddRemark(context, "one");
   AddRemark(context, "two");
   context->Save(true);
-  EXPECT_THAT(Server().Requests(), ElementsAre("call spGetNextSurrogateKey", "call spTWCqvAddRemark",
+  EXPECT_THAT(m_server.Requests(), ElementsAre("call spGetNextSurrogateKey", "call spTWCqvAddRemark",
                                                "call spGetNextSurrogateKey", "call spTWCqvAddRemark"));
-  EXPECT_EQ(Server().Logins(), 1);
+  EXPECT_EQ(m_server.Logins(), 1);
 }
 
 TEST_F(ServerTest, LoadRstReplacesALostConnectionOnce) {
-  Server().DropConnections();
+  m_server.DropConnections();
   const auto groups = LoadRst("SELECT GroupID FROM ttwGroup");
   ASSERT_TRUE(groups);
   EXPECT_FALSE(groups->EndOfFile());
-  EXPECT_EQ(Server().Logins(), 2);
+  EXPECT_EQ(m_server.Logins(), 2);
 
-  Server().DropAmidRows(1);
+  m_server.DropAmidRows(1);
   const auto memos = LoadRst("SELECT MemoKey, MemoText FROM tciMemo");
   ASSERT_TRUE(memos);
   EXPECT_EQ(std::to_string(memos->RecordCount()), kMemosOfSample);
-  Server().DropAmidRows(1);
+  m_server.DropAmidRows(1);
   const auto keys = LoadRst("SELECT MemoKey FROM tciMemo");
   ASSERT_TRUE(keys);
   EXPECT_EQ(std::to_string(keys->RecordCount()), kMemosOfSample) << "rows that come in blocks";
-  EXPECT_EQ(Server().Logins(), 4);
+  EXPECT_EQ(m_server.Logins(), 4);
   EXPECT_THAT(m_prompts->shown, IsEmpty());
 }
 
@@ -97,25 +102,25 @@ TEST_F(ServerTest, NoRequestIsSentTwice) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   AddRemark(context, "its answer gets lost");
   // Two discoveries and the key come before the remark.
-  Server().DropAfterRequest(4);
+  m_server.DropAfterRequest(4);
   EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
   EXPECT_EQ(MemoCount(), "2043");
   EXPECT_EQ(SharedConnection()->Errors().at(0).sqlState, "08S01");
-  Server().ForgetRequests();
+  m_server.ForgetRequests();
   EXPECT_EQ(Caught([&] {
               ExecSP("spTWCAddGroup", {{"@GroupID", std::string("Late")}});
             }).Number(),
             ErrorNumber::DbUnspecified);
-  EXPECT_THAT(Server().Requests(), IsEmpty());
-  EXPECT_EQ(Server().Logins(), 1);
+  EXPECT_THAT(m_server.Requests(), IsEmpty());
+  EXPECT_EQ(m_server.Logins(), 1);
   EXPECT_EQ(MemoCount(), "2043");
 
   modDatabase::OpenConnection();
-  Server().DropConnections();
+  m_server.DropConnections();
   EXPECT_THAT(Caught([] { SharedConnection()->Execute("SELECT 1"); }).Description(), HasSubstr("is lost"));
   EXPECT_EQ(SharedConnection()->Errors().at(0).sqlState, "08S01");
 
-  Server().DropAmidRows(1);
+  m_server.DropAmidRows(1);
   modDatabase::OpenConnection();
   const ContextHolder other;
   EXPECT_NE(Caught([&] { other->Load("CustMaint", "C1044", "admin"); }).Number(), 0) << "half a result";
@@ -124,7 +129,7 @@ TEST_F(ServerTest, NoRequestIsSentTwice) {
 TEST_F(ServerTest, EveryRecordOfABatchIsKeptAndShown) {
   const std::string sql = "EXEC Many";
   const Part rowCount{Part::Kind::RowCount, {}, 3, {}, {}};
-  Server().AnswerWith(sql, {Message("a word"), OneRow(), Failure("first"), rowCount, Failure("second"), OneRow(),
+  m_server.AnswerWith(sql, {Message("a word"), OneRow(), Failure("first"), rowCount, Failure("second"), OneRow(),
                             Failure("third"), Message("a late word")});
   EXPECT_EQ(Caught([&] { SharedConnection()->Execute(sql); }).Description(), "first");
   std::vector<std::string> records;
@@ -139,7 +144,7 @@ TEST_F(ServerTest, EveryRecordOfABatchIsKeptAndShown) {
 }
 
 TEST_F(ServerTest, LoadRstTreatsAWarningAsAFailure) {
-  Server().AnswerWith("SELECT 1", {Message("mind this"), OneRow(), Message("and this")});
+  m_server.AnswerWith("SELECT 1", {Message("mind this"), OneRow(), Message("and this")});
   EXPECT_EQ(LoadRst("SELECT 1"), nullptr);
   ASSERT_THAT(m_prompts->shown, SizeIs(1));
   EXPECT_EQ(m_prompts->shown[0].text,
@@ -149,7 +154,7 @@ TEST_F(ServerTest, LoadRstTreatsAWarningAsAFailure) {
 
 TEST_F(ServerTest, SlowStatementIsATimeout) {
   SharedConnection()->SetCommandTimeout(std::chrono::seconds(1));
-  Server().DelayAnswers(std::chrono::seconds(5));
+  m_server.DelayAnswers(std::chrono::seconds(5));
   EXPECT_EQ(Caught([] { SharedConnection()->Execute("SELECT GroupID FROM ttwGroup"); }).Number(),
             ErrorNumber::DbTimeout);
 }
@@ -205,7 +210,7 @@ TEST_F(ServerTest, AnyFailedCallIsAnErrorAndNothingIsHalfDone) {
   const std::ptrdiff_t sockets = CountSockets();
   int number = 0;
   for (std::string failed = "the first"; !failed.empty();) {
-    m_database.File().Run("DELETE FROM tciMemo WHERE MemoText = 'added'");
+    m_file.Run("DELETE FROM tciMemo WHERE MemoText = 'added'");
     int loaded = 0;
     std::optional<Error> error;
     {
