@@ -37,7 +37,7 @@ TEST_F(EverySlot, RemarkType) {
   });
 }
 
-TEST_F(EverySlot, RemarkFromTheDatabase) {
+TEST_F(EverySlot, Remark) {
   Run([this] {
     const LoadedContext context;
     const auto remark = RemarkAt(context.List().Get(), 1);
@@ -63,13 +63,7 @@ TEST_F(EverySlot, RemarkFromTheDatabase) {
     EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 7"), "Changed");
     EXPECT_EQ(remark->Delete(), S_OK);
     EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 7"), "");
-  });
-}
 
-TEST_F(EverySlot, RemarkMadeByTheHost) {
-  Run([] {
-    const LoadedContext context;
-    const auto remark = NewRemark();
     const auto type = context.Type(u"Cust.Internal");
     const Properties changed{{u"RemarkType", type.Get()},
                              {u"MemoKey", -3},
