@@ -30,7 +30,7 @@ class GridRenderer : public wxGridCellRenderer {
   wxSize GetBestSize(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, int row, int column) override;
   int GetBestHeight(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, int row, int column, int width) override;
   /// State, colours and fonts are one grid's; a second renderer would draw the same.
-  GridRenderer* Clone() const override { return new GridRenderer(*this); }
+  [[nodiscard]] GridRenderer* Clone() const override { return new GridRenderer(*this); }
 
  private:
   struct Style {

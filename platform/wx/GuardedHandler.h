@@ -20,19 +20,21 @@ void RunGuarded(const Action& action, const Failed& failed) noexcept {
   }
 }
 
+/// Calls a handler that takes the event or nothing.
+template <typename Handler, typename Event>
+void CallHandler(Handler& handler, Event& event) {
+  if constexpr (std::is_invocable_v<Handler&, Event&>) {
+    handler(event);
+  } else {
+    handler();
+  }
+}
+
 /// An event handler that runs `handler`, which takes the event or nothing, and passes what it throws to `failed`.
 template <typename Handler, typename Failed>
 [[nodiscard]] auto GuardedHandler(Handler handler, Failed failed) {
   return [handler = std::move(handler), failed = std::move(failed)](auto& event) mutable {
-    RunGuarded(
-        [&] {
-          if constexpr (std::is_invocable_v<Handler&, decltype(event)>) {
-            std::invoke(handler, event);
-          } else {
-            std::invoke(handler);
-          }
-        },
-        failed);
+    RunGuarded([&] { CallHandler(handler, event); }, failed);
   };
 }
 
