@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-/// What a user may do with one remark.
+/// The changes that a user may make to one remark.
 struct RemarkRights {
   bool canUpdate = false;
   bool canDelete = false;

@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-/// What a window library supplies.
+/// The objects that a window library supplies.
 struct WindowLibrary {
   std::shared_ptr<RemarkWindows> windows;
   std::shared_ptr<Prompts> prompts;

@@ -123,7 +123,8 @@ TEST_F(DatabaseTest, FieldTextIsEmptyForNull) {
 
 TEST(ModDatabase, EveryThreadStartsWithoutAConnection) {
   test::TestDatabase database(test::TestDatabase::Content::Schema);
-  std::thread([] {
+  std::weak_ptr<ado::Connection> watched;
+  std::thread([&watched] {
     EXPECT_EQ(SharedConnection(), nullptr);
     EXPECT_EQ(Caught([] { UpdateField("ttwGroup", "Caption", Value{true}, "GroupKey", Value{true}); }).Number(),
               ErrorNumber::ObjectNotSet);
@@ -133,7 +134,9 @@ TEST(ModDatabase, EveryThreadStartsWithoutAConnection) {
     const auto connection = ConnectionNow();
     modDatabase::EnsureConnection();
     EXPECT_EQ(SharedConnection(), connection);
+    watched = connection;
   }).join();
+  EXPECT_TRUE(watched.expired()) << "the connection is closed when its thread ends";
 }
 
 TEST(SqlValue, QuotesTextsWithoutDoubling) {

@@ -6,6 +6,7 @@
 #include "data/modError.h"
 #include "platform/Environment.h"
 #include "platform/Error.h"
+#include "tests/support/Caught.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvel {
@@ -19,16 +20,13 @@ std::string Line(const char* place) {
 /// The error that a handler with RaiseError makes of `thrown`.
 template <typename Thrown>
 Error Passed(const Thrown& thrown, const char* procName, const char* context = "") {
-  try {
+  return test::Caught([&] {
     try {
       throw thrown;
     } catch (...) {
       modError::RaiseError("GridEXWrapper", procName, context);
     }
-  } catch (const Error& error) {
-    return error;
-  }
-  throw std::logic_error("RaiseError returned");
+  });
 }
 
 class Errors : public testing::Test {

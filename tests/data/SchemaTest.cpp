@@ -11,6 +11,7 @@
 #include "ado/Script.h"
 #include "data/modDatabase.h"
 #include "platform/Error.h"
+#include "tests/support/Caught.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
@@ -19,6 +20,7 @@ namespace {
 
 using modDatabase::ExecSP;
 using modDatabase::NamedValue;
+using test::Caught;
 using testing::ElementsAre;
 
 class SchemaTest : public testing::Test {
@@ -53,12 +55,7 @@ std::string SchemaTest::Dump() const {
 }
 
 std::int32_t FailureOf(const std::string& procedure, std::initializer_list<NamedValue> pairs) {
-  try {
-    ExecSP(procedure, pairs);
-  } catch (const Error& error) {
-    return error.Number();
-  }
-  return 0;
+  return Caught([&] { ExecSP(procedure, pairs); }).Number();
 }
 
 Value Number(std::int32_t number) { return std::int64_t{number}; }
@@ -69,16 +66,11 @@ TEST_F(SchemaTest, SecondRunOfTheScriptsChangesNothing) {
   ExecSP("spTWCqvRemoveGroupMember", {{"@GroupKey", Number(1)}, {"@UserKey", Number(Key("ttwUser", "jsmith"))}});
   const std::string before = Dump();
   const auto connection = m_database.Connect();
-  for (const std::string_view script : {SchemaScript(), SampleScript()}) {
-    for (const ado::Batch& batch : ado::SplitBatches(script)) connection->Execute(batch.text);
-  }
+  for (const std::string_view script : {SchemaScript(), SampleScript()}) test::RunScript(*connection, script);
   EXPECT_EQ(Dump(), before);
 }
 
-TEST_F(SchemaTest, SampleIsComplete) {
-  EXPECT_EQ(Key("ttwGroup", "Default"), 1);
-  EXPECT_EQ(m_database.Ask("SELECT MAX(n) FROM (SELECT COUNT(*) AS n FROM tciMemo GROUP BY EntityType, OwnerKey) s"),
-            "2000");
+TEST_F(SchemaTest, SampleMemosHaveAnOwnerAUserAndAType) {
   EXPECT_EQ(Count("tciMemo m LEFT JOIN ttwUser u ON u.UserID = m.UserID LEFT JOIN ttwRemarkType t ON t.RemarkTypeID = "
                   "m.MemoType WHERE u.UserKey IS NULL OR t.RemarkTypeKey IS NULL"),
             "0");
@@ -86,7 +78,6 @@ TEST_F(SchemaTest, SampleIsComplete) {
       Count("tciMemo m WHERE NOT EXISTS (SELECT * FROM Customer WHERE CustKey = m.OwnerKey AND m.EntityType = 501)"
             " AND NOT EXISTS (SELECT * FROM SalesOrder WHERE OrderKey = m.OwnerKey AND m.EntityType = 801)"),
       "0");
-  EXPECT_EQ(modDatabase::GetNextSurrogateKey("tciMemo"), 2043);
 }
 
 TEST_F(SchemaTest, DeletesRemoveTheLinks) {
@@ -141,12 +132,12 @@ TEST_F(SchemaTest, AddsTrimmedUniqueIDs) {
     const std::string column = kind + "ID";
     const bool hasEntity = kind == "RemarkType" || kind == "Context";
     const auto add = [&](const std::string& id) {
-      return FailureOf("spTWCAdd" + kind, {{column, id}, {hasEntity ? "@RemarkEntityKey" : "", entity}});
+      ExecSP("spTWCAdd" + kind, {{column, id}, {hasEntity ? "@RemarkEntityKey" : "", entity}});
     };
-    EXPECT_EQ(add("New one "), 0) << kind;
-    EXPECT_EQ(add("NEW ONE"), ErrorNumber::DbIntegrity) << kind;
-    EXPECT_EQ(add(longest), 0) << kind;
-    EXPECT_EQ(add(longest + "L"), ErrorNumber::AdoDataConversion) << kind;
+    add("New one ");
+    EXPECT_EQ(Caught([&] { add("NEW ONE"); }).Number(), ErrorNumber::DbIntegrity) << kind;
+    add(longest);
+    EXPECT_EQ(Caught([&] { add(longest + "L"); }).Number(), ErrorNumber::AdoDataConversion) << kind;
     // LEN does not count trailing blanks, hence the point.
     EXPECT_EQ(Count("ttw" + kind + " WHERE LEN(" + column + " + '.') = 8 AND " + column + " = 'new one'"), "1");
   }

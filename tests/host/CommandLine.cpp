@@ -6,17 +6,10 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <iterator>
+
+#include "platform/FileUpdate.h"
 
 namespace quorvel::test {
-namespace {
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-}  // namespace
 
 Outcome RunProgram(const std::vector<std::string>& command, const std::string& input) {
   const TemporaryFolder folder;
@@ -36,8 +29,8 @@ Outcome RunProgram(const std::vector<std::string>& command, const std::string& i
   Outcome outcome;
   int status = 0;
   if (failure == 0 && waitpid(child, &status, 0) == child && WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
-  outcome.output = ReadFile(folder.File("out"));
-  outcome.errors = ReadFile(folder.File("err"));
+  outcome.output = ReadWholeFile(folder.File("out")).value_or("");
+  outcome.errors = ReadWholeFile(folder.File("err")).value_or("");
   return outcome;
 }
 

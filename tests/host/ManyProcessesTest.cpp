@@ -1,30 +1,49 @@
-#include <future>
+#include <fmt/format.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <thread>
 #include <vector>
 
 #include "tests/host/CommandLine.h"
+#include "tests/runtime/RuntimeTest.h"
 
 namespace quorvel::test {
 namespace {
 
 using ::testing::HasSubstr;
 
+/// Starts a process that stays connected while it adds 200 remarks.
+pid_t StartWriter(int writer) {
+  const pid_t process = ::fork();
+  if (process != 0) return process;
+  // The end of the thread closes the connection. An error ends the process.
+  std::thread([writer] {
+    const ContextHolder context("CustMaint", "C1020", "admin");
+    for (int i = 1; i <= 200; ++i) {
+      context->AddRemark("Cust.General", fmt::format("writer {}, remark {}", writer, i), "admin");
+      context->Save(true);
+    }
+  }).join();
+  ::_exit(0);
+}
+
 // Seven writers stay connected; one opens and closes the file for every remark.
 TEST_F(CommandLine, EightWritersLoseNoRemark) {
   Initialize(true);
   const std::string count = "SELECT COUNT(*) AS Memos FROM tciMemo";
-  const std::string before = RunSql(count);
-  ASSERT_THAT(before, HasSubstr("\n 2042\n"));
+  ASSERT_THAT(RunSql(count), HasSubstr("\n 2042\n"));
+  std::vector<pid_t> writers;
+  for (int writer = 1; writer < 8; ++writer) writers.push_back(StartWriter(writer));
   const std::string loop =
       "i=0; while [ $i -lt 200 ]; do i=$((i+1)); \"$0\" add --context CustMaint --owner C1020 --user admin "
       "--type Cust.General --text \"writer 8, remark $i\" || exit 1; done";
-  std::vector<std::vector<std::string>> commands = {{"sh", "-c", loop, QUORVEL_PROGRAM}};
-  for (int writer = 1; writer < 8; ++writer) commands.push_back({QUORVEL_REMARK_WRITER, std::to_string(writer)});
-  std::vector<std::future<Outcome>> writers;
-  writers.reserve(commands.size());
-  for (const auto& command : commands) {
-    writers.push_back(std::async(std::launch::async, [&command] { return RunProgram(command); }));
+  EXPECT_THAT(RunProgram({"sh", "-c", loop, QUORVEL_PROGRAM}), Succeeds());
+  for (const pid_t writer : writers) {
+    int status = 0;
+    ASSERT_EQ(::waitpid(writer, &status, 0), writer);
+    EXPECT_EQ(status, 0);
   }
-  for (auto& writer : writers) EXPECT_THAT(writer.get(), Succeeds());
   EXPECT_THAT(RunSql(count), HasSubstr("\n 3642\n"));
   EXPECT_THAT(RunSql("SELECT MAX(MemoKey) AS Highest FROM tciMemo"), HasSubstr("\n   3642\n"));
   EXPECT_THAT(RunSql("SELECT MemoText FROM tciMemo WHERE MemoText LIKE 'writer %' GROUP BY MemoText"),

@@ -104,27 +104,23 @@ TEST_F(RemarkCommands, AddChangeAndRemoveReachTheDatabase) {
 
 TEST_F(RemarkCommands, RefusedCommandsWriteNothing) {
   // General gives jsmith neither update nor delete; remark 4 is another user's.
-  struct Case {
-    std::vector<std::string> command;
-    const char* error;
-  };
   const Json before = ListAcme("admin");
-  for (const Case& each : {
-           Case{{"add", "--type", "Cust.Credit", "--text", "x"},
-                "quorvel.add: jsmith may not create remarks of type Cust.Credit"},
-           {{"add", "--type", "Cust.General", "--text", " \n\t "}, "quorvel.add: A remark needs a text"},
-           {{"add", "--type", "Ord.Note", "--text", "x"},
-            "RemarkContext.AddRemark: Illegal remark type for this context"},
-           {{"change", "--index", "3", "--text", "x"},
-            "quorvel.change: jsmith may not change this remark of type Cust.Credit"},
-           {{"change", "--index", "4", "--text", "x"},
-            "quorvel.change: jsmith may not change this remark of type Cust.General"},
-           {{"change", "--index", "1", "--type", "Cust.Credit"},
-            "quorvel.change: jsmith may not create remarks of type Cust.Credit"},
-           {{"remove", "--index", "4"}, "quorvel.remove: jsmith may not delete this remark of type Cust.General"},
-           {{"remove", "--index", "7"}, "quorvel.remove: There is no remark 7: jsmith may read 6 remarks of C1044"},
-       }) {
-    EXPECT_THAT(Quorvel(OnAcme(each.command)), Fails(std::string("-1 at ") + each.error));
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"add", "--type", "Cust.Credit", "--text", "x"},
+       "quorvel.add: jsmith may not create remarks of type Cust.Credit"},
+      {{"add", "--type", "Cust.General", "--text", " \n\t "}, "quorvel.add: A remark needs a text"},
+      {{"add", "--type", "Ord.Note", "--text", "x"}, "RemarkContext.AddRemark: Illegal remark type for this context"},
+      {{"change", "--index", "3", "--text", "x"},
+       "quorvel.change: jsmith may not change this remark of type Cust.Credit"},
+      {{"change", "--index", "4", "--text", "x"},
+       "quorvel.change: jsmith may not change this remark of type Cust.General"},
+      {{"change", "--index", "1", "--type", "Cust.Credit"},
+       "quorvel.change: jsmith may not create remarks of type Cust.Credit"},
+      {{"remove", "--index", "4"}, "quorvel.remove: jsmith may not delete this remark of type Cust.General"},
+      {{"remove", "--index", "7"}, "quorvel.remove: There is no remark 7: jsmith may read 6 remarks of C1044"},
+  };
+  for (const auto& [command, error] : cases) {
+    EXPECT_THAT(Quorvel(OnAcme(command)), Fails(std::string("-1 at ") + error));
   }
   EXPECT_EQ(ListAcme("admin"), before);
 }

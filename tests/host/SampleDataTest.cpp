@@ -10,22 +10,13 @@ namespace {
 
 using quorvel::test::CommandLine;
 using ::testing::HasSubstr;
-using ::testing::StartsWith;
+using ::testing::ThrowsMessage;
 
 std::string Utf8(const wxString& text) { return std::string(text.utf8_str()); }
 
 BusinessData ReadFrom(const std::string& file, const std::string& server = "(embedded)") {
   return ReadBusinessData(wxString::FromUTF8("Provider=SQLOLEDB.1;Data Source=" + server + "; Initial Catalog=" + file +
                                              "; User ID=; Password="));
-}
-
-std::string RefusalOf(const std::string& file, const std::string& server = "(embedded)") {
-  try {
-    (void)ReadFrom(file, server);
-  } catch (const std::runtime_error& refusal) {
-    return refusal.what();
-  }
-  return "none";
 }
 
 using SampleData = CommandLine;
@@ -56,11 +47,13 @@ TEST_F(SampleData, ReadsTheFileOfTheSettings) {
 }
 
 TEST_F(SampleData, ReportsWhatIsMissing) {
-  EXPECT_THAT(RefusalOf("Ledger", "SQL1"), HasSubstr("the settings name the server \"SQL1\""));
-  EXPECT_THAT(RefusalOf(File("none;of it.db")),
-              StartsWith("There is no database file \"" + File("none;of it.db") + "\""));
+  const auto refuses = [](const std::string& message) { return ThrowsMessage<std::runtime_error>(HasSubstr(message)); };
+  EXPECT_THAT([] { (void)ReadFrom("Ledger", "SQL1"); }, refuses("the settings name the server \"SQL1\""));
+  const std::string missing = File("none;of it.db");
+  EXPECT_THAT([&] { (void)ReadFrom(missing); }, refuses("There is no database file \"" + missing + "\""));
   Initialize(false);
-  EXPECT_THAT(RefusalOf(File("test.db")), StartsWith("The customers cannot be read: no such table: Customer"));
+  EXPECT_THAT([&] { (void)ReadFrom(File("test.db")); },
+              refuses("The customers cannot be read: no such table: Customer"));
 }
 
 }  // namespace

@@ -14,10 +14,6 @@ namespace {
 
 std::string ConnectionStringOf(const std::string& file) { return "Data Source=(embedded); Initial Catalog=" + file; }
 
-void RunScript(ado::Connection& connection, std::string_view script) {
-  for (const ado::Batch& batch : ado::SplitBatches(script)) connection.Execute(batch.text);
-}
-
 /// A database file with that content, made once per test program and copied from then on.
 const std::string& Template(TestDatabase::Content content) {
   static TemporaryFolder folder;
@@ -33,6 +29,10 @@ const std::string& Template(TestDatabase::Content content) {
 }
 
 }  // namespace
+
+void RunScript(ado::Connection& connection, std::string_view script) {
+  for (const ado::Batch& batch : ado::SplitBatches(script)) connection.Execute(batch.text);
+}
 
 TestDatabase::TestDatabase(Content content) : m_registry("QUORVEL_REGISTRY", m_folder.File("settings.reg")) {
   std::filesystem::copy_file(Template(content), DatabaseFile());

@@ -9,6 +9,9 @@
 
 namespace quorvel::test {
 
+/// Runs every batch of a script.
+void RunScript(ado::Connection& connection, std::string_view script);
+
 /// An embedded database for one test, with settings that point to it: after construction modDatabase of this
 /// thread opens this database and no other.
 class TestDatabase {
