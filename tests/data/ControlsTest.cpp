@@ -75,7 +75,8 @@ TEST(Controls, FillingTakesTextAndKeyOfEachRowAndMovesBack) {
   box.items = {{"former", 99}};
   modDatabase::FillList(box, groups->RecordCount(), "shown", "groupkey", *groups);
   EXPECT_THAT(box.items, ElementsAre(std::pair("Default", 1), std::pair("Collections", 2)));
-  EXPECT_EQ(ToInt32(groups->Fields("GroupKey").Value()), 1);
+  EXPECT_EQ(modDatabase::FieldText(groups->Fields("GroupKey")), "1");
+  EXPECT_EQ(modDatabase::FieldText(groups->Fields("Nothing")), "");
 
   modControls::FillCombo(box, 1, "Shown", "", *groups);
   EXPECT_THAT(box.items, ElementsAre(std::pair("<none>", 0), std::pair("Default", 0)));

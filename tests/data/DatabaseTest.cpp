@@ -114,13 +114,6 @@ TEST_F(DatabaseTest, UpdateFieldLeavesTheWaitPendingOnAnError) {
   EXPECT_THAT(m_prompts->pointers, ElementsAre(PointerShape::Hourglass, PointerShape::Default));
 }
 
-TEST_F(DatabaseTest, FieldTextIsEmptyForNull) {
-  m_database.Run("INSERT INTO ttwBranch (BranchID, BranchName, ShipMethKey) VALUES ('B1', 'one', 5)");
-  const auto branches = LoadRst("SELECT ShipMethKey, WhseKey FROM ttwBranch WHERE BranchID = 'B1'");
-  EXPECT_EQ(modDatabase::FieldText(branches->Fields("ShipMethKey")), "5");
-  EXPECT_EQ(modDatabase::FieldText(branches->Fields("WhseKey")), "");
-}
-
 TEST(ModDatabase, EveryThreadStartsWithoutAConnection) {
   test::TestDatabase database(test::TestDatabase::Content::Schema);
   std::weak_ptr<ado::Connection> watched;

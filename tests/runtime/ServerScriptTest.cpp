@@ -56,12 +56,8 @@ class ServerScriptTest : public testing::TestWithParam<EngineKind> {
 
   void Connect(const std::string& database) {
     const ado::ConnectOptions options = ado::ParseConnectionString(m_engine->ConnectionString());
-    std::string catalog = database;
-    if (!options.driver.empty()) catalog += "; Driver=" + options.driver;
-    if (!options.encrypt.empty()) catalog += "; Encrypt=" + options.encrypt;
-    if (!options.trustServerCertificate.empty()) {
-      catalog += "; TrustServerCertificate=" + options.trustServerCertificate;
-    }
+    const std::string catalog = fmt::format("{}; Driver={}; Encrypt={}; TrustServerCertificate={}", database,
+                                            options.driver, options.encrypt, options.trustServerCertificate);
     test::UseSettings(options.dataSource, catalog, Quoted(options.userId), Quoted(options.password));
   }
 
