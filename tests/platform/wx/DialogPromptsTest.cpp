@@ -5,9 +5,11 @@
 
 #include <string>
 
+#include <wx/stattext.h>
 #include <wx/textdlg.h>
 #include <wx/utils.h>
 
+#include "platform/wx/Text.h"
 #include "tests/support/wx/ModalScript.h"
 #include "tests/support/wx/TestWindow.h"
 
@@ -108,16 +110,18 @@ TEST_F(DialogPromptsTest, BoxBelongsToTheTopmostWindowAndHasTheDefaultPointer) {
 }
 
 TEST_F(DialogPromptsTest, InputBoxReturnsItsTextOrNothing) {
-  for (const std::optional<std::string>& text : {std::optional<std::string>("Größe & 🙂"), {""}, {}}) {
-    script.ExpectInput("R&D ID", "Create New R&D", text);
-    EXPECT_EQ(prompts.AskText("R&D ID", "Create New R&D"), text);
+  const std::string typed = "Größe & 🙂";
+  for (const auto& [text, answer] : {std::pair(typed, wxID_OK), {"", wxID_OK}, {typed, wxID_CANCEL}}) {
+    script.ExpectShown([text = text, answer = answer](wxDialog& box) {
+      EXPECT_STREQ(gtk_window_get_title(GTK_WINDOW(box.GetHandle())), "Create New R&D");
+      // The label marks no access key, so it escapes its ampersand.
+      const wxWindow* prompt = wxWindow::FindWindowByLabel("R&&D ID", &box);
+      EXPECT_NE(dynamic_cast<const wxStaticText*>(prompt), nullptr);
+      dynamic_cast<wxTextEntryDialog&>(box).SetValue(ToWx(text));
+      box.EndModal(answer);
+    });
+    EXPECT_EQ(prompts.AskText("R&D ID", "Create New R&D"), answer == wxID_OK ? std::optional(text) : std::nullopt);
   }
-  script.ExpectShown([](wxDialog& dialog) {
-    EXPECT_STREQ(gtk_window_get_title(GTK_WINDOW(dialog.GetHandle())), "Create New R&D");
-    dynamic_cast<wxTextEntryDialog&>(dialog).SetValue("typed");
-    dialog.EndModal(wxID_CANCEL);
-  });
-  EXPECT_EQ(prompts.AskText("R&D ID", "Create New R&D"), std::nullopt);
 }
 
 }  // namespace

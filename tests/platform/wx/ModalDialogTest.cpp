@@ -187,6 +187,7 @@ class Frame : public wxFrame, public GuardedWindow {
     Bind(wxEVT_BUTTON, UserAction([] { throw Error(-1, "Manager.Create", "Cannot create"); }));
   }
   using GuardedWindow::Guard;
+  using GuardedWindow::SetSmallestInside;
 };
 
 TEST(GuardedWindow, ModelessFrameShowsEachErrorAndStays) {
@@ -219,6 +220,15 @@ TEST(GuardedWindow, ModalDialogShowsErrorsAndStaysOnRequest) {
     dialog.Finish();
   });
   window.RunModal();
+}
+
+TEST(GuardedWindow, InsideNeverBecomesSmallerThanItsSmallestSize) {
+  auto* frame = new Frame;
+  frame->SetSmallestInside({300, 200});
+  frame->Show();
+  frame->SetClientSize(10, 400);
+  EXPECT_EQ(frame->GetClientSize(), wxSize(300, 400));
+  frame->Destroy();
 }
 
 }  // namespace

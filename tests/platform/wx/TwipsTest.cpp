@@ -18,7 +18,6 @@ TEST(TwipScale, RoundsToTheNearestPixelAndTwip) {
   EXPECT_EQ(usual.ToPixels(-23), -2);
   EXPECT_EQ(usual.ToTwips(376), 5640);
   EXPECT_EQ(TwipScale(26).ToPixels(5640), 752);
-  EXPECT_EQ(TwipScale(26).ToTwips(752), 5640);
 }
 
 // A window of the smallest size must not be smaller than that when it is measured again.

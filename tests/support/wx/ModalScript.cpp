@@ -7,8 +7,6 @@
 
 #include <wx/dialog.h>
 #include <wx/msgdlg.h>
-#include <wx/stattext.h>
-#include <wx/textdlg.h>
 
 #include "platform/wx/Text.h"
 #include "tests/support/wx/WaitFor.h"
@@ -21,16 +19,6 @@ constexpr long kBoxStyle = wxYES_NO | wxOK | wxICON_QUESTION | wxICON_EXCLAMATIO
 ModalScript* latest = nullptr;
 
 std::string Text(const wxString& text) { return ui::FromWx(text); }
-
-/// An input box shows each line of its prompt in a separate control.
-std::string Prompt(const wxTextEntryDialog& box) {
-  std::string prompt;
-  for (const wxWindow* child : box.GetChildren()) {
-    const auto* line = dynamic_cast<const wxStaticText*>(child);
-    if (line != nullptr) prompt.append(prompt.empty() ? "" : "\n").append(Text(line->GetLabelText()));
-  }
-  return prompt;
-}
 
 /// The text by which a failure names a window.
 std::string Describe(const wxDialog& dialog) {
@@ -66,17 +54,6 @@ ModalScript& ModalScript::ExpectMessage(const std::string& text, const std::stri
       "message \"" + text + "\" titled \"" + title + "\" in style " + std::to_string(style & kBoxStyle);
   return Expect(description, [description, answer](wxDialog& dialog) {
     return Describe(dialog) == description ? std::optional(answer) : std::nullopt;
-  });
-}
-
-ModalScript& ModalScript::ExpectInput(const std::string& prompt, const std::string& title,
-                                      const std::optional<std::string>& text) {
-  std::string description = "input box \"" + prompt + "\" titled \"" + title + "\"";
-  return Expect(std::move(description), [=](wxDialog& dialog) -> std::optional<int> {
-    auto* box = dynamic_cast<wxTextEntryDialog*>(&dialog);
-    if (box == nullptr || Text(box->GetTitle()) != title || Prompt(*box) != prompt) return std::nullopt;
-    if (text) box->SetValue(ui::ToWx(*text));
-    return text ? wxID_OK : wxID_CANCEL;
   });
 }
 

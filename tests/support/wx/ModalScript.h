@@ -32,9 +32,6 @@ class ModalScript {
   static constexpr long kAsks = wxYES_NO | wxICON_QUESTION;
   static constexpr long kRefuses = wxOK | wxICON_EXCLAMATION;
 
-  /// An input box with exactly this prompt and title. It is not shown and gets `text`, or Cancel without a text.
-  ModalScript& ExpectInput(const std::string& prompt, const std::string& title, const std::optional<std::string>& text);
-
   /// A window with exactly this title. It is shown, and then `act` runs with the window as a `Dialog`. A window that is
   /// still open afterwards fails the test and is closed.
   template <typename Dialog>
