@@ -121,16 +121,19 @@ TEST(EarlyBound, ObjectWorksThroughAProxyInAnotherApartment) {
     const auto list = ListOf(proxy.Get());
     Pointer<_Remark> remark;
     ASSERT_EQ(list->get_Item(AnyValue(LONG{7}).Pointer(), remark.Put()), S_OK);
-    _Remark* passed = remark.Get();
+    // The proxy releases a pointer that is passed in and out, and returns one that the caller must release.
+    _Remark* passed = remark.Release();
     LONG position = 0;
     EXPECT_EQ(list->Index(&passed, &position), S_OK);
+    remark.Reset(passed);
     EXPECT_EQ(position, 7);
     EXPECT_EQ(Load(proxy.Get(), L"Nowhere"), -1);
     // An object of this apartment is foreign to the other one.
     Pointer<_Remark> own;
     ASSERT_EQ(QuorvelCreate(L"Quorvel.Remark", IID__Remark, PutAny(own)), S_OK);
-    passed = own.Get();
+    passed = own.Release();
     EXPECT_EQ(list->AddRemark(&passed), static_cast<HRESULT>(0x800A000DU));
+    own.Reset(passed);
     EXPECT_EQ(proxy->Dispose(), S_OK);
   });
 }
