@@ -155,6 +155,7 @@ TEST_F(EmbeddedStatements, ErrorsCarrySqlStateTextAndLine) {
       {"SELECT CONVERT(smallint, 70000)", "42000", "Arithmetic overflow: 70000"},
       {"SELECT CONVERT(tinyint, -1)", "42000", "Arithmetic overflow: -1"},
       {"SELECT 1\nEXEC ('SELECT nothing FROM ttwGroup')", "42S22", "Invalid column name 'nothing'", 2},
+      {"IF 1 = 1\nBEGIN\n  SELECT nothing FROM ttwGroup\nEND", "42S22", "Invalid column name 'nothing'", 3},
       {"SELECT DATEADD(year, 9000000000, '2026-01-01')", "42000", "caused an overflow"},
       {"SELECT DATEADD(day, 999999999, '2026-01-01')", "42000", "caused an overflow"},
       {"UPDATE tciMemo SET DateStamp = 'yesterday'", "42000", "Conversion failed"},

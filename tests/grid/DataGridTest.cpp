@@ -76,6 +76,19 @@ TEST_F(DataGridTest, KeysMoveAndCloseGroups) {
   EXPECT_THAT(Changes(), ElementsAre()) << "the heading stays current";
 }
 
+TEST_F(DataGridTest, PageKeysMoveByTheLinesInView) {
+  m_grid->GroupBy(std::nullopt);
+  m_source.rows.resize(100, m_source.rows.front());
+  m_grid->Refetch();
+  const int inView = m_grid->GetGridWindow()->GetClientSize().y / m_grid->GetDefaultRowSize();
+  Press(WXK_PAGEDOWN);
+  EXPECT_EQ(m_grid->CurrentLine(), inView);
+  Press(WXK_PAGEDOWN);
+  EXPECT_EQ(m_grid->CurrentLine(), 2 * inView - 1) << "the last line of a page is the first of the next";
+  for (const int key : {WXK_PAGEUP, WXK_PAGEUP}) Press(key);
+  EXPECT_EQ(m_grid->CurrentLine(), 1);
+}
+
 TEST_F(DataGridTest, CurrentRowSurvivesSortingAndOtherGroups) {
   m_grid->SelectRowIndex(3);
   Changes();

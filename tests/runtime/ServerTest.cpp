@@ -168,11 +168,14 @@ class FailingCall : public ado::odbc::CallObserver {
   FailingCall& operator=(const FailingCall&) = delete;
 
   bool Allows(std::string_view function) override {
+    if (function == "SQLAllocHandle") ++handles;
+    if (function == "SQLFreeHandle") --handles;
     if (--m_left != 0) return true;
     failed = function;
     return false;
   }
   std::string failed;
+  int handles = 0;  ///< allocated and not yet freed
 
  private:
   int m_left;
@@ -217,6 +220,8 @@ TEST_F(ServerTest, AnyFailedCallIsAnErrorAndNothingIsHalfDone) {
       FailingCall failing(++number);
       error = LoadAndSave(loaded);
       failed = failing.failed;
+      // Each new connection replaces an open one.
+      EXPECT_TRUE(!failed.empty() || failing.handles == 0) << failing.handles;
     }
     ASSERT_TRUE(loaded == 0 || loaded == kMemosOfOwner) << loaded << ", call " << number << " " << failed;
     const bool isAdded = MemoCount() != kMemosOfSample;

@@ -5,7 +5,9 @@
 
 #include <string>
 
+#include <wx/frame.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
 #include <wx/textdlg.h>
 #include <wx/utils.h>
 
@@ -98,6 +100,9 @@ TEST_F(DialogPromptsTest, BoxBelongsToTheTopmostWindowAndHasTheDefaultPointer) {
   TestWindow window("Owner");
   script.ExpectWindow<TestWindow>("Owner", [this](TestWindow& dialog) {
     prompts.SetPointer(PointerShape::Hourglass);
+    wxFrame host(nullptr, wxID_ANY, "Host");
+    host.Show();
+    (new wxTextCtrl(&host, wxID_ANY))->SetFocus();
     EXPECT_EQ(prompts.ShowMessage("Text", "Title", PromptButtons::Ok, PromptIcon::None), PromptAnswer::Ok);
     EXPECT_TRUE(wxIsBusy());
     EXPECT_EQ(owner, GTK_WINDOW(dialog.GetHandle()));
