@@ -1,3 +1,6 @@
+// The literal is read once as every type that it can be. A cell is then compared in its own type, a text without regard
+// to letter case and trailing blanks. Only a comparison with NULL can find a cell without a value.
+
 #include "ado/FilterCondition.h"
 
 #include <fmt/format.h>

@@ -1,3 +1,6 @@
+// A position counts the visible rows. The list of visible rows is used only while a filter is set; without a filter a
+// position is the row itself.
+
 #include "ado/Recordset.h"
 
 #include <fmt/format.h>

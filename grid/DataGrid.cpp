@@ -1,3 +1,6 @@
+// The toolkit's grid scrolls and calls back; the members of DataGrid each do one part: content, drawing, widths,
+// heights, current line, keys, mouse. This file connects them, and shows the lines again after each change.
+
 #include "grid/DataGrid.h"
 
 #include <algorithm>

@@ -1,3 +1,6 @@
+// GridRows says which row is on a line. This file adds the columns and makes each text when it is asked for, so that
+// nothing is stored per cell.
+
 #include "grid/GridContent.h"
 
 #include <fmt/format.h>

@@ -29,7 +29,7 @@ class GridCursor {
 
   /// Makes an existing line current, or none for 0, and brings it into view.
   void MoveTo(std::int32_t line);
-  /// Makes a line of lines that have just changed current, without drawing it.
+  /// Makes a line current after the lines have changed; draws nothing.
   void Set(std::int32_t line);
   void Refresh();
   void Speak() const;

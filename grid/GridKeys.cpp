@@ -1,3 +1,6 @@
+// The watcher sees each key first. An action selects another line, opens or closes the group of the current line, or
+// copies it.
+
 #include "grid/GridKeys.h"
 
 #include <algorithm>
@@ -46,7 +49,7 @@ GridKeys::Action GridKeys::ActionOf(int key) {
       {WXK_NUMPAD_RIGHT, &GridKeys::Open},
       {'+', &GridKeys::Open},
       {WXK_NUMPAD_ADD, &GridKeys::Open},
-      // On a row these three are the grid's too: it does nothing with them.
+      // On a row the grid takes these three keys and ignores them.
       {WXK_RETURN, &GridKeys::Toggle},
       {WXK_NUMPAD_ENTER, &GridKeys::Toggle},
       {WXK_SPACE, &GridKeys::Toggle},

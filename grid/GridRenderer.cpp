@@ -1,3 +1,6 @@
+// TakeStyle makes all colours and fonts from those of the desktop. Drawing only reads them, and asks the state what is
+// in a cell and which line is current.
+
 #include "grid/GridRenderer.h"
 
 #include <algorithm>

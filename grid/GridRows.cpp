@@ -1,3 +1,6 @@
+// One list has the row indexes in their order; each group knows its range of that list and the line of its heading.
+// Opening or closing a group therefore only numbers the headings again.
+
 #include "grid/GridRows.h"
 
 #include <algorithm>

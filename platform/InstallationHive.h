@@ -23,10 +23,10 @@ class InstallationHive {
   /// Writes a text and creates the missing keys on its path.
   [[nodiscard]] virtual Outcome Write(const std::string& key, const std::string& name, const std::string& text) = 0;
 
-  /// Done also when the value does not exist.
+  /// Succeeds also when the value does not exist.
   [[nodiscard]] virtual Outcome DeleteValue(const std::string& key, const std::string& name) = 0;
 
-  /// Deletes a key without values and without keys below it. Done also when it has some, and then it stays.
+  /// Deletes a key without values and without keys below it. Succeeds also when it has some, and then it stays.
   [[nodiscard]] virtual Outcome DeleteEmptyKey(const std::string& key) = 0;
 };
 

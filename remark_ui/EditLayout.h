@@ -25,7 +25,7 @@ struct EditLayout {
 /// The smallest size of the whole window, as TwipScale counts it. Controls that need more room than the design's make
 /// it larger.
 [[nodiscard]] ui::TwipSize SmallestEditor(const EditSizes& sizes) noexcept;
-/// Lays out a whole window of that size, or the smallest one. The grid takes all that a window is larger than that.
+/// Lays out a whole window of that size, or the smallest one. The grid gets all additional space.
 [[nodiscard]] EditLayout LayOutEditor(const ui::TwipSize& window, const EditSizes& sizes) noexcept;
 
 /// Converts a context's RowHeight, in text lines, to the height of the grid's rows, in grid units.

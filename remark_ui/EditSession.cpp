@@ -1,3 +1,6 @@
+// An action that leaves a remark commits what was typed, then changes the list or the selection, then shows the result.
+// RowChanged does nothing while the session itself moves the current line.
+
 #include "remark_ui/EditSession.h"
 
 #include <optional>

@@ -1,3 +1,6 @@
+// The user's rights and the input decide the RemarkDisplay, which the controls only copy. Save does everything that can
+// fail before it changes the remark.
+
 #include "remark_ui/EditedRemark.h"
 
 #include <algorithm>

@@ -1,3 +1,6 @@
+// The window binds each control to an action of EditSession, which exists while the window is open. The window itself
+// only places the controls and passes errors on.
+
 #include "remark_ui/frmEdit.h"
 
 #include <exception>

@@ -1,3 +1,5 @@
+// PopupWalk decides what is shown, and LayOutPopup where. The window copies both to its controls and handles the keys.
+
 #include "remark_ui/frmPopup.h"
 
 #include <algorithm>

@@ -8,7 +8,7 @@ namespace quorvel::ado::embedded {
 std::string ColumnDefinition::Sql(bool isSoleKey) const {
   std::string sql = QuoteName(name) + " ";
   if (isSoleKey) {
-    // AUTOINCREMENT never gives a key twice, as IDENTITY does not.
+    // Like IDENTITY, AUTOINCREMENT never gives a key twice.
     sql += isIdentity ? "INTEGER PRIMARY KEY AUTOINCREMENT" : "INTEGER PRIMARY KEY";
   } else {
     sql += type.declaration;

@@ -1,3 +1,5 @@
+// Each statement becomes one SQLite statement of the same kind. This file reads the frame of the statement, and
+// StatementTranslator translates the expressions and clauses in it.
 #include "ado/embedded/DataStatementParser.h"
 
 #include <fmt/format.h>

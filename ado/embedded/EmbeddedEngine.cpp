@@ -38,8 +38,8 @@ bool UsesWriteAheadLog(sqlite3* database) {
   return Advance(database, query.Get()) && ReadText(query.Get(), 0) == "wal";
 }
 
-/// The settings that every connection needs. To read the journal mode is the first access to the file and fails when
-/// it is not a database.
+/// The settings that every connection needs. Reading the journal mode is the first access to the file and fails when it
+/// is not a database.
 void Configure(sqlite3* database) {
   sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);

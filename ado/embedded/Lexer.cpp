@@ -1,3 +1,5 @@
+// The first character of a token decides its kind and how its end is found. Lines are counted on the way, because
+// errors report them.
 #include "ado/embedded/Lexer.h"
 
 #include <array>

@@ -1,3 +1,5 @@
+// A procedure is compiled when it is first called. A counter in the file shows that a procedure has changed, and then
+// all compiled programs are dropped.
 #include "ado/embedded/Procedures.h"
 
 #include <fmt/format.h>

@@ -64,7 +64,7 @@ struct Step {
       action;
 };
 
-/// A batch or a procedure's body, ready to run on one database. To run it compiles its queries, so that it must be
+/// A batch or a procedure's body, ready to run on one database. Running it compiles its queries, so it must be
 /// destroyed before the database is closed.
 struct Program {
   std::vector<Variable> variables;

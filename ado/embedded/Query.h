@@ -12,7 +12,7 @@ namespace quorvel::ado::embedded {
 using Frame = std::vector<Value>;
 
 /// One SQLite statement of a program: variable n of the batch is bound to ?(n+1). Compiled for one database on first
-/// use and kept, so that it must be destroyed before the database is closed.
+/// use and kept, so it must be destroyed before the database is closed.
 class Query {
  public:
   Query() = default;

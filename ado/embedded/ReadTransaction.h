@@ -4,8 +4,8 @@
 
 namespace quorvel::ado::embedded {
 
-/// One read transaction for two steps: to check whether a procedure has changed, and to run it. To begin a transaction
-/// costs about as much as a small query.
+/// One read transaction for two steps: checking whether a procedure has changed, and running it. Beginning a
+/// transaction costs about as much as a small query.
 class ReadTransaction {
  public:
   explicit ReadTransaction(sqlite3* database) noexcept : m_database(database) {}

@@ -1,3 +1,5 @@
+// The cursor never goes back: a parser looks ahead as far as it needs and then takes. After the last token there is
+// always End, which matches no word.
 #include "ado/embedded/TokenCursor.h"
 
 #include <fmt/format.h>

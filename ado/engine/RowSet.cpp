@@ -1,3 +1,6 @@
+// Cells and texts are in blocks that never move, so a cell can point to its text, and appending copies nothing that is
+// already there.
+
 #include "ado/engine/RowSet.h"
 
 #include <algorithm>

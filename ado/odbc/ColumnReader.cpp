@@ -1,3 +1,6 @@
+// The driver's description of a column decides how its cells are fetched: as an integer, a double, a flag, a timestamp
+// or, for every other type, as UTF-16 text.
+
 #include "ado/odbc/ColumnReader.h"
 
 #include <fmt/format.h>

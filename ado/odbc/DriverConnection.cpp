@@ -20,8 +20,8 @@ bool IsLoginFailure(std::int32_t number) {
   return std::find(kNumbers.begin(), kNumbers.end(), number) != kNumbers.end();
 }
 
-/// Adds server and driver to every record, since a reader may see only one of them, and the server's own reason to the
-/// driver's general "unable to connect" before it.
+/// Adds server and driver to every record, since a reader may see only one of them. If the first record is the driver's
+/// general "unable to connect", the server's own reason is added to it.
 DriverError Located(const DriverError& failure, const ConnectOptions& options, std::string_view driver) {
   std::vector<Diagnostic> records = failure.Records();
   for (Diagnostic& record : records) {

@@ -31,7 +31,7 @@ class Api {
     return MayCall(m_name) ? Function(arguments...) : SQLRETURN{SQL_ERROR};
   }
 
-  /// For a call that releases something: it is made whatever the observer says.
+  /// A call that releases something is made even when the observer refuses it.
   template <typename... Arguments>
   void Release(Arguments... arguments) const noexcept {
     (void)MayCall(m_name);

@@ -1,3 +1,6 @@
+// The parameter's type decides the C type and the SQL type that are bound. An input value is converted to that C type
+// in the buffer; the driver writes an output value to the same buffer.
+
 #include "ado/odbc/ParameterBuffer.h"
 
 #include <fmt/format.h>

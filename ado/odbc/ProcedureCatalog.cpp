@@ -1,3 +1,6 @@
+// ODBC's catalog functions find every procedure whose name matches. From their rows this file keeps those of the one
+// procedure that a call would run.
+
 #include "ado/odbc/ProcedureCatalog.h"
 
 #include <algorithm>
@@ -34,7 +37,7 @@ std::string TextAt(const RowSet& rows, std::size_t row, std::size_t column) {
 /// SQL Server appends the number of the procedure's group: "name;1".
 std::string_view WithoutGroup(std::string_view name) { return name.substr(0, name.rfind(';')); }
 
-/// The rows of the procedure of exactly that name: the driver takes the name that it gets for a pattern.
+/// The rows of the procedure of exactly that name. They must be chosen because the driver treats the name as a pattern.
 std::vector<std::size_t> RowsOf(const RowSet& rows, const ProcedureName& procedure) {
   std::vector<std::size_t> found;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {

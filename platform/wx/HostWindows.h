@@ -16,7 +16,7 @@ class HostWindows {
   HostWindows(const HostWindows&) = delete;
   HostWindows& operator=(const HostWindows&) = delete;
 
-  /// Shows `dialog` as its ShowModal does. A loop that the host runs itself, which the toolkit would end, runs on.
+  /// Shows `dialog` as its ShowModal does. The toolkit would end a loop that the host runs itself; here it runs on.
   int ShowModal(wxDialog& dialog);
 
   /// Lets the host's windows take input again before the end: when a modal window closes and the system finds no other

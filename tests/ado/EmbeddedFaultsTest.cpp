@@ -1,3 +1,5 @@
+// Faults of the outside: files that are no databases, other writers, a full disk.
+
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -12,7 +14,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
-// Faults of the outside: files that are no databases, other writers, a full disk.
 namespace quorvel::ado {
 namespace {
 

@@ -1,9 +1,10 @@
+// The T-SQL that the embedded engine reads: joins, comparisons, expressions, control flow, procedures, and its errors.
+
 #include <gmock/gmock.h>
 
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
-// The T-SQL that the embedded engine reads: joins, comparisons, expressions, control flow, procedures, and its errors.
 namespace quorvel::ado {
 namespace {
 

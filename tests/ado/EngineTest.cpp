@@ -1,3 +1,5 @@
+// One suite over every engine: the component relies on these rules with every database.
+
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
@@ -7,7 +9,6 @@
 #include "tests/support/EngineUnderTest.h"
 #include "tests/support/Rows.h"
 
-// One suite over every engine: the component relies on these rules with every database.
 namespace quorvel::ado {
 namespace {
 

@@ -136,7 +136,7 @@ TEST_F(SchemaTest, AddsTrimmedUniqueIDs) {
     EXPECT_EQ(Caught([&] { add("NEW ONE"); }).Number(), ErrorNumber::DbIntegrity) << kind;
     add(longest);
     EXPECT_EQ(Caught([&] { add(longest + "L"); }).Number(), ErrorNumber::AdoDataConversion) << kind;
-    // LEN does not count trailing blanks, hence the point.
+    // LEN does not count trailing blanks, so the text ends with a point.
     EXPECT_EQ(Count("ttw" + kind + " WHERE LEN(" + column + " + '.') = 8 AND " + column + " = 'new one'"), "1");
   }
   // Columns that the administration has not set yet are empty and not NULL, so the new context loads.

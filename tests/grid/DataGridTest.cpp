@@ -1,3 +1,4 @@
+// The grid in a real window: keys, clicks, drawn colours, sizes, and what assistive technology gets.
 #include "grid/DataGrid.h"
 
 #include <gmock/gmock.h>

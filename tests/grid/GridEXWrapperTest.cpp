@@ -1,3 +1,4 @@
+// The wrapper on a real grid: which keys and clicks choose a row, and how a bound recordset follows the grid.
 #include "grid/GridEXWrapper.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,7 @@
 #pragma once
 
+/// Objects, calls and matchers that the tests of the published interfaces share.
+
 #include <gmock/gmock.h>
 
 #include <string>

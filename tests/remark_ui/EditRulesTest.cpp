@@ -171,7 +171,7 @@ TEST(RemarkTextTest, LineBreaksAndZerosSurviveTheTextBox) {
   }
 }
 
-TEST(EditLayoutTest, TheGridTakesAllThatTheWindowGrowsBy) {
+TEST(EditLayoutTest, GridGetsAllAdditionalSpace) {
   const EditLayout smallest = LayOutEditor({8255, 5400}, {});
   EXPECT_EQ(smallest.grid, (ui::TwipRect{60, 60, 8012, 3360}));
   EXPECT_EQ(smallest.frame, (ui::TwipRect{60, 3470, 6970, 1465}));

@@ -89,7 +89,7 @@ TEST(PopupWalk, AnUnreadableTextKeepsThePreviousOneAndTheRestIsShown) {
   EXPECT_THAT(Caught([&] { walk.Next(); }), HasNumber(ErrorNumber::ObjectNotSet));
 }
 
-TEST(PopupLayout, TheTextTakesAllThatTheWindowGrowsBy) {
+TEST(PopupLayout, TextGetsAllAdditionalSpace) {
   const PopupLayout smallest = LayOutPopup({5640, 2800}, {});
   EXPECT_EQ(smallest.remark, (ui::TwipRect{960, 405, 4440, 1350}));
   EXPECT_EQ(smallest.next, (ui::TwipRect{4185, 1855, 1215, 375}));

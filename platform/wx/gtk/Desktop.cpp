@@ -1,3 +1,5 @@
+// When GTK starts it changes the process's locale and environment, which belong to the host. This file checks first
+// that GTK can start, and restores both afterwards.
 #include "platform/wx/Desktop.h"
 
 #include <gtk/gtk.h>

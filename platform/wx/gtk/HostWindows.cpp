@@ -58,8 +58,8 @@ HostWindows::~HostWindows() {
   g_weak_ref_clear(&m_state->active);
 }
 
-// After a modal window the toolkit also ends the loop around it, because it takes that loop for its own. Where that
-// loop is the host's, another one is put between, which may be ended.
+// After a modal window the toolkit also ends the loop around it, because it mistakes that loop for its own. When that
+// loop is the host's, another loop, which may end, is put between.
 int HostWindows::ShowModal(wxDialog& dialog) {
   if (gtk_main_level() == 0 || wxEventLoopBase::GetActive() != nullptr) return dialog.ShowModal();
   Showing showing{dialog, wxID_CANCEL, nullptr};

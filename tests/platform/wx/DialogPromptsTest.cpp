@@ -1,3 +1,4 @@
+// Message boxes and the input box as the desktop shows them.
 #include "platform/wx/DialogPrompts.h"
 
 #include <gmock/gmock.h>

@@ -126,7 +126,7 @@ void StandInSession::DescribeProcedures(const Request& call, Writer& answer) {
   answer.ReturnStatus();
 }
 
-/// A server takes the name in a catalog query for a pattern: an underscore matches any character.
+/// A server treats the name in a catalog query as a pattern: an underscore matches any character.
 std::vector<std::string> StandInSession::ProceduresLike(std::string_view pattern) {
   std::string quoted;
   for (const char c : pattern) quoted.append(c == '\'' ? 2 : 1, c);

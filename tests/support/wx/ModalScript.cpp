@@ -1,3 +1,6 @@
+// The program's hook asks the latest script before a window is shown. A window that is shown gets the test's action
+// from the event loop.
+
 #include "tests/support/wx/ModalScript.h"
 
 #include <gtest/gtest.h>
