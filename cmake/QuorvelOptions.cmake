@@ -36,8 +36,21 @@ if(CCACHE_PROGRAM)
     env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
 endif()
 
-# quorvel_library(<name> <sources>...): one static library per folder, with the project's options.
+# quorvel_library(<name> <sources>...): one static library per folder, with the project's options. All libraries use the
+# precompiled headers of the first one.
 function(quorvel_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PRIVATE quorvel_options)
+  if(NOT name STREQUAL quorvel_platform)
+    target_precompile_headers(${name} REUSE_FROM quorvel_platform)
+  endif()
+endfunction()
+
+# The same for a folder whose sources include the toolkit.
+function(quorvel_toolkit_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PRIVATE quorvel_options)
+  if(NOT name STREQUAL quorvel_wx)
+    target_precompile_headers(${name} REUSE_FROM quorvel_wx)
+  endif()
 endfunction()
