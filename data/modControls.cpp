@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/Error.h"
 #include "platform/Text.h"
 #include "platform/Value.h"
 
@@ -43,23 +44,25 @@ void SelectByText(Choice& combo, std::string_view text, bool selectFirst) {
 }
 
 void SelectListText(ItemList& list, std::string_view text) {
-  const std::int32_t found = IndexOfText(list, text);
-  if (found != kNoItem) list.SetListIndex(found);
+  for (std::int32_t index = 0; index < list.Count(); ++index) {
+    if (list.Text(index) == text) return list.SetListIndex(index);
+  }
 }
 
 void SetCheck(CheckField& checkBox, bool on) { checkBox.SetValue(on ? 1 : 0); }
 
 void AddRows(ItemList& list, std::int32_t count, std::string_view displayField, std::string_view keyField,
-             ado::Recordset& rs) {
-  for (std::int32_t row = 0; row < count; ++row, rs.MoveNext()) {
-    const std::string text = ToText(rs.Fields(displayField).Value());
-    list.Add(TrimBlanks(text), keyField.empty() ? 0 : ToInt32(rs.Fields(keyField).Value()));
+             const std::shared_ptr<ado::Recordset>& rs) {
+  if (!rs) ThrowObjectNotSet();
+  for (std::int32_t row = 0; row < count; ++row, rs->MoveNext()) {
+    const std::string text = ToText(rs->Fields(displayField).Value());
+    list.Add(TrimBlanks(text), keyField.empty() ? 0 : ToInt32(rs->Fields(keyField).Value()));
   }
-  if (rs.RecordCount() > 0) rs.MoveFirst();
+  if (rs->RecordCount() > 0) rs->MoveFirst();
 }
 
 void FillCombo(ItemList& combo, std::int32_t count, std::string_view displayField, std::string_view keyField,
-               ado::Recordset& rs, bool withNone) {
+               const std::shared_ptr<ado::Recordset>& rs, bool withNone) {
   combo.Clear();
   if (withNone) combo.Add("<none>", 0);
   AddRows(combo, count, displayField, keyField, rs);

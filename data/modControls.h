@@ -16,21 +16,23 @@ void SelectByKey(ItemList& list, std::int32_t key, bool selectFirst);
 /// not count. Does nothing when the combo box shows the text already.
 void SelectByText(Choice& combo, std::string_view text, bool selectFirst);
 
-/// Makes the first item with that text current; compares as SelectByText does. Without one nothing changes.
+/// Makes the first item with exactly that text current. Without one nothing changes.
 void SelectListText(ItemList& list, std::string_view text);
 
 /// Checks or unchecks a check box.
 void SetCheck(CheckField& checkBox, bool on);
 
 /// Adds `count` rows of `rs` from its current row on: the trimmed text of one column, and the number in another as the
-/// item's datum, or 0 with an empty `keyField`. Moves `rs` back to its first row, if it has rows. Errors 94 and 13 for
-/// a text that is NULL and a key that is no number.
+/// item's datum, or 0 with an empty `keyField`. Moves `rs` back to its first row, if it has rows. Error 91 for null,
+/// the recordset of a failed load; 94 for a text that is NULL; 13 or 6 for a key that is no 32-bit number; the
+/// recordset's own errors for an unknown field and for fewer rows than `count`. After an error `rs` stays where it was
+/// read.
 void AddRows(ItemList& list, std::int32_t count, std::string_view displayField, std::string_view keyField,
-             ado::Recordset& rs);
+             const std::shared_ptr<ado::Recordset>& rs);
 
 /// Clears the combo box, adds the item "<none>" when `withNone`, and then the rows as AddRows does. That item
 /// means no selection: its datum is 0.
 void FillCombo(ItemList& combo, std::int32_t count, std::string_view displayField, std::string_view keyField,
-               ado::Recordset& rs, bool withNone = true);
+               const std::shared_ptr<ado::Recordset>& rs, bool withNone = true);
 
 }  // namespace quorvel::modControls

@@ -174,7 +174,7 @@ std::string StripChars(std::string_view text) {
 }
 
 void FillList(ItemList& list, std::int32_t count, std::string_view displayField, std::string_view keyField,
-              ado::Recordset& rs) {
+              const std::shared_ptr<ado::Recordset>& rs) {
   list.Clear();
   modControls::AddRows(list, count, displayField, keyField, rs);
 }

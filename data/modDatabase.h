@@ -74,6 +74,6 @@ void GetNewID(std::string_view entityName, std::string& id);
 
 /// Fills a list or combo box with `count` rows of `rs` in place of its former items (modControls::AddRows).
 void FillList(ItemList& list, std::int32_t count, std::string_view displayField, std::string_view keyField,
-              ado::Recordset& rs);
+              const std::shared_ptr<ado::Recordset>& rs);
 
 }  // namespace quorvel::modDatabase

@@ -51,7 +51,7 @@ TEST(Controls, SelectByKeyOrTextFindsTheFirstItem) {
       {"no such text", [](MemoryChoice& box, bool first) { modControls::SelectByText(box, "West", first); }, {1}, {0}},
       {"blanks", [](MemoryChoice& box, bool first) { modControls::SelectByText(box, " South", first); }, {1}, {0}},
       {"shown text", [](MemoryChoice& box, bool first) { modControls::SelectByText(box, "eaST", first); }, {}, {}},
-      {"list text", [](MemoryChoice& box, bool) { modControls::SelectListText(box, "south"); }, {2}, {2}},
+      {"list text", [](MemoryChoice& box, bool) { modControls::SelectListText(box, "South"); }, {3}, {3}},
       {"no such list text", [](MemoryChoice& box, bool) { modControls::SelectListText(box, "West"); }, {}, {}}};
   for (const Case& each : cases) {
     for (const bool selectFirst : {false, true}) {
@@ -73,20 +73,23 @@ TEST(Controls, FillingTakesTextAndKeyOfEachRowAndMovesBack) {
       "SELECT '  ' + GroupID + ' ' AS Shown, GroupKey, NULL AS Nothing FROM ttwGroup WHERE GroupKey < 3");
   MemoryChoice box;
   box.items = {{"former", 99}};
-  modDatabase::FillList(box, groups->RecordCount(), "shown", "groupkey", *groups);
+  modDatabase::FillList(box, groups->RecordCount(), "shown", "groupkey", groups);
   EXPECT_THAT(box.items, ElementsAre(std::pair("Default", 1), std::pair("Collections", 2)));
   EXPECT_EQ(modDatabase::FieldText(groups->Fields("GroupKey")), "1");
   EXPECT_EQ(modDatabase::FieldText(groups->Fields("Nothing")), "");
 
-  modControls::FillCombo(box, 1, "Shown", "", *groups);
+  modControls::FillCombo(box, 1, "Shown", "", groups);
   EXPECT_THAT(box.items, ElementsAre(std::pair("<none>", 0), std::pair("Default", 0)));
-  modControls::FillCombo(box, 1, "Shown", "GroupKey", *groups, false);
+  modControls::FillCombo(box, 1, "Shown", "GroupKey", groups, false);
   EXPECT_THAT(box.items, ElementsAre(std::pair("Default", 1)));
-  EXPECT_EQ(Caught([&] { modDatabase::FillList(box, 1, "Nothing", "GroupKey", *groups); }).Number(),
+  EXPECT_EQ(Caught([&] { modDatabase::FillList(box, 1, "Nothing", "GroupKey", groups); }).Number(),
             ErrorNumber::InvalidUseOfNull);
 
+  EXPECT_EQ(Caught([&] { modDatabase::FillList(box, 1, "Shown", "GroupKey", nullptr); }).Number(),
+            ErrorNumber::ObjectNotSet);
+
   groups->SetFilter("GroupKey = 99");
-  modDatabase::FillList(box, groups->RecordCount(), "Shown", "GroupKey", *groups);
+  modDatabase::FillList(box, groups->RecordCount(), "Shown", "GroupKey", groups);
   EXPECT_EQ(box.Count(), 0);
 }
 
