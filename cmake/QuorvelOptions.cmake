@@ -36,17 +36,14 @@ if(CCACHE_PROGRAM)
     env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
 endif()
 
-# quorvel_library(<name> <sources>...): one static library per folder, with the project's options. All libraries use the
-# precompiled headers of the first one.
+# quorvel_library(<name> <sources>...): one static library per folder, with the project's options.
 function(quorvel_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PRIVATE quorvel_options)
-  if(NOT name STREQUAL quorvel_platform)
-    target_precompile_headers(${name} REUSE_FROM quorvel_platform)
-  endif()
 endfunction()
 
-# The same for a folder whose sources include the toolkit.
+# The same for a folder whose sources include the toolkit: they share the precompiled headers of quorvel_wx. Precompiled
+# standard headers for all folders would save more, but GCC 12 then reports false overflows in std::string.
 function(quorvel_toolkit_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PRIVATE quorvel_options)
