@@ -137,7 +137,9 @@ TEST_F(SchemaTest, AddsTrimmedUniqueIDs) {
     add(longest);
     EXPECT_EQ(Caught([&] { add(longest + "L"); }).Number(), ErrorNumber::AdoDataConversion) << kind;
     // LEN does not count trailing blanks, so the text ends with a point.
-    EXPECT_EQ(Count("ttw" + kind + " WHERE LEN(" + column + " + '.') = 8 AND " + column + " = 'new one'"), "1");
+    std::string where = "ttw";
+    where.append(kind).append(" WHERE LEN(").append(column).append(" + '.') = 8 AND ").append(column);
+    EXPECT_EQ(Count(where.append(" = 'new one'")), "1");
   }
   // Columns that the administration has not set yet are empty and not NULL, so the new context loads.
   EXPECT_THAT(test::RowsOf(*m_database.Connect(), "EXEC spTWCqvGetContext 'New one'"),

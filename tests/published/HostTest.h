@@ -85,7 +85,9 @@ class LoadedContext {
 }
 inline HRESULT AddTo(_RemarkList* list, _Remark* remark) { return list->AddRemark(&remark); }
 inline HRESULT AddTo(_RemarkContext* context, AnyValue type, WideView text, WideView userID = {}) {
-  return context->AddRemark(type.Pointer(), Text(text).ByReference(), Text(userID).Get());
+  Text given(text);
+  const Text user(userID);
+  return context->AddRemark(type.Pointer(), given.ByReference(), user.Get());
 }
 
 /// The result of a property read, which must succeed.
