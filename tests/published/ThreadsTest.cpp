@@ -1,4 +1,5 @@
 #include <barrier>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -54,30 +55,31 @@ TEST_F(Threads, ObjectsMayBeReleasedOnAnotherThreadAfterTheirOwnHasEnded) {
 
 /// A thread-local object that is made before the component's is destroyed after it.
 struct SavesAtThreadEnd {
+  struct Outcome {
+    HRESULT saved = S_OK;
+    WideText description;
+  };
   Pointer<_RemarkContext> context;
-  HRESULT* saved = nullptr;
-  WideText* description = nullptr;
+  std::shared_ptr<Outcome> outcome;
   ~SavesAtThreadEnd() {
-    if (saved == nullptr) return;
-    *saved = context->Save(VARIANT_TRUE);
-    *description = TakeError().description;
+    if (outcome == nullptr) return;
+    outcome->saved = context->Save(VARIANT_TRUE);
+    outcome->description = TakeError().description;
     context->Dispose();
   }
 };
 
 TEST_F(Threads, SavingAfterTheThreadClosedItsConnectionIsAnError) {
-  HRESULT saved = S_OK;
-  WideText description;
+  const auto outcome = std::make_shared<SavesAtThreadEnd::Outcome>();
   Run([&] {
     thread_local SavesAtThreadEnd late;
     late.context = NewContext();
     ASSERT_EQ(Load(late.context.Get(), u"CustMaint", u"C1044", u"admin"), S_OK);
     ASSERT_EQ(AddTo(late.context.Get(), u"Cust.General", u"too late"), S_OK);
-    late.saved = &saved;
-    late.description = &description;
+    late.outcome = outcome;
   });
-  EXPECT_EQ(saved, -1);
-  EXPECT_THAT(description, BeginsWith(u"The thread is ending"));
+  EXPECT_EQ(outcome->saved, -1);
+  EXPECT_THAT(outcome->description, BeginsWith(u"The thread is ending"));
 }
 
 }  // namespace
