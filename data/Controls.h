@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -76,6 +77,12 @@ class RowsView {
   virtual ~RowsView() = default;
   /// Shows these rows instead of the previous ones and keeps them while they are shown; null shows none.
   virtual void Show(std::shared_ptr<ado::Recordset> rows) = 0;
+
+  /// The text that explains a row, for the user who rests on it; the row is 1-based among the rows shown. The
+  /// empty text explains nothing.
+  using Explanation = std::function<std::string(std::int32_t row)>;
+  /// Explains the rows that are shown, until the next Show.
+  virtual void Explain(Explanation explanation) = 0;
 };
 
 }  // namespace quorvel

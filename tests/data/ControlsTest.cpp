@@ -7,34 +7,15 @@
 #include "data/modDatabase.h"
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
+#include "tests/support/MemoryControls.h"
 #include "tests/support/TestDatabase.h"
 
 namespace quorvel {
 namespace {
 
 using test::Caught;
+using test::MemoryChoice;
 using testing::ElementsAre;
-
-/// A combo box in memory that remembers every index that was set.
-class MemoryChoice : public Choice {
- public:
-  void Clear() override { items.clear(); }
-  void Add(std::string_view text, std::int32_t datum) override { items.emplace_back(text, datum); }
-  void Remove(std::int32_t index) override { items.erase(items.begin() + index); }
-  [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(items.size()); }
-  [[nodiscard]] std::string Text(std::int32_t index) const override { return At(index).first; }
-  [[nodiscard]] std::int32_t Datum(std::int32_t index) const override { return At(index).second; }
-  [[nodiscard]] std::int32_t ListIndex() const override { return sets.back(); }
-  void SetListIndex(std::int32_t index) override { sets.push_back(index); }
-  [[nodiscard]] std::string CurrentText() const override { return ListIndex() < 0 ? "" : Text(ListIndex()); }
-
-  [[nodiscard]] const std::pair<std::string, std::int32_t>& At(std::int32_t index) const {
-    return items.at(static_cast<std::size_t>(index));
-  }
-
-  std::vector<std::pair<std::string, std::int32_t>> items;
-  std::vector<std::int32_t> sets = {-1};
-};
 
 TEST(Controls, SelectByKeyOrTextFindsTheFirstItem) {
   using Select = void (*)(MemoryChoice&, bool selectFirst);
