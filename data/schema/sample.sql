@@ -152,7 +152,9 @@ INSERT INTO ttwUser (UserID, LastName, FirstName, BranchID, IsActive) VALUES
 INSERT INTO ttwGroup (GroupID, Caption, Comments) VALUES
   ('Collections', N'Collections', N'Accounts receivable clerks'),
   ('Sales', N'Sales', N'Inside and field sales'),
-  ('Admin', N'Administrators', N'')
+  ('Admin', N'Administrators', N'May do everything')
+
+UPDATE ttwGroup SET Comments = N'What every user may do' WHERE GroupID = 'Default' AND Comments = N''
 
 INSERT INTO ttwGroupMember (GroupKey, UserKey)
 SELECT g.GroupKey, u.UserKey
@@ -167,9 +169,30 @@ FROM (
 INNER JOIN ttwGroup g ON g.GroupID = m.GroupID
 INNER JOIN ttwUser u ON u.UserID = m.UserID
 
-INSERT INTO ttwRemarkEntity (RemarkEntityID, Caption, spGetOwnerName, AcuityEntityKey) VALUES
-  ('Customer', N'Customer', N'spGetCustomerName', 501),
-  ('Order', N'Sales Order', N'spGetOrderName', 801)
+INSERT INTO ttwRight (RightID, Caption, Comments) VALUES
+  ('CreditHold.Release', N'Release credit holds', N'Takes a customer off credit hold'),
+  ('CreditLimit.Change', N'Change credit limits', N'Any limit, up or down'),
+  ('Invoice.WriteOff', N'Write off invoices', N'Small balances that will not be paid'),
+  ('Order.Delete', N'Delete orders', N'Only orders that have not shipped'),
+  ('Order.Enter', N'Enter orders', N'New orders, and changes to open ones'),
+  ('Price.Override', N'Override prices', N'Sells below the price list')
+
+INSERT INTO ttwRightAssignment (GroupKey, RightKey)
+SELECT g.GroupKey, r.RightKey
+FROM (
+  SELECT 'Default' AS GroupID, 'Order.Enter' AS RightID
+  UNION ALL SELECT 'Collections', 'CreditHold.Release'
+  UNION ALL SELECT 'Collections', 'Invoice.WriteOff'
+  UNION ALL SELECT 'Sales', 'Order.Enter'
+  UNION ALL SELECT 'Sales', 'Price.Override'
+  UNION ALL SELECT 'Admin', RightID FROM ttwRight
+) a
+INNER JOIN ttwGroup g ON g.GroupID = a.GroupID
+INNER JOIN ttwRight r ON r.RightID = a.RightID
+
+INSERT INTO ttwRemarkEntity (RemarkEntityID, Caption, spGetOwnerName, AcuityEntityKey, Comments) VALUES
+  ('Customer', N'Customer', N'spGetCustomerName', 501, N'Rows of the table Customer'),
+  ('Order', N'Sales Order', N'spGetOrderName', 801, N'Rows of the table SalesOrder')
 
 DECLARE @customer int
 DECLARE @order int
@@ -179,16 +202,17 @@ SELECT @order = RemarkEntityKey FROM ttwRemarkEntity WHERE RemarkEntityID = 'Ord
 INSERT INTO ttwRemarkType (RemarkTypeID, Caption, RemarkEntityKey, Comments) VALUES
   ('Cust.AR.Coll', N'Collections', @customer, N'Overdue invoices and promises to pay'),
   ('Cust.Credit', N'Credit', @customer, N'Credit limits and holds'),
-  ('Cust.General', N'General', @customer, N''),
+  ('Cust.General', N'General', @customer, N'Everything else about a customer'),
   ('Cust.Internal', N'Internal', @customer, N'Not for the customer to hear'),
   ('Ord.Ship', N'Shipping', @order, N'Carriers, docks and delivery windows'),
-  ('Ord.Note', N'Order Note', @order, N'')
+  ('Ord.Note', N'Order Note', @order, N'Everything else about an order')
 
-INSERT INTO ttwContext (ContextID, Caption, RemarkEntityKey, GroupByType, RowHeight, AllowRowSizing, EditBehavior)
+INSERT INTO ttwContext
+  (ContextID, Caption, RemarkEntityKey, Comments, GroupByType, RowHeight, AllowRowSizing, EditBehavior)
 VALUES
-  ('CustMaint', N'Customer Maintenance', @customer, 1, 2, 1, 2),
-  ('CustInq', N'Customer Inquiry', @customer, 0, 1, 0, 1),
-  ('OrderEntry', N'Order Entry', @order, 1, 2, 1, 0)
+  ('CustMaint', N'Customer Maintenance', @customer, N'Where customers are changed', 1, 2, 1, 2),
+  ('CustInq', N'Customer Inquiry', @customer, N'Only for looking, never saves', 0, 1, 0, 1),
+  ('OrderEntry', N'Order Entry', @order, N'Where orders are entered', 1, 2, 1, 0)
 
 INSERT INTO ttwRemarkContext (ContextKey, RemarkTypeKey, DisplaySeq, Priority)
 SELECT c.ContextKey, t.RemarkTypeKey, l.DisplaySeq, l.Priority
