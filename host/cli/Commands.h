@@ -18,6 +18,7 @@ void AddEditorCommand(CLI::App& app);
 void AddAddCommand(CLI::App& app);
 void AddChangeCommand(CLI::App& app);
 void AddRemoveCommand(CLI::App& app);
+void AddManageCommand(CLI::App& app);
 void AddDoctorCommand(CLI::App& app);
 
 }  // namespace quorvel::cli

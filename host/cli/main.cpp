@@ -52,6 +52,7 @@ void Describe(CLI::App& app) {
   AddAddCommand(app);
   AddChangeCommand(app);
   AddRemoveCommand(app);
+  AddManageCommand(app);
   AddDoctorCommand(app);
   app.footer(kFooter);  // last: a command copies the footer that is set when it is added
 }

@@ -56,7 +56,7 @@ TEST_F(CommandLine, UnwritableSettingsAreAnErrorThatNamesTheFile) {
 
 TEST_F(CommandLine, MissingSettingsAreAnErrorWithAdvice) {
   for (const std::vector<std::string>& command :
-       {std::vector<std::string>{"init"}, {"run", "-"}, OnAcme({"list"}), OnAcme({"popup"})}) {
+       {std::vector<std::string>{"init"}, {"run", "-"}, OnAcme({"list"}), OnAcme({"popup"}), {"manage"}}) {
     const Outcome outcome = Quorvel(command);
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.errors, HasSubstr("quorvel: error -1 at quorvel." + command.front() + ": "));

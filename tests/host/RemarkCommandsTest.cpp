@@ -77,8 +77,11 @@ TEST_F(RemarkCommands, MissingDisplayIsAnErrorUnlessNothingPopsUp) {
   const ScopedVariable display("DISPLAY", "");
   const ScopedVariable wayland("WAYLAND_DISPLAY", "");
   EXPECT_THAT(Quorvel(OnAcme({"popup", "--window"}, "guest")).output, HasSubstr("No remarks"));
-  for (const auto& [command, source] : {std::pair{"popup", "PopupMemos"}, {"edit", "EditMemos"}}) {
-    const Outcome outcome = Quorvel(OnAcme({command, "--window"}));
+  const std::pair<std::vector<std::string>, const char*> cases[] = {{OnAcme({"popup", "--window"}), "PopupMemos"},
+                                                                    {OnAcme({"edit", "--window"}), "EditMemos"},
+                                                                    {{"manage"}, "ViewManager"}};
+  for (const auto& [command, source] : cases) {
+    const Outcome outcome = Quorvel(command);
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.errors,
                 HasSubstr(std::string("quorvel: error -1 at RemarkContext.") + source + ": No window can be opened: "));
