@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <utility>
 
 #include <wx/accel.h>
@@ -68,8 +69,7 @@ SampleFrame::SampleFrame(BusinessData data)
 wxSizer* SampleFrame::MakeHead(wxWindow* panel) {
   auto* userLabel = Label(panel, "&Acting as");
   m_user = new wxChoice(panel, wxID_ANY);
-  for (const User& user : m_data.users) m_user->Append(user.name.empty() ? user.id : user.id + "  (" + user.name + ")");
-  m_user->SetSelection(0);
+  FillUsers({});
   auto* placeLabel = Label(panel, "&Working in");
   m_place = new wxChoice(panel, wxID_ANY);
   for (const Place& place : kPlaces) m_place->Append(place.caption);
@@ -161,7 +161,15 @@ void SampleFrame::BindEvents() {
   m_place->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowState(); });
   m_popUp->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Try([this] { PopUp(); }); });
   m_remarks->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Try([this] { EditRemarks(); }); });
-  m_manage->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Try(OpenAdministration); });
+  m_manage->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Try([this] { Manage(); }); });
+}
+
+void SampleFrame::FillUsers(const wxString& chosenID) {
+  m_user->Clear();
+  for (const User& user : m_data.users) {
+    const int position = m_user->Append(user.name.empty() ? user.id : user.id + "  (" + user.name + ")");
+    if (position == 0 || user.id == chosenID) m_user->SetSelection(position);
+  }
 }
 
 void SampleFrame::FindCustomers() {
@@ -231,6 +239,16 @@ void SampleFrame::EditUntilClosed(OwnersRemarks& remarks) {
   }
 }
 
+void SampleFrame::Manage() {
+  OpenAdministration();
+  const wxString actingAs = m_user->GetSelection() == wxNOT_FOUND ? wxString() : ActingAs().id;
+  m_data.users = ReadBusinessData(ConnectionString()).users;
+  FillUsers(actingAs);
+  ShowState();
+}
+
+const User& SampleFrame::ActingAs() const { return m_data.users.at(static_cast<std::size_t>(m_user->GetSelection())); }
+
 const Customer* SampleFrame::ChosenCustomer() const {
   const wxString id = m_customers->ChosenID();
   const auto found = std::find_if(m_data.customers.begin(), m_data.customers.end(),
@@ -242,22 +260,21 @@ wxString SampleFrame::Owner() const {
   return Chosen(*m_place).isForOrders ? m_orders->ChosenID() : m_customers->ChosenID();
 }
 
-OwnersRemarks SampleFrame::Remarks() const {
-  const User& user = m_data.users.at(static_cast<std::size_t>(m_user->GetSelection()));
-  return {Chosen(*m_place).id, Owner(), user.id};
-}
+OwnersRemarks SampleFrame::Remarks() const { return {Chosen(*m_place).id, Owner(), ActingAs().id}; }
 
 void SampleFrame::Try(const std::function<void()>& action) {
   m_rested.Stop();
   try {
     action();
   } catch (const ComponentError& error) {
-    ShowError(error);
+    ShowError(Describe(error));
+  } catch (const std::exception& error) {
+    ShowError(wxString::FromUTF8(error.what()));
   }
 }
 
-void SampleFrame::ShowError(const ComponentError& error) {
-  wxMessageDialog(this, Describe(error), GetTitle(), wxOK | wxICON_EXCLAMATION).ShowModal();
+void SampleFrame::ShowError(const wxString& text) {
+  wxMessageDialog(this, text, GetTitle(), wxOK | wxICON_EXCLAMATION).ShowModal();
 }
 
 bool SampleFrame::WantsItOpenAgain(const ComponentError& error) {

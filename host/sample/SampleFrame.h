@@ -32,6 +32,8 @@ class SampleFrame : public wxFrame {
   wxSizer* MakeButtons(wxWindow* panel);
   void BindEvents();
 
+  /// Lists the users and chooses the one with that ID, or the first.
+  void FillUsers(const wxString& chosenID);
   void FindCustomers();
   void ShowCustomer();
   void ShowState();
@@ -42,13 +44,17 @@ class SampleFrame : public wxFrame {
   void EditRemarks();
   void EditUntilClosed(OwnersRemarks& remarks);
 
+  /// Opens the administration, then reads the users again, because it may have changed them.
+  void Manage();
+
+  [[nodiscard]] const User& ActingAs() const;
   [[nodiscard]] const Customer* ChosenCustomer() const;
   /// The chosen customer or the chosen order, as the place decides.
   [[nodiscard]] wxString Owner() const;
   [[nodiscard]] OwnersRemarks Remarks() const;
-  /// Runs the action and shows an error of the component.
+  /// Runs the action and shows its error.
   void Try(const std::function<void()>& action);
-  void ShowError(const ComponentError& error);
+  void ShowError(const wxString& text);
   [[nodiscard]] bool WantsItOpenAgain(const ComponentError& error);
 
   BusinessData m_data;
