@@ -112,9 +112,7 @@ void Manager::ShowStoredFields() {
   ShowFields(current.Row());
 }
 
-bool Manager::IsDefined(const std::string& id) const {
-  return Narrowed(m_kind, {0, id}).Row() != nullptr;
-}
+bool Manager::IsDefined(const std::string& id) const { return Narrowed(m_kind, {0, id}).Row() != nullptr; }
 
 bool Manager::IsRefused(const std::string& id) const {
   if (!IsDefined(id)) return false;
@@ -135,9 +133,7 @@ void Manager::WriteField(std::string_view column, const Value& value) {
   ShowStoredFields();
 }
 
-bool Manager::IsStored() const {
-  return Narrowed(m_kind, m_current).Row() != nullptr;
-}
+bool Manager::IsStored() const { return Narrowed(m_kind, m_current).Row() != nullptr; }
 
 // The caller is about to report the first error. A second one, while the former values are read, would hide it.
 void Manager::RestoreFields() noexcept {
