@@ -4,7 +4,7 @@
 # shellcheck disable=SC2034  # the sourcing scripts pick from the lists
 BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev
   libwxgtk3.2-dev libgtk-3-dev
-  libgtest-dev libgmock-dev libbenchmark-dev dpkg-dev file pkgconf)
+  libgtest-dev libgmock-dev libbenchmark-dev dpkg-dev file pkgconf librsvg2-bin imagemagick)
 # shellcheck disable=SC2034
 CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy libclang-dev llvm-dev shellcheck)
 # shellcheck disable=SC2034
@@ -12,7 +12,7 @@ WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-
   googletest tcl)
 # For windows on an invisible display.
 # shellcheck disable=SC2034
-PICTURE_PACKAGES=(xvfb xauth openbox xdotool imagemagick fonts-dejavu-core fonts-noto-color-emoji)
+PICTURE_PACKAGES=(xvfb xauth openbox xdotool fonts-dejavu-core fonts-noto-color-emoji)
 
 # step TEXT: prints the name of the next step.
 step() { printf '\n== %s\n' "$*"; }
