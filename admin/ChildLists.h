@@ -6,6 +6,9 @@
 
 namespace quorvel {
 
+/// All groups, for the lists of every view that links groups.
+inline constexpr std::string_view kAllGroups = "SELECT GroupKey, GroupID, Caption FROM ttwGroup";
+
 /// The two lists of a child tab: the children that are linked to the current record, and the others.
 struct ChildLists {
   ItemList* lstCurrent = nullptr;

@@ -1,8 +1,9 @@
+// The current record is shown from the global recordset, narrowed to it by a filter. A write goes to the database
+// first; then the recordset is loaded again, so that the fields show what is stored and not what was typed.
+
 #include "admin/Manager.h"
 
 #include <fmt/format.h>
-
-#include <utility>
 
 #include "admin/Query.h"
 #include "data/modControls.h"
@@ -60,14 +61,27 @@ void Manager::FillTab(std::string_view caption) {
   ShowChildren();
 }
 
+std::string Manager::TextOf(const ado::Recordset* row, std::string_view column) {
+  return row == nullptr ? std::string() : modDatabase::FieldText(row->Fields(column));
+}
+
 bool Manager::IsTab(std::string_view caption) const noexcept { return EqualIgnoringCase(m_tab, caption); }
 
 void Manager::SelectKey(std::int32_t key) {
-  const auto row = Query(fmt::format("{}{}", m_kind.selectByKey, key));
-  if (row->EndOfFile()) ThrowGone(CboID().CurrentText());
-  const std::string id = ToText(row->Fields(m_kind.idField).Value());
-  m_current = {key, std::string(TrimBlanks(id))};
+  m_current = {key, StoredID(key)};
   ShowGeneralPanel();
+}
+
+// After a failure the former record stays current. The combo box must not name another one beside its fields.
+std::string Manager::StoredID(std::int32_t key) {
+  try {
+    const auto row = Query(fmt::format("{}{}", m_kind.selectByKey, key));
+    if (row->EndOfFile()) ThrowGone(CboID().CurrentText());
+    return std::string(TrimBlanks(ToText(row->Fields(m_kind.idField).Value())));
+  } catch (...) {
+    modControls::SelectByKey(CboID(), m_current.key, false);
+    throw;
+  }
 }
 
 const modRecordsets::SharedRecordset& Manager::Rows() const {
@@ -106,10 +120,16 @@ void Manager::ShowGeneralPanel() {
   ShowStoredFields();
 }
 
+// A record that cannot be shown gets empty fields: values of another one would be taken for its own.
 void Manager::ShowStoredFields() {
   if (m_current.key == 0) return ShowFields(nullptr);
-  const Narrowed current(m_kind, m_current);
-  ShowFields(current.Row());
+  try {
+    const Narrowed current(m_kind, m_current);
+    ShowFields(current.Row());
+  } catch (...) {
+    ShowFields(nullptr);
+    throw;
+  }
 }
 
 bool Manager::IsDefined(const std::string& id) const { return Narrowed(m_kind, {0, id}).Row() != nullptr; }
@@ -123,6 +143,9 @@ bool Manager::IsRefused(const std::string& id) const {
 
 void Manager::WriteField(std::string_view column, const Value& value) {
   try {
+    // The fields of a record that cannot be shown are empty, and a write would replace a value that the user cannot
+    // see.
+    static_cast<void>(IsStored());
     modDatabase::UpdateField(m_kind.table, column, value, m_kind.keyField, std::int64_t{m_current.key});
   } catch (...) {
     RestoreFields();
@@ -131,6 +154,10 @@ void Manager::WriteField(std::string_view column, const Value& value) {
   modRecordsets::InitGlobalRecordset(m_kind.recordset());
   if (!IsStored()) ThrowGone(m_current.id);
   ShowStoredFields();
+}
+
+void Manager::WriteText(std::string_view column, const TextField& box) {
+  WriteField(column, modDatabase::StripChars(box.Text()));
 }
 
 bool Manager::IsStored() const { return Narrowed(m_kind, m_current).Row() != nullptr; }
@@ -144,13 +171,14 @@ void Manager::RestoreFields() noexcept {
 }
 
 // An update of a deleted row succeeds without touching anything, and the typed text would be lost in silence.
-void Manager::ThrowGone(std::string_view id) {
+void Manager::ThrowGone(const std::string& id) {
+  const std::string gone = id;  // may be the current record's, which Requery replaces
   Requery();
   ShowGeneralPanel();
   throw Error(ErrorNumber::Component, "Manager",
               fmt::format("\"{}\" is no longer there: somebody else has deleted it. The list shows the records that "
                           "there are now.",
-                          id));
+                          gone));
 }
 
 }  // namespace quorvel

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "admin/IMgr.h"
 #include "data/modRecordsets.h"
@@ -56,7 +57,13 @@ class Manager : public IMgr {
   virtual void ShowGeneralPanel();
 
   [[nodiscard]] const Record& Current() const noexcept { return m_current; }
+  /// Makes a record current without showing it.
+  void SetCurrent(Record record) { m_current = std::move(record); }
+  /// The recordset of the view; error 91 when its load has failed.
+  [[nodiscard]] const modRecordsets::SharedRecordset& Rows() const;
   [[nodiscard]] Choice& CboID() const noexcept { return *m_cboID; }
+  /// A column of `row` as text; the empty text for NULL and for no row.
+  [[nodiscard]] static std::string TextOf(const ado::Recordset* row, std::string_view column);
   [[nodiscard]] bool IsTab(std::string_view caption) const noexcept;
   /// Fills the lists or the grid of a tab without making it the current one, to count what is linked.
   void FillTab(std::string_view caption);
@@ -73,6 +80,8 @@ class Manager : public IMgr {
   /// Writes one column of the current record, loads the recordset again and shows the stored fields. When the database
   /// refuses the value, the fields show what they held before, and the error goes to the caller.
   void WriteField(std::string_view column, const Value& value);
+  /// The same for a text that the user typed: without the characters that the administration does not accept.
+  void WriteText(std::string_view column, const TextField& box);
 
  private:
   void Fill();
@@ -80,8 +89,8 @@ class Manager : public IMgr {
   void ShowStoredFields();
   void RestoreFields() noexcept;
   [[nodiscard]] bool IsStored() const;
-  [[nodiscard]] const modRecordsets::SharedRecordset& Rows() const;
-  [[noreturn]] void ThrowGone(std::string_view id);
+  [[nodiscard]] std::string StoredID(std::int32_t key);
+  [[noreturn]] void ThrowGone(const std::string& id);
 
   const RecordKind& m_kind;
   Choice* m_cboID = nullptr;

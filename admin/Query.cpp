@@ -11,4 +11,10 @@ std::shared_ptr<ado::Recordset> Query(std::string_view sql) {
   return rows;
 }
 
+std::shared_ptr<ado::Recordset> QueryDetached(std::string_view sql) {
+  auto rows = modDatabase::LoadDisconnectedRst(sql);
+  if (!rows) ThrowObjectNotSet();
+  return rows;
+}
+
 }  // namespace quorvel
