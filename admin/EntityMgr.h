@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+
 #include "admin/Manager.h"
 #include "data/Controls.h"
 
@@ -37,6 +41,10 @@ class EntityMgr final : public Manager {
   [[nodiscard]] bool IsDefined(const std::string& id) const override;
 
  private:
+  /// Shows the tab's rows and returns their number.
+  std::int32_t ShowContexts();
+  std::int32_t ShowRemarkTypes();
+
   Controls m_controls;
 };
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <string_view>
+
 #include "admin/ChildLists.h"
 #include "admin/Manager.h"
 #include "data/Controls.h"
@@ -33,6 +36,8 @@ class RightMgr final : public Manager {
   void ShowChildren() override;
 
  private:
+  void Link(std::string_view procedure, std::int32_t groupKey);
+
   Controls m_controls;
 };
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+
 #include "admin/ChildLists.h"
 #include "admin/Manager.h"
 #include "data/Controls.h"
@@ -22,7 +26,7 @@ class UserMgr final : public Manager {
   UserMgr();
 
   void BindControls(const Controls& controls) { m_controls = controls; }
-  /// Fills cboBranch with the branches, once.
+  /// Fills cboBranch with the branches, once. Error 91 when their load has failed.
   void FillBranches();
 
   void Create() override;
@@ -38,6 +42,11 @@ class UserMgr final : public Manager {
   void ShowChildren() override;
 
  private:
+  void ShowBranch(std::string_view branch);
+  /// The empty text for no branch.
+  [[nodiscard]] std::string SelectedBranch() const;
+  void Link(std::string_view procedure, std::int32_t groupKey);
+
   Controls m_controls;
   bool m_loading = false;  ///< set while the manager fills the General panel
 };
