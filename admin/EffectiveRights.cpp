@@ -1,5 +1,5 @@
-// What a user may do, and through which groups. The groups are read together with the rows: a question to the database
-// while the pointer rests on a row could end in a message box at every move.
+// The rights of a user, and the groups that give them. The groups are read together with the rows: a question to the
+// database while the pointer rests on a row could end in a message box at every move.
 
 #include "admin/EffectiveRights.h"
 
