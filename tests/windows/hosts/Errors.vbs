@@ -2,7 +2,6 @@
 ' texts, so only their number is checked.
 
 Const kNotSet = "Object variable or With block variable not set"
-Const kNoWindow = "No window can be opened: this version has no administration window"
 
 Dim context, list, remark, shell, value
 
@@ -35,11 +34,6 @@ Failed "a type of another context", -1, "RemarkContext.AddRemark", "Illegal rema
 context.AddRemark Nothing, "text"
 Failed "no type", -1, "RemarkContext.AddRemark", "Illegal remark type for this context"
 Equal "nothing was added", context.MemoCount, 7
-
-' The administration window is the only one that does not exist.
-context.ViewManager 1
-Failed "ViewManager", -1, "RemarkContext.ViewManager", kNoWindow
-Equal "the remarks are still there", context.MemoCount, 7
 
 ' Missing and foreign objects.
 Set list = context.RemarkList
@@ -114,4 +108,4 @@ context.OwnerKey = 5
 Failed "an owner's key without a list", 91, "Quorvel", kNotSet
 
 On Error GoTo 0
-Finish 44
+Finish 42
