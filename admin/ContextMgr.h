@@ -1,6 +1,10 @@
 #pragma once
 
+#include <array>
+
 #include "admin/ChildLists.h"
+#include "admin/DisplaySequence.h"
+#include "admin/LinkFlags.h"
 #include "admin/Manager.h"
 #include "admin/NewItemDialog.h"
 #include "data/Controls.h"
@@ -29,7 +33,7 @@ class ContextMgr final : public Manager {
 
   ContextMgr();
 
-  void BindControls(const Controls& controls) { m_controls = controls; }
+  void BindControls(const Controls& controls);
 
   void Create() override;
   void Delete() override;
@@ -45,7 +49,19 @@ class ContextMgr final : public Manager {
   void ShowGeneralPanel() override;
 
  private:
+  [[nodiscard]] ListedTypes Types() const;
+  void ShowEditBehavior(const ado::Recordset* row);
+  void EnableMoves();
+  void WriteNumber(std::string_view column, std::int32_t number);
+  void WritePriority();
+  /// Exchanges the selected type with the one before (-1) or after it (1), if there is one.
+  void MoveSelected(std::int32_t offset);
+  /// Reads lstCurrent again and selects a type in it.
+  void ListTypes(std::int32_t selectedKey);
+  void ListTypesAfterFailure(std::int32_t selectedKey) noexcept;
+
   Controls m_controls;
+  std::array<LinkFlag, 1> m_priority;
   std::int32_t m_entityKey = 0;  ///< the entity of the current context
 };
 

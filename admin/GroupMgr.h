@@ -3,6 +3,7 @@
 #include <array>
 
 #include "admin/ChildLists.h"
+#include "admin/LinkFlags.h"
 #include "admin/Manager.h"
 #include "data/Controls.h"
 
@@ -22,7 +23,7 @@ class GroupMgr final : public Manager {
 
   GroupMgr();
 
-  void BindControls(const Controls& controls) { m_controls = controls; }
+  void BindControls(const Controls& controls);
 
   void Create() override;
   void Delete() override;
@@ -37,7 +38,15 @@ class GroupMgr final : public Manager {
   void ShowChildren() override;
 
  private:
+  /// A tab with a list pair: its statements, its fields and its procedures.
+  struct Tab;
+
+  /// Null for General.
+  [[nodiscard]] const Tab* CurrentTab() const;
+  void Link(std::string_view procedure, const Tab& tab, std::int32_t key) const;
+
   Controls m_controls;
+  std::array<LinkFlag, 4> m_flags;
 };
 
 }  // namespace quorvel

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "admin/ChildLists.h"
+#include "admin/LinkFlags.h"
 #include "admin/Manager.h"
 #include "admin/NewItemDialog.h"
 #include "data/Controls.h"
@@ -24,7 +25,7 @@ class RemarkMgr final : public Manager {
 
   RemarkMgr();
 
-  void BindControls(const Controls& controls) { m_controls = controls; }
+  void BindControls(const Controls& controls);
 
   void Create() override;
   void Delete() override;
@@ -40,8 +41,16 @@ class RemarkMgr final : public Manager {
   void ShowGeneralPanel() override;
 
  private:
+  void LinkGroup(std::string_view procedure, std::int32_t groupKey) const;
+  /// Shows the link that `linkSql` selects in its check boxes and enables them.
+  static void Show(LinkFlags flags, std::string_view linkSql);
+  /// Writes a check box into the link with the current item of `list` and shows the link as it is stored.
+  void Write(const LinkFlag& flag, std::string_view table, std::string_view keyField, const ItemList& list);
+
   Controls m_controls;
-  std::int32_t m_entityKey = 0;  ///< the entity of the current type
+  std::array<LinkFlag, 4> m_rights;    ///< of the selected group
+  std::array<LinkFlag, 1> m_priority;  ///< in the selected context
+  std::int32_t m_entityKey = 0;        ///< the entity of the current type
 };
 
 }  // namespace quorvel
