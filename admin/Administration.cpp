@@ -157,7 +157,7 @@ void Administration::Move(std::size_t i, ItemList& from, ItemList& to, ChildOper
     const modWaitCursor::BusyPointer busy;
     const std::int32_t key = from.Datum(index);
     const std::string text = from.Text(index);
-    Link(operation, key);
+    OrShowTabAgain([&] { (CurrentManager()->*operation)(key); });
     from.Remove(index);
     m_busy = true;
     to.Add(text, key);
@@ -167,14 +167,17 @@ void Administration::Move(std::size_t i, ItemList& from, ItemList& to, ChildOper
   });
 }
 
-// Another administrator has linked the same records meanwhile, or deleted one of them: the lists are out of date.
-void Administration::Link(ChildOperation operation, std::int32_t key) {
+// Another administrator has linked the same records meanwhile, or removed the link or one of the records: the lists are
+// out of date, and the tab is shown again as after a click on it.
+void Administration::OrShowTabAgain(const Action& operation) {
   try {
-    (CurrentManager()->*operation)(key);
+    operation();
   } catch (const Error& error) {
-    if (error.Number() == ErrorNumber::DbIntegrity) {
+    if (error.Number() == ErrorNumber::DbIntegrity || error.Number() == ErrorNumber::Component) {
+      m_busy = true;
       CurrentManager()->selectTab(m_view.SelectedTab());
       DisableAllMoves();
+      m_busy = false;
     }
     throw;
   }
@@ -186,7 +189,7 @@ void Administration::SelectCurrent(std::size_t i) {
     const std::int32_t key = SelectedKey(*m_controls.lstCurrent.at(i));
     m_busy = true;
     Deselect(*m_controls.lstRemaining.at(i));
-    CurrentManager()->ShowRight(key);
+    OrShowTabAgain([&] { CurrentManager()->ShowRight(key); });
     m_busy = false;
     EnableMoves(i, false, true);
   });
@@ -215,7 +218,7 @@ bool Administration::ChangeText(std::string_view field) {
   return Trapped([&] {
     if (CurrentManager() == nullptr) return;
     RequireRecord();
-    CurrentManager()->Update(field);
+    OrShowTabAgain([&] { CurrentManager()->Update(field); });
   });
 }
 

@@ -72,7 +72,7 @@ class Administration {
   void EnableMoves(std::size_t i, bool add, bool remove);
   void DisableAllMoves();
   void Move(std::size_t i, ItemList& from, ItemList& to, ChildOperation operation, bool isAdd);
-  void Link(ChildOperation operation, std::int32_t key);
+  void OrShowTabAgain(const Action& operation);
   void UpdateWhileBusy(std::string_view field);
 
   ManageView& m_view;
