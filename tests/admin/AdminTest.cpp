@@ -1,0 +1,42 @@
+#include "tests/admin/AdminTest.h"
+
+#include "tests/support/Rows.h"
+#include "tests/support/TestSettings.h"
+
+namespace quorvel::test {
+
+AdminTest::AdminTest() {
+  if (GetParam() != EngineKind::StandIn) return;
+  server.emplace(database.DatabaseFile());
+  UseSettings(server->Address(), "Ledger; Driver=FreeTDS", StandInServer::kUser,
+              "\"" + std::string(StandInServer::kPassword) + "\"");
+}
+
+std::vector<std::string> AdminTest::Prompted() {
+  std::vector<std::string> texts;
+  for (const ScriptedPrompts::Shown& shown : std::exchange(prompts->shown, {})) {
+    texts.push_back(shown.title + "|" + shown.text);
+  }
+  return texts;
+}
+
+void AdminTest::New(const std::string& id) {
+  prompts->texts.push_back(id);
+  window.admin.ClickNew();
+}
+
+void AdminTest::Delete(std::optional<PromptAnswer> answer) {
+  if (answer) prompts->answers.push_back(*answer);
+  window.admin.ClickDelete();
+  EXPECT_TRUE(prompts->answers.empty()) << "no question for " << window.cboID.CurrentText();
+}
+
+std::vector<std::string> Shown(const MemoryRows& grid, std::size_t first, std::size_t second) {
+  std::vector<std::string> rows;
+  for (std::int32_t row = 1; grid.rows && row <= grid.rows->RecordCount(); ++row) {
+    rows.push_back(Shown(grid.rows->At(row, first)) + "|" + Shown(grid.rows->At(row, second)));
+  }
+  return rows;
+}
+
+}  // namespace quorvel::test
