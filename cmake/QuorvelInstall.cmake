@@ -44,4 +44,12 @@ endif()
 if(TARGET quorvel_sample)
   set_target_properties(quorvel_sample PROPERTIES INSTALL_RPATH ${programRunPath})
   install(TARGETS quorvel_sample RUNTIME COMPONENT sample)
+  install(FILES ${PROJECT_SOURCE_DIR}/packaging/linux/quorvel-sample.desktop
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/applications COMPONENT sample)
+  set(icons ${CMAKE_INSTALL_DATAROOTDIR}/icons/hicolor)
+  foreach(size IN ITEMS 16 24 32 48 64 128 256)
+    install(FILES ${PROJECT_BINARY_DIR}/pictures/quorvel-${size}.png
+      DESTINATION ${icons}/${size}x${size}/apps RENAME quorvel.png COMPONENT sample)
+  endforeach()
+  install(FILES ${PROJECT_SOURCE_DIR}/pictures/quorvel.svg DESTINATION ${icons}/scalable/apps COMPONENT sample)
 endif()

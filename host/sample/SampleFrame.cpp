@@ -19,6 +19,7 @@
 
 #include "host/sample/Component.h"
 #include "host/sample/RecordList.h"
+#include "platform/wx/Picture.h"
 
 namespace sample {
 namespace {
@@ -47,6 +48,7 @@ wxString Describe(const ComponentError& error) {
 
 SampleFrame::SampleFrame(BusinessData data)
     : wxFrame(nullptr, wxID_ANY, "Customers and Orders"), m_data(std::move(data)), m_rested(this) {
+  SetIcons(quorvel::ui::ProductIcons());
   auto* panel = new wxPanel(this);
   const int gap = FromDIP(12);
   auto* lists = new wxBoxSizer(wxHORIZONTAL);

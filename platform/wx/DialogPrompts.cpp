@@ -9,6 +9,7 @@
 #include "platform/wx/HostWindows.h"
 #include "platform/wx/MessageDialog.h"
 #include "platform/wx/ModalDialog.h"
+#include "platform/wx/Picture.h"
 #include "platform/wx/Text.h"
 #include "platform/wx/WindowSystem.h"
 
@@ -76,6 +77,7 @@ std::optional<std::string> DialogPrompts::AskText(std::string_view prompt, std::
   RequireWindowSystem();
   const VisualStyles styles;
   wxTextEntryDialog dialog(Parent(), ToWx(prompt), ToWx(title));
+  dialog.SetIcons(ProductIcons());
   if (Run(dialog) != wxID_OK) return std::nullopt;
   return FromWx(dialog.GetValue());
 }

@@ -5,6 +5,7 @@
 #include "platform/CurrentPrompts.h"
 #include "platform/Environment.h"
 #include "platform/Error.h"
+#include "platform/wx/Picture.h"
 
 namespace quorvel::ui {
 namespace {
@@ -24,6 +25,7 @@ Error ErrorOf(const std::exception_ptr& failure) {
 }  // namespace
 
 GuardedWindow::GuardedWindow(wxTopLevelWindow& window) : m_window(window) {
+  m_window.SetIcons(ProductIcons());
   m_window.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
     KeepSmallest();

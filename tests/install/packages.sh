@@ -56,7 +56,16 @@ $(documents libquorvel-dev)
 expect "The files of quorvel" "-rwxr-xr-x root/root /usr/bin/quorvel
 $(documents quorvel)" "$(files_of quorvel)"
 expect "The files of quorvel-sample" "-rwxr-xr-x root/root /usr/bin/quorvel-sample
-$(documents quorvel-sample)" "$(files_of quorvel-sample)"
+-rw-r--r-- root/root /usr/share/applications/quorvel-sample.desktop
+$(documents quorvel-sample)
+-rw-r--r-- root/root /usr/share/icons/hicolor/128x128/apps/quorvel.png
+-rw-r--r-- root/root /usr/share/icons/hicolor/16x16/apps/quorvel.png
+-rw-r--r-- root/root /usr/share/icons/hicolor/24x24/apps/quorvel.png
+-rw-r--r-- root/root /usr/share/icons/hicolor/256x256/apps/quorvel.png
+-rw-r--r-- root/root /usr/share/icons/hicolor/32x32/apps/quorvel.png
+-rw-r--r-- root/root /usr/share/icons/hicolor/48x48/apps/quorvel.png
+-rw-r--r-- root/root /usr/share/icons/hicolor/64x64/apps/quorvel.png
+-rw-r--r-- root/root /usr/share/icons/hicolor/scalable/apps/quorvel.svg" "$(files_of quorvel-sample)"
 
 # These two packages must not need the toolkit: machines without a desktop use them.
 expect "What $library depends on" "libc6

@@ -35,7 +35,16 @@ expect "What tools brings" "bin/quorvel" "$(component tools)"
 "$prefix/bin/quorvel" --version >/dev/null || fail "The command line does not find its library."
 expect "What windows brings" "$lib/libquorvel-windows.so.${version%%.*}
 $lib/libquorvel-windows.so.$version" "$(component windows)"
-expect "What sample brings" "bin/quorvel-sample" "$(component sample)"
+expect "What sample brings" "bin/quorvel-sample
+share/applications/quorvel-sample.desktop
+share/icons/hicolor/128x128/apps/quorvel.png
+share/icons/hicolor/16x16/apps/quorvel.png
+share/icons/hicolor/24x24/apps/quorvel.png
+share/icons/hicolor/256x256/apps/quorvel.png
+share/icons/hicolor/32x32/apps/quorvel.png
+share/icons/hicolor/48x48/apps/quorvel.png
+share/icons/hicolor/64x64/apps/quorvel.png
+share/icons/hicolor/scalable/apps/quorvel.svg" "$(component sample)"
 
 everything=$(files_below "$prefix")
 cmake --install "$build" --prefix "$scratch/everything" >"$scratch/install.log" || fail "$(cat "$scratch/install.log")"

@@ -2,8 +2,8 @@
 # inspect-dll.sh <DLL> <version> <machine> <prefix of the tools>
 #
 # Checks the file from outside: it exports only the four entry points, undecorated, imports only libraries that every
-# Windows has, has the address and data protections, and contains the version and the type library. <machine> is x64 or
-# x86, <version> is like 5.0.1.
+# Windows has, has the address and data protections, and contains the version, the type library and the icon. <machine> is
+# x64 or x86, <version> is like 5.0.1.
 set -euo pipefail
 export LC_ALL=C
 
@@ -42,6 +42,8 @@ done
 resources=$("$tools-windres" -J coff -i "$dll" -O rc)
 expect "type libraries" '1 "TYPELIB"' "$(grep TYPELIB <<<"$resources" | grep '^[0-9]')"
 expect "manifest with the resource number for libraries" '2 24' "$(sed -n 's| /\* RT_MANIFEST \*/||p' <<<"$resources")"
+# The first by name is the file's own; the toolkit brings others.
+expect "icon of the file" '"QUORVEL"' "$(sed -n 's| 14 /\* RT_GROUP_ICON \*/||p' <<<"$resources" | head -n 1)"
 expect "log messages" 1 "$(grep -c RT_MESSAGETABLE <<<"$resources")"
 # One line applies to all resources after it.
 expect "languages" 'LANGUAGE 9, 1' "$(grep '^LANGUAGE' <<<"$resources" | sort -u)"

@@ -4,6 +4,7 @@
 
 #include <wx/modalhook.h>
 
+#include "platform/wx/Picture.h"
 #include "platform/wx/Text.h"
 
 namespace quorvel::ui {
@@ -23,6 +24,17 @@ void AddIcon(GtkWidget* box, const char* name) {
   gtk_widget_show(image);
   // Deprecated, but nothing else puts an icon beside the text.
   g_object_set(box, "image", image, nullptr);
+}
+
+/// The icon of the title bar, which is the product's, as in its other windows.
+void SetTitleIcon(GtkWindow* box) {
+  const wxIconBundle icons = ProductIcons();
+  GList* sizes = nullptr;
+  for (std::size_t i = 0; i < icons.GetIconCount(); ++i) {
+    sizes = g_list_prepend(sizes, icons.GetIconByIndex(i).GetPixbuf());
+  }
+  gtk_window_set_icon_list(box, sizes);
+  g_list_free(sizes);
 }
 
 int AnswerOf(int response) {
@@ -49,6 +61,7 @@ int MessageDialog::ShowModal() {
       gtk_message_dialog_new(owner, GTK_DIALOG_MODAL, GTK_MESSAGE_OTHER,
                              isQuestion ? GTK_BUTTONS_YES_NO : GTK_BUTTONS_OK, "%s", FromWx(GetMessage()).c_str());
   gtk_window_set_title(GTK_WINDOW(box), FromWx(GetCaption()).c_str());
+  SetTitleIcon(GTK_WINDOW(box));
   if (const char* icon = IconOf(GetMessageDialogStyle())) AddIcon(box, icon);
   gtk_dialog_set_default_response(GTK_DIALOG(box), isQuestion ? GTK_RESPONSE_YES : GTK_RESPONSE_OK);
   const int response = gtk_dialog_run(GTK_DIALOG(box));

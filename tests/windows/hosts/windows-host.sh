@@ -2,8 +2,8 @@
 # windows-host.sh <build folder> <native quorvel>
 #
 # Opens the windows from a script host and presses keys in them as a person would: first through the remarks that pop up,
-# then for two new remarks in the editor. Keeps pictures of the windows in <build folder>/pictures. The command line reads
-# the result from the database.
+# then for two new remarks in the editor. Keeps pictures of the windows in
+# <build folder>/hosts/windows/pictures. The command line reads the result from the database.
 set -euo pipefail
 
 build=$1 cli=$2
@@ -31,10 +31,9 @@ says() {
 }
 
 work=$build/hosts/windows
-pictures=$build/pictures
+pictures=$work/pictures
 make_database "$work"
 use_database "$work/remarks.db"
-rm -rf "$pictures"
 mkdir "$pictures"
 # A blinking cursor would make pictures differ.
 surely reg add 'HKCU\Control Panel\Desktop' /f /v CursorBlinkRate /d -1
