@@ -12,6 +12,13 @@ AdminTest::AdminTest() {
               "\"" + std::string(StandInServer::kPassword) + "\"");
 }
 
+std::vector<std::string> AdminTest::TypesOf(int contextKey) const {
+  return RowsOf(*database.Connect(),
+                "SELECT t.RemarkTypeID, c.DisplaySeq FROM ttwRemarkContext c INNER JOIN ttwRemarkType t ON "
+                "t.RemarkTypeKey = c.RemarkTypeKey WHERE c.ContextKey = " +
+                    std::to_string(contextKey) + " ORDER BY c.DisplaySeq");
+}
+
 std::vector<std::string> AdminTest::Prompted() {
   std::vector<std::string> texts;
   for (const ScriptedPrompts::Shown& shown : std::exchange(prompts->shown, {})) {

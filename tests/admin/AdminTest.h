@@ -26,6 +26,8 @@ class AdminTest : public testing::TestWithParam<EngineKind> {
   void Open() { window.admin.Load(); }
   void Run(std::string_view batch) const { database.Run(batch); }
   [[nodiscard]] std::string Ask(std::string_view query) const { return database.Ask(query); }
+  /// The ID and the position of each remark type in a context, with a bar between them.
+  [[nodiscard]] std::vector<std::string> TypesOf(int contextKey) const;
   /// The title, a bar and the text of each message and question since the last call.
   [[nodiscard]] std::vector<std::string> Prompted();
   /// Presses New and answers the question for the ID.
