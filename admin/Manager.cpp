@@ -160,7 +160,12 @@ void Manager::WriteText(std::string_view column, const TextField& box) {
   WriteField(column, modDatabase::StripChars(box.Text()));
 }
 
-bool Manager::IsStored() const { return Narrowed(m_kind, m_current).Row() != nullptr; }
+// A record with the same ID and another key is a new one, which somebody else has added in place of this one.
+bool Manager::IsStored() const {
+  const Narrowed current(m_kind, m_current);
+  const ado::Recordset* const row = current.Row();
+  return row != nullptr && ToInt32(row->Fields(m_kind.keyField).Value()) == m_current.key;
+}
 
 // The caller is about to report the first error. A second one, while the former values are read, would hide it.
 void Manager::RestoreFields() noexcept {

@@ -46,7 +46,14 @@ TEST_P(GroupMgrTest, EachTabLinksRecordsOfItsKind) {
 }
 
 TEST_P(GroupMgrTest, ListsShowWhatAnotherAdministratorHasDoneMeanwhile) {
+  Run("INSERT INTO ttwGroup (GroupID) VALUES ('Team')");
   Open();
+  OpenTab("Team", "General");
+  Run("DELETE FROM ttwGroup WHERE GroupKey = 5 INSERT INTO ttwGroup (GroupID) VALUES ('Team')");
+  EXPECT_FALSE(window.Type(window.txtCaption[0], "of the former one", "Caption"));
+  EXPECT_THAT(Prompted(), ElementsAre(HasSubstr("\"Team\" is no longer there")));
+  EXPECT_TRUE(window.Type(window.txtCaption[0], "of the new one", "Caption"));
+
   OpenTab("Sales", "Users");
   Run("INSERT INTO ttwGroupMember (GroupKey, UserKey) VALUES (3, 4)");
   window.Add(1, "guest");
