@@ -28,11 +28,19 @@ void CellToolTip::PointerMoved(const wxPoint& point) {
   wxWindow& cells = *m_grid.GetGridWindow();
   cells.UnsetToolTip();
   if (position == wxNOT_FOUND || m_state.content.Rows().RowIndex(line) < 1) return;
-  const std::string text = m_state.Cell(line, static_cast<std::size_t>(position)).text;
-  wxClientDC dc(&cells);
+  std::string tip = CutText(line, position);
+  const std::string hint = m_state.Hint(line);
+  if (!tip.empty() && !hint.empty()) tip += '\n';
+  tip += hint;
+  if (!tip.empty()) cells.SetToolTip(ui::ToWx(BeginningOf(tip, kMostCharacters).text));
+}
+
+std::string CellToolTip::CutText(std::int32_t line, int position) const {
+  std::string text = m_state.Cell(line, static_cast<std::size_t>(position)).text;
+  wxClientDC dc(m_grid.GetGridWindow());
   dc.SetFont(m_grid.GetDefaultCellFont());
-  if (ShowsWhole(dc, text, {m_grid.GetColSize(position), m_grid.GetRowSize(line - 1)})) return;
-  cells.SetToolTip(ui::ToWx(BeginningOf(text, kMostCharacters).text));
+  const bool isWhole = ShowsWhole(dc, text, {m_grid.GetColSize(position), m_grid.GetRowSize(line - 1)});
+  return isWhole ? std::string() : text;
 }
 
 }  // namespace quorvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 class wxGrid;
 class wxPoint;
@@ -9,7 +10,7 @@ namespace quorvel {
 
 struct GridState;
 
-/// Shows the whole text of the cell under the pointer where the cell cuts it.
+/// Shows the whole text of the cell under the pointer where the cell cuts it, and the explanation of its row.
 class CellToolTip {
  public:
   /// Both outlive the object.
@@ -21,6 +22,9 @@ class CellToolTip {
   void Forget() noexcept { m_line = 0; }
 
  private:
+  /// The text of a cell that does not show all of it; else the empty text.
+  [[nodiscard]] std::string CutText(std::int32_t line, int position) const;
+
   wxGrid& m_grid;
   const GridState& m_state;
   std::int32_t m_line = 0;  ///< the cell that the tip was set for

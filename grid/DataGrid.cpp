@@ -140,6 +140,12 @@ void DataGrid::Bind(std::shared_ptr<ado::Recordset> recordset) {
   m_bound = std::move(bound);
 }
 
+void DataGrid::SetRowHint(std::function<std::string(std::int32_t rowIndex)> hint) {
+  m_state.rowHint = std::move(hint);
+  m_toolTip.Forget();
+  Announce();
+}
+
 void DataGrid::Refetch() {
   const std::vector<std::int32_t> shown = m_state.content.Shown();
   const std::int32_t rowCount = m_state.content.Rows().RowCount();

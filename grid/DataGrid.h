@@ -62,6 +62,8 @@ class DataGrid : public wxGrid {
   /// Bound: shows the recordset's rows that its filter lets through; the key of a column is the name of its field.
   void Bind(std::shared_ptr<ado::Recordset> recordset);
   using wxGrid::Bind;
+  /// `hint` explains a row: as a tool tip, in RowHint and to assistive technology. An empty function explains none.
+  void SetRowHint(std::function<std::string(std::int32_t rowIndex)> hint);
 
   /// Reads what the order depends on again and shows all rows. Closed groups and the user's sorting stay. The first
   /// line becomes current, if there is one. Throws what the source throws, and then nothing has changed.
@@ -83,6 +85,8 @@ class DataGrid : public wxGrid {
   [[nodiscard]] std::int32_t CurrentLine() const noexcept { return m_state.currentLine; }
   /// The row on a line; 0 on headings and for lines that do not exist.
   [[nodiscard]] std::int32_t RowIndex(std::int32_t line) const noexcept;
+  /// The explanation of the current row; empty when there is none.
+  [[nodiscard]] std::string RowHint() const noexcept { return m_state.Hint(m_state.currentLine); }
   /// The recordset's bookmark of a row. Error 5 when there is no such row, 91 when nothing is bound.
   [[nodiscard]] std::int32_t Bookmark(std::int32_t rowIndex) const;
   /// Null when the grid is unbound.

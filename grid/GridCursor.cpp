@@ -19,7 +19,8 @@ void GridCursor::SetSpokenName(std::string name) {
 
 void GridCursor::Speak() const {
   if (m_state.currentLine == 0) return ui::SetAccessibleName(*m_grid.GetGridWindow(), m_spokenName);
-  const std::string line = m_state.SpokenLine(m_state.currentLine);
+  std::string line = m_state.SpokenLine(m_state.currentLine);
+  if (const std::string hint = m_state.Hint(m_state.currentLine); !hint.empty()) line += ". " + hint;
   // The toolkit's text holds nothing that is not UTF-8.
   const std::string spoken = ui::FromWx(ui::ToWx(BeginningOf(line, line.size()).text));
   ui::SetAccessibleName(*m_grid.GetGridWindow(), spoken);

@@ -14,6 +14,8 @@ namespace quorvel {
 struct GridState {
   GridContent content;
   std::int32_t currentLine = 0;  ///< 0 when no line is current
+  /// Explains a row to the user who rests on it; may be empty.
+  std::function<std::string(std::int32_t rowIndex)> rowHint{};
   /// Called with the error in flight when something cannot be read.
   std::function<void()> readFailed;
 
@@ -28,6 +30,13 @@ struct GridState {
   }
   [[nodiscard]] std::string SpokenLine(std::int32_t line) const noexcept {
     return OrEmpty([&] { return content.SpokenLine(line); });
+  }
+  /// The explanation of the row on a line; empty where there is none.
+  [[nodiscard]] std::string Hint(std::int32_t line) const noexcept {
+    return OrEmpty([&] {
+      const std::int32_t rowIndex = content.Rows().RowIndex(line);
+      return rowIndex > 0 && rowHint ? rowHint(rowIndex) : std::string();
+    });
   }
 
  private:

@@ -10,7 +10,7 @@
 #include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "remark_ui/RemarkText.h"
+#include "platform/wx/BoxText.h"
 #include "runtime/RemarkContext.h"
 #include "runtime/RemarkRights.h"
 

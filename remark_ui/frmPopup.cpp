@@ -10,11 +10,11 @@
 #include <wx/textctrl.h>
 
 #include "platform/AtScopeEnd.h"
+#include "platform/wx/BoxText.h"
 #include "platform/wx/MakeButton.h"
 #include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
 #include "remark_ui/OwnerTitle.h"
-#include "remark_ui/RemarkText.h"
 #include "runtime/RemarkContext.h"
 
 namespace quorvel {

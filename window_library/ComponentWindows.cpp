@@ -1,8 +1,12 @@
 #include "window_library/ComponentWindows.h"
 
+#include <memory>
+
+#include "admin/window/frmManage.h"
 #include "platform/Error.h"
 #include "platform/wx/Desktop.h"
 #include "platform/wx/DialogPrompts.h"
+#include "platform/wx/HostLoop.h"
 #include "platform/wx/WindowSystem.h"
 
 namespace quorvel {
@@ -33,9 +37,17 @@ void ComponentWindows::ViewEdit(RemarkContext& context) {
   Only(m_edit).View(context);
 }
 
-void ComponentWindows::ViewManager(std::int32_t /*modal*/) {
-  throw Error(ErrorNumber::Component, "RemarkContext.ViewManager",
-              "No window can be opened: this version has no administration window");
+void ComponentWindows::ViewManager(std::int32_t modal) {
+  ui::RequireWindowSystem();
+  const ui::VisualStyles styles;
+  if (modal == 0 && !ui::HostRunsLoop()) {
+    throw Error(ErrorNumber::Component, "RemarkContext.ViewManager",
+                "No window can stay open: the host runs no event loop of GTK. Open it modal.");
+  }
+  auto window = std::make_unique<frmManage>();
+  window->Load();
+  if (modal != 0) return window->RunModal();
+  window.release()->ShowModeless();
 }
 
 }  // namespace quorvel

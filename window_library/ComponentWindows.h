@@ -12,8 +12,9 @@
 
 namespace quorvel {
 
-/// The component's own windows: one pop-up and one editor, each made at its first use and used again. Every call throws
-/// as RequireWindowSystem does when no window can be opened on the calling thread.
+/// The component's own windows: one pop-up and one editor, each made at its first use and used again, and a new
+/// administration window for each call. Every call throws as RequireWindowSystem does when no window can be opened on
+/// the calling thread.
 class ComponentWindows : public RemarkWindows {
  public:
   /// Starts the toolkit on the calling thread and returns new ComponentWindows with the prompts that belong to them.
@@ -22,7 +23,10 @@ class ComponentWindows : public RemarkWindows {
 
   void ViewPopup(RemarkContext& context) override;
   void ViewEdit(RemarkContext& context) override;
-  /// Error -1: this version has no administration window.
+  /// `modal` is 0 for a modeless window, which lives on the host's event loop until the user closes it or the host
+  /// ends; several may be open. Any other number is modal: the call returns when the window is closed. Error -1 for a
+  /// modeless window in a host without such a loop. The errors of connecting to the database pass through, and then no
+  /// window opens.
   void ViewManager(std::int32_t modal) override;
 
  private:

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "data/modUserName.h"
+#include "platform/wx/BoxText.h"
 #include "remark_ui/EditLayout.h"
 #include "remark_ui/EditedRemark.h"
-#include "remark_ui/RemarkText.h"
 #include "runtime/RemarkRights.h"
 #include "tests/runtime/RuntimeTest.h"
 

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// Converts a remark's text for a text box: each line break (CR LF, CR or LF) becomes a line feed, and a zero becomes
+/// Converts a stored text for a text box: each line break (CR LF, CR or LF) becomes a line feed, and a zero becomes
 /// its picture U+2400, because a text box ends its text at a zero.
 [[nodiscard]] std::string ShownText(std::string_view stored);
 

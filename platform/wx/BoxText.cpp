@@ -1,4 +1,4 @@
-#include "remark_ui/RemarkText.h"
+#include "platform/wx/BoxText.h"
 
 namespace quorvel {
 namespace {

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/Controls.h"
+
+class wxListBox;
+class wxOwnerDrawnComboBox;
+
+// The faces of lists over the toolkit's controls. Nothing that the program sets raises an event.
+
+namespace quorvel {
+
+/// A list box.
+class BoundList : public ItemList {
+ public:
+  enum class Order { Alphabetical, AsFilled };
+
+  BoundList();
+  ~BoundList() override;
+  BoundList(const BoundList&) = delete;
+  BoundList& operator=(const BoundList&) = delete;
+  void Attach(wxListBox& box, Order order);
+
+  void Clear() override;
+  /// Adds the item at its place in the order, which need not be the last.
+  void Add(std::string_view text, std::int32_t datum) override;
+  void Remove(std::int32_t index) override;
+  [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(m_items.size()); }
+  [[nodiscard]] std::string Text(std::int32_t index) const override { return At(index).text; }
+  [[nodiscard]] std::int32_t Datum(std::int32_t index) const override { return At(index).datum; }
+  [[nodiscard]] std::int32_t ListIndex() const override;
+  /// Also brings the item into view.
+  void SetListIndex(std::int32_t index) override;
+  [[nodiscard]] wxListBox& Box() const noexcept { return *m_box; }
+
+ private:
+  struct Item {
+    std::string text;
+    std::int32_t datum;
+  };
+  [[nodiscard]] const Item& At(std::int32_t index) const { return *m_items.at(static_cast<std::size_t>(index)); }
+
+  wxListBox* m_box = nullptr;
+  Order m_order = Order::Alphabetical;
+  std::vector<std::unique_ptr<Item>> m_items;  ///< pointers, because items are inserted anywhere among thousands
+};
+
+/// A combo box that is not typed into; typing in it searches. Items are shown in the order in which they are added.
+class BoundCombo : public Choice {
+ public:
+  void Attach(wxOwnerDrawnComboBox& box) noexcept { m_box = &box; }
+
+  void Clear() override;
+  void Add(std::string_view text, std::int32_t datum) override;
+  void Remove(std::int32_t index) override;
+  [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(m_data.size()); }
+  [[nodiscard]] std::string Text(std::int32_t index) const override;
+  [[nodiscard]] std::int32_t Datum(std::int32_t index) const override {
+    return m_data.at(static_cast<std::size_t>(index));
+  }
+  [[nodiscard]] std::int32_t ListIndex() const override;
+  void SetListIndex(std::int32_t index) override;
+  [[nodiscard]] std::string CurrentText() const override;
+  [[nodiscard]] wxOwnerDrawnComboBox& Box() const noexcept { return *m_box; }
+
+ private:
+  wxOwnerDrawnComboBox* m_box = nullptr;
+  std::vector<std::int32_t> m_data;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,98 @@
+// A notebook for each view, one of which is shown: a notebook cannot hide single tabs.
+
+#include "admin/window/TabPanels.h"
+
+#include <algorithm>
+
+#include <wx/notebook.h>
+#include <wx/panel.h>
+
+#include "platform/wx/NativeControls.h"
+#include "platform/wx/Text.h"
+
+namespace quorvel {
+
+TabPanels::TabPanels(wxWindow& parent)
+    : wxSimplebook(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, "tabPanels") {}
+
+wxPanel& TabPanels::AddTab(std::string_view view, std::string_view caption, std::string_view tip) {
+  View& to = ViewNamed(view);
+  auto* panel = new wxPanel(to.notebook);
+  to.notebook->AddPage(panel, ui::ToWx(caption));
+  wxString label;
+  const int accessKey = wxControl::FindAccelIndex(ui::ToWx(caption), &label);
+  to.tabs.push_back({ui::FromWx(label), std::string(tip),
+                     accessKey < 0 ? 0 : static_cast<int>(wxToupper(label[static_cast<std::size_t>(accessKey)]))});
+  return *panel;
+}
+
+TabPanels::View& TabPanels::ViewNamed(std::string_view name) {
+  const auto found = std::ranges::find(m_views, name, &View::name);
+  if (found != m_views.end()) return *found;
+  wxNotebook* notebook = MakeNotebook();
+  notebook->SetName(ui::ToWx(name));
+  AddPage(notebook, ui::ToWx(name));
+  return m_views.emplace_back(View{std::string(name), notebook, {}});
+}
+
+wxNotebook* TabPanels::MakeNotebook() {
+  auto* notebook = new wxNotebook(this, wxID_ANY);
+  notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGING, [this](wxBookCtrlEvent& event) {
+    if (Leaving && !Leaving()) event.Veto();
+  });
+  notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent&) {
+    if (Clicked) Clicked();
+  });
+  notebook->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) { ShowTip(event); });
+  notebook->Bind(wxEVT_LEAVE_WINDOW, [notebook](wxMouseEvent& event) {
+    notebook->UnsetToolTip();
+    event.Skip();
+  });
+  return notebook;
+}
+
+void TabPanels::ShowView(std::string_view view) {
+  const auto found = std::ranges::find(m_views, view, &View::name);
+  if (found == m_views.end()) return;
+  ChangeSelection(static_cast<std::size_t>(found - m_views.begin()));
+  found->notebook->ChangeSelection(0);
+}
+
+void TabPanels::SelectTab(std::string_view key) {
+  for (const View& view : m_views) {
+    for (std::size_t i = 0; i < view.tabs.size(); ++i) {
+      if (view.name + ':' + view.tabs[i].caption == key) view.notebook->ChangeSelection(i);
+    }
+  }
+}
+
+std::string TabPanels::SelectedTab() const {
+  const View& view = ShownView();
+  return view.tabs.at(static_cast<std::size_t>(view.notebook->GetSelection())).caption;
+}
+
+bool TabPanels::TakeKey(const wxKeyEvent& event) {
+  const View& view = ShownView();
+  if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == WXK_PAGEDOWN) {
+    view.notebook->AdvanceSelection(true);
+  } else if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == WXK_PAGEUP) {
+    view.notebook->AdvanceSelection(false);
+  } else {
+    const auto found = std::ranges::find(view.tabs, event.GetKeyCode(), &Tab::accessKey);
+    if (event.GetModifiers() != wxMOD_ALT || found == view.tabs.end()) return false;
+    view.notebook->SetSelection(static_cast<std::size_t>(found - view.tabs.begin()));
+  }
+  return true;
+}
+
+void TabPanels::ShowTip(wxMouseEvent& event) {
+  event.Skip();
+  const View& view = ShownView();
+  const int tab = view.notebook->HitTest(event.GetPosition());
+  const wxString tip = tab == wxNOT_FOUND ? wxString() : ui::ToWx(view.tabs.at(static_cast<std::size_t>(tab)).tip);
+  if (tip == view.notebook->GetToolTipText()) return;
+  view.notebook->UnsetToolTip();
+  if (!tip.empty()) view.notebook->SetToolTip(tip);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,314 @@
+// The window binds each event to one operation of Administration. Before an operation that may show another record it
+// writes the texts that the user has changed, because the managers fill the boxes anew.
+
+#include "admin/window/frmManage.h"
+
+#include <exception>
+#include <utility>
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/listbox.h>
+#include <wx/odcombo.h>
+#include <wx/sizer.h>
+#include <wx/spinctrl.h>
+#include <wx/statbmp.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include "admin/window/FieldSheet.h"
+#include "admin/window/Panels.h"
+#include "admin/window/TabPanels.h"
+#include "admin/window/ViewBar.h"
+#include "admin/window/frmNewContext.h"
+#include "grid/DataGrid.h"
+#include "platform/AtScopeEnd.h"
+#include "platform/wx/Desktop.h"
+#include "platform/wx/MakeButton.h"
+#include "platform/wx/NativeControls.h"
+#include "platform/wx/Text.h"
+#include "runtime/EditBehavior.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int kFirstWidth = 860;
+constexpr int kFirstHeight = 600;
+
+}  // namespace
+
+frmManage::frmManage()
+    : ModalDialog({}, ui::FailurePolicy::ShowAndStay), m_administration(*this, m_controls.Faces(*this)) {
+  SetWindowStyleFlag(GetWindowStyleFlag() | wxMINIMIZE_BOX);
+  MakeControls();
+  LayOut();
+  FillEditBehavior();
+  BindHandlers();
+}
+
+void frmManage::MakeControls() {
+  bbViews = new ViewBar(*this);
+  picView = new wxStaticBitmap(this, wxID_ANY, wxBitmapBundle());
+  lblView = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0, "lblView");
+  lblView->SetFont(lblView->GetFont().Bold().Scaled(1.4F));
+}
+
+void frmManage::LayOut() {
+  const int gap = FromDIP(8);
+  auto* heading = new wxBoxSizer(wxHORIZONTAL);
+  heading->Add(picView, wxSizerFlags().CentreVertical().Border(wxRIGHT, gap));
+  heading->Add(lblView, wxSizerFlags().CentreVertical());
+
+  auto* record = new wxBoxSizer(wxHORIZONTAL);
+  record->Add(new wxStaticText(this, wxID_ANY, "&ID"), wxSizerFlags().CentreVertical().Border(wxRIGHT, gap));
+  wxOwnerDrawnComboBox& cboID = FieldSheet::MakeCombo(*this, "cboID", "ID");
+  m_controls.cboID.Attach(cboID);
+  record->Add(&cboID, wxSizerFlags(1).CentreVertical());
+  cmdNew = ui::MakeButton(*this, "cmdNew", "&New");
+  cmdDelete = ui::MakeButton(*this, "cmdDelete", "&Delete");
+  record->Add(cmdNew, wxSizerFlags().CentreVertical().Border(wxLEFT, gap));
+  record->Add(cmdDelete, wxSizerFlags().CentreVertical().Border(wxLEFT, gap));
+
+  tabPanels = new TabPanels(*this);
+  MakePanels(*tabPanels, m_controls);
+
+  auto* right = new wxBoxSizer(wxVERTICAL);
+  right->Add(heading, wxSizerFlags().Border(wxBOTTOM, gap));
+  right->Add(record, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+  right->Add(tabPanels, wxSizerFlags(1).Expand());
+  auto* content = new wxBoxSizer(wxHORIZONTAL);
+  content->Add(bbViews, wxSizerFlags().Border(wxALL, gap));
+  content->Add(right, wxSizerFlags(1).Expand().Border(wxTOP | wxRIGHT | wxBOTTOM, gap));
+  SetSizer(content);
+  SetSmallestInside(content->GetMinSize());
+  wxSize size = FromDIP(wxSize(kFirstWidth, kFirstHeight));
+  size.IncTo(content->GetMinSize());
+  SetClientSize(size);
+  CentreOnScreen();
+}
+
+void frmManage::FillEditBehavior() {
+  for (const auto& [text, behavior] : {std::pair("AutoSave", EditBehavior::AutoSaveOnClose),
+                                       {"NoAutoSave", EditBehavior::NoAutoSave},
+                                       {"PromptSave", EditBehavior::PromptForSave}}) {
+    m_controls.cboEditBehavior.Add(text, static_cast<std::int32_t>(behavior));
+  }
+}
+
+void frmManage::ShowModeless() {
+  m_life.emplace();
+  Show();
+  Raise();
+}
+
+void frmManage::SetTitle(std::string_view title) { SetTitle(ui::ToWx(title)); }
+
+void frmManage::SelectButton(std::string_view view) { bbViews->Select(view); }
+
+void frmManage::ShowPanels(std::string_view view, std::string_view caption) {
+  picView->SetBitmap(ViewBar::Picture(view));
+  lblView->SetLabelText(ui::ToWx(caption));
+  tabPanels->ShowView(view);
+  Layout();
+  const wxWindow* focus = wxWindow::FindFocus();
+  if (IsShown() && (focus == nullptr || !focus->IsShownOnScreen())) m_controls.cboID.Box().SetFocus();
+}
+
+void frmManage::SelectTab(std::string_view key) { tabPanels->SelectTab(key); }
+
+std::string frmManage::SelectedTab() const { return tabPanels->SelectedTab(); }
+
+NewItem frmManage::AskForContext() {
+  const ui::VisualStyles styles;
+  frmNewContext dialog;
+  dialog.SetUpForContext();
+  return dialog.Ask();
+}
+
+NewItem frmManage::AskForRemarkType() {
+  const ui::VisualStyles styles;
+  frmNewContext dialog;
+  dialog.SetUpForRemarkType();
+  return dialog.Ask();
+}
+
+void frmManage::BindHandlers() {
+  BindRecords();
+  BindTexts();
+  BindRowHeight();
+  BindFields();
+  for (std::size_t i = 0; i < m_controls.lstCurrent.size(); ++i) BindPair(i);
+  for (BoundGrid& grid : m_controls.grdForm) {
+    grid.Grid().Failed = [this](std::exception_ptr failure) { HandleFailure(std::move(failure)); };
+  }
+  Bind(wxEVT_CHAR_HOOK, UserAction([this](wxKeyEvent& event) { KeyPressed(event); }));
+  Bind(wxEVT_CLOSE_WINDOW, Guarded([this](wxCloseEvent& event) { CloseWindow(event); }));
+}
+
+void frmManage::BindRecords() {
+  bbViews->Chosen = [this](std::string_view view) { Guard([&] { bbViews_Click(view); }); };
+  tabPanels->Leaving = [this] {
+    bool leaves = false;
+    Guard([&] { AfterTexts([&] { leaves = true; }); });
+    return leaves;
+  };
+  tabPanels->Clicked = [this] { Guard([this] { m_administration.ClickTab(); }); };
+  m_controls.cboID.Box().Bind(wxEVT_COMBOBOX, UserAction([this] { cboID_Click(); }));
+  const auto click = [this](void (Administration::*operation)()) {
+    return UserAction([this, operation] { AfterTexts([&] { (m_administration.*operation)(); }); });
+  };
+  cmdNew->Bind(wxEVT_BUTTON, click(&Administration::ClickNew));
+  cmdDelete->Bind(wxEVT_BUTTON, click(&Administration::ClickDelete));
+  m_controls.cmdUp.Button().Bind(wxEVT_BUTTON, click(&Administration::ClickUp));
+  m_controls.cmdDown.Button().Bind(wxEVT_BUTTON, click(&Administration::ClickDown));
+}
+
+void frmManage::bbViews_Click(std::string_view view) {
+  AfterTexts([&] { m_administration.ClickView(view); });
+  bbViews->Select(m_administration.CurrentView());
+}
+
+void frmManage::cboID_Click() {
+  bool isPicked = false;
+  AfterTexts([&] {
+    m_administration.ClickID();
+    isPicked = true;
+  });
+  if (!isPicked) m_controls.cboID.SetListIndex(m_shownID);
+}
+
+// A message box must not open while the focus moves, so a box that was left is written a moment later.
+void frmManage::BindTexts() {
+  for (const TypedField& field : m_controls.typed) {
+    wxTextCtrl& box = field.text->Box();
+    const auto commit = UserAction([this, &field] { CommitText(field); });
+    box.Bind(wxEVT_KILL_FOCUS, [this, &field](wxFocusEvent& event) {
+      event.Skip();
+      CallAfter([this, &field] { Guard([&] { CommitText(field); }); });
+    });
+    if (!box.IsMultiLine()) box.Bind(wxEVT_TEXT_ENTER, commit);
+  }
+}
+
+void frmManage::BindRowHeight() {
+  wxSpinCtrl& box = m_controls.udRowHeight.Box();
+  box.Bind(wxEVT_SPINCTRL, UserAction([this] { CommitRowHeight(); }));
+  box.Bind(wxEVT_TEXT_ENTER, UserAction([this] { CommitRowHeight(); }));
+  box.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+    event.Skip();
+    CallAfter([this] { Guard([this] { CommitRowHeight(); }); });
+  });
+}
+
+void frmManage::BindFields() {
+  for (std::size_t i = 0; i < m_controls.chkRight.size(); ++i) {
+    BindField(m_controls.chkRight.at(i), "chkRight" + std::to_string(i));
+  }
+  BindField(m_controls.chkUserActive, "Active");
+  BindField(m_controls.chkGroupByType, "chkGroupByType");
+  BindField(m_controls.chkAllowRowSizing, "chkAllowRowSizing");
+  BindField(m_controls.cboBranch, "Branch");
+  BindField(m_controls.cboEditBehavior, "EditBehavior");
+}
+
+void frmManage::BindField(BoundCheck& check, std::string field) {
+  check.Box().Bind(wxEVT_CHECKBOX,
+                   UserAction([this, field = std::move(field)] { m_administration.ClickField(field); }));
+}
+
+void frmManage::BindField(BoundCombo& combo, std::string field) {
+  combo.Box().Bind(wxEVT_COMBOBOX,
+                   UserAction([this, field = std::move(field)] { m_administration.ClickField(field); }));
+}
+
+void frmManage::BindPair(std::size_t i) {
+  const auto call = [this, i](void (Administration::*operation)(std::size_t)) {
+    return UserAction([this, i, operation] { (m_administration.*operation)(i); });
+  };
+  const auto leave = [this, i](void (Administration::*operation)(std::size_t)) {
+    return UserAction([this, i, operation](wxFocusEvent& event) {
+      event.Skip();
+      (m_administration.*operation)(i);
+    });
+  };
+  wxListBox& current = m_controls.lstCurrent.at(i).Box();
+  wxListBox& remaining = m_controls.lstRemaining.at(i).Box();
+  current.Bind(wxEVT_LISTBOX, call(&Administration::SelectCurrent));
+  remaining.Bind(wxEVT_LISTBOX, call(&Administration::SelectRemaining));
+  current.Bind(wxEVT_LISTBOX_DCLICK, call(&Administration::ClickRemove));
+  remaining.Bind(wxEVT_LISTBOX_DCLICK, call(&Administration::ClickAdd));
+  current.Bind(wxEVT_KILL_FOCUS, leave(&Administration::LeaveCurrent));
+  remaining.Bind(wxEVT_KILL_FOCUS, leave(&Administration::LeaveRemaining));
+  m_controls.cmdAdd.at(i).Button().Bind(wxEVT_BUTTON, call(&Administration::ClickAdd));
+  m_controls.cmdRemove.at(i).Button().Bind(wxEVT_BUTTON, call(&Administration::ClickRemove));
+}
+
+void frmManage::KeyPressed(wxKeyEvent& event) {
+  const bool isEscape = event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers();
+  if (isEscape && UndoText()) return;
+  if (!bbViews->TakeKey(event) && !tabPanels->TakeKey(event)) event.Skip();
+}
+
+void frmManage::CloseWindow(wxCloseEvent& event) {
+  if (m_isCommitting) return event.Veto();  // the message box of a failed write is open
+  if (!CommitTexts() && event.CanVeto() && !std::exchange(m_wasKeptOpen, true)) return event.Veto();
+  if (IsModal()) {
+    EndModal(wxID_CANCEL);
+  } else {
+    Destroy();
+  }
+}
+
+bool frmManage::CommitTexts() {
+  bool isWritten = CommitRowHeight();
+  for (const TypedField& field : m_controls.typed) isWritten = CommitText(field) && isWritten;
+  return isWritten;
+}
+
+bool frmManage::CommitText(const TypedField& field) {
+  if (m_isCommitting || field.view != m_administration.CurrentView() || !field.text->IsChanged()) return true;
+  m_isCommitting = true;
+  const AtScopeEnd committed([this] { m_isCommitting = false; });
+  if (!m_administration.ChangeText(field.field)) return false;
+  // A manager shows what is stored now; a box that it left alone shows what was written.
+  if (field.text->IsChanged()) field.text->Accept();
+  m_wasKeptOpen = false;
+  return true;
+}
+
+bool frmManage::CommitRowHeight() {
+  if (m_isCommitting || m_administration.CurrentView() != "Contexts" || !m_controls.udRowHeight.IsChanged())
+    return true;
+  m_isCommitting = true;
+  const AtScopeEnd committed([this] { m_isCommitting = false; });
+  m_administration.ChangeRowHeight();
+  return !m_controls.udRowHeight.IsChanged();
+}
+
+template <typename Action>
+void frmManage::AfterTexts(const Action& action) {
+  if (m_isCommitting) return;
+  CommitTexts();
+  if (HasUnwrittenText()) return;
+  action();
+  m_shownID = m_controls.cboID.ListIndex();
+}
+
+bool frmManage::HasUnwrittenText() {
+  for (const TypedField& field : m_controls.typed) {
+    if (field.view == m_administration.CurrentView() && field.text->IsChanged()) return true;
+  }
+  return false;
+}
+
+bool frmManage::UndoText() {
+  const wxWindow* focus = wxWindow::FindFocus();
+  for (const TypedField& field : m_controls.typed) {
+    if (&field.text->Box() != focus || !field.text->IsChanged()) continue;
+    field.text->Undo();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace quorvel
