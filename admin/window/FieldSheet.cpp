@@ -16,6 +16,8 @@ namespace {
 
 constexpr int kMemoLines = 4;
 constexpr int kComboCharacters = 34;
+// Before its first layout a box needs room for its scroll bars, or GTK complains to the host's error output.
+const wxSize kFirstMemoSize(200, 100);
 
 std::string WithoutMark(std::string_view caption) { return ui::FromWx(wxControl::RemoveMnemonics(ui::ToWx(caption))); }
 
@@ -47,12 +49,15 @@ wxTextCtrl& FieldSheet::AddText(std::string_view name, std::string_view caption,
 }
 
 wxTextCtrl& FieldSheet::AddMemo(std::string_view name, std::string_view caption) {
-  wxTextCtrl& box = AddText(name, caption, wxTE_MULTILINE | wxTE_BESTWRAP);
-  box.SetMinSize({-1, kMemoLines * box.GetCharHeight() + m_panel.FromDIP(12)});
-  ui::KeepScrollBars(box);
-  ui::SetTextMargins(box);
+  AddLabel(caption).SetFlag(wxALIGN_TOP | wxTOP);
+  auto* box = new wxTextCtrl(&m_panel, wxID_ANY, wxString(), wxDefaultPosition, m_panel.FromDIP(kFirstMemoSize),
+                             wxTE_MULTILINE | wxTE_BESTWRAP);
+  box->SetMinSize({-1, kMemoLines * box->GetCharHeight() + m_panel.FromDIP(12)});
+  ui::KeepScrollBars(*box);
+  ui::SetTextMargins(*box);
+  AddRow(*box, name, caption, Width::Full);
   m_rows->AddGrowableRow(m_rows->GetItemCount() / 2 - 1);
-  return box;
+  return *box;
 }
 
 wxSpinCtrl& FieldSheet::AddNumber(std::string_view name, std::string_view caption, int last) {
@@ -85,8 +90,9 @@ wxCheckBox& FieldSheet::AddCheck(std::string_view name, std::string_view caption
   return *box;
 }
 
-void FieldSheet::AddLabel(std::string_view caption) {
-  m_rows->Add(new wxStaticText(&m_panel, wxID_ANY, ui::ToWx(caption)), wxSizerFlags().CentreVertical());
+wxSizerItem& FieldSheet::AddLabel(std::string_view caption) {
+  return *m_rows->Add(new wxStaticText(&m_panel, wxID_ANY, ui::ToWx(caption)),
+                      wxSizerFlags().CentreVertical().Border(0, m_panel.FromDIP(6)));
 }
 
 void FieldSheet::AddRow(wxWindow& control, std::string_view name, std::string_view caption, Width width) {

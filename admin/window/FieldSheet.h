@@ -5,7 +5,7 @@
 class wxCheckBox;
 class wxFlexGridSizer;
 class wxOwnerDrawnComboBox;
-class wxSizer;
+class wxSizerItem;
 class wxSpinCtrl;
 class wxStaticText;
 class wxTextCtrl;
@@ -34,7 +34,7 @@ class FieldSheet {
 
  private:
   enum class Width { Narrow, Full };
-  void AddLabel(std::string_view caption);
+  wxSizerItem& AddLabel(std::string_view caption);
   void AddRow(wxWindow& control, std::string_view name, std::string_view caption, Width width);
   wxTextCtrl& AddText(std::string_view name, std::string_view caption, long style);
 

@@ -16,6 +16,8 @@ namespace {
 
 constexpr int kListCharacters = 26;
 constexpr int kListLines = 8;
+// Before its first layout a list needs room for its scroll bars, or GTK complains to the host's error output.
+const wxSize kFirstListSize(200, 100);
 
 }  // namespace
 
@@ -44,8 +46,8 @@ ListPairPanel::ListPairPanel(wxWindow& panel, const std::string& member, const C
 wxListBox* ListPairPanel::AddList(wxSizer& column, const std::string& name, std::string_view caption) {
   column.Add(new wxStaticText(&m_panel, wxID_ANY, ui::ToWx(caption)),
              wxSizerFlags().Border(wxBOTTOM, m_panel.FromDIP(4)));
-  auto* list = new wxListBox(&m_panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr, wxLB_SINGLE,
-                             wxDefaultValidator, ui::ToWx(name));
+  auto* list = new wxListBox(&m_panel, wxID_ANY, wxDefaultPosition, m_panel.FromDIP(kFirstListSize), 0, nullptr,
+                             wxLB_SINGLE, wxDefaultValidator, ui::ToWx(name));
   list->SetMinSize({kListCharacters * list->GetCharWidth(), kListLines * list->GetCharHeight()});
   ui::SetAccessibleName(*list, ui::FromWx(wxControl::RemoveMnemonics(ui::ToWx(caption))));
   ui::KeepScrollBars(*list);

@@ -12,8 +12,8 @@ class wxWindow;
 
 namespace quorvel {
 
-/// Makes and lays out the two lists of a child tab, the buttons that move an entry between them, and below a frame for
-/// what concerns the selected link. The panel owns the controls. Captions mark an access key with &.
+/// Makes and lays out the two lists of a child tab, the buttons that move an entry between them, and a frame below for
+/// the properties of the selected link. The panel owns the controls. Captions mark an access key with &.
 class ListPairPanel {
  public:
   struct Captions {

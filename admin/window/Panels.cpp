@@ -96,8 +96,8 @@ void MakeUsers(TabPanels& tabs, BoundControls& controls) {
               {"EntityCaption", "Entity", 90},
               {"Caption", "Caption", 130},
               {"CanCreate", "Create", 50, true, CellFormat::Flag},
-              {"CanUpdate", "Update", 50, true, CellFormat::Flag},
               {"CanRead", "Read", 50, true, CellFormat::Flag},
+              {"CanUpdate", "Update", 50, true, CellFormat::Flag},
               {"CanDelete", "Delete", 50, true, CellFormat::Flag}});
 }
 

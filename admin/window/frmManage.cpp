@@ -1,5 +1,5 @@
 // The window binds each event to one operation of Administration. Before an operation that may show another record it
-// writes the texts that the user has changed, because the managers fill the boxes anew.
+// writes the texts that the user has changed, because the managers then fill the boxes again.
 
 #include "admin/window/frmManage.h"
 
@@ -85,6 +85,7 @@ void frmManage::LayOut() {
   size.IncTo(content->GetMinSize());
   SetClientSize(size);
   CentreOnScreen();
+  cboID.SetFocus();
 }
 
 void frmManage::FillEditBehavior() {
@@ -106,12 +107,13 @@ void frmManage::SetTitle(std::string_view title) { SetTitle(ui::ToWx(title)); }
 void frmManage::SelectButton(std::string_view view) { bbViews->Select(view); }
 
 void frmManage::ShowPanels(std::string_view view, std::string_view caption) {
+  // Otherwise some desktops would give the focus to a text of the new view, and what the user types next would change
+  // it.
+  if (tabPanels->IsDescendant(wxWindow::FindFocus())) m_controls.cboID.Box().SetFocus();
   picView->SetBitmap(ViewBar::Picture(view));
   lblView->SetLabelText(ui::ToWx(caption));
   tabPanels->ShowView(view);
   Layout();
-  const wxWindow* focus = wxWindow::FindFocus();
-  if (IsShown() && (focus == nullptr || !focus->IsShownOnScreen())) m_controls.cboID.Box().SetFocus();
 }
 
 void frmManage::SelectTab(std::string_view key) { tabPanels->SelectTab(key); }
