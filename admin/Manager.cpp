@@ -160,7 +160,7 @@ void Manager::WriteText(std::string_view column, const TextField& box) {
   WriteField(column, modDatabase::StripChars(box.Text()));
 }
 
-// A record with the same ID and another key is a new one, which somebody else has added in place of this one.
+// A record with the same ID and another key is a new one, which another administrator has added in place of this one.
 bool Manager::IsStored() const {
   const Narrowed current(m_kind, m_current);
   const ado::Recordset* const row = current.Row();
