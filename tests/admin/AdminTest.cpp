@@ -5,21 +5,21 @@
 
 namespace quorvel::test {
 
-AdminTest::AdminTest() {
-  if (GetParam() != EngineKind::StandIn) return;
+AdminSession::AdminSession(EngineKind kind) {
+  if (kind != EngineKind::StandIn) return;
   server.emplace(database.DatabaseFile());
   UseSettings(server->Address(), "Ledger; Driver=FreeTDS", StandInServer::kUser,
               "\"" + std::string(StandInServer::kPassword) + "\"");
 }
 
-std::vector<std::string> AdminTest::TypesOf(int contextKey) const {
+std::vector<std::string> AdminSession::TypesOf(int contextKey) const {
   return RowsOf(*database.Connect(),
                 "SELECT t.RemarkTypeID, c.DisplaySeq FROM ttwRemarkContext c INNER JOIN ttwRemarkType t ON "
                 "t.RemarkTypeKey = c.RemarkTypeKey WHERE c.ContextKey = " +
                     std::to_string(contextKey) + " ORDER BY c.DisplaySeq");
 }
 
-std::vector<std::string> AdminTest::Prompted() {
+std::vector<std::string> AdminSession::Prompted() {
   std::vector<std::string> texts;
   for (const ScriptedPrompts::Shown& shown : std::exchange(prompts->shown, {})) {
     texts.push_back(shown.title + "|" + shown.text);
@@ -27,12 +27,12 @@ std::vector<std::string> AdminTest::Prompted() {
   return texts;
 }
 
-void AdminTest::New(const std::string& id) {
+void AdminSession::New(const std::string& id) {
   prompts->texts.push_back(id);
   window.admin.ClickNew();
 }
 
-void AdminTest::Delete(std::optional<PromptAnswer> answer) {
+void AdminSession::Delete(std::optional<PromptAnswer> answer) {
   if (answer) prompts->answers.push_back(*answer);
   window.admin.ClickDelete();
   EXPECT_TRUE(prompts->answers.empty()) << "no question for " << window.cboID.CurrentText();

@@ -18,9 +18,8 @@
 namespace quorvel::test {
 
 /// The administration over the sample data, on the embedded engine or through ODBC on the stand-in server.
-class AdminTest : public testing::TestWithParam<EngineKind> {
- protected:
-  AdminTest();
+struct AdminSession {
+  explicit AdminSession(EngineKind kind);
 
   /// Loads the window. The recordsets then hold the rows of this moment.
   void Open() { window.admin.Load(); }
@@ -39,6 +38,13 @@ class AdminTest : public testing::TestWithParam<EngineKind> {
   TestDatabase database;
   std::optional<StandInServer> server;
   AdminWindow window;
+};
+
+/// A session on the engine of the test's parameter.
+class AdminTest : public testing::TestWithParam<EngineKind>, protected AdminSession {
+ protected:
+  AdminTest() : AdminSession(GetParam()) {}
+  using AdminSession::Run;  // testing::Test has one too
 };
 
 /// Two columns of each row of a grid, with a bar between them.

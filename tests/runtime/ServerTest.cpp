@@ -8,10 +8,10 @@
 #include <thread>
 #include <vector>
 
-#include "ado/odbc/CallSeam.h"
 #include "data/modDatabase.h"
 #include "runtime/RemarkContext.h"
 #include "tests/runtime/RuntimeTest.h"
+#include "tests/support/FailingCall.h"
 #include "tests/support/TestSettings.h"
 #include "tests/support/tds/StandInServer.h"
 
@@ -159,29 +159,6 @@ TEST_F(ServerTest, SlowStatementIsATimeout) {
             ErrorNumber::DbTimeout);
 }
 
-/// Lets the `n`th ODBC call fail.
-class FailingCall : public ado::odbc::CallObserver {
- public:
-  explicit FailingCall(int number) : m_left(number), m_before(ado::odbc::Observe(this)) {}
-  ~FailingCall() override { ado::odbc::Observe(m_before); }
-  FailingCall(const FailingCall&) = delete;
-  FailingCall& operator=(const FailingCall&) = delete;
-
-  bool Allows(std::string_view function) override {
-    if (function == "SQLAllocHandle") ++handles;
-    if (function == "SQLFreeHandle") --handles;
-    if (--m_left != 0) return true;
-    failed = function;
-    return false;
-  }
-  std::string failed;
-  int handles = 0;  ///< allocated and not yet freed
-
- private:
-  int m_left;
-  ado::odbc::CallObserver* m_before;
-};
-
 /// Connects, loads, changes one remark and adds one. Returns the error, if any.
 std::optional<Error> LoadAndSave(int& loaded) {
   const ContextHolder context;
@@ -217,7 +194,7 @@ TEST_F(ServerTest, AnyFailedCallIsAnErrorAndNothingIsHalfDone) {
     int loaded = 0;
     std::optional<Error> error;
     {
-      FailingCall failing(++number);
+      test::FailingCall failing(++number);
       error = LoadAndSave(loaded);
       failed = failing.failed;
       // Each new connection replaces an open one.
