@@ -89,9 +89,9 @@ void MakeUsers(TabPanels& tabs, BoundControls& controls) {
   controls.chkUserActive.Attach(general.AddCheck("chkUserActive", "A&ctive"));
   users.Pair(0, "Grou&ps", {}, {"&Other groups", "Groups of &the user"});
   users.Grid(
-      0, "Rig&hts", "Rights assignments for each user", "Righ&ts of the user through his groups",
+      0, "Rig&hts", "Rights assignments for each user", "Righ&ts of the user through groups",
       {{"RightID", "Right", 160}, {"Caption", "Caption", 280}, {"UserKey", "Has it", 60, true, CellFormat::Flag}});
-  users.Grid(1, "Remar&ks", {}, "Remark righ&ts of the user through his groups",
+  users.Grid(1, "Remar&ks", {}, "Remark righ&ts of the user through groups",
              {{"RemarkTypeID", "Remark type", 130},
               {"EntityCaption", "Entity", 90},
               {"Caption", "Caption", 130},
@@ -160,10 +160,8 @@ void MakeEntities(TabPanels& tabs, BoundControls& controls) {
   ViewTabs entities(tabs, controls, "Entities");
   FieldSheet general(entities.Tab("&General"));
   entities.CaptionAndComment(general, 4);
-  entities.Type(controls.txtProcedure, general.AddLine("txtProcedure", "Owner p&rocedure"), "Procedure",
-                kProcedureLength);
-  entities.Type(controls.txtEntity, general.AddLine("txtEntity", "Entity num&ber of the host"), "EntityKey",
-                kNumberLength);
+  entities.Type(controls.txtProcedure, general.AddLine("txtProcedure", "P&rocedure"), "Procedure", kProcedureLength);
+  entities.Type(controls.txtEntity, general.AddLine("txtEntity", "EntityKe&y"), "EntityKey", kNumberLength);
   entities.Grid(3, "Conte&xts", {}, "Contex&ts of the entity",
                 {{"ContextID", "Context", 160}, {"Caption", "Caption", 340}});
   entities.Grid(4, "Remar&ks", {}, "Remark &types of the entity",
