@@ -177,13 +177,14 @@ void Manager::RestoreFields() noexcept {
 
 // An update of a deleted row succeeds without touching anything, and the typed text would be lost in silence.
 void Manager::ThrowGone(const std::string& id) {
-  const std::string gone = id;  // may be the current record's, which Requery replaces
+  // Composed before Requery, which replaces the current record, because the ID may be its.
+  const std::string message = fmt::format(
+      "\"{}\" is no longer there: somebody else has deleted it. The list shows the records that there are "
+      "now.",
+      id);
   Requery();
   ShowGeneralPanel();
-  throw Error(ErrorNumber::Component, "Manager",
-              fmt::format("\"{}\" is no longer there: somebody else has deleted it. The list shows the records that "
-                          "there are now.",
-                          gone));
+  throw Error(ErrorNumber::Component, "Manager", message);
 }
 
 }  // namespace quorvel

