@@ -28,7 +28,7 @@ std::vector<std::string> AdminSession::Prompted() {
 }
 
 void AdminSession::New(const std::string& id) {
-  prompts->texts.push_back(id);
+  prompts->texts.emplace_back(id);
   window.admin.ClickNew();
 }
 

@@ -36,7 +36,8 @@ TEST(Recordsets, AreFilteredAndLoadedAgainEachOnItsOwn) {
   EXPECT_EQ(Caught([] { FilterUser("O'Brien"); }).Number(), ErrorNumber::AdoInvalidArgument);
 
   database.Run("INSERT INTO ttwGroup (GroupID) VALUES ('Buying') INSERT INTO ttwRight (RightID) VALUES ('Zeal')");
-  const SharedRecordset former = Groups();
+  SharedRecordset former;
+  former = Groups();
   InitGlobalRecordset(former);
   EXPECT_EQ(Groups()->RecordCount() * 10 + Rights()->RecordCount(), 56) << "only the groups";
   const Error error = Caught([&] { InitGlobalRecordset(former); });
