@@ -27,7 +27,9 @@ std::string TypeRule(const std::string& column, const SqlType& type) {
   if (const auto range = FindIntegerRange(type)) {
     return Check(kNumberOutOfRange,
                  fmt::format("{} holds whole numbers from {} to {}", column, range->lowest, range->highest),
-                 fmt::format("{} BETWEEN {} AND {}", name, range->lowest, range->highest));
+                 // SQLite would keep a fraction in a column of whole numbers.
+                 fmt::format("typeof({0}) IN ('integer', 'null') AND {0} BETWEEN {1} AND {2}", name, range->lowest,
+                             range->highest));
   }
   if (type.type == DataType::DBTimeStamp) {
     return Check(kNotADate, column + " holds a date and time", name + " LIKE '____-__-__ __:__:__.___'");

@@ -150,6 +150,7 @@ TEST_F(EmbeddedStatements, ErrorsCarrySqlStateTextAndLine) {
       {"INSERT INTO ttwGroupMember (GroupKey, UserKey) VALUES (999, 999)", "23000", "FOREIGN KEY"},
       {"INSERT INTO ttwGroup (GroupID, Caption) VALUES (REPLICATE('x', 31), 'x')", "22001", "at most 30 characters"},
       {"UPDATE ttwContext SET RowHeight = 'tall'", "22003", "RowHeight holds whole numbers"},
+      {"UPDATE ttwContext SET RowHeight = '1.5'", "22003", "RowHeight holds whole numbers"},
       {"UPDATE ttwContext SET GroupByType = 70000", "22003", "GroupByType holds whole numbers"},
       {"DECLARE @n smallint SET @n = 70000", "22003", ""},
       {"SELECT CAST('abc' AS int)", "42000", "Conversion failed when converting 'abc'"},
