@@ -1,6 +1,9 @@
 // Every operation of every manager with each of its ODBC calls failing once.
 
 #include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
 
 #include "tests/admin/AdminTest.h"
 #include "tests/support/FailingCall.h"
@@ -22,6 +25,10 @@ struct Operation {
   const char* name;
   Act act;
   std::optional<std::size_t> lists = std::nullopt;  ///< the list pair of the tab
+
+  [[nodiscard]] std::string FullName() const { return std::string(view) + tab + name; }
+  // Without it the test's name would hold addresses.
+  friend void PrintTo(const Operation& operation, std::ostream* stream) { *stream << operation.FullName(); }
 };
 
 const Act kNewAndDelete = [](AdminSession& s) {
@@ -111,9 +118,8 @@ std::vector<std::string> Shown(const AdminWindow& window, const Operation& opera
 }
 
 class AdminFaultsTest : public testing::TestWithParam<Operation> {};
-INSTANTIATE_TEST_SUITE_P(Operations, AdminFaultsTest, testing::ValuesIn(kOperations), [](const auto& operation) {
-  return std::string(operation.param.view) + operation.param.tab + operation.param.name;
-});
+INSTANTIATE_TEST_SUITE_P(Operations, AdminFaultsTest, testing::ValuesIn(kOperations),
+                         [](const auto& operation) { return operation.param.FullName(); });
 
 TEST_P(AdminFaultsTest, LeaveTheWindowUsableAndShowingWhatIsStored) {
   // Some thousand databases: on a disk, syncing them would take most of the time.
