@@ -55,7 +55,6 @@ class LoopHook {
 
   static bool BeIdle() {
     wxTheApp->ProcessPendingEvents();
-    wxTheApp->DeletePendingObjects();
     return wxTheApp->ProcessIdle();
   }
 
