@@ -89,7 +89,10 @@ void BoundNumber::SetText(std::string_view text) {
 
 void BoundNumber::Undo() { SetValue(std::int32_t{m_filled}); }
 
-void BoundCheck::SetEnabled(bool enabled) { m_box->Enable(enabled); }
+void BoundCheck::SetEnabled(bool enabled) {
+  m_box->Enable(enabled);
+  if (!enabled) m_box->SetValue(false);
+}
 
 std::int32_t BoundCheck::Value() const { return m_box->IsChecked() ? 1 : 0; }
 

@@ -70,6 +70,8 @@ class BoundNumber : public NumberField, public TextField {
   std::int32_t m_filled = 0;  ///< the value right after it was set
 };
 
+/// A check box. While it is disabled it shows no check: the flag of a link that is no longer selected would be taken
+/// for that of another link.
 class BoundCheck : public CheckField {
  public:
   void Attach(wxCheckBox& box) noexcept { m_box = &box; }

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include <wx/listbox.h>
-#include <wx/odcombo.h>
 
+#include "admin/window/SearchCombo.h"
 #include "platform/Text.h"
 #include "platform/wx/Text.h"
 

@@ -8,11 +8,12 @@
 #include "data/Controls.h"
 
 class wxListBox;
-class wxOwnerDrawnComboBox;
 
 // The faces of lists over the toolkit's controls. Nothing that the program sets raises an event.
 
 namespace quorvel {
+
+class SearchCombo;
 
 /// A list box.
 class BoundList : public ItemList {
@@ -49,10 +50,10 @@ class BoundList : public ItemList {
   std::vector<std::unique_ptr<Item>> m_items;  ///< pointers, because items are inserted anywhere among thousands
 };
 
-/// A combo box that is not typed into; typing in it searches. Items are shown in the order in which they are added.
+/// A combo box. Items are shown in the order in which they are added.
 class BoundCombo : public Choice {
  public:
-  void Attach(wxOwnerDrawnComboBox& box) noexcept { m_box = &box; }
+  void Attach(SearchCombo& box) noexcept { m_box = &box; }
 
   void Clear() override;
   void Add(std::string_view text, std::int32_t datum) override;
@@ -65,10 +66,10 @@ class BoundCombo : public Choice {
   [[nodiscard]] std::int32_t ListIndex() const override;
   void SetListIndex(std::int32_t index) override;
   [[nodiscard]] std::string CurrentText() const override;
-  [[nodiscard]] wxOwnerDrawnComboBox& Box() const noexcept { return *m_box; }
+  [[nodiscard]] SearchCombo& Box() const noexcept { return *m_box; }
 
  private:
-  wxOwnerDrawnComboBox* m_box = nullptr;
+  SearchCombo* m_box = nullptr;
   std::vector<std::int32_t> m_data;
 };
 

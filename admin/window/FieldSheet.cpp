@@ -1,13 +1,13 @@
 #include "admin/window/FieldSheet.h"
 
 #include <wx/checkbox.h>
-#include <wx/odcombo.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/spinctrl.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include "admin/window/SearchCombo.h"
 #include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
 
@@ -15,7 +15,6 @@ namespace quorvel {
 namespace {
 
 constexpr int kMemoLines = 4;
-constexpr int kComboCharacters = 34;
 // Before its first layout a box needs room for its scroll bars, or GTK complains to the host's error output.
 const wxSize kFirstMemoSize(200, 100);
 
@@ -54,6 +53,7 @@ wxTextCtrl& FieldSheet::AddMemo(std::string_view name, std::string_view caption)
                              wxTE_MULTILINE | wxTE_BESTWRAP);
   box->SetMinSize({-1, kMemoLines * box->GetCharHeight() + m_panel.FromDIP(12)});
   ui::KeepScrollBars(*box);
+  ui::LeadAccessKeyTo(*box, *box);
   ui::SetTextMargins(*box);
   AddRow(*box, name, caption, Width::Full);
   m_rows->AddGrowableRow(m_rows->GetItemCount() / 2 - 1);
@@ -68,18 +68,10 @@ wxSpinCtrl& FieldSheet::AddNumber(std::string_view name, std::string_view captio
   return *box;
 }
 
-wxOwnerDrawnComboBox& FieldSheet::AddCombo(std::string_view name, std::string_view caption) {
+SearchCombo& FieldSheet::AddCombo(std::string_view name, std::string_view caption) {
   AddLabel(caption);
-  wxOwnerDrawnComboBox& box = MakeCombo(m_panel, name, WithoutMark(caption));
-  AddRow(box, name, caption, Width::Narrow);
-  return box;
-}
-
-wxOwnerDrawnComboBox& FieldSheet::MakeCombo(wxWindow& parent, std::string_view name, std::string_view spokenName) {
-  auto* box = new wxOwnerDrawnComboBox(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0, nullptr,
-                                       wxCB_READONLY, wxDefaultValidator, ui::ToWx(name));
-  box->SetMinSize({kComboCharacters * box->GetCharWidth(), -1});
-  ui::SetAccessibleName(*box, spokenName);
+  auto* box = new SearchCombo(m_panel, name, WithoutMark(caption));
+  AddRow(*box, name, caption, Width::Narrow);
   return *box;
 }
 

@@ -4,7 +4,6 @@
 
 class wxCheckBox;
 class wxFlexGridSizer;
-class wxOwnerDrawnComboBox;
 class wxSizerItem;
 class wxSpinCtrl;
 class wxStaticText;
@@ -12,6 +11,8 @@ class wxTextCtrl;
 class wxWindow;
 
 namespace quorvel {
+
+class SearchCombo;
 
 /// Lays out the fields of a panel, a label and a control in each row. A caption marks its access key with &; without
 /// the mark it is the control's name for assistive technology. The panel owns the controls.
@@ -25,12 +26,8 @@ class FieldSheet {
   /// Several lines; they take the height that the other rows leave.
   wxTextCtrl& AddMemo(std::string_view name, std::string_view caption);
   wxSpinCtrl& AddNumber(std::string_view name, std::string_view caption, int last);
-  wxOwnerDrawnComboBox& AddCombo(std::string_view name, std::string_view caption);
+  SearchCombo& AddCombo(std::string_view name, std::string_view caption);
   wxCheckBox& AddCheck(std::string_view name, std::string_view caption);
-
-  /// A combo box with a list that is quick with thousands of items, for a row that is laid out elsewhere.
-  [[nodiscard]] static wxOwnerDrawnComboBox& MakeCombo(wxWindow& parent, std::string_view name,
-                                                       std::string_view spokenName);
 
  private:
   enum class Width { Narrow, Full };

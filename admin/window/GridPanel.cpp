@@ -8,6 +8,7 @@
 
 #include "admin/window/BoundGrid.h"
 #include "grid/DataGrid.h"
+#include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
 
 namespace quorvel {
@@ -31,6 +32,7 @@ void MakeGridPanel(wxWindow& panel, const std::string& name, std::string_view ca
   grid->SetName(ui::ToWx(name));
   grid->SetSpokenName(ui::FromWx(wxControl::RemoveMnemonics(ui::ToWx(caption))));
   grid->SetMinSize({panel.FromDIP(300), kSmallestLines * grid->GetDefaultRowSize()});
+  ui::LeadAccessKeyTo(*grid->GetGridWindow(), *grid);
   auto* explanation = new wxStaticText(&panel, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                        wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
   face.Attach(*grid, *explanation);

@@ -19,10 +19,11 @@ wxPanel& TabPanels::AddTab(std::string_view view, std::string_view caption, std:
   View& to = ViewNamed(view);
   auto* panel = new wxPanel(to.notebook);
   to.notebook->AddPage(panel, ui::ToWx(caption));
+  ui::DressTab(*to.notebook, to.tabs.size(), caption, tip);
   wxString label;
   const int accessKey = wxControl::FindAccelIndex(ui::ToWx(caption), &label);
-  to.tabs.push_back({ui::FromWx(label), std::string(tip),
-                     accessKey < 0 ? 0 : static_cast<int>(wxToupper(label[static_cast<std::size_t>(accessKey)]))});
+  to.tabs.push_back(
+      {ui::FromWx(label), accessKey < 0 ? 0 : static_cast<int>(wxToupper(label[static_cast<std::size_t>(accessKey)]))});
   return *panel;
 }
 
@@ -42,11 +43,6 @@ wxNotebook* TabPanels::MakeNotebook() {
   });
   notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent&) {
     if (Clicked) Clicked();
-  });
-  notebook->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) { ShowTip(event); });
-  notebook->Bind(wxEVT_LEAVE_WINDOW, [notebook](wxMouseEvent& event) {
-    notebook->UnsetToolTip();
-    event.Skip();
   });
   return notebook;
 }
@@ -83,16 +79,6 @@ bool TabPanels::TakeKey(const wxKeyEvent& event) {
     view.notebook->SetSelection(static_cast<std::size_t>(found - view.tabs.begin()));
   }
   return true;
-}
-
-void TabPanels::ShowTip(wxMouseEvent& event) {
-  event.Skip();
-  const View& view = ShownView();
-  const int tab = view.notebook->HitTest(event.GetPosition());
-  const wxString tip = tab == wxNOT_FOUND ? wxString() : ui::ToWx(view.tabs.at(static_cast<std::size_t>(tab)).tip);
-  if (tip == view.notebook->GetToolTipText()) return;
-  view.notebook->UnsetToolTip();
-  if (!tip.empty()) view.notebook->SetToolTip(tip);
 }
 
 }  // namespace quorvel

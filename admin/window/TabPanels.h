@@ -8,7 +8,6 @@
 #include <wx/simplebook.h>
 
 class wxKeyEvent;
-class wxMouseEvent;
 class wxNotebook;
 class wxPanel;
 
@@ -41,7 +40,6 @@ class TabPanels : public wxSimplebook {
  private:
   struct Tab {
     std::string caption;
-    std::string tip;
     int accessKey;
   };
   struct View {
@@ -52,7 +50,6 @@ class TabPanels : public wxSimplebook {
   View& ViewNamed(std::string_view name);
   [[nodiscard]] const View& ShownView() const { return m_views.at(static_cast<std::size_t>(GetSelection())); }
   wxNotebook* MakeNotebook();
-  void ShowTip(wxMouseEvent& event);
 
   std::vector<View> m_views;
 };

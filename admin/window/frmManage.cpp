@@ -9,15 +9,14 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/listbox.h>
-#include <wx/odcombo.h>
 #include <wx/sizer.h>
 #include <wx/spinctrl.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "admin/window/FieldSheet.h"
 #include "admin/window/Panels.h"
+#include "admin/window/SearchCombo.h"
 #include "admin/window/TabPanels.h"
 #include "admin/window/ViewBar.h"
 #include "admin/window/frmNewContext.h"
@@ -61,9 +60,9 @@ void frmManage::LayOut() {
 
   auto* record = new wxBoxSizer(wxHORIZONTAL);
   record->Add(new wxStaticText(this, wxID_ANY, "&ID"), wxSizerFlags().CentreVertical().Border(wxRIGHT, gap));
-  wxOwnerDrawnComboBox& cboID = FieldSheet::MakeCombo(*this, "cboID", "ID");
-  m_controls.cboID.Attach(cboID);
-  record->Add(&cboID, wxSizerFlags(1).CentreVertical());
+  auto* cboID = new SearchCombo(*this, "cboID", "ID");
+  m_controls.cboID.Attach(*cboID);
+  record->Add(cboID, wxSizerFlags(1).CentreVertical());
   cmdNew = ui::MakeButton(*this, "cmdNew", "&New");
   cmdDelete = ui::MakeButton(*this, "cmdDelete", "&Delete");
   record->Add(cmdNew, wxSizerFlags().CentreVertical().Border(wxLEFT, gap));
@@ -85,7 +84,6 @@ void frmManage::LayOut() {
   size.IncTo(content->GetMinSize());
   SetClientSize(size);
   CentreOnScreen();
-  cboID.SetFocus();
 }
 
 void frmManage::FillEditBehavior() {
@@ -96,10 +94,16 @@ void frmManage::FillEditBehavior() {
   }
 }
 
+// The user picks a record first. The toolkit would begin in a text box, and the next keys would change its text.
+void frmManage::RunModal() {
+  ModalDialog::RunModal([this] { m_controls.cboID.Box().SetFocus(); });
+}
+
 void frmManage::ShowModeless() {
   m_life.emplace();
   Show();
   Raise();
+  m_controls.cboID.Box().SetFocus();
 }
 
 void frmManage::SetTitle(std::string_view title) { SetTitle(ui::ToWx(title)); }
@@ -107,13 +111,15 @@ void frmManage::SetTitle(std::string_view title) { SetTitle(ui::ToWx(title)); }
 void frmManage::SelectButton(std::string_view view) { bbViews->Select(view); }
 
 void frmManage::ShowPanels(std::string_view view, std::string_view caption) {
-  // Otherwise some desktops would give the focus to a text of the new view, and what the user types next would change
-  // it.
-  if (tabPanels->IsDescendant(wxWindow::FindFocus())) m_controls.cboID.Box().SetFocus();
+  wxWindow* const focus = wxWindow::FindFocus();
   picView->SetBitmap(ViewBar::Picture(view));
   lblView->SetLabelText(ui::ToWx(caption));
   tabPanels->ShowView(view);
   Layout();
+  if (!IsShown()) return;
+  // Some desktops give the focus to a text of the new view, and what the user types next would change it.
+  const bool wasInTabs = focus == nullptr || tabPanels->IsDescendant(focus);
+  (wasInTabs ? &m_controls.cboID.Box() : focus)->SetFocus();
 }
 
 void frmManage::SelectTab(std::string_view key) { tabPanels->SelectTab(key); }
@@ -224,25 +230,48 @@ void frmManage::BindField(BoundCombo& combo, std::string field) {
 }
 
 void frmManage::BindPair(std::size_t i) {
-  const auto call = [this, i](void (Administration::*operation)(std::size_t)) {
-    return UserAction([this, i, operation] { (m_administration.*operation)(i); });
-  };
-  const auto leave = [this, i](void (Administration::*operation)(std::size_t)) {
-    return UserAction([this, i, operation](wxFocusEvent& event) {
-      event.Skip();
-      (m_administration.*operation)(i);
-    });
-  };
   wxListBox& current = m_controls.lstCurrent.at(i).Box();
   wxListBox& remaining = m_controls.lstRemaining.at(i).Box();
-  current.Bind(wxEVT_LISTBOX, call(&Administration::SelectCurrent));
-  remaining.Bind(wxEVT_LISTBOX, call(&Administration::SelectRemaining));
-  current.Bind(wxEVT_LISTBOX_DCLICK, call(&Administration::ClickRemove));
-  remaining.Bind(wxEVT_LISTBOX_DCLICK, call(&Administration::ClickAdd));
-  current.Bind(wxEVT_KILL_FOCUS, leave(&Administration::LeaveCurrent));
-  remaining.Bind(wxEVT_KILL_FOCUS, leave(&Administration::LeaveRemaining));
-  m_controls.cmdAdd.at(i).Button().Bind(wxEVT_BUTTON, call(&Administration::ClickAdd));
-  m_controls.cmdRemove.at(i).Button().Bind(wxEVT_BUTTON, call(&Administration::ClickRemove));
+  current.Bind(wxEVT_LISTBOX, UserAction([this, i] {
+                 m_isAdded.at(i) = false;
+                 m_administration.SelectCurrent(i);
+               }));
+  remaining.Bind(wxEVT_LISTBOX, UserAction([this, i] { m_administration.SelectRemaining(i); }));
+  current.Bind(wxEVT_KILL_FOCUS, UserAction([this, i](wxFocusEvent& event) {
+                 event.Skip();
+                 m_administration.LeaveCurrent(i);
+               }));
+  remaining.Bind(wxEVT_KILL_FOCUS, UserAction([this, i](wxFocusEvent& event) {
+                   event.Skip();
+                   m_administration.LeaveRemaining(i);
+                 }));
+  BindMoves(i);
+}
+
+// An entry that was just added is selected already, so a click on it selects nothing. The user who comes to it by mouse
+// or key wants to see its link.
+void frmManage::BindMoves(std::size_t i) {
+  wxListBox& current = m_controls.lstCurrent.at(i).Box();
+  const auto showAdded = [this, i](auto& event) {
+    event.Skip();
+    CallAfter([this, i] { Guard([&] { ShowAddedLink(i); }); });
+  };
+  current.Bind(wxEVT_SET_FOCUS, showAdded);
+  current.Bind(wxEVT_LEFT_UP, showAdded);
+  current.Bind(wxEVT_LISTBOX_DCLICK, UserAction([this, i] { m_administration.ClickRemove(i); }));
+  m_controls.lstRemaining.at(i).Box().Bind(wxEVT_LISTBOX_DCLICK, UserAction([this, i] { AddToCurrent(i); }));
+  m_controls.cmdAdd.at(i).Button().Bind(wxEVT_BUTTON, UserAction([this, i] { AddToCurrent(i); }));
+  m_controls.cmdRemove.at(i).Button().Bind(wxEVT_BUTTON, UserAction([this, i] { m_administration.ClickRemove(i); }));
+}
+
+void frmManage::AddToCurrent(std::size_t i) {
+  m_isAdded.at(i) = true;
+  m_administration.ClickAdd(i);
+}
+
+void frmManage::ShowAddedLink(std::size_t i) {
+  if (m_isAdded.at(i)) m_administration.SelectCurrent(i);
+  m_isAdded.at(i) = false;
 }
 
 void frmManage::KeyPressed(wxKeyEvent& event) {

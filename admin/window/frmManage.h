@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,6 +34,8 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   /// Opens the connection and shows the first view. Errors go to the caller: without a connection there is nothing to
   /// show.
   void Load() { m_administration.Load(); }
+  /// Shows the window until the user closes it.
+  void RunModal();
   /// Shows the window on the host's loop and returns. The window destroys itself when it is closed.
   void ShowModeless();
 
@@ -63,9 +66,12 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   void BindField(BoundCheck& check, std::string field);
   void BindField(BoundCombo& combo, std::string field);
   void BindPair(std::size_t i);
+  void BindMoves(std::size_t i);
   void KeyPressed(wxKeyEvent& event);
   void CloseWindow(wxCloseEvent& event);
 
+  void AddToCurrent(std::size_t i);
+  void ShowAddedLink(std::size_t i);
   void bbViews_Click(std::string_view view);
   void cboID_Click();
 
@@ -90,6 +96,7 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   Administration m_administration;
   std::optional<ui::LifeOnHostLoop> m_life;  ///< while the window is modeless
   std::int32_t m_shownID = -1;               ///< the entry of cboID whose record is shown
+  std::array<bool, 8> m_isAdded{};  ///< the selected entry of lstCurrent was added, and its link was not shown yet
   bool m_isCommitting = false;
   bool m_wasKeptOpen = false;
 };

@@ -3,12 +3,11 @@
 #include <utility>
 
 #include <wx/button.h>
-#include <wx/odcombo.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "admin/window/FieldSheet.h"
+#include "admin/window/SearchCombo.h"
 #include "data/modControls.h"
 #include "data/modRecordsets.h"
 #include "platform/CurrentPrompts.h"
@@ -32,7 +31,7 @@ frmNewContext::frmNewContext() : ModalDialog({}) {
                                 "txtContextID");
   txtContextID->SetMaxLength(kLongestID);
   lblEntityType = new wxStaticText(this, wxID_ANY, "Remark &Entity");
-  cboEntityType = &FieldSheet::MakeCombo(*this, "cboEntityType", "Remark Entity");
+  cboEntityType = new SearchCombo(*this, "cboEntityType", "Remark Entity");
   m_entities.Attach(*cboEntityType);
   cmdCreate = ui::MakeButton(*this, "cmdCreate", "&Create");
   cmdCancel = ui::MakeButton(*this, "cmdCancel", "Cancel");

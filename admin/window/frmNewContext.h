@@ -5,11 +5,12 @@
 #include "platform/wx/ModalDialog.h"
 
 class wxButton;
-class wxOwnerDrawnComboBox;
 class wxStaticText;
 class wxTextCtrl;
 
 namespace quorvel {
+
+class SearchCombo;
 
 /// Asks for the ID of a new context or remark type and for its remark entity. Set it up first, then ask.
 class frmNewContext : public ui::ModalDialog {
@@ -34,7 +35,7 @@ class frmNewContext : public ui::ModalDialog {
   wxStaticText* lblContextID;
   wxTextCtrl* txtContextID;
   wxStaticText* lblEntityType;
-  wxOwnerDrawnComboBox* cboEntityType;
+  SearchCombo* cboEntityType;
   wxButton* cmdCreate;
   wxButton* cmdCancel;
   BoundCombo m_entities;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
+class wxBookCtrlBase;
 class wxButton;
 class wxTextCtrl;
 class wxWindow;
@@ -24,5 +26,13 @@ void KeepScrollBars(wxWindow& window);
 
 /// Keeps the text of a box of several lines a little off its border, on desktops that otherwise draw it there.
 void SetTextMargins(wxTextCtrl& box);
+
+/// Makes the access key of the label before `window` lead to `part` of it, which takes the keys; the two may be the
+/// same. Some desktops lead it to the frame of the scroll bars.
+void LeadAccessKeyTo(wxWindow& part, wxWindow& window);
+
+/// Underlines the access key in the caption of a tab, which marks it with &, and gives the tab a tool tip. The toolkit
+/// drops the mark on some desktops and has no tips for tabs.
+void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view caption, std::string_view tip);
 
 }  // namespace quorvel::ui

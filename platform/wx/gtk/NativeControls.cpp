@@ -2,8 +2,10 @@
 
 #include <gtk/gtk.h>
 
+#include <algorithm>
 #include <string>
 
+#include <wx/bookctrl.h>
 #include <wx/button.h>
 #include <wx/textctrl.h>
 
@@ -26,6 +28,20 @@ void ReleaseKey(GtkButton* button, gpointer /*data*/) {
   gdk_event_set_device(release, gdk_seat_get_keyboard(gdk_display_get_default_seat(gtk_widget_get_display(widget))));
   gtk_widget_event(widget, release);
   gdk_event_free(release);
+}
+
+/// Sets the text of the label in a tab, which is in a box beside a place for a picture.
+void SetLabel(GtkWidget* widget, gpointer text) {
+  if (GTK_IS_LABEL(widget) != FALSE) {
+    gtk_label_set_text_with_mnemonic(GTK_LABEL(widget), static_cast<const char*>(text));
+  } else if (GTK_IS_CONTAINER(widget) != FALSE) {
+    gtk_container_forall(GTK_CONTAINER(widget), SetLabel, text);
+  }
+}
+
+gboolean FocusPart(GtkWidget* /*window*/, gboolean /*isOneOfSeveral*/, gpointer part) {
+  gtk_widget_grab_focus(static_cast<GtkWidget*>(part));
+  return TRUE;
 }
 
 }  // namespace
@@ -58,6 +74,20 @@ void SetTextMargins(wxTextCtrl& box) {
   gtk_text_view_set_right_margin(text, margin);
   gtk_text_view_set_top_margin(text, margin);
   gtk_text_view_set_bottom_margin(text, margin);
+}
+
+void LeadAccessKeyTo(wxWindow& part, wxWindow& window) {
+  g_signal_connect_object(window.GetHandle(), "mnemonic-activate", G_CALLBACK(FocusPart), part.GetConnectWidget(),
+                          static_cast<GConnectFlags>(0));
+}
+
+void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view caption, std::string_view tip) {
+  auto* const book = GTK_NOTEBOOK(notebook.GetHandle());
+  GtkWidget* const label = gtk_notebook_get_tab_label(book, gtk_notebook_get_nth_page(book, static_cast<int>(tab)));
+  std::string text(caption);
+  std::ranges::replace(text, '&', '_');
+  SetLabel(label, text.data());
+  if (!tip.empty()) gtk_widget_set_tooltip_text(label, std::string(tip).c_str());
 }
 
 }  // namespace quorvel::ui

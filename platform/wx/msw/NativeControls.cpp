@@ -1,6 +1,7 @@
 #include "platform/wx/NativeControls.h"
 
 #include <wx/access.h>
+#include <wx/bookctrl.h>
 #include <wx/window.h>
 
 #include "platform/wx/Text.h"
@@ -30,12 +31,24 @@ void SetAccessibleName(wxWindow& window, std::string_view name) {
   window.SetAccessible(new NamedControl(window, ToWx(name)));
 }
 
-// The system's buttons act at once, its scroll bars are always visible, and its text boxes have margins.
+// The system's buttons act at once, its scroll bars are always visible, its text boxes have margins, and a label leads
+// to the next control that takes keys.
 
 void ActAtOnce(wxButton& /*button*/) {}
 
 void KeepScrollBars(wxWindow& /*window*/) {}
 
 void SetTextMargins(wxTextCtrl& /*box*/) {}
+
+void LeadAccessKeyTo(wxWindow& /*part*/, wxWindow& /*window*/) {}
+
+// The system underlines the access key itself.
+void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view /*caption*/, std::string_view tip) {
+  notebook.Bind(wxEVT_MOTION, [&notebook, tab, text = ToWx(tip)](wxMouseEvent& event) {
+    event.Skip();
+    if (notebook.HitTest(event.GetPosition()) != static_cast<int>(tab) || notebook.GetToolTipText() == text) return;
+    notebook.SetToolTip(text);
+  });
+}
 
 }  // namespace quorvel::ui

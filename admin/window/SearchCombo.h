@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+
+#include <wx/odcombo.h>
+
+namespace quorvel {
+
+/// A combo box that is not typed into; typing in it searches the beginnings of its items. Its list is drawn by itself,
+/// because a menu of thousands of items opens slowly on some desktops.
+class SearchCombo : public wxOwnerDrawnComboBox {
+ public:
+  /// Names are UTF-8; `spokenName` is for assistive technology.
+  SearchCombo(wxWindow& parent, std::string_view name, std::string_view spokenName);
+
+ private:
+  void KeepKeysOfOpenList(wxKeyEvent& event);
+};
+
+}  // namespace quorvel
