@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,15 +15,12 @@ namespace quorvel {
 
 class SearchCombo;
 
-/// A list box.
+/// A list box. Items that are added show when the window is idle or when somebody asks for an item, whichever comes
+/// first: thousands of them are shown at once much faster than one by one.
 class BoundList : public ItemList {
  public:
   enum class Order { Alphabetical, AsFilled };
 
-  BoundList();
-  ~BoundList() override;
-  BoundList(const BoundList&) = delete;
-  BoundList& operator=(const BoundList&) = delete;
   void Attach(wxListBox& box, Order order);
 
   void Clear() override;
@@ -43,11 +40,15 @@ class BoundList : public ItemList {
     std::string text;
     std::int32_t datum;
   };
-  [[nodiscard]] const Item& At(std::int32_t index) const { return *m_items.at(static_cast<std::size_t>(index)); }
+  [[nodiscard]] const Item& At(std::int32_t index) const;
+  void ShowAdded() const;
+  void ShowOne() const;
+  void ShowAll() const;
 
   wxListBox* m_box = nullptr;
   Order m_order = Order::Alphabetical;
-  std::vector<std::unique_ptr<Item>> m_items;  ///< pointers, because items are inserted anywhere among thousands
+  mutable std::vector<Item> m_items;  ///< the shown ones, in their order, and then those added since
+  mutable std::size_t m_shown = 0;
 };
 
 /// A combo box. Items are shown in the order in which they are added.

@@ -14,7 +14,7 @@
 namespace quorvel {
 namespace {
 
-constexpr int kListCharacters = 26;
+constexpr int kListCharacters = 20;
 constexpr int kListLines = 8;
 // Before its first layout a list needs room for its scroll bars, or GTK complains to the host's error output.
 const wxSize kFirstListSize(200, 100);
@@ -52,6 +52,7 @@ wxListBox* ListPairPanel::AddList(wxSizer& column, const std::string& name, std:
   ui::SetAccessibleName(*list, ui::FromWx(wxControl::RemoveMnemonics(ui::ToWx(caption))));
   ui::KeepScrollBars(*list);
   ui::LeadAccessKeyTo(*list, *list);
+  ui::ExpectManyItems(*list);
   column.Add(list, wxSizerFlags(1).Expand());
   return list;
 }

@@ -1,12 +1,15 @@
 #include "admin/window/SearchCombo.h"
 
+#include <wx/dc.h>
+
 #include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
 
 namespace quorvel {
 namespace {
 
-constexpr int kSmallestCharacters = 34;
+constexpr int kSmallestCharacters = 26;
+constexpr int kPadding = 4;
 
 class List : public wxVListBoxComboPopup {
  public:
@@ -31,15 +34,21 @@ SearchCombo::SearchCombo(wxWindow& parent, std::string_view name, std::string_vi
   Bind(wxEVT_CHAR_HOOK, &SearchCombo::KeepKeysOfOpenList, this);
 }
 
-// The window would take some of the keys: Esc would close it.
+void SearchCombo::OnDrawItem(wxDC& dc, const wxRect& rectangle, int item, int flags) const {
+  if ((flags & wxODCB_PAINTING_CONTROL) != 0) return wxOwnerDrawnComboBox::OnDrawItem(dc, rectangle, item, flags);
+  const int above = (rectangle.height - dc.GetCharHeight()) / 2;
+  dc.DrawText(GetString(static_cast<unsigned>(item)), rectangle.x + FromDIP(kPadding), rectangle.y + above);
+}
+
+wxCoord SearchCombo::OnMeasureItem(std::size_t /*item*/) const { return GetCharHeight() + FromDIP(2 * kPadding); }
+
+// The window would take some of the keys: Esc would close it, and others show another view while the list is open.
 void SearchCombo::KeepKeysOfOpenList(wxKeyEvent& event) {
-  if (!IsPopupShown()) {
-    event.Skip();
-  } else if (event.GetKeyCode() == WXK_ESCAPE) {
-    Dismiss();
-  } else {
-    event.DoAllowNextEvent();
-  }
+  const bool isEscape = event.GetKeyCode() == WXK_ESCAPE;
+  const bool isOfWindow = event.HasModifiers() && event.GetKeyCode() < WXK_START;
+  const bool closesList = IsPopupShown() && (isEscape || isOfWindow);
+  if (closesList) Dismiss();
+  if (!closesList || !isEscape) event.Skip();
 }
 
 }  // namespace quorvel

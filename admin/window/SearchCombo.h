@@ -13,6 +13,10 @@ class SearchCombo : public wxOwnerDrawnComboBox {
   /// Names are UTF-8; `spokenName` is for assistive technology.
   SearchCombo(wxWindow& parent, std::string_view name, std::string_view spokenName);
 
+ protected:
+  void OnDrawItem(wxDC& dc, const wxRect& rectangle, int item, int flags) const override;
+  [[nodiscard]] wxCoord OnMeasureItem(std::size_t item) const override;
+
  private:
   void KeepKeysOfOpenList(wxKeyEvent& event);
 };

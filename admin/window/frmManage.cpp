@@ -190,10 +190,10 @@ void frmManage::BindTexts() {
   for (const TypedField& field : m_controls.typed) {
     wxTextCtrl& box = field.text->Box();
     const auto commit = UserAction([this, &field] { CommitText(field); });
-    box.Bind(wxEVT_KILL_FOCUS, [this, &field](wxFocusEvent& event) {
-      event.Skip();
-      CallAfter([this, &field] { Guard([&] { CommitText(field); }); });
-    });
+    box.Bind(wxEVT_KILL_FOCUS, UserAction([this, &field](wxFocusEvent& event) {
+               event.Skip();
+               CallAfter([this, &field] { Guard([&] { CommitText(field); }); });
+             }));
     if (!box.IsMultiLine()) box.Bind(wxEVT_TEXT_ENTER, commit);
   }
 }
@@ -202,10 +202,10 @@ void frmManage::BindRowHeight() {
   wxSpinCtrl& box = m_controls.udRowHeight.Box();
   box.Bind(wxEVT_SPINCTRL, UserAction([this] { CommitRowHeight(); }));
   box.Bind(wxEVT_TEXT_ENTER, UserAction([this] { CommitRowHeight(); }));
-  box.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
-    event.Skip();
-    CallAfter([this] { Guard([this] { CommitRowHeight(); }); });
-  });
+  box.Bind(wxEVT_KILL_FOCUS, UserAction([this](wxFocusEvent& event) {
+             event.Skip();
+             CallAfter([this] { Guard([this] { CommitRowHeight(); }); });
+           }));
 }
 
 void frmManage::BindFields() {

@@ -5,6 +5,7 @@
 
 class wxBookCtrlBase;
 class wxButton;
+class wxListBox;
 class wxTextCtrl;
 class wxWindow;
 
@@ -30,6 +31,10 @@ void SetTextMargins(wxTextCtrl& box);
 /// Makes the access key of the label before `window` lead to `part` of it, which takes the keys; the two may be the
 /// same. Some desktops lead it to the frame of the scroll bars.
 void LeadAccessKeyTo(wxWindow& part, wxWindow& window);
+
+/// Prepares a list box for thousands of items of one height. Some desktops measure each item, which takes longer than
+/// everything else. A text that is wider than the box is cut there.
+void ExpectManyItems(wxListBox& list);
 
 /// Underlines the access key in the caption of a tab, which marks it with &, and gives the tab a tool tip. The toolkit
 /// drops the mark on some desktops and has no tips for tabs.

@@ -7,6 +7,7 @@
 
 #include <wx/bookctrl.h>
 #include <wx/button.h>
+#include <wx/listbox.h>
 #include <wx/textctrl.h>
 
 namespace quorvel::ui {
@@ -79,6 +80,20 @@ void SetTextMargins(wxTextCtrl& box) {
 void LeadAccessKeyTo(wxWindow& part, wxWindow& window) {
   g_signal_connect_object(window.GetHandle(), "mnemonic-activate", G_CALLBACK(FocusPart), part.GetConnectWidget(),
                           static_cast<GConnectFlags>(0));
+}
+
+void ExpectManyItems(wxListBox& list) {
+  auto* const view = GTK_TREE_VIEW(list.GetConnectWidget());
+  GtkTreeViewColumn* const column = gtk_tree_view_get_column(view, 0);
+  GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(column));
+  for (const GList* cell = cells; cell != nullptr; cell = cell->next) {
+    if (GTK_IS_CELL_RENDERER_TEXT(cell->data) != FALSE) {
+      g_object_set(cell->data, "ellipsize", PANGO_ELLIPSIZE_END, nullptr);
+    }
+  }
+  g_list_free(cells);
+  gtk_tree_view_column_set_sizing(column, GTK_TREE_VIEW_COLUMN_FIXED);
+  gtk_tree_view_set_fixed_height_mode(view, TRUE);
 }
 
 void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view caption, std::string_view tip) {

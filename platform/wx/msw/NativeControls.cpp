@@ -42,6 +42,8 @@ void SetTextMargins(wxTextCtrl& /*box*/) {}
 
 void LeadAccessKeyTo(wxWindow& /*part*/, wxWindow& /*window*/) {}
 
+void ExpectManyItems(wxListBox& /*list*/) {}
+
 // The system underlines the access key itself.
 void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view /*caption*/, std::string_view tip) {
   notebook.Bind(wxEVT_MOTION, [&notebook, tab, text = ToWx(tip)](wxMouseEvent& event) {
