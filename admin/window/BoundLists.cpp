@@ -21,6 +21,7 @@ constexpr auto IsBefore = [](const auto& left, const auto& right) {
 void BoundList::Attach(wxListBox& box, Order order) {
   m_box = &box;
   m_order = order;
+  m_search.Attach(box);
 }
 
 void BoundList::Clear() {
@@ -86,8 +87,7 @@ void BoundList::ShowAll() const {
 
 void BoundCombo::Clear() {
   m_data.clear();
-  m_box->Clear();
-  m_box->SetSelection(wxNOT_FOUND);
+  m_box->RemoveAll();
 }
 
 void BoundCombo::Add(std::string_view text, std::int32_t datum) {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "admin/window/ListSearch.h"
 #include "data/Controls.h"
 
 class wxListBox;
@@ -15,8 +16,8 @@ namespace quorvel {
 
 class SearchCombo;
 
-/// A list box. Items that are added show when the window is idle or when somebody asks for an item, whichever comes
-/// first: thousands of them are shown at once much faster than one by one.
+/// A list box, which is searched by typing. Items that are added show when the window is idle or when somebody asks for
+/// an item, whichever comes first: thousands of them are shown at once much faster than one by one.
 class BoundList : public ItemList {
  public:
   enum class Order { Alphabetical, AsFilled };
@@ -49,6 +50,7 @@ class BoundList : public ItemList {
   Order m_order = Order::Alphabetical;
   mutable std::vector<Item> m_items;  ///< the shown ones, in their order, and then those added since
   mutable std::size_t m_shown = 0;
+  ListSearch m_search;
 };
 
 /// A combo box. Items are shown in the order in which they are added.

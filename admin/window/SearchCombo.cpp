@@ -27,11 +27,18 @@ class List : public wxVListBoxComboPopup {
 
 SearchCombo::SearchCombo(wxWindow& parent, std::string_view name, std::string_view spokenName)
     : wxOwnerDrawnComboBox(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0, nullptr, wxCB_READONLY,
-                           wxDefaultValidator, ui::ToWx(name)) {
-  SetPopupControl(new List);  // the combo box owns it
+                           wxDefaultValidator, ui::ToWx(name)),
+      m_itemHeight(GetCharHeight() + FromDIP(2 * kPadding)) {
+  RemoveAll();
   SetMinSize({kSmallestCharacters * GetCharWidth(), -1});
   ui::SetAccessibleName(*this, spokenName);
   Bind(wxEVT_CHAR_HOOK, &SearchCombo::KeepKeysOfOpenList, this);
+}
+
+// A list that was open once measures itself again for each item that is added.
+void SearchCombo::RemoveAll() {
+  SetPopupControl(new List);  // the combo box owns it
+  SetSelection(wxNOT_FOUND);
 }
 
 void SearchCombo::OnDrawItem(wxDC& dc, const wxRect& rectangle, int item, int flags) const {
@@ -40,7 +47,7 @@ void SearchCombo::OnDrawItem(wxDC& dc, const wxRect& rectangle, int item, int fl
   dc.DrawText(GetString(static_cast<unsigned>(item)), rectangle.x + FromDIP(kPadding), rectangle.y + above);
 }
 
-wxCoord SearchCombo::OnMeasureItem(std::size_t /*item*/) const { return GetCharHeight() + FromDIP(2 * kPadding); }
+wxCoord SearchCombo::OnMeasureItem(std::size_t /*item*/) const { return m_itemHeight; }
 
 // The window would take some of the keys: Esc would close it, and others show another view while the list is open.
 void SearchCombo::KeepKeysOfOpenList(wxKeyEvent& event) {

@@ -13,12 +13,17 @@ class SearchCombo : public wxOwnerDrawnComboBox {
   /// Names are UTF-8; `spokenName` is for assistive technology.
   SearchCombo(wxWindow& parent, std::string_view name, std::string_view spokenName);
 
+  /// Removes all items; then none is selected. Much faster than Clear when thousands are added next.
+  void RemoveAll();
+
  protected:
   void OnDrawItem(wxDC& dc, const wxRect& rectangle, int item, int flags) const override;
   [[nodiscard]] wxCoord OnMeasureItem(std::size_t item) const override;
 
  private:
   void KeepKeysOfOpenList(wxKeyEvent& event);
+
+  int m_itemHeight;
 };
 
 }  // namespace quorvel
