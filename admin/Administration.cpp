@@ -61,10 +61,16 @@ bool Administration::Trapped(const Action& action) {
   }
 }
 
-// After a failed operation the recordsets may differ from the database.
+// After a failed operation the recordsets may differ from the database. When they cannot be loaded, cboID may name
+// another record than the manager's current one, which Delete would delete.
 void Administration::ReadAgainAfterFailure() {
   if (!m_hasFailed) return;
-  modRecordsets::InitGlobalRecordsets();
+  try {
+    modRecordsets::InitGlobalRecordsets();
+  } catch (...) {
+    m_controls.cboID->Clear();
+    throw;
+  }
   m_hasFailed = false;
 }
 
@@ -101,6 +107,8 @@ void Administration::ShowSelected(const Action& show) {
   m_busy = true;
   const modWaitCursor::BusyPointer busy;
   ReadAgainAfterFailure();
+  // The records could not be listed before.
+  if (m_controls.cboID->Count() == 0) CurrentManager()->Refresh();
   show();
   CurrentManager()->selectTab(m_view.SelectedTab());
   DisableAllMoves();

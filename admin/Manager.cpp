@@ -91,6 +91,7 @@ const modRecordsets::SharedRecordset& Manager::Rows() const {
 }
 
 void Manager::Fill() {
+  CboID().Clear();  // a failed load must not leave the records of another view
   modDatabase::FillList(CboID(), Rows()->RecordCount(), m_kind.idField, m_kind.keyField, Rows());
   modControls::SelectByText(CboID(), m_current.id, true);
   Adopt();
