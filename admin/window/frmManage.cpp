@@ -291,7 +291,8 @@ void frmManage::CloseWindow(wxCloseEvent& event) {
 }
 
 bool frmManage::CommitTexts() {
-  bool isWritten = CommitRowHeight();
+  // A change that came while the window was busy is not written. The number must not be lost with its record.
+  bool isWritten = CommitRowHeight(true);
   for (const TypedField& field : m_controls.typed) isWritten = CommitText(field) && isWritten;
   return isWritten;
 }
@@ -300,20 +301,25 @@ bool frmManage::CommitText(const TypedField& field) {
   if (m_isCommitting || field.view != m_administration.CurrentView() || !field.text->IsChanged()) return true;
   m_isCommitting = true;
   const AtScopeEnd committed([this] { m_isCommitting = false; });
-  if (!m_administration.ChangeText(field.field)) return false;
+  if (!m_administration.ChangeText(field.field)) {
+    // Without a record no text can be written, and this one would keep the user from adding a record.
+    if (m_controls.cboID.ListIndex() < 0) field.text->Undo();
+    return false;
+  }
   // A manager shows what is stored now; a box that it left alone shows what was written.
   if (field.text->IsChanged()) field.text->Accept();
   m_wasKeptOpen = false;
   return true;
 }
 
-bool frmManage::CommitRowHeight() {
+bool frmManage::CommitRowHeight(bool evenIfBusy) {
   if (m_isCommitting || m_administration.CurrentView() != "Contexts" || !m_controls.udRowHeight.IsChanged())
     return true;
   m_isCommitting = true;
   const AtScopeEnd committed([this] { m_isCommitting = false; });
+  if (evenIfBusy) return m_administration.ChangeText("RowHeight");
   m_administration.ChangeRowHeight();
-  return !m_controls.udRowHeight.IsChanged();
+  return true;
 }
 
 template <typename Action>

@@ -78,7 +78,7 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   /// Writes the texts that the user has changed. False when one could not be written; the user has then seen why.
   bool CommitTexts();
   bool CommitText(const TypedField& field);
-  bool CommitRowHeight();
+  bool CommitRowHeight(bool evenIfBusy = false);
   /// The same, and then runs the action unless a text is still not written.
   template <typename Action>
   void AfterTexts(const Action& action);
