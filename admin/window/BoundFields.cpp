@@ -24,6 +24,11 @@ std::size_t StoredLength(const wxString& text) {
   return length;
 }
 
+void EnableControl(wxWindow& control, bool enabled, wxWindow* neighbour) {
+  const bool hasFocus = wxWindow::FindFocus() == &control;
+  if (control.Enable(enabled) && !enabled && hasFocus && neighbour != nullptr) neighbour->SetFocus();
+}
+
 }  // namespace
 
 void BoundText::Attach(wxTextCtrl& box, std::size_t maxLength) {
@@ -89,8 +94,13 @@ void BoundNumber::SetText(std::string_view text) {
 
 void BoundNumber::Undo() { SetValue(std::int32_t{m_filled}); }
 
+void BoundCheck::Attach(wxCheckBox& box, wxWindow* neighbour) noexcept {
+  m_box = &box;
+  m_neighbour = neighbour;
+}
+
 void BoundCheck::SetEnabled(bool enabled) {
-  m_box->Enable(enabled);
+  EnableControl(*m_box, enabled, m_neighbour);
   if (!enabled) m_box->SetValue(false);
 }
 
@@ -103,9 +113,6 @@ void BoundButton::Attach(wxButton& button, wxWindow& neighbour) noexcept {
   m_neighbour = &neighbour;
 }
 
-void BoundButton::SetEnabled(bool enabled) {
-  const bool hasFocus = wxWindow::FindFocus() == m_button;
-  if (m_button->Enable(enabled) && !enabled && hasFocus) m_neighbour->SetFocus();
-}
+void BoundButton::SetEnabled(bool enabled) { EnableControl(*m_button, enabled, m_neighbour); }
 
 }  // namespace quorvel

@@ -74,7 +74,8 @@ class BoundNumber : public NumberField, public TextField {
 /// for that of another link.
 class BoundCheck : public CheckField {
  public:
-  void Attach(wxCheckBox& box) noexcept { m_box = &box; }
+  /// A box that is disabled while it has the focus gives it to `neighbour`, as a BoundButton does.
+  void Attach(wxCheckBox& box, wxWindow* neighbour = nullptr) noexcept;
 
   void SetEnabled(bool enabled) override;
   [[nodiscard]] std::int32_t Value() const override;
@@ -83,6 +84,7 @@ class BoundCheck : public CheckField {
 
  private:
   wxCheckBox* m_box = nullptr;
+  wxWindow* m_neighbour = nullptr;
 };
 
 class BoundButton : public EnabledControl {

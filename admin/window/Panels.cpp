@@ -63,7 +63,7 @@ class ViewTabs {
     ListPairPanel pair = Pair(member, caption, tip, words);
     pair.AddFrame(frame);
     for (const char* right : {"&Create", "Updat&e", "&Read", "De&lete"}) {
-      m_controls.chkRight.at(firstRight).Attach(pair.AddCheck(Member("chkRight", firstRight), right));
+      m_controls.chkRight.at(firstRight).Attach(pair.AddCheck(Member("chkRight", firstRight), right), pair.lstCurrent);
       ++firstRight;
     }
   }
@@ -134,7 +134,8 @@ void MakeRemarks(TabPanels& tabs, BoundControls& controls) {
   ListPairPanel contexts = remarks.Pair(6, "Conte&xts", "Contexts associated with each remark type",
                                         {"&Other contexts", "Contexts tha&t offer the remark type"});
   contexts.AddFrame("Remark type in the selected context");
-  controls.chkRight[8].Attach(contexts.AddCheck("chkRight8", "P&riority: remarks of this type pop up"));
+  controls.chkRight[8].Attach(contexts.AddCheck("chkRight8", "P&riority: remarks of this type pop up"),
+                              contexts.lstCurrent);
 }
 
 void MakeContexts(TabPanels& tabs, BoundControls& controls) {
@@ -151,7 +152,7 @@ void MakeContexts(TabPanels& tabs, BoundControls& controls) {
       contexts.Pair(7, "Remar&ks", {}, {"&Other remark types of the entity", "Remark types of &the context"},
                     BoundList::Order::AsFilled);
   types.AddFrame("Selected remark type in the context");
-  controls.chkRight[9].Attach(types.AddCheck("chkRight9", "P&riority: its remarks pop up"));
+  controls.chkRight[9].Attach(types.AddCheck("chkRight9", "P&riority: its remarks pop up"), types.lstCurrent);
   controls.cmdUp.Attach(types.AddButton("cmdUp", "&Move up"), *types.lstCurrent);
   controls.cmdDown.Attach(types.AddButton("cmdDown", "Move do&wn"), *types.lstCurrent);
 }

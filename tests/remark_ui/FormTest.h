@@ -6,11 +6,11 @@
 #include <initializer_list>
 #include <string>
 
-#include <wx/button.h>
 #include <wx/textctrl.h>
 
 #include "platform/wx/Text.h"
 #include "tests/runtime/RuntimeTest.h"
+#include "tests/support/wx/FindControl.h"
 #include "tests/support/wx/ModalScript.h"
 #include "tests/support/wx/WaitFor.h"
 
@@ -18,20 +18,6 @@ namespace quorvel::test {
 
 /// The title of a window that shows remarks of Acme Tools.
 constexpr const char* kTitle = "Acme Tools [C1044] Customer Remarks [(embedded)]";
-
-/// A window's control by its name; std::bad_cast when it is of another class or does not exist.
-template <typename Control>
-Control& Find(wxWindow& window, const char* name) {
-  return dynamic_cast<Control&>(*wxWindow::FindWindowByName(name, &window));
-}
-
-/// Presses a button as a click does; the button must be visible and enabled.
-inline void Press(wxWindow& window, const char* name) {
-  auto& button = Find<wxButton>(window, name);
-  ASSERT_TRUE(button.IsShown() && button.IsEnabled()) << name;
-  wxCommandEvent click(wxEVT_BUTTON, button.GetId());
-  button.Command(click);
-}
 
 /// A window that shows the remarks of a context, used as its user does.
 template <typename Form>

@@ -6,7 +6,9 @@
 
 #include "platform/wx/DialogPrompts.h"
 #include "tests/runtime/RuntimeTest.h"
+#include "tests/support/ScriptedPrompts.h"
 #include "tests/support/wx/ModalScript.h"
+#include "tests/support/wx/WaitFor.h"
 
 namespace quorvel::test {
 namespace {
@@ -31,6 +33,29 @@ TEST(ComponentWindows, EachWindowIsUsedAgainAndMessageBoxesComeAlong) {
   EXPECT_EQ(windows[0], windows[1]);
   EXPECT_EQ(windows[2], windows[3]);
   EXPECT_NE(windows[0], windows[2]);
+}
+
+TEST(ComponentWindows, ManagerIsNewAtEachCallAndNeedsALoopToStayOpen) {
+  const TestDatabase database;
+  const WindowLibrary library = ComponentWindows::Start();
+  EXPECT_THAT(Caught([&] { library.windows->ViewManager(0); }),
+              IsError(-1, "RemarkContext.ViewManager",
+                      "No window can stay open: the host runs no event loop of GTK. Open it modal."));
+  ModalScript script;
+  script.ExpectShown([&](wxDialog& modal) {
+    const auto countOpen = [] { return wxTopLevelWindows.GetCount(); };
+    const std::size_t before = countOpen();
+    for (int i = 0; i < 2; ++i) library.windows->ViewManager(0);
+    EXPECT_EQ(countOpen(), before + 2);
+    auto* const last = wxTopLevelWindows.GetLast();
+    for (wxWindow* window : {last->GetPrevious()->GetData(), last->GetData()}) window->Close();
+    EXPECT_TRUE(WaitFor([&] { return countOpen() == before; })) << "closed windows are destroyed";
+    modal.Close();
+  });
+  library.windows->ViewManager(7);
+  database.Run("DROP TABLE ttwBranch");
+  const PromptsGuard prompts;
+  EXPECT_THAT(Caught([&] { library.windows->ViewManager(1); }), HasNumber(91));
 }
 
 }  // namespace
