@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include <wx/listbox.h>
+#include <wx/panel.h>
+
 #include "admin/window/BoundControls.h"
 #include "admin/window/FieldSheet.h"
 #include "admin/window/GridPanel.h"
