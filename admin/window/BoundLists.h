@@ -16,8 +16,8 @@ namespace quorvel {
 
 class SearchCombo;
 
-/// A list box, which is searched by typing. Items that are added show when the window is idle or when somebody asks for
-/// an item, whichever comes first: thousands of them are shown at once much faster than one by one.
+/// A list box, which is searched by typing. Added items show when the window is idle or when an item is asked for,
+/// whichever comes first: thousands of them are shown at once much faster than one by one.
 class BoundList : public ItemList {
  public:
   enum class Order { Alphabetical, AsFilled };
