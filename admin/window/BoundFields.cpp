@@ -58,6 +58,12 @@ void BoundText::SetText(std::string_view text) {
   m_fitting = m_filled;
 }
 
+void BoundText::PutBack(const wxString& typed) {
+  m_box->ChangeValue(typed);
+  m_box->SetInsertionPointEnd();
+  m_fitting = typed;
+}
+
 bool BoundText::IsChanged() const { return m_box->GetValue() != m_filled; }
 
 // The whole input is refused. A box that cut its text would lose the end of it when the user types in the middle.

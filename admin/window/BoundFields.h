@@ -35,6 +35,8 @@ class BoundText : public TextField {
   void Undo() { SetText(std::string(m_stored)); }
   /// Takes the text that the box shows for the one that was set last.
   void Accept() { SetText(Text()); }
+  /// Shows again what the user had typed when the box was filled; it counts as changed.
+  void PutBack(const wxString& typed);
   [[nodiscard]] wxTextCtrl& Box() const noexcept { return *m_box; }
 
  private:

@@ -3,8 +3,10 @@
 
 #include "admin/window/frmManage.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
+#include <vector>
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -20,6 +22,7 @@
 #include "admin/window/TabPanels.h"
 #include "admin/window/ViewBar.h"
 #include "admin/window/frmNewContext.h"
+#include "data/modControls.h"
 #include "grid/DataGrid.h"
 #include "platform/AtScopeEnd.h"
 #include "platform/wx/Desktop.h"
@@ -116,13 +119,21 @@ void frmManage::ShowPanels(std::string_view view, std::string_view caption) {
   lblView->SetLabelText(ui::ToWx(caption));
   tabPanels->ShowView(view);
   Layout();
+  KeepOutOfTexts(focus);
+}
+
+void frmManage::SelectTab(std::string_view key) {
+  wxWindow* const focus = wxWindow::FindFocus();
+  tabPanels->SelectTab(key);
+  KeepOutOfTexts(focus);
+}
+
+// Some desktops give the focus to a text of the tab that comes up, and what the user types next would change it.
+void frmManage::KeepOutOfTexts(wxWindow* focus) {
   if (!IsShown()) return;
-  // Some desktops give the focus to a text of the new view, and what the user types next would change it.
   const bool wasInTabs = focus == nullptr || tabPanels->IsDescendant(focus);
   (wasInTabs ? &m_controls.cboID.Box() : focus)->SetFocus();
 }
-
-void frmManage::SelectTab(std::string_view key) { tabPanels->SelectTab(key); }
 
 std::string frmManage::SelectedTab() const { return tabPanels->SelectedTab(); }
 
@@ -165,7 +176,7 @@ void frmManage::BindRecords() {
   const auto click = [this](void (Administration::*operation)()) {
     return UserAction([this, operation] { AfterTexts([&] { (m_administration.*operation)(); }); });
   };
-  cmdNew->Bind(wxEVT_BUTTON, click(&Administration::ClickNew));
+  cmdNew->Bind(wxEVT_BUTTON, UserAction([this] { AfterTexts([this] { cmdNew_Click(); }); }));
   cmdDelete->Bind(wxEVT_BUTTON, click(&Administration::ClickDelete));
   m_controls.cmdUp.Button().Bind(wxEVT_BUTTON, click(&Administration::ClickUp));
   m_controls.cmdDown.Button().Bind(wxEVT_BUTTON, click(&Administration::ClickDown));
@@ -174,6 +185,15 @@ void frmManage::BindRecords() {
 void frmManage::bbViews_Click(std::string_view view) {
   AfterTexts([&] { m_administration.ClickView(view); });
   bbViews->Select(m_administration.CurrentView());
+}
+
+// The user goes on with the texts of the new record. When there is none, the next keys must not change another's.
+void frmManage::cmdNew_Click() {
+  const std::int32_t former = ShownKey();
+  m_administration.ClickNew();
+  if (ShownKey() == former || m_administration.IsBusy()) return;
+  const auto first = std::ranges::find(m_controls.typed, m_administration.CurrentView(), &TypedField::view);
+  if (first != m_controls.typed.end()) first->text->Box().SetFocus();
 }
 
 void frmManage::cboID_Click() {
@@ -220,13 +240,19 @@ void frmManage::BindFields() {
 }
 
 void frmManage::BindField(BoundCheck& check, std::string field) {
-  check.Box().Bind(wxEVT_CHECKBOX,
-                   UserAction([this, field = std::move(field)] { m_administration.ClickField(field); }));
+  check.Box().Bind(wxEVT_CHECKBOX, UserAction([this, &check, field = std::move(field)] {
+                     const std::int32_t chosen = check.Value();
+                     LeaveBusyAfterError([&] { check.SetValue(chosen); });
+                     if (check.Box().IsEnabled()) KeepTyped([&] { m_administration.ClickField(field); });
+                   }));
 }
 
 void frmManage::BindField(BoundCombo& combo, std::string field) {
-  combo.Box().Bind(wxEVT_COMBOBOX,
-                   UserAction([this, field = std::move(field)] { m_administration.ClickField(field); }));
+  combo.Box().Bind(wxEVT_COMBOBOX, UserAction([this, &combo, field = std::move(field)] {
+                     const std::int32_t chosen = combo.ListIndex();
+                     LeaveBusyAfterError([&] { combo.SetListIndex(chosen); });
+                     KeepTyped([&] { m_administration.ClickField(field); });
+                   }));
 }
 
 void frmManage::BindPair(std::size_t i) {
@@ -234,9 +260,13 @@ void frmManage::BindPair(std::size_t i) {
   wxListBox& remaining = m_controls.lstRemaining.at(i).Box();
   current.Bind(wxEVT_LISTBOX, UserAction([this, i] {
                  m_isAdded.at(i) = false;
+                 LeaveBusyAfterError(m_controls.lstCurrent.at(i));
                  m_administration.SelectCurrent(i);
                }));
-  remaining.Bind(wxEVT_LISTBOX, UserAction([this, i] { m_administration.SelectRemaining(i); }));
+  remaining.Bind(wxEVT_LISTBOX, UserAction([this, i] {
+                   LeaveBusyAfterError(m_controls.lstRemaining.at(i));
+                   m_administration.SelectRemaining(i);
+                 }));
   current.Bind(wxEVT_KILL_FOCUS, UserAction([this, i](wxFocusEvent& event) {
                  event.Skip();
                  m_administration.LeaveCurrent(i);
@@ -301,7 +331,9 @@ bool frmManage::CommitText(const TypedField& field) {
   if (m_isCommitting || field.view != m_administration.CurrentView() || !field.text->IsChanged()) return true;
   m_isCommitting = true;
   const AtScopeEnd committed([this] { m_isCommitting = false; });
-  if (!m_administration.ChangeText(field.field)) {
+  bool isWritten = false;
+  KeepTyped([&] { isWritten = m_administration.ChangeText(field.field); }, field.text);
+  if (!isWritten) {
     // Without a record no text can be written, and this one would keep the user from adding a record.
     if (m_controls.cboID.ListIndex() < 0) field.text->Undo();
     return false;
@@ -317,9 +349,47 @@ bool frmManage::CommitRowHeight(bool evenIfBusy) {
     return true;
   m_isCommitting = true;
   const AtScopeEnd committed([this] { m_isCommitting = false; });
-  if (evenIfBusy) return m_administration.ChangeText("RowHeight");
-  m_administration.ChangeRowHeight();
+  bool isWritten = true;
+  if (evenIfBusy) {
+    KeepTyped([&] { isWritten = m_administration.ChangeText("RowHeight"); });
+    return isWritten;
+  }
+  const std::int32_t chosen = m_controls.udRowHeight.Value();
+  LeaveBusyAfterError([&] { m_controls.udRowHeight.SetValue(chosen); });
+  KeepTyped([&] { m_administration.ChangeRowHeight(); });
   return true;
+}
+
+std::int32_t frmManage::ShownKey() const {
+  const BoundCombo& cboID = m_controls.cboID;
+  return cboID.ListIndex() < 0 ? 0 : cboID.Datum(cboID.ListIndex());
+}
+
+// Some controls change without taking the focus, by the wheel or by a drop, so another text may still be unwritten.
+template <typename Write>
+void frmManage::KeepTyped(const Write& write, const BoundText* written) {
+  const std::int32_t record = ShownKey();
+  std::vector<std::pair<BoundText*, wxString>> typed;
+  for (const TypedField& field : m_controls.typed) {
+    if (field.view != m_administration.CurrentView() || field.text == written || !field.text->IsChanged()) continue;
+    typed.emplace_back(field.text, field.text->Box().GetValue());
+  }
+  write();
+  if (ShownKey() != record) return;
+  for (const auto& [text, value] : typed) text->PutBack(value);
+}
+
+template <typename ChooseAgain>
+void frmManage::LeaveBusyAfterError(const ChooseAgain& chooseAgain) {
+  if (!m_administration.IsBusy()) return;
+  KeepTyped([this] { m_administration.ClickTab(); });
+  if (!m_administration.IsBusy()) chooseAgain();
+}
+
+void frmManage::LeaveBusyAfterError(BoundList& list) {
+  if (list.ListIndex() < 0) return;
+  const std::int32_t key = list.Datum(list.ListIndex());
+  LeaveBusyAfterError([&] { modControls::SelectByKey(list, key, false); });
 }
 
 template <typename Action>

@@ -54,6 +54,7 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   [[nodiscard]] NewItem AskForContext() override;
   [[nodiscard]] NewItem AskForRemarkType() override;
 
+  void KeepOutOfTexts(wxWindow* focus);
   void MakeControls();
   void LayOut();
   void FillEditBehavior();
@@ -73,13 +74,24 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   void AddToCurrent(std::size_t i);
   void ShowAddedLink(std::size_t i);
   void bbViews_Click(std::string_view view);
+  void cmdNew_Click();
   void cboID_Click();
 
   /// Writes the texts that the user has changed. False when one could not be written; the user has then seen why.
   bool CommitTexts();
   bool CommitText(const TypedField& field);
   bool CommitRowHeight(bool evenIfBusy = false);
-  /// The same, and then runs the action unless a text is still not written.
+  /// Runs the write of one field, after which the manager shows the whole record again. Texts that the user has typed
+  /// in other boxes stay, unless another record is shown now. `written` is the text that is written.
+  template <typename Write>
+  void KeepTyped(const Write& write, const BoundText* written = nullptr);
+  [[nodiscard]] std::int32_t ShownKey() const;
+  /// The busy flag that an error has left set would make Administration ignore a choice that the user sees. Shows the
+  /// tab again, which clears the flag, and repeats the choice.
+  template <typename ChooseAgain>
+  void LeaveBusyAfterError(const ChooseAgain& chooseAgain);
+  void LeaveBusyAfterError(BoundList& list);
+  /// Writes the texts, and then runs the action unless a text is still not written.
   template <typename Action>
   void AfterTexts(const Action& action);
   [[nodiscard]] bool HasUnwrittenText();
