@@ -33,6 +33,8 @@ SearchCombo::SearchCombo(wxWindow& parent, std::string_view name, std::string_vi
   SetMinSize({kSmallestCharacters * GetCharWidth(), -1});
   ui::SetAccessibleName(*this, spokenName);
   Bind(wxEVT_CHAR_HOOK, &SearchCombo::KeepKeysOfOpenList, this);
+  // The toolkit would choose another item, and the choice would be written, while the user only scrolls past.
+  Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) { event.Skip(IsPopupShown()); });
 }
 
 // A list that was open once measures itself again for each item that is added.
