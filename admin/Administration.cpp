@@ -42,7 +42,7 @@ void Administration::Load() {
   m_view.SetTitle(Title());
   modRecordsets::InitGlobalRecordsets();
   m_managers.Bind(m_controls);
-  ShowView("Users");
+  ClickView("Users");  // a user who cannot be shown must not keep the window from opening
   m_busy = false;
 }
 

@@ -22,8 +22,8 @@ class Administration {
   /// View and controls must outlive the object.
   Administration(ManageView& view, const ManageControls& controls);
 
-  /// Opens the connection, loads the recordsets, gives the managers their controls and shows the view "Users". The
-  /// errors of these steps go to the caller: without a connection there is nothing to show.
+  /// Opens the connection, loads the recordsets and gives the managers their controls. The errors of these steps go to
+  /// the caller: without a connection there is nothing to show. Then shows the view "Users", as ClickView does.
   void Load();
 
   /// bbViews: another view. A name that is no view's shows no manager.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include <wx/listbox.h>
+#include <wx/spinctrl.h>
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
 
@@ -133,6 +134,33 @@ TEST_F(ManageWindowTest, RefusedTextKeepsTheWindowOpenOnce) {
     EXPECT_TRUE(Closes());
   });
   EXPECT_EQ(m_prompts->shown.size(), 1U);
+}
+
+TEST_F(ManageWindowTest, RowHeightChangedAfterAnErrorIsNotLost) {
+  m_database.Run("DROP PROCEDURE spTWCDeleteContext");
+  m_prompts->answers = {PromptAnswer::Yes};
+  Open([&] {
+    Key('5', wxMOD_CONTROL);
+    Press(m_window, "cmdDelete");
+    EXPECT_EQ(m_prompts->shown.size(), 2U) << "the question and the error";
+    The<wxSpinCtrl>("udRowHeight").SetValue(9);
+    m_window.Close();
+    EXPECT_TRUE(Closes());
+  });
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM ttwContext WHERE RowHeight = 9"), "1");
+}
+
+TEST_F(ManageWindowTest, TextWithoutARecordDoesNotKeepTheUserFromAddingOne) {
+  m_database.Run("DELETE FROM ttwRightAssignment DELETE FROM ttwRight");
+  m_prompts->texts = {"Order.Copy"};
+  Open([&] {
+    Key('3', wxMOD_CONTROL);
+    The<wxTextCtrl>("txtCaption1").SetValue("typed");
+    Press(m_window, "cmdNew");
+    EXPECT_EQ(The<SearchCombo>("cboID").GetValue(), "Order.Copy");
+    m_window.Close();
+    EXPECT_TRUE(Closes());
+  });
 }
 
 TEST_F(ManageWindowTest, NewContextNeedsAnIDAndAnEntity) {

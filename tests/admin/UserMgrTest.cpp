@@ -38,6 +38,15 @@ TEST_P(UserMgrTest, FieldsShowWhatIsStored) {
   EXPECT_EQ(window.cboID.CurrentText() + window.txtFirstName.text, "adminAnna");
 }
 
+TEST_P(UserMgrTest, FirstUserWithAQuoteDoesNotKeepTheWindowFromOpening) {
+  Run("INSERT INTO ttwUser (UserID) VALUES ('''t Hooft')");
+  Open();
+  EXPECT_THAT(Prompted(), ElementsAre(StartsWith("Error in ")));
+  EXPECT_EQ(window.txtLastName.text, "");
+  window.Pick("jsmith");
+  EXPECT_EQ(window.txtLastName.text, "Smith");
+}
+
 TEST_P(UserMgrTest, RightsAreThoseOfTheGroups) {
   Open();
   window.Pick("jsmith");
