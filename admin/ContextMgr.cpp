@@ -114,7 +114,10 @@ void ContextMgr::Delete() {
 
 ListedTypes ContextMgr::Types() const { return {Current().key, *m_controls.remarkTypes.lstCurrent}; }
 
-void ContextMgr::AddChild(std::int32_t key) { Types().Append(key); }
+void ContextMgr::AddChild(std::int32_t key) {
+  Types().Append(key);
+  InitControls();
+}
 
 void ContextMgr::RemoveChild(std::int32_t /*key*/) {
   Types().RemoveCurrent();

@@ -141,6 +141,7 @@ void GroupMgr::Delete() {
 
 void GroupMgr::AddChild(std::int32_t key) {
   if (const Tab* const tab = CurrentTab()) Link(tab->addProcedure, *tab, key);
+  InitControls();
 }
 
 void GroupMgr::RemoveChild(std::int32_t key) {

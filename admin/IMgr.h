@@ -24,7 +24,8 @@ class IMgr {
   virtual void Create() = 0;
   /// Deletes the current record, after a question when others are linked to it.
   virtual void Delete() = 0;
-  /// Links the current record with a child of the current tab. The lists still have their old contents.
+  /// Links the current record with a child of the current tab. The lists still have their old contents. Disables the
+  /// check boxes of the links, which may show another link.
   virtual void AddChild(std::int32_t key) = 0;
   /// Removes that link. The lists still have their old contents.
   virtual void RemoveChild(std::int32_t key) = 0;
