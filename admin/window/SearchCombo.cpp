@@ -28,13 +28,15 @@ class List : public wxVListBoxComboPopup {
 SearchCombo::SearchCombo(wxWindow& parent, std::string_view name, std::string_view spokenName)
     : wxOwnerDrawnComboBox(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0, nullptr, wxCB_READONLY,
                            wxDefaultValidator, ui::ToWx(name)),
-      m_itemHeight(GetCharHeight() + FromDIP(2 * kPadding)) {
+      m_itemHeight(GetCharHeight() + FromDIP(2 * kPadding)),
+      m_spokenName(spokenName) {
   RemoveAll();
   SetMinSize({kSmallestCharacters * GetCharWidth(), -1});
   ui::SetAccessibleName(*this, spokenName);
   Bind(wxEVT_CHAR_HOOK, &SearchCombo::KeepKeysOfOpenList, this);
   // The toolkit would choose another item, and the choice would be written, while the user only scrolls past.
   Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) { event.Skip(IsPopupShown()); });
+  Bind(wxEVT_IDLE, &SearchCombo::Speak, this);
 }
 
 // A list that was open once measures itself again for each item that is added.
@@ -58,6 +60,14 @@ void SearchCombo::KeepKeysOfOpenList(wxKeyEvent& event) {
   const bool closesList = IsPopupShown() && (isEscape || isOfWindow);
   if (closesList) Dismiss();
   if (!closesList || !isEscape) event.Skip();
+}
+
+// Assistive technology cannot read a text that is drawn.
+void SearchCombo::Speak(wxIdleEvent& event) {
+  event.Skip();
+  if (GetValue() == m_spoken) return;
+  m_spoken = GetValue();
+  ui::SetAccessibleName(*this, m_spokenName + ": " + ui::FromWx(m_spoken));
 }
 
 }  // namespace quorvel

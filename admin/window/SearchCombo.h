@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include <wx/odcombo.h>
@@ -22,8 +23,11 @@ class SearchCombo : public wxOwnerDrawnComboBox {
 
  private:
   void KeepKeysOfOpenList(wxKeyEvent& event);
+  void Speak(wxIdleEvent& event);
 
   int m_itemHeight;
+  std::string m_spokenName;
+  wxString m_spoken;
 };
 
 }  // namespace quorvel

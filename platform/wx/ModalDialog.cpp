@@ -49,11 +49,13 @@ void ModalDialog::RunModal(const std::function<void()>& opened) {
   if (m_failure) std::rethrow_exception(std::exchange(m_failure, nullptr));
 }
 
-/// A window of the component belongs to the window that opened it. The first belongs to none, not even to a window of
-/// the host that the toolkit knows.
+/// A window of the component belongs to the window that opened it, which may be modeless. The first belongs to none,
+/// not even to a window of the host that the toolkit knows.
 void ModalDialog::ChooseOwner() {
+  const bool hasOwner =
+      Topmost() != nullptr || dynamic_cast<ModalDialog*>(wxGetTopLevelParent(wxGetActiveWindow())) != nullptr;
   const long style = GetWindowStyleFlag() & ~wxDIALOG_NO_PARENT;
-  SetWindowStyleFlag(Topmost() == nullptr ? style | wxDIALOG_NO_PARENT : style);
+  SetWindowStyleFlag(hasOwner ? style : style | wxDIALOG_NO_PARENT);
 }
 
 void ModalDialog::ShowUntilClosed(const std::function<void()>& opened) {

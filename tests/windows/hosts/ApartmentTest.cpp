@@ -1,9 +1,11 @@
-// An early-bound host on Windows. It tests what only Windows has: type information, apartments, and a library that the
-// system loads, and would unload, by itself.
+// An early-bound host on Windows. It tests what only Windows has: type information, apartments, a library that the
+// system loads, and would unload, by itself, and a message loop of the host that knows no toolkit.
 
 #include <gtest/gtest.h>
 #include <ocidl.h>
 
+#include <chrono>
+#include <string_view>
 #include <thread>
 
 #include "tests/support/HostObjects.h"
@@ -136,6 +138,52 @@ TEST(EarlyBound, ObjectWorksThroughAProxyInAnotherApartment) {
     own.Reset(passed);
     EXPECT_EQ(proxy->Dispose(), S_OK);
   });
+}
+
+/// Runs a host's message loop until `condition` holds; false when it does not within some seconds.
+template <typename Condition>
+bool RunLoopUntil(Condition condition) {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!condition() && std::chrono::steady_clock::now() < deadline) {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+      ::TranslateMessage(&message);
+      ::DispatchMessageW(&message);
+    }
+    ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
+  }
+  return condition();
+}
+
+void PressKey(BYTE key) {
+  ::keybd_event(key, 0, 0, 0);
+  ::keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+}
+
+BOOL CALLBACK FindManager(HWND window, LPARAM found) {
+  wchar_t title[256] = {};
+  ::GetWindowTextW(window, title, 255);
+  if (!std::wstring_view(title).starts_with(L"Manage Security and Remarks")) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+/// After the test that unloads the library: windows keep it loaded.
+TEST(EarlyBound, ModelessWindowTakesKeysFromTheLoopOfTheHost) {
+  const Apartment apartment;
+  Pointer<_RemarkContext> context;
+  ASSERT_EQ(QuorvelCreate(L"Quorvel.RemarkContext", IID__RemarkContext, PutAny(context)), S_OK);
+  ASSERT_EQ(context->ViewManager(0), S_OK);
+  HWND manager = nullptr;
+  ::EnumThreadWindows(::GetCurrentThreadId(), FindManager, reinterpret_cast<LPARAM>(&manager));
+  ASSERT_NE(manager, nullptr);
+  EXPECT_TRUE(RunLoopUntil([&] { return ::GetForegroundWindow() == manager && ::GetFocus() != nullptr; }));
+  HWND const focus = ::GetFocus();
+  PressKey(VK_TAB);
+  EXPECT_TRUE(RunLoopUntil([&] { return ::GetFocus() != focus && ::IsChild(manager, ::GetFocus()) != 0; }));
+  PressKey(VK_ESCAPE);
+  EXPECT_TRUE(RunLoopUntil([&] { return ::IsWindow(manager) == 0; })) << "a closed window is destroyed";
+  EXPECT_EQ(context->Dispose(), S_OK);
 }
 
 }  // namespace

@@ -8,3 +8,6 @@ WScript.Echo "popped up " & context.PopupCount
 
 context.Edit "CustMaint", "C1044", "jsmith"
 WScript.Echo "edited " & context.MemoCount & ", unsaved " & context.RemarkList.Dirty
+
+context.ViewManager 1
+WScript.Echo "managed"

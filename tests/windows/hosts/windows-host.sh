@@ -70,8 +70,29 @@ appears 'Edit Remarks'
 picture question
 xdotool key Return
 says 'edited 8, unsaved False'
+
+appears 'Manage Security and Remarks'
+picture manage-users
+# A user's first name, written when the view changes; then a right for a group, found by typing.
+press alt+f
+xdotool key Home
+enter_text 'Joanna '
+press ctrl+2 alt+k
+picture manage-groups
+press alt+o
+enter_text 'cred'
+press alt+a alt+t alt+r
+picture manage-rights
+xdotool key Escape
+says 'managed'
 wait "$host"
 
+native run - >"$work/rights" <<<"SELECT FirstName FROM ttwUser WHERE UserID = 'admin';
+GO
+SELECT r.CanRead, r.CanCreate FROM ttwRemarkRight r INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = r.RemarkTypeKey
+WHERE t.RemarkTypeID = 'Cust.Credit' AND r.GroupKey = 1;"
+grep -q '^Joanna Anna' "$work/rights" || fail "The first name is not in the database."
+grep -Eq '^ *1 +0$' "$work/rights" || fail "The right is not in the database."
 for remark in 'Gate code 4711' 'Paid on Friday'; do
   native list --context CustMaint --owner C1044 --user admin | grep -qF "$remark" || fail "\"$remark\" is not in the database."
 done
