@@ -52,16 +52,21 @@ void ModalDialog::RunModal(const std::function<void()>& opened) {
 /// A window of the component belongs to the window that opened it, which may be modeless. The first belongs to none,
 /// not even to a window of the host that the toolkit knows.
 void ModalDialog::ChooseOwner() {
-  const bool hasOwner =
-      Topmost() != nullptr || dynamic_cast<ModalDialog*>(wxGetTopLevelParent(wxGetActiveWindow())) != nullptr;
+  ModalDialog* owner = Topmost();
+  if (owner == nullptr) owner = dynamic_cast<ModalDialog*>(wxGetTopLevelParent(wxGetActiveWindow()));
   const long style = GetWindowStyleFlag() & ~wxDIALOG_NO_PARENT;
-  SetWindowStyleFlag(hasOwner ? style : style | wxDIALOG_NO_PARENT);
+  SetWindowStyleFlag(owner == nullptr ? style | wxDIALOG_NO_PARENT : style);
+  // Without a parent the toolkit would prefer the main window of a host that it knows.
+  SetParent(owner);
 }
 
 void ModalDialog::ShowUntilClosed(const std::function<void()>& opened) {
   ChooseOwner();
   OpenWindows().push_back(this);
-  const AtScopeEnd closed([] { OpenWindows().pop_back(); });
+  const AtScopeEnd closed([this] {
+    OpenWindows().pop_back();
+    SetParent(nullptr);
+  });
   const DefaultPointer pointer;
   HostWindows hostWindows;
   m_hostWindows = &hostWindows;

@@ -125,6 +125,9 @@ TEST(ModalDialog, FirstErrorEndsTheWindowAndIsRethrownOnce) {
 }
 
 TEST(ModalDialog, ErrorOfLowerWindowSurfacesAfterUpperCloses) {
+  // A host with the same toolkit, whose window the toolkit would take for the owner.
+  wxFrame host(nullptr, wxID_ANY, "Host");
+  host.Show();
   Window below("Below");
   Window above("Above");
   ModalScript script;
