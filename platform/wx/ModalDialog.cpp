@@ -54,6 +54,7 @@ void ModalDialog::RunModal(const std::function<void()>& opened) {
 void ModalDialog::ChooseOwner() {
   ModalDialog* owner = Topmost();
   if (owner == nullptr) owner = dynamic_cast<ModalDialog*>(wxGetTopLevelParent(wxGetActiveWindow()));
+  if (owner == this) owner = nullptr;  // a control in it has been given the focus already
   const long style = GetWindowStyleFlag() & ~wxDIALOG_NO_PARENT;
   SetWindowStyleFlag(owner == nullptr ? style | wxDIALOG_NO_PARENT : style);
   // Without a parent the toolkit would prefer the main window of a host that it knows.
