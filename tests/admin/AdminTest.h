@@ -2,58 +2,173 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <deque>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "tests/admin/AdminWindow.h"
+#include "admin/Administration.h"
 #include "tests/support/EngineUnderTest.h"
+#include "tests/support/MemoryControls.h"
+#include "tests/support/Rows.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
+#include "tests/support/TestSettings.h"
 #include "tests/support/tds/StandInServer.h"
 
 namespace quorvel::test {
 
-/// The administration over the sample data, on the embedded engine or through ODBC on the stand-in server.
-struct AdminSession {
-  explicit AdminSession(EngineKind kind);
+/// The administration over controls in memory and over the sample data, on the embedded engine or through ODBC on the
+/// stand-in server. admin.Load() opens it.
+class AdminSession : public ManageView, public NewItemDialog {
+ public:
+  explicit AdminSession(EngineKind kind) : controls(MakeControls()), admin(*this, controls) {
+    if (kind != EngineKind::StandIn) return;
+    server.emplace(database.DatabaseFile());
+    UseSettings(server->Address(), "Ledger; Driver=FreeTDS", StandInServer::kUser,
+                "\"" + std::string(StandInServer::kPassword) + "\"");
+  }
 
-  /// Loads the window. The recordsets then hold the rows of this moment.
-  void Open() { window.admin.Load(); }
+  // The actions of the user.
+  void Go(const std::string& view, const std::string& id, const std::string& caption = "General") {
+    admin.ClickView(view);
+    Pick(id);
+    Tab(caption);
+  }
+  void Pick(const std::string& id) {
+    Choose(controls.cboID, id);
+    admin.ClickID();
+  }
+  void Tab(const std::string& caption) {
+    tab = caption;
+    admin.ClickTab();
+  }
+  void Select(std::size_t lists, const std::string& text) {
+    Choose(controls.lstCurrent.at(lists), text);
+    admin.SelectCurrent(lists);
+  }
+  void Add(std::size_t lists, const std::string& text) {
+    Choose(controls.lstRemaining.at(lists), text);
+    admin.SelectRemaining(lists);
+    admin.ClickAdd(lists);
+  }
+  void Remove(std::size_t lists, const std::string& text) {
+    Select(lists, text);
+    admin.ClickRemove(lists);
+  }
+  void Check(std::size_t i, bool on) {
+    controls.chkRight.at(i)->SetValue(on ? 1 : 0);
+    admin.ClickField("chkRight" + std::to_string(i));
+  }
+  bool Type(TextField* box, const std::string& text, const std::string& field) {
+    box->SetText(text);
+    return admin.ChangeText(field);
+  }
+  /// Presses New and answers the question for the ID. A new context or remark type is the entity Order's.
+  void New(const std::string& id) {
+    prompts->texts.emplace_back(id);
+    admin.ClickNew();
+  }
+  /// Presses Delete and answers the question, if one is expected.
+  void Delete(std::optional<PromptAnswer> answer = std::nullopt) {
+    if (answer) prompts->answers.push_back(*answer);
+    admin.ClickDelete();
+    EXPECT_TRUE(prompts->answers.empty()) << "no question for " << ShownID();
+  }
+  static void Choose(ItemList* list, const std::string& text) {
+    const auto texts = Texts(list);
+    const auto found = std::find(texts.begin(), texts.end(), text);
+    EXPECT_NE(found, texts.end()) << text;
+    list->SetListIndex(static_cast<std::int32_t>(found - texts.begin()));
+  }
+
+  [[nodiscard]] static std::vector<std::string> Texts(const ItemList* list) {
+    std::vector<std::string> texts;
+    for (std::int32_t index = 0; index < list->Count(); ++index) texts.push_back(list->Text(index));
+    return texts;
+  }
+  [[nodiscard]] std::vector<std::string> Current(std::size_t i) const { return Texts(controls.lstCurrent.at(i)); }
+  [[nodiscard]] std::vector<std::string> Remaining(std::size_t i) const { return Texts(controls.lstRemaining.at(i)); }
+  [[nodiscard]] std::string ShownID() const { return controls.cboID->CurrentText(); }
+  [[nodiscard]] static bool IsEnabled(const EnabledControl* control) {
+    return dynamic_cast<const MemoryValue&>(*control).enabled;
+  }
+  /// Two columns of each row of a grid and its explanation, with bars between them.
+  [[nodiscard]] std::vector<std::string> Rows(std::size_t i, std::size_t first, std::size_t second) const {
+    const auto& grid = dynamic_cast<const MemoryRows&>(*controls.grdForm.at(i));
+    std::vector<std::string> texts;
+    for (std::int32_t row = 1; grid.rows && row <= grid.rows->RecordCount(); ++row) {
+      texts.push_back(Shown(grid.rows->At(row, first)) + "|" + Shown(grid.rows->At(row, second)));
+      if (grid.explanation) texts.back() += "|" + grid.explanation(row);
+    }
+    return texts;
+  }
+  /// The title, a bar and the text of each message and question since the last call.
+  [[nodiscard]] std::vector<std::string> Prompted() {
+    std::vector<std::string> texts;
+    for (const auto& shown : std::exchange(prompts->shown, {})) texts.push_back(shown.title + "|" + shown.text);
+    return texts;
+  }
   void Run(std::string_view batch) const { database.Run(batch); }
   [[nodiscard]] std::string Ask(std::string_view query) const { return database.Ask(query); }
-  /// The ID and the position of each remark type in a context, with a bar between them.
-  [[nodiscard]] std::vector<std::string> TypesOf(int contextKey) const;
-  /// The title, a bar and the text of each message and question since the last call.
-  [[nodiscard]] std::vector<std::string> Prompted();
-  /// Presses New and answers the question for the ID.
-  void New(const std::string& id);
-  /// Presses Delete and answers the question, if one is expected.
-  void Delete(std::optional<PromptAnswer> answer = std::nullopt);
 
+  // ManageView and NewItemDialog
+  void SetTitle(std::string_view text) override { title = text; }
+  void FreezeDrawing() override {}
+  void ThawDrawing() override {}
+  void SelectButton(std::string_view /*view*/) override {}
+  void ShowPanels(std::string_view /*view*/, std::string_view /*caption*/) override { tab = "General"; }
+  void SelectTab(std::string_view key) override { tab = key.substr(key.find(':') + 1); }
+  [[nodiscard]] std::string SelectedTab() const override { return tab; }
+  [[nodiscard]] NewItem AskForContext() override { return {prompts->AskText("Context", "New").value_or(""), 2}; }
+  [[nodiscard]] NewItem AskForRemarkType() override { return {prompts->AskText("Type", "New").value_or(""), 2}; }
+
+ private:
+  [[nodiscard]] ManageControls MakeControls() {
+    ManageControls c;
+    const auto make = [](auto& pool, auto&... faces) { ((faces = &pool.emplace_back()), ...); };
+    const auto fill = [&](auto& pool, auto&... arrays) {
+      (std::apply([&](auto&... faces) { make(pool, faces...); }, arrays), ...);
+    };
+    make(m_choices, c.cboID, c.cboBranch, c.cboEditBehavior);
+    make(m_texts, c.txtFirstName, c.txtLastName, c.txtRowHeight, c.txtProcedure, c.txtEntity);
+    make(m_values, c.chkUserActive, c.chkGroupByType, c.chkAllowRowSizing, c.udRowHeight);
+    fill(m_choices, c.lstCurrent, c.lstRemaining);
+    fill(m_texts, c.txtCaption, c.txtComment);
+    fill(m_values, c.cmdAdd, c.cmdRemove, c.cmdUp, c.cmdDown, c.chkRight);
+    fill(m_grids, c.grdForm);
+    for (const char* text : {"AutoSave", "NoAutoSave", "PromptSave"}) {
+      c.cboEditBehavior->Add(text, c.cboEditBehavior->Count());
+    }
+    c.frmNewContext = this;
+    return c;
+  }
+
+  std::deque<MemoryChoice> m_choices;
+  std::deque<MemoryText> m_texts;
+  std::deque<MemoryValue> m_values;
+  std::deque<MemoryRows> m_grids;
+
+ public:
+  std::string title;
+  std::string tab;
   PromptsGuard prompts;
   TestDatabase database;
   std::optional<StandInServer> server;
-  AdminWindow window;
+  ManageControls controls;
+  Administration admin;
 };
 
-/// A session on the engine of the test's parameter.
+/// A session on each engine.
 class AdminTest : public testing::TestWithParam<EngineKind>, protected AdminSession {
  protected:
-  AdminTest() : AdminSession(GetParam()) {}
+  AdminTest() : AdminSession(GetParam()) { admin.Load(); }
   using AdminSession::Run;  // testing::Test has one too
 };
-
-/// Two columns of each row of a grid, with a bar between them.
-[[nodiscard]] std::vector<std::string> Shown(const MemoryRows& grid, std::size_t first, std::size_t second);
-
-/// For INSTANTIATE_TEST_SUITE_P.
-inline const auto kBothEngines = testing::Values(EngineKind::Embedded, EngineKind::StandIn);
-[[nodiscard]] inline std::string NameOfParam(const testing::TestParamInfo<EngineKind>& param) {
-  return NameOf(param.param);
-}
 
 }  // namespace quorvel::test

@@ -6,19 +6,18 @@ namespace {
 using testing::_;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 
-class StatementsTest : public AdminTest {};
 // Only the server lists the statements that it was sent.
-INSTANTIATE_TEST_SUITE_P(Engines, StatementsTest, testing::Values(EngineKind::StandIn), NameOfParam);
 
 /// Statements with blanks, capitals and missing blanks that servers accept and readers would mend.
-TEST_P(StatementsTest, AreSentAsTheyAreWritten) {
-  Open();
+TEST(Statements, AreSentAsTheyAreWritten) {
+  AdminSession s(EngineKind::StandIn);
+  s.admin.Load();
+  EXPECT_THAT(s.title, EndsWith(") on " + s.server->Address() + ".Ledger; Driver=FreeTDS"));
   const struct {
-    const char* view;
-    const char* tab;
-    const char* part;
+    std::string view, tab, part;
   } cases[] = {{"Users", "Rights", "From  ttwUser t4 left join"},
                {"Users", "Rights", "WHERE t4.UserKey =3) T2 on T1.RightKey = T2.RightKey"},
                {"Users", "Remarks", "RemarkEntityKey)T1 left join (SELECT"},
@@ -32,32 +31,39 @@ TEST_P(StatementsTest, AreSentAsTheyAreWritten) {
                {"Entities", "Contexts", "Where t.RemarkEntityKey = 1ORDER BY t.ContextKey, t.ContextID"},
                {"Entities", "Remarks", "Where t.RemarkEntityKey = 1ORDER BY t.RemarkTypeKey, t.RemarkTypeID"}};
   for (const auto& each : cases) {
-    window.View(each.view);
-    server->ForgetRequests();
-    window.Tab(each.tab);
-    EXPECT_THAT(server->Requests(), Contains(HasSubstr(each.part)));
+    s.admin.ClickView(each.view);
+    s.server->ForgetRequests();
+    s.Tab(each.tab);
+    EXPECT_THAT(s.server->Requests(), Contains(HasSubstr(each.part)));
   }
 }
 
-TEST_P(StatementsTest, KeepThePositionsOfAContextInThisOrder) {
-  Open();
-  window.View("Remarks");
-  window.Pick("Cust.Credit");
-  window.Tab("Contexts");
-  server->ForgetRequests();
-  window.Add(6, "CustInq");
-  window.Remove(6, "CustInq");
-  const std::string update =
-      "UPDATE ttwRemarkContext\r\nSET DisplaySeq = 2\r\nWHERE ContextKey = 2 and RemarkTypeKey = 2";
+TEST(Statements, KeepThePositionsOfAContextInThisOrder) {
+  AdminSession s(EngineKind::StandIn);
+  s.admin.Load();
+  s.Go("Remarks", "Cust.Credit", "Contexts");
+  s.server->ForgetRequests();
+  s.Add(6, "CustInq");
+  s.Remove(6, "CustInq");
   EXPECT_THAT(
-      server->Requests(),
+      s.server->Requests(),
       ElementsAre("SELECT  DisplaySeq FROM ttwRemarkContext WHERE ContextKey = 2ORDER BY DisplaySeq", _,
-                  "call spTWCqvAddRemarkContext", update,
+                  "call spTWCqvAddRemarkContext",
+                  "UPDATE ttwRemarkContext\r\nSET DisplaySeq = 2\r\nWHERE ContextKey = 2 and RemarkTypeKey = 2",
                   "SELECT RemarkTypeKey, Priority, DisplaySeq FROM ttwRemarkContext WHERE ContextKey = 2  AND "
                   "RemarkTypeKey = 2",
                   "SELECT DisplaySeq FROM ttwRemarkContext WHERE ContextKey = 2and RemarkTypeKey = 2",
                   "SELECT RemarkTypeKey, DisplaySeq FROM ttwRemarkContext WHERE ContextKey = 2and DisplaySeq > 2", _,
                   "call spTWCqvRemoveRemarkContext"));
+
+  s.Go("Contexts", "CustMaint", "Remarks");
+  s.Select(7, "General");
+  s.server->ForgetRequests();
+  s.admin.ClickRemove(7);
+  EXPECT_THAT(s.server->Requests(),
+              ElementsAre(HasSubstr("WHERE RemarkTypeKey = 3  AND ContextKey = 1"),
+                          "UPDATE ttwRemarkContext\r\nSET DisplaySeq = 2\r\nWHERE RemarkTypeKey = 4 and ContextKey = 1",
+                          "call spTWCqvRemoveRemarkContext"));
 }
 
 }  // namespace

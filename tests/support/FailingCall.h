@@ -7,10 +7,12 @@
 
 namespace quorvel::test {
 
-/// Lets the ODBC call with that number fail, counted from 1 since the construction; 0 means none.
+/// Lets the ODBC call with that number fail, counted from 1 since the construction; 0 means none. With `andLater` the
+/// calls after it fail as well, as when the server goes away.
 class FailingCall : public ado::odbc::CallObserver {
  public:
-  explicit FailingCall(int number) : m_left(number), m_before(ado::odbc::Observe(this)) {}
+  explicit FailingCall(int number, bool andLater = false)
+      : m_left(number), m_andLater(andLater), m_before(ado::odbc::Observe(this)) {}
   ~FailingCall() override { ado::odbc::Observe(m_before); }
   FailingCall(const FailingCall&) = delete;
   FailingCall& operator=(const FailingCall&) = delete;
@@ -18,7 +20,8 @@ class FailingCall : public ado::odbc::CallObserver {
   bool Allows(std::string_view function) override {
     if (function == "SQLAllocHandle") ++handles;
     if (function == "SQLFreeHandle") --handles;
-    if (--m_left != 0) return true;
+    --m_left;
+    if (m_left > 0 || (m_left < 0 && !m_andLater)) return true;
     failed = function;
     return false;
   }
@@ -28,6 +31,7 @@ class FailingCall : public ado::odbc::CallObserver {
 
  private:
   int m_left;
+  bool m_andLater;
   ado::odbc::CallObserver* m_before;
 };
 

@@ -25,30 +25,15 @@ class MemoryChoice : public Choice {
     sets.push_back(-1);
   }
   [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(items.size()); }
-  [[nodiscard]] std::string Text(std::int32_t index) const override { return At(index).first; }
-  [[nodiscard]] std::int32_t Datum(std::int32_t index) const override { return At(index).second; }
+  [[nodiscard]] std::string Text(std::int32_t index) const override {
+    return items.at(static_cast<std::size_t>(index)).first;
+  }
+  [[nodiscard]] std::int32_t Datum(std::int32_t index) const override {
+    return items.at(static_cast<std::size_t>(index)).second;
+  }
   [[nodiscard]] std::int32_t ListIndex() const override { return sets.back(); }
   void SetListIndex(std::int32_t index) override { sets.push_back(index < Count() ? index : -1); }
   [[nodiscard]] std::string CurrentText() const override { return ListIndex() < 0 ? "" : Text(ListIndex()); }
-
-  [[nodiscard]] const std::pair<std::string, std::int32_t>& At(std::int32_t index) const {
-    return items.at(static_cast<std::size_t>(index));
-  }
-  /// The texts of all items.
-  [[nodiscard]] std::vector<std::string> Texts() const {
-    std::vector<std::string> texts;
-    for (const auto& [text, datum] : items) texts.push_back(text);
-    return texts;
-  }
-  /// Makes the item with that text current, as the user does with a click; false when there is none.
-  bool Pick(std::string_view text) {
-    for (std::int32_t index = 0; index < Count(); ++index) {
-      if (Text(index) != text) continue;
-      SetListIndex(index);
-      return true;
-    }
-    return false;
-  }
 
   std::vector<std::pair<std::string, std::int32_t>> items;
   std::vector<std::int32_t> sets = {-1};
@@ -62,22 +47,8 @@ class MemoryText : public TextField {
   std::string text;
 };
 
-class MemoryNumber : public NumberField {
- public:
-  [[nodiscard]] std::int32_t Value() const override { return value; }
-  void SetValue(std::int32_t number) override { value = number; }
-
-  std::int32_t value = 0;
-};
-
-class MemoryButton : public EnabledControl {
- public:
-  void SetEnabled(bool on) override { enabled = on; }
-
-  bool enabled = true;
-};
-
-class MemoryCheck : public CheckField {
+/// A check box, a number field or a button.
+class MemoryValue : public CheckField, public NumberField {
  public:
   void SetEnabled(bool on) override { enabled = on; }
   [[nodiscard]] std::int32_t Value() const override { return value; }

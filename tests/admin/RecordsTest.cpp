@@ -1,0 +1,207 @@
+// What the six views have in common: new and deleted records, fields and links.
+
+#include <string>
+
+#include "data/modUserName.h"
+#include "tests/admin/AdminTest.h"
+
+namespace quorvel::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+INSTANTIATE_TEST_SUITE_P(Engines, AdminTest, testing::Values(EngineKind::Embedded, EngineKind::StandIn),
+                         [](const auto& engine) { return NameOf(engine.param); });
+
+TEST_P(AdminTest, NewRecordsHaveAnIDOfTheirOwn) {
+  const struct {
+    std::string view, defined, question, refusal;
+  } cases[] = {
+      {"Groups", "sales", "Create New Group|Group ID", "Group Already Defined|sales is already defined as a group"},
+      {"Rights", "o", "Create New Right|Right ID", "Right Already Defined|o is already defined as a Right"},
+      {"Remarks", "o", "New|Type", "Remark Type Already Defined|o is already defined as a remark type."},
+      {"Contexts", "o", "New|Context", "Context Already Defined|o is already defined as a context."},
+      {"Entities", "o", "Create New Entity|Entity ID", "Entity Already Defined|o is already defined as a Entity"}};
+  Run("INSERT INTO ttwRight (RightID) VALUES ('O') INSERT INTO ttwRemarkType (RemarkTypeID, RemarkEntityKey) VALUES "
+      "('O', 1) INSERT INTO ttwContext (ContextID, RemarkEntityKey) VALUES ('O', 1) INSERT INTO ttwRemarkEntity "
+      "(RemarkEntityID) VALUES ('O')");
+  admin.Load();
+  for (const auto& each : cases) {
+    admin.ClickView(each.view);
+    tab = "Users";
+    New(each.defined);
+    EXPECT_THAT(Prompted(), ElementsAre(each.question, each.refusal));
+    New("New");
+    EXPECT_EQ(ShownID() + tab, "NewGeneral");
+    Delete();
+    EXPECT_THAT(Prompted(), ElementsAre(each.question)) << "nothing is linked to it";
+    EXPECT_THAT(Texts(controls.cboID), Not(Contains("New")));
+  }
+  New("Men's wear");
+  EXPECT_EQ(ShownID(), "Men's wear") << "entities are filtered by key, so a quote does no harm";
+  admin.ClickView("Users");
+  New("O'Brien");
+  EXPECT_THAT(Prompted(), Contains(StartsWith("Error in ")));
+  New("JSmith");
+  EXPECT_EQ(Prompted().back(), "User Already Defined|JSmith is already defined as a user.");
+  New("nwood");
+  EXPECT_EQ(Ask("SELECT SUM(GroupKey) FROM ttwGroupMember WHERE UserKey > 4"), "1") << "new users join group 1";
+}
+
+TEST_P(AdminTest, DeletingAsksWhenOtherRecordsAreLinked) {
+  Run("INSERT INTO ttwGroup (GroupID) VALUES ('R'), ('UR'), ('TU') "
+      "INSERT INTO ttwRightAssignment (GroupKey, RightKey) VALUES (5, 1), (6, 1) "
+      "INSERT INTO ttwGroupMember (GroupKey, UserKey) VALUES (6, 1), (6, 2), (7, 4) "
+      "INSERT INTO ttwRemarkRight (GroupKey, RemarkTypeKey) VALUES (7, 1) "
+      "DELETE FROM ttwRemarkContext WHERE RemarkTypeKey = 6 "
+      "INSERT INTO ttwRemarkEntity (RemarkEntityID) VALUES ('C'), ('T') "
+      "UPDATE ttwContext SET RemarkEntityKey = 3 WHERE ContextKey = 2 "
+      "UPDATE ttwRemarkType SET RemarkEntityKey = 4 WHERE RemarkTypeKey = 4");
+  admin.Load();
+  const struct {
+    std::string view, id, title, relation, after;
+  } cases[] = {{"Users", "guest", "User", " is a member of 1 group(s).", ""},
+               {"Groups", "R", "Entity", " is a group related to  and 1 Right(s)", ". "},
+               {"Groups", "UR", "Entity", " is a group related to  and 2 User(s)  and 1 Right(s)", ". "},
+               {"Groups", "TU", "Entity", " is a group related to 1 Remark Type(s) and 1 User(s) ", ". "},
+               {"Rights", "Order.Enter", "User", " is a right assigned to 3 group(s).", ""},
+               {"Remarks", "Ord.Ship", "Entity", " is a remark type related to 1 Context(s) and 2 Group(s) ", ". "},
+               {"Remarks", "Ord.Note", "Entity", " is a remark type related to  and 2 Group(s) ", ". "},
+               {"Contexts", "OrderEntry", "Context", " is associated with 1 remark type(s).", ""},
+               {"Entities", "Order", "Entity", " is a entity related to 2 Remark Type(s) and 1 Context(s) ", ". "},
+               {"Entities", "C", "Entity", " is a entity related to 1 Context(s) ", ". "},
+               {"Entities", "T", "Entity", " is a entity related to 1 Remark Type(s)", ". "}};
+  for (const auto& each : cases) {
+    Go(each.view, each.id);
+    Delete(PromptAnswer::No);
+    EXPECT_THAT(Prompted(), ElementsAre("Confirm Delete " + each.title + "|" + each.id + each.relation + "\r\n" +
+                                        each.after + "Are you sure you want to PERMANENTLY delete " + each.id + "?"));
+    EXPECT_EQ(ShownID(), each.id);
+  }
+}
+
+TEST_P(AdminTest, DeletedRecordsAreFollowedByAnother) {
+  const std::string own = Ask("SELECT UPPER('" + modUserName::GetUserName() + "')");
+  Run("INSERT INTO ttwUser (UserID) VALUES ('" + own + "') UPDATE ttwGroup SET GroupID = 'dEFAULT' WHERE GroupKey = 1");
+  admin.Load();
+  Pick(own);
+  Delete();
+  EXPECT_THAT(Prompted(), ElementsAre("Cannot Delete User|You are not permitted to delete your own userid"));
+  Pick("jsmith");
+  Delete(PromptAnswer::Yes);
+  EXPECT_EQ(ShownID(), own);
+  Run("DELETE FROM ttwUser WHERE UserID = '" + own + "'");
+  Pick("guest");
+  Delete();
+  EXPECT_EQ(ShownID() + controls.txtFirstName->Text(), "adminAnna");
+
+  Go("Groups", "dEFAULT");
+  Delete();
+  EXPECT_EQ(Prompted().back(), "Cannot Delete Group|The Default group may not be deleted");
+  Go("Groups", "Sales", "Users");
+  Delete(PromptAnswer::Yes);
+  Remove(1, "admin");
+  EXPECT_EQ(Ask("SELECT COUNT(*) FROM ttwGroupMember WHERE GroupKey = 4"), "0") << "the lists are the next group's";
+  Go("Groups", "Collections", "Rights");
+  Run("DROP PROCEDURE spTWCDeleteGroup");
+  Delete(PromptAnswer::Yes);
+  Add(2, "Order.Delete");
+  EXPECT_EQ(Ask("SELECT MIN(GroupKey) FROM ttwRightAssignment WHERE RightKey = 4"), "2") << "the tab is still Rights";
+  for (const char* entity : {"Order", "Customer"}) {
+    Go("Entities", entity);
+    Delete(PromptAnswer::Yes);
+  }
+  EXPECT_EQ(ShownID() + controls.txtCaption[4]->Text(), "") << "the table is empty";
+}
+
+TEST_P(AdminTest, FieldsShowWhatIsStored) {
+  const struct {
+    std::string view, id, field, typed, stored;
+    TextField* box;
+  } cases[] = {{"Users", "guest", "lastname", "O'Neill-\"Ray\"", "ONeillRay", controls.txtLastName},
+               {"Users", "guest", "FirstName", "Ann", "Ann", controls.txtFirstName},
+               {"Groups", "Default", "comment", "50% 'off'", "50 off", controls.txtComment[0]},
+               {"Rights", "Order.Enter", "Comment", "a", "a", controls.txtComment[1]},
+               {"Remarks", "Ord.Note", "caption", "b & c", "b & c", controls.txtCaption[2]},
+               {"Contexts", "CustInq", "Comment", "d", "d", controls.txtComment[3]},
+               {"Entities", "Order", "procedure", "sp-Get", "spGet", controls.txtProcedure},
+               {"Entities", "Order", "EntityKey", "-7/0", "70", controls.txtEntity}};
+  for (const auto& each : cases) {
+    Go(each.view, each.id);
+    EXPECT_TRUE(Type(each.box, each.typed, each.field)) << each.field;
+    EXPECT_EQ(each.box->Text(), each.stored);
+    admin.Load();
+    Go(each.view, each.id);
+    EXPECT_EQ(each.box->Text(), each.stored);
+  }
+}
+
+TEST_P(AdminTest, RefusedAndLateChangesAreTakenBack) {
+  Run("INSERT INTO ttwGroup (GroupID) VALUES ('Team') INSERT INTO ttwRemarkEntity (RemarkEntityKey, RemarkEntityID, "
+      "Caption) VALUES (32767, 'Last', 'last'), (32768, 'Over', 'over')");
+  admin.Load();
+  Pick("jsmith");
+  EXPECT_FALSE(Type(controls.txtLastName, std::string(61, 'x'), "LastName"));
+  EXPECT_EQ(controls.txtLastName->Text(), "Smith");
+  EXPECT_THAT(Prompted(), ElementsAre(StartsWith("Error in "))) << "61 characters are too many";
+  Run("DELETE FROM ttwGroupMember WHERE UserKey = 1 DELETE FROM ttwUser WHERE UserKey = 1");
+  EXPECT_FALSE(Type(controls.txtFirstName, "Janet", "FirstName"));
+  EXPECT_THAT(Prompted(), ElementsAre(HasSubstr("\"jsmith\" is no longer there")));
+  EXPECT_EQ(ShownID() + controls.txtFirstName->Text(), "adminAnna");
+
+  Go("Groups", "Team");
+  Run("DELETE FROM ttwGroup WHERE GroupKey = 5 INSERT INTO ttwGroup (GroupID) VALUES ('Team')");
+  EXPECT_FALSE(Type(controls.txtCaption[0], "of the former one", "Caption"));
+  EXPECT_TRUE(Type(controls.txtCaption[0], "of the new one", "Caption"));
+
+  Go("Entities", "Last");
+  EXPECT_EQ(controls.txtCaption[4]->Text() + Prompted().front().substr(0, 5), "lastError");
+  Pick("Over");
+  EXPECT_THAT(Prompted(), ElementsAre(EndsWith("|Overflow"))) << "the key has more than 16 bits";
+  EXPECT_EQ(controls.txtCaption[4]->Text(), "") << "the other entity's caption must not be edited as this one's";
+  EXPECT_FALSE(Type(controls.txtCaption[4], "typed", "Caption"));
+  EXPECT_EQ(Ask("SELECT Caption FROM ttwRemarkEntity WHERE RemarkEntityKey = 32768"), "over");
+}
+
+TEST_P(AdminTest, ListsLinkRecordsAndTheirFlags) {
+  const struct {
+    std::string view, id, tab, item;
+    std::size_t firstFlag, lastFlag;
+  } cases[] = {{"Users", "jsmith", "Groups", "Sales", 1, 0},
+               {"Groups", "Sales", "Users", "guest", 1, 0},
+               {"Groups", "Sales", "Rights", "Order.Delete", 1, 0},
+               {"Groups", "Sales", "Remarks", "General", 0, 3},
+               {"Rights", "Order.Delete", "Groups", "Sales", 1, 0},
+               {"Remarks", "Ord.Ship", "Groups", "Default", 4, 7},
+               {"Remarks", "Cust.Credit", "Contexts", "CustInq", 8, 8},
+               {"Contexts", "CustInq", "Remarks", "Internal", 9, 9}};
+  for (std::size_t lists = 0; lists < 8; ++lists) {
+    const auto& each = cases[lists];
+    SCOPED_TRACE(each.view + each.tab);
+    Go(each.view, each.id, each.tab);
+    Add(lists, each.item);
+    EXPECT_TRUE(IsEnabled(controls.cmdRemove[lists]) && !IsEnabled(controls.cmdAdd[lists]));
+    Tab(each.tab);
+    EXPECT_THAT(Remaining(lists), Not(Contains(each.item)));
+    for (std::size_t i = each.firstFlag; i <= each.lastFlag; ++i) {
+      const std::string column =
+          i < 8 ? std::string("CanCreateCanUpdateCanRead  CanDelete").substr(i % 4 * 9, 9) : "Priority";
+      const std::string sum = "SELECT SUM(" + column + ") FROM ttwRemark" + (i < 8 ? "Right" : "Context");
+      const int before = std::stoi(Ask(sum));
+      Select(lists, each.item);
+      Check(i, true);
+      EXPECT_EQ(Ask(sum), std::to_string(before + 1)) << column;
+    }
+    Remove(lists, each.item);
+    Tab(each.tab);
+    EXPECT_THAT(Current(lists), Not(Contains(each.item)));
+  }
+}
+
+}  // namespace
+}  // namespace quorvel::test
