@@ -170,41 +170,5 @@ TEST(AdminWithoutServer, NamesNoOtherRecordThanTheManagersCurrentOne) {
   EXPECT_EQ(s.ShownID(), "Order.Delete");
 }
 
-/// The server answers no call.
-class ServerAway : public ado::odbc::CallObserver {
- public:
-  ServerAway() : m_before(ado::odbc::Observe(this)) {}
-  ~ServerAway() override { ado::odbc::Observe(m_before); }
-  ServerAway(const ServerAway&) = delete;
-  ServerAway& operator=(const ServerAway&) = delete;
-
-  bool Allows(std::string_view /*function*/) override { return false; }
-
- private:
-  ado::odbc::CallObserver* m_before;
-};
-
-TEST(AdminWithoutServer, NamesNoOtherRecordThanTheManagersCurrentOne) {
-  AdminSession session(EngineKind::StandIn);
-  AdminWindow& window = session.window;
-  session.Open();
-  window.View("Rights");
-  window.Pick("Order.Delete");
-  window.View("Users");
-  window.Pick("jsmith");
-  {
-    const ServerAway away;
-    EXPECT_FALSE(window.Type(window.txtLastName, "typed", "LastName"));
-    window.Pick("guest");
-    EXPECT_EQ(window.cboID.CurrentText(), "");
-    window.View("Rights");
-    EXPECT_EQ(window.cboID.CurrentText(), "");
-  }
-  window.admin.ClickDelete();
-  EXPECT_EQ(session.Ask("SELECT COUNT(*) FROM ttwRight"), "6");
-  window.Tab("Groups");
-  EXPECT_EQ(window.cboID.CurrentText(), "Order.Delete");
-}
-
 }  // namespace
 }  // namespace quorvel::test
