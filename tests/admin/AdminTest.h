@@ -74,9 +74,9 @@ class AdminSession : public ManageView, public NewItemDialog {
     prompts->texts.emplace_back(id);
     admin.ClickNew();
   }
-  /// Presses Delete and answers the question, if one is expected.
-  void Delete(std::optional<PromptAnswer> answer = std::nullopt) {
-    if (answer) prompts->answers.push_back(*answer);
+  /// Presses Delete and answers the questions.
+  void Delete(const std::deque<PromptAnswer>& answers = {}) {
+    prompts->answers = answers;
     admin.ClickDelete();
     EXPECT_TRUE(prompts->answers.empty()) << "no question for " << ShownID();
   }
@@ -125,10 +125,13 @@ class AdminSession : public ManageView, public NewItemDialog {
   void ShowPanels(std::string_view /*view*/, std::string_view /*caption*/) override { tab = "General"; }
   void SelectTab(std::string_view key) override { tab = key.substr(key.find(':') + 1); }
   [[nodiscard]] std::string SelectedTab() const override { return tab; }
-  [[nodiscard]] NewItem AskForContext() override { return {prompts->AskText("Context", "New").value_or(""), 2}; }
-  [[nodiscard]] NewItem AskForRemarkType() override { return {prompts->AskText("Type", "New").value_or(""), 2}; }
+  [[nodiscard]] NewItem AskForContext() override { return AskFor("Context"); }
+  [[nodiscard]] NewItem AskForRemarkType() override { return AskFor("Remark Type"); }
 
  private:
+  [[nodiscard]] NewItem AskFor(const std::string& kind) const {
+    return {prompts->AskText(kind + " ID", "Create New " + kind).value_or(""), 2};
+  }
   [[nodiscard]] ManageControls MakeControls() {
     ManageControls c;
     const auto make = [](auto& pool, auto&... faces) { ((faces = &pool.emplace_back()), ...); };
