@@ -18,6 +18,16 @@ using testing::StartsWith;
 INSTANTIATE_TEST_SUITE_P(Engines, AdminTest, testing::Values(EngineKind::Embedded, EngineKind::StandIn),
                          [](const auto& engine) { return NameOf(engine.param); });
 
+TEST(AdminSession, OpensWhenTheFirstUserCannotBeShown) {
+  AdminSession s(EngineKind::Embedded);
+  s.Run("INSERT INTO ttwUser (UserID) VALUES ('''t Hooft')");
+  s.admin.Load();
+  EXPECT_THAT(s.Prompted(), ElementsAre(StartsWith("Error in "))) << "no filter finds an ID with a quote";
+  EXPECT_EQ(s.controls.txtLastName->Text(), "");
+  s.Pick("jsmith");
+  EXPECT_EQ(s.controls.txtLastName->Text(), "Smith");
+}
+
 TEST_P(AdminTest, NewRecordsHaveAnIDOfTheirOwn) {
   const struct {
     std::string view, defined, kind, words;
