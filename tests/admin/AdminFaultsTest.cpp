@@ -1,5 +1,6 @@
 // Every operation of every manager with each of its ODBC calls failing once.
 
+#include <iterator>
 #include <string>
 #include <vector>
 

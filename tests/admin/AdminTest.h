@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <deque>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 

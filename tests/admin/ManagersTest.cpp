@@ -1,4 +1,4 @@
-// What each view does on its own.
+// Scenarios of single views.
 
 #include <string>
 

@@ -1,5 +1,6 @@
-// What the six views have in common: new and deleted records, fields and links.
+// New and deleted records, fields and links: the common part of the six views.
 
+#include <iterator>
 #include <string>
 
 #include "data/modUserName.h"
