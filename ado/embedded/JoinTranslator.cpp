@@ -4,11 +4,16 @@
 
 #include "ado/embedded/Clauses.h"
 #include "ado/embedded/Quoting.h"
+#include "platform/AtScopeEnd.h"
+#include "platform/Text.h"
 
 namespace quorvel::ado::embedded {
 
-std::string JoinTranslator::ParseFrom() {
+std::string JoinTranslator::ParseFrom(bool keepsColumnOrder) {
   if (!m_cursor.Accept("FROM")) return {};
+  // A subquery in the clause sets its own.
+  const AtScopeEnd restore([this, outer = m_keepsColumnOrder] { m_keepsColumnOrder = outer; });
+  m_keepsColumnOrder = keepsColumnOrder;
   std::string sources = ParseSource();
   while (m_cursor.Accept(",")) sources += ", " + ParseSource();
   return " FROM " + sources;
@@ -33,7 +38,12 @@ std::string JoinTranslator::ParseJoin(const std::string& left) {
   while (IsJoin()) right = ParseJoin(right);
   if (isNested) right = fmt::format("({})", right);
   m_cursor.Expect("ON");
-  return fmt::format("{} {} JOIN {} ON {}", left, kind, right, m_parts.ParseExpression().sql);
+  const std::string condition = m_parts.ParseExpression().sql;
+  // SQLite reads the right operand of a RIGHT JOIN whole before a WHERE can narrow it.
+  if (EqualIgnoringCase(kind, "RIGHT") && !m_keepsColumnOrder) {
+    return fmt::format("{} LEFT JOIN ({}) ON {}", right, left, condition);
+  }
+  return fmt::format("{} {} JOIN {} ON {}", left, kind, right, condition);
 }
 
 /// A table, a subquery or a join in brackets, with its alias.

@@ -12,8 +12,8 @@ class JoinTranslator {
  public:
   JoinTranslator(TokenCursor& cursor, StatementParts& parts) : m_cursor(cursor), m_parts(parts) {}
 
-  /// " FROM sources", or nothing.
-  [[nodiscard]] std::string ParseFrom();
+  /// " FROM sources", or nothing. With `keepsColumnOrder` a bare * in the select list gives the columns as they stand.
+  [[nodiscard]] std::string ParseFrom(bool keepsColumnOrder);
 
  private:
   std::string ParseSource();
@@ -23,6 +23,7 @@ class JoinTranslator {
 
   TokenCursor& m_cursor;
   StatementParts& m_parts;
+  bool m_keepsColumnOrder = false;
 };
 
 }  // namespace quorvel::ado::embedded

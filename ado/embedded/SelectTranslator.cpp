@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "ado/embedded/Clauses.h"
 
 namespace quorvel::ado::embedded {
@@ -49,7 +51,8 @@ Select SelectTranslator::ParseCore() {
     select.items.push_back(ParseItem());
   } while (m_cursor.Accept(","));
   if (m_cursor.Is("INTO")) m_cursor.FailUnsupported("SELECT .. INTO");
-  select.tail = m_joins.ParseFrom();
+  const auto isStar = [](const Select::Item& item) { return item.expression.sql == "*"; };
+  select.tail = m_joins.ParseFrom(std::any_of(select.items.begin(), select.items.end(), isStar));
   select.tail += ParseWhere(m_cursor, m_parts);
   if (m_cursor.AcceptAll({"GROUP", "BY"})) select.tail += " GROUP BY " + ParseExpressionList(m_cursor, m_parts);
   if (m_cursor.Accept("HAVING")) select.tail += " HAVING " + m_parts.ParseExpression().sql;

@@ -38,6 +38,12 @@ TEST_F(EmbeddedStatements, TakesJoinedPiecesAndJoinsWhoseOnComesLater) {
            "t.Caption)T2 on T2.TypeID = T1.RemarkTypeID ORDER BY T1.RemarkTypeID"),
       ElementsAre("Cust.AR.Coll|1", "Cust.Credit|1", "Cust.General|1", "Cust.Internal|NULL", "Ord.Note|1",
                   "Ord.Ship|NULL"));
+  for (const char* const columns : {"a.n, b.n", "*"}) {
+    EXPECT_THAT(Rows(std::string("SELECT ") + columns +
+                     " FROM (SELECT 1 AS n) a INNER JOIN (SELECT 1 AS m) x ON x.m = a.n "
+                     "right JOIN (SELECT 2 AS n) b ON a.n = b.n"),
+                ElementsAre(columns[0] == '*' ? "NULL|NULL|2" : "NULL|2"));
+  }
 }
 
 TEST_F(EmbeddedStatements, ComparesTextsWithoutCaseAndTrailingBlanks) {
