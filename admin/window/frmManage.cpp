@@ -240,18 +240,14 @@ void frmManage::BindFields() {
 }
 
 void frmManage::BindField(BoundCheck& check, std::string field) {
-  check.Box().Bind(wxEVT_CHECKBOX, UserAction([this, &check, field = std::move(field)] {
-                     const std::int32_t chosen = check.Value();
-                     LeaveBusyAfterError([&] { check.SetValue(chosen); });
-                     if (check.Box().IsEnabled()) KeepTyped([&] { m_administration.ClickField(field); });
+  check.Box().Bind(wxEVT_CHECKBOX, UserAction([this, field = std::move(field)] {
+                     if (!LeaveBusyAfterError()) KeepTyped([&] { m_administration.ClickField(field); });
                    }));
 }
 
 void frmManage::BindField(BoundCombo& combo, std::string field) {
-  combo.Box().Bind(wxEVT_COMBOBOX, UserAction([this, &combo, field = std::move(field)] {
-                     const std::int32_t chosen = combo.ListIndex();
-                     LeaveBusyAfterError([&] { combo.SetListIndex(chosen); });
-                     KeepTyped([&] { m_administration.ClickField(field); });
+  combo.Box().Bind(wxEVT_COMBOBOX, UserAction([this, field = std::move(field)] {
+                     if (!LeaveBusyAfterError()) KeepTyped([&] { m_administration.ClickField(field); });
                    }));
 }
 
@@ -260,11 +256,11 @@ void frmManage::BindPair(std::size_t i) {
   wxListBox& remaining = m_controls.lstRemaining.at(i).Box();
   current.Bind(wxEVT_LISTBOX, UserAction([this, i] {
                  m_isAdded.at(i) = false;
-                 LeaveBusyAfterError(m_controls.lstCurrent.at(i));
+                 ChooseAfterError(m_controls.lstCurrent.at(i));
                  m_administration.SelectCurrent(i);
                }));
   remaining.Bind(wxEVT_LISTBOX, UserAction([this, i] {
-                   LeaveBusyAfterError(m_controls.lstRemaining.at(i));
+                   ChooseAfterError(m_controls.lstRemaining.at(i));
                    m_administration.SelectRemaining(i);
                  }));
   current.Bind(wxEVT_KILL_FOCUS, UserAction([this, i](wxFocusEvent& event) {
@@ -355,7 +351,8 @@ bool frmManage::CommitRowHeight(bool evenIfBusy) {
     return isWritten;
   }
   const std::int32_t chosen = m_controls.udRowHeight.Value();
-  LeaveBusyAfterError([&] { m_controls.udRowHeight.SetValue(chosen); });
+  // A number that was typed is written even now: the user would lose it.
+  if (LeaveBusyAfterError()) m_controls.udRowHeight.SetValue(chosen);
   KeepTyped([&] { m_administration.ChangeRowHeight(); });
   return true;
 }
@@ -379,17 +376,16 @@ void frmManage::KeepTyped(const Write& write, const BoundText* written) {
   for (const auto& [text, value] : typed) text->PutBack(value);
 }
 
-template <typename ChooseAgain>
-void frmManage::LeaveBusyAfterError(const ChooseAgain& chooseAgain) {
-  if (!m_administration.IsBusy()) return;
+bool frmManage::LeaveBusyAfterError() {
+  if (!m_administration.IsBusy()) return false;
   KeepTyped([this] { m_administration.ClickTab(); });
-  if (!m_administration.IsBusy()) chooseAgain();
+  return true;
 }
 
-void frmManage::LeaveBusyAfterError(BoundList& list) {
+void frmManage::ChooseAfterError(BoundList& list) {
   if (list.ListIndex() < 0) return;
   const std::int32_t key = list.Datum(list.ListIndex());
-  LeaveBusyAfterError([&] { modControls::SelectByKey(list, key, false); });
+  if (LeaveBusyAfterError()) modControls::SelectByKey(list, key, false);
 }
 
 template <typename Action>

@@ -86,11 +86,11 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   template <typename Write>
   void KeepTyped(const Write& write, const BoundText* written = nullptr);
   [[nodiscard]] std::int32_t ShownKey() const;
-  /// The busy flag that an error has left set would make Administration ignore a choice that the user sees. Shows the
-  /// tab again, which clears the flag, and repeats the choice.
-  template <typename ChooseAgain>
-  void LeaveBusyAfterError(const ChooseAgain& chooseAgain);
-  void LeaveBusyAfterError(BoundList& list);
+  /// While the busy flag that an error has left is set, no choice is written. Shows the tab again, which clears the flag,
+  /// so that the user sees what is stored and can choose again. False when the flag is clear.
+  bool LeaveBusyAfterError();
+  /// The same, and then the entry that the user has chosen is chosen still.
+  void ChooseAfterError(BoundList& list);
   /// Writes the texts, and then runs the action unless a text is still not written.
   template <typename Action>
   void AfterTexts(const Action& action);
