@@ -2,11 +2,11 @@
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
-#include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include "admin/window/EntryListBox.h"
 #include "platform/wx/MakeButton.h"
 #include "platform/wx/NativeControls.h"
 #include "platform/wx/Text.h"
@@ -46,8 +46,8 @@ ListPairPanel::ListPairPanel(wxWindow& panel, const std::string& member, const C
 wxListBox* ListPairPanel::AddList(wxSizer& column, const std::string& name, std::string_view caption) {
   column.Add(new wxStaticText(&m_panel, wxID_ANY, ui::ToWx(caption)),
              wxSizerFlags().Border(wxBOTTOM, m_panel.FromDIP(4)));
-  auto* list = new wxListBox(&m_panel, wxID_ANY, wxDefaultPosition, m_panel.FromDIP(kFirstListSize), 0, nullptr,
-                             wxLB_SINGLE, wxDefaultValidator, ui::ToWx(name));
+  auto* list = new EntryListBox(&m_panel, wxID_ANY, wxDefaultPosition, m_panel.FromDIP(kFirstListSize), 0, nullptr,
+                                wxLB_SINGLE, wxDefaultValidator, ui::ToWx(name));
   list->SetMinSize({kListCharacters * list->GetCharWidth(), kListLines * list->GetCharHeight()});
   ui::SetAccessibleName(*list, ui::FromWx(wxControl::RemoveMnemonics(ui::ToWx(caption))));
   ui::KeepScrollBars(*list);

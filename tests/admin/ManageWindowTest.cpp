@@ -120,6 +120,24 @@ TEST_F(ManageWindowTest, KeysAndADoubleClickLinkAndUnlink) {
   });
 }
 
+TEST_F(ManageWindowTest, EntriesAreAddedOneAfterTheOtherFromTheTop) {
+  Open([&] {
+    Key('5', wxMOD_CONTROL);
+    Key('K', wxMOD_ALT);
+    for (const char* type : {"Credit", "Internal"}) {
+      Key('O', wxMOD_ALT);
+      Key(WXK_DOWN);
+      Key(WXK_HOME);
+      EXPECT_EQ(The<wxListBox>("lstRemaining7").GetStringSelection(), type);
+      EXPECT_EQ(The<wxListBox>("lstCurrent7").GetSelection(), wxNOT_FOUND);
+      Key('A', wxMOD_ALT);
+      EXPECT_TRUE(WaitFor([&] { return The<wxListBox>("lstCurrent7").GetStringSelection() == type; }));
+    }
+    Key(WXK_ESCAPE);
+    EXPECT_TRUE(Closes());
+  });
+}
+
 TEST_F(ManageWindowTest, RefusedTextKeepsTheWindowOpenOnce) {
   Open([&] {
     Key('6', wxMOD_CONTROL);
