@@ -86,8 +86,8 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   template <typename Write>
   void KeepTyped(const Write& write, const BoundText* written = nullptr);
   [[nodiscard]] std::int32_t ShownKey() const;
-  /// While the busy flag that an error has left is set, no choice is written. Shows the tab again, which clears the flag,
-  /// so that the user sees what is stored and can choose again. False when the flag is clear.
+  /// While the busy flag that an error has left is set, no choice is written. Shows the tab again, which clears the
+  /// flag, so that the user sees what is stored and can choose again. False when the flag is clear.
   bool LeaveBusyAfterError();
   /// The same, and then the entry that the user has chosen is chosen still.
   void ChooseAfterError(BoundList& list);
