@@ -31,6 +31,7 @@ TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFault) {
                     HasSubstr("FAIL  owner procedure spGone, entity Order: "),
                     HasSubstr("      Run 'quorvel init' to create what is missing.\n")));
   EXPECT_THAT(broken.errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 5 of "));
+  EXPECT_THAT(Quorvel({"manage"}).errors, HasSubstr("quorvel: error -1 at quorvel.manage: Table ttwRightAssignment: "));
 
   ASSERT_THAT(Quorvel({"init"}), Succeeds());
   EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 2 of "));
