@@ -81,7 +81,7 @@ press ctrl+2 alt+k
 picture manage-groups
 press alt+o
 enter_text 'cred'
-press alt+a alt+t alt+r
+press alt+a alt+r
 picture manage-rights
 xdotool key Escape
 says 'managed'
