@@ -69,22 +69,20 @@ std::string TabPanels::SelectedTab() const {
 
 bool TabPanels::TakeKey(const wxKeyEvent& event) {
   const View& view = ShownView();
-  const std::size_t current = static_cast<std::size_t>(view.notebook->GetSelection());
+  const auto current = static_cast<std::size_t>(view.notebook->GetSelection());
   const std::size_t count = view.tabs.size();
-  std::size_t selected = current;
-  if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == WXK_PAGEDOWN) {
-    selected = (current + 1) % count;
-  } else if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == WXK_PAGEUP) {
-    selected = (current + count - 1) % count;
-  } else {
-    const auto found = std::ranges::find(view.tabs, event.GetKeyCode(), &Tab::accessKey);
-    if (event.GetModifiers() != wxMOD_ALT || found == view.tabs.end()) return false;
-    selected = static_cast<std::size_t>(found - view.tabs.begin());
-  }
   // As after a click. Some desktops would give the focus to a list of the tab and select its first entry.
-  view.notebook->SetFocus();
-  view.notebook->SetSelection(selected);
-  return true;
+  const auto select = [&view](std::size_t tab) {
+    view.notebook->SetFocus();
+    view.notebook->SetSelection(tab);
+    return true;
+  };
+  const int key = event.GetKeyCode();
+  if (event.GetModifiers() == wxMOD_CONTROL && key == WXK_PAGEDOWN) return select((current + 1) % count);
+  if (event.GetModifiers() == wxMOD_CONTROL && key == WXK_PAGEUP) return select((current + count - 1) % count);
+  const auto found = std::ranges::find(view.tabs, key, &Tab::accessKey);
+  if (event.GetModifiers() != wxMOD_ALT || found == view.tabs.end()) return false;
+  return select(static_cast<std::size_t>(found - view.tabs.begin()));
 }
 
 }  // namespace quorvel

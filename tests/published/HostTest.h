@@ -87,6 +87,7 @@ inline HRESULT AddTo(_RemarkList* list, _Remark* remark) { return list->AddRemar
 inline HRESULT AddTo(_RemarkContext* context, AnyValue type, WideView text, WideView userID = {}) {
   Text given(text);
   const Text user(userID);
+  // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): the callee may replace the text; ~Text frees the one that is there
   return context->AddRemark(type.Pointer(), given.ByReference(), user.Get());
 }
 

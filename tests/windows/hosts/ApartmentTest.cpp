@@ -164,7 +164,7 @@ BOOL CALLBACK FindManager(HWND window, LPARAM found) {
   wchar_t title[256] = {};
   ::GetWindowTextW(window, title, 255);
   if (!std::wstring_view(title).starts_with(L"Manage Security and Remarks")) return TRUE;
-  *reinterpret_cast<HWND*>(found) = window;
+  *reinterpret_cast<HWND*>(found) = window;  // NOLINT(performance-no-int-to-ptr): the parameter holds a pointer
   return FALSE;
 }
 
