@@ -3,12 +3,22 @@
 #include <fmt/format.h>
 
 #include "data/modRegistry.h"
+#include "platform/Environment.h"
 
 namespace quorvel {
 namespace {
 
 std::string Setting(std::string_view name) {
   return modRegistry::GetRegStringValue(registry::Hive::LocalMachine, modRegistry::kSettingsKey, name, "");
+}
+
+/// A wrong line can hide a value.
+void LogProblems() {
+  const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
+  if (!key) return;
+  for (const std::string& problem : key->Problems()) {
+    LogWarning(fmt::format("Settings in {}: {}", registry::StoreLocation(), problem));
+  }
 }
 
 }  // namespace
@@ -36,11 +46,21 @@ void DBConnect::Reload() {
 
 void DBConnect::Load() {
   if (m_loaded) return;
+  try {
+    ReadValues();
+  } catch (...) {
+    LogProblems();
+    throw;
+  }
+  LogProblems();
+  m_loaded = true;
+}
+
+void DBConnect::ReadValues() {
   m_server = Setting(modRegistry::kServer);
   m_database = Setting(modRegistry::kDatabase);
   m_userId = Setting(modRegistry::kUserId);
   m_password = Setting(modRegistry::kPassword);
-  m_loaded = true;
 }
 
 }  // namespace quorvel

@@ -5,8 +5,8 @@
 namespace quorvel {
 
 /// The four connection settings of the machine, read from the registry once and then kept. Each thread that uses the
-/// database has one (modDatabase::Settings). Error 110 when a missing value cannot be created; the next call then reads
-/// all four again.
+/// database has one (modDatabase::Settings). Error 110 when a value can neither be read nor created; the next call then
+/// reads all four again. The log names every wrong line of the settings file.
 class DBConnect {
  public:
   /// The OLE DB connection string. The values are inserted without quoting.
@@ -19,6 +19,7 @@ class DBConnect {
 
  private:
   void Load();
+  void ReadValues();
 
   bool m_loaded = false;
   std::string m_server;

@@ -2,26 +2,42 @@
 
 #include <fmt/format.h>
 
+#include <system_error>
+#include <utility>
+
 #include "platform/Environment.h"
 #include "platform/Error.h"
+#include "platform/OperatingSystem.h"
 
 namespace quorvel::modRegistry {
+namespace {
+
+/// The description has no room for the reason, so the log has it.
+[[noreturn]] void Refuse(std::string_view keyPath, std::string_view valueName, const std::error_code& reason) {
+  std::string description = fmt::format("Could not read or create registry string value: {}\\{}", keyPath, valueName);
+  LogWarning(fmt::format("{} in {}: {}", description, registry::StoreLocation(), os::Explain(reason)));
+  throw Error(ErrorNumber::RegistryWrite, "GetRegStringValue", std::move(description));
+}
+
+}  // namespace
 
 std::string GetRegStringValue(registry::Hive hive, std::string_view keyPath, std::string_view valueName,
                               std::string_view defaultValue) {
-  const auto key = registry::Key::Create(hive, keyPath);
-  if (key) {
-    if (const auto stored = key->Query(valueName)) {
-      if (stored->type == registry::ValueType::String) return stored->text;
-      LogWarning(fmt::format("Warning: Converted registry value to string: \r\n{}\\{}", keyPath, valueName));
-      (void)key->Delete(valueName);
-    }
+  std::error_code failure;
+  const auto key = registry::Key::Create(hive, keyPath, failure);
+  if (!key) Refuse(keyPath, valueName, failure);
+  const auto found = key->Query(valueName);
+  if (found && found->type == registry::ValueType::String) return found->text;
+  if (found) {
+    LogWarning(fmt::format("Warning: Converted registry value to string: \r\n{}\\{}", keyPath, valueName));
   }
-  if (!key || !key->SetString(valueName, defaultValue)) {
-    throw Error(ErrorNumber::RegistryWrite, "GetRegStringValue",
-                fmt::format("Could not read or create registry string value: {}\\{}", keyPath, valueName));
-  }
-  return std::string(defaultValue);
+  // Nothing read is not yet a missing value, and another process may set it just now. The store looks again.
+  const registry::Assignment value{std::string(valueName), std::string(defaultValue), true};
+  failure = key->Assign({&value, 1});
+  if (failure) Refuse(keyPath, valueName, failure);
+  const auto stored = key->Query(valueName);
+  if (!stored) Refuse(keyPath, valueName, std::make_error_code(std::errc::io_error));
+  return stored->text;
 }
 
 }  // namespace quorvel::modRegistry

@@ -3,6 +3,8 @@
 
 #include "platform/RegistryExport.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -32,6 +34,11 @@ bool IsHeader(std::string_view line) {
 
 bool IsBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
 
+/// Whether the closing bracket of a key is missing, so that it may be any key.
+bool IsUnclosedKey(const RegistryExportLine& line) {
+  return line.kind == RegistryExportLine::Kind::Key && line.name.empty();
+}
+
 }  // namespace
 
 std::optional<RegistryExport> RegistryExport::Parse(std::string_view bytes) {
@@ -46,7 +53,7 @@ bool RegistryExport::ReadLines(std::string_view text) {
   while (!text.empty()) {
     std::string raw(TakeLine(text));
     if (m_lines.empty() && !IsHeader(raw)) return false;
-    while (!text.empty() && ContinuesOnNextLine(raw)) raw += TakeLine(text);
+    while (!text.empty() && ContinuesOnNextLine(raw, text.substr(0, text.find('\n')))) raw += TakeLine(text);
     m_lines.push_back(ParseLine(std::move(raw)));
   }
   if (m_lines.front().raw.ends_with("\r\n")) m_lineBreak = "\r\n";
@@ -60,8 +67,46 @@ std::optional<StoredValue> RegistryExport::Find(std::string_view key, std::strin
   return positions.empty() ? std::nullopt : m_lines[positions.back()].value;
 }
 
+bool RegistryExport::IsUnreadable(std::string_view key, std::string_view name) const {
+  const auto positions = PositionsOfValue(key, name);
+  return !positions.empty() && m_lines[positions.back()].kind == RegistryExportLine::Kind::Unreadable;
+}
+
+std::vector<std::string> RegistryExport::Problems(std::string_view key) const {
+  std::vector<std::string> problems;
+  bool inside = false;
+  std::size_t number = 1;
+  for (std::size_t i = 0; i < m_lines.size(); ++i) {
+    const RegistryExportLine& line = m_lines[i];
+    if (line.kind == RegistryExportLine::Kind::Key) inside = EqualIgnoringCase(line.name, key);
+    if (const auto problem = ProblemOf(i, inside ? key : std::string_view())) {
+      problems.push_back(fmt::format("Line {} {}", number, *problem));
+    }
+    number += static_cast<std::size_t>(std::ranges::count(line.raw, '\n'));
+  }
+  return problems;
+}
+
+/// The fault of one line, which belongs to `key` or, with an empty key, to another one.
+std::optional<std::string> RegistryExport::ProblemOf(std::size_t position, std::string_view key) const {
+  using Kind = RegistryExportLine::Kind;
+  const RegistryExportLine& line = m_lines[position];
+  if (IsUnclosedKey(line)) return "names a key without a closing bracket; its values are not read";
+  if (key.empty() || position == 0 || line.kind == Kind::Key) return std::nullopt;
+  if (line.kind == Kind::Other) {
+    const bool isComment = IsBlank(line.raw) || line.raw[line.raw.find_first_not_of(" \t")] == ';';
+    return isComment ? std::nullopt : std::optional<std::string>("is not understood");
+  }
+  if (line.kind == Kind::Unreadable) {
+    return fmt::format("gives \"{0}\" no value that can be read; write it as \"{0}\"=\"value\"", line.name);
+  }
+  if (PositionsOfValue(key, line.name).front() == position) return std::nullopt;
+  return fmt::format("sets \"{}\" once more; the last line counts", line.name);
+}
+
 bool RegistryExport::AddKey(std::string_view key) {
   if (HasKey(key)) return true;
+  if (std::ranges::any_of(m_lines, IsUnclosedKey)) return false;
   auto line = FormatKey(key);
   if (!line) return false;
   if (m_lines.empty()) Append(std::string(kHeader));
@@ -74,22 +119,19 @@ bool RegistryExport::SetString(std::string_view key, std::string_view name, std:
   const auto inKey = PositionsInKey(key);
   auto line = FormatString(name, text);
   if (inKey.empty() || !line) return false;
-  const auto positions = PositionsOfValue(key, name);
+  auto positions = PositionsOfValue(key, name);
   if (!positions.empty()) {
     m_lines[positions.back()] = ParseLine(*line + m_lineBreak);
+    // From the last to the first, so that the remaining positions stay valid.
+    for (positions.pop_back(); !positions.empty(); positions.pop_back()) {
+      m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(positions.back()));
+    }
     return true;
   }
   RegistryExportLine& before = m_lines[inKey.back()];
   if (!before.raw.ends_with('\n')) before.raw += m_lineBreak;
   m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(inKey.back()) + 1, ParseLine(*line + m_lineBreak));
   return true;
-}
-
-void RegistryExport::Remove(std::string_view key, std::string_view name) {
-  // From the last to the first, so that the remaining positions stay valid.
-  for (auto positions = PositionsOfValue(key, name); !positions.empty(); positions.pop_back()) {
-    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(positions.back()));
-  }
 }
 
 std::string RegistryExport::Text() const {
@@ -114,7 +156,7 @@ std::vector<std::size_t> RegistryExport::PositionsOfValue(std::string_view key, 
   auto positions = PositionsInKey(key);
   std::erase_if(positions, [&](std::size_t position) {
     const RegistryExportLine& line = m_lines[position];
-    return line.kind != RegistryExportLine::Kind::Value || !EqualIgnoringCase(line.name, name);
+    return line.kind == RegistryExportLine::Kind::Key || !EqualIgnoringCase(line.name, name);
   });
   return positions;
 }

@@ -69,6 +69,15 @@ std::optional<std::string> TakeName(std::string_view& rest) {
   return name;
 }
 
+/// The name in a line for a value that TakeName refuses: quotes are missing.
+std::optional<std::string> BareName(std::string_view line) {
+  const std::size_t equals = line.find('=');
+  if (line.starts_with(';') || equals == std::string_view::npos) return std::nullopt;
+  std::string name(TrimSpace(line.substr(0, equals)));
+  std::erase(name, '"');
+  return name.empty() ? std::nullopt : std::optional(std::move(name));
+}
+
 bool TakePrefix(std::string_view& rest, std::string_view prefix) {
   if (!EqualIgnoringCase(rest.substr(0, prefix.size()), prefix)) return false;
   rest.remove_prefix(prefix.size());
@@ -143,16 +152,20 @@ RegistryExportLine ParseLine(std::string raw) {
     if (rest.ends_with(']')) line.name = rest.substr(1, rest.size() - 2);
   } else if (auto name = TakeName(rest)) {
     line.value = ReadData(rest);
-    if (line.value || rest == "-") {
-      line.kind = RegistryExportLine::Kind::Value;
-      line.name = *std::move(name);
-    }
+    line.kind = line.value || rest == "-" ? RegistryExportLine::Kind::Value : RegistryExportLine::Kind::Unreadable;
+    line.name = *std::move(name);
+  } else if (auto bareName = BareName(TrimSpace(raw))) {
+    line.kind = RegistryExportLine::Kind::Unreadable;
+    line.name = *std::move(bareName);
   }
   line.raw = std::move(raw);
   return line;
 }
 
-bool ContinuesOnNextLine(std::string_view raw) {
+bool ContinuesOnNextLine(std::string_view raw, std::string_view next) {
+  constexpr std::string_view kBytes = "0123456789abcdefABCDEF, \t\\";
+  next = TrimSpace(next);
+  if (next.empty() || next.find_first_not_of(kBytes) != std::string_view::npos) return false;
   std::string_view rest = TrimSpace(raw);
   return rest.ends_with('\\') && TakeName(rest) && TakeHexType(rest);
 }

@@ -3,8 +3,11 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <vector>
 
 namespace quorvel::registry {
 
@@ -19,26 +22,40 @@ struct StoredValue {
   std::string text;  ///< UTF-8; empty unless `type` is String
 };
 
+/// A string value to write.
+struct Assignment {
+  std::string name;
+  std::string text;
+  bool onlyWhenMissing = false;  ///< a string that the value has already is kept
+};
+
 /// An open key of the machine's registry, for the component's settings. Names of keys and values ignore letter case.
 ///
 /// A system without a registry keeps the settings in one text file in the registry's export format, UTF-8, named by the
 /// environment variable QUORVEL_REGISTRY or else /etc/quorvel/quorvel.reg. A change reads the file, changes the text
-/// and replaces the file atomically, under a lock and with mode 0640; lines that the component does not understand are
-/// kept.
+/// and replaces the file atomically, under a lock and with mode 0640. Nothing counts as missing while the file cannot
+/// be read whole, or while another program may still be writing it.
 class Key {
  public:
   /// Opens the key for reading and writing and creates it when it is missing. Nothing when that is not possible. In a
   /// text file an existing key can be opened without the right to write.
   [[nodiscard]] static std::optional<Key> Create(Hive hive, std::string_view path);
 
+  /// The same; `failure` says why it was not possible.
+  [[nodiscard]] static std::optional<Key> Create(Hive hive, std::string_view path, std::error_code& failure);
+
   /// Nothing when the value does not exist or cannot be read.
   [[nodiscard]] std::optional<StoredValue> Query(std::string_view name) const;
 
-  /// Writes a string value; false when it cannot be written, and then nothing has changed.
+  /// Writes string values, in a text file all or none of them. A value that cannot be read, because its line in the
+  /// file is wrong for example, is not missing: with `onlyWhenMissing` it is an error and stays as it is.
+  [[nodiscard]] std::error_code Assign(std::span<const Assignment> values) const;
+
+  /// Writes one string value; false when it cannot be written, and then nothing has changed.
   [[nodiscard]] bool SetString(std::string_view name, std::string_view text) const;
 
-  /// Removes a value; true also when it does not exist.
-  [[nodiscard]] bool Delete(std::string_view name) const;
+  /// The faults that a person has made in the key's part of the text file, a sentence each; none in a registry.
+  [[nodiscard]] std::vector<std::string> Problems() const;
 
  private:
   Key(Hive hive, std::string path) : m_hive(hive), m_path(std::move(path)) {}

@@ -3,15 +3,26 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <system_error>
 
 #include "data/modDatabase.h"
 #include "platform/Error.h"
+#include "platform/OperatingSystem.h"
 #include "platform/Text.h"
 
 namespace quorvel::cli {
 
+namespace {
+
+std::optional<registry::Key> OpenKey(std::error_code& failure) {
+  return registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey, failure);
+}
+
+}  // namespace
+
 std::optional<SettingValues> ReadSettings() {
-  const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
+  std::error_code ignored;
+  const auto key = OpenKey(ignored);
   if (!key) return std::nullopt;
   SettingValues values;
   for (std::size_t i = 0; i < kSettingNames.size(); ++i) {
@@ -20,11 +31,25 @@ std::optional<SettingValues> ReadSettings() {
   return values;
 }
 
-void WriteSetting(std::string_view name, const std::string& value) {
-  const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
-  if (!key || !key->SetString(name, value)) {
-    throw Error(ErrorNumber::RegistryWrite, "quorvel.settings", fmt::format("Could not write the setting {}", name));
+std::vector<std::string> SettingsProblems() {
+  std::error_code ignored;
+  const auto key = OpenKey(ignored);
+  return key ? key->Problems() : std::vector<std::string>();
+}
+
+void WriteSettings(const std::map<SettingIndex, std::string>& values) {
+  std::vector<registry::Assignment> assignments;
+  for (std::size_t i = 0; i < kSettingNames.size(); ++i) {
+    const auto given = values.find(static_cast<SettingIndex>(i));
+    const bool isGiven = given != values.end();
+    assignments.push_back({std::string(kSettingNames.at(i)), isGiven ? given->second : "", !isGiven});
   }
+  std::error_code failure;
+  const auto key = OpenKey(failure);
+  if (key) failure = key->Assign(assignments);
+  if (!failure) return;
+  throw Error(ErrorNumber::RegistryWrite, "quorvel.settings",
+              fmt::format("Could not write the settings: {}", os::Explain(failure)));
 }
 
 bool UsesEmbeddedEngine() { return ado::IsEmbedded(modDatabase::Settings().Server()); }

@@ -2,10 +2,12 @@
 
 #include <array>
 #include <chrono>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ado/Connection.h"
 #include "data/modRegistry.h"
@@ -24,8 +26,12 @@ using SettingValues = std::array<std::string, kSettingNames.size()>;
 /// The stored values, unchanged; nothing when the store cannot be opened.
 [[nodiscard]] std::optional<SettingValues> ReadSettings();
 
-/// Throws Error 110, with the name of the setting, when it cannot be written.
-void WriteSetting(std::string_view name, const std::string& value);
+/// The faults in the settings file that ReadSettings passes over, a sentence each.
+[[nodiscard]] std::vector<std::string> SettingsProblems();
+
+/// Writes all the values or none; a setting that is neither given nor stored becomes empty. Throws Error 110, with the
+/// reason, when they cannot be written.
+void WriteSettings(const std::map<SettingIndex, std::string>& values);
 
 /// Throws Error -1 from `source`, with advice, unless the settings name a server and a database.
 void RequireSettings(std::string_view source);

@@ -1,6 +1,8 @@
 #include <CLI/App.hpp>
 #include <chrono>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -16,12 +18,13 @@ namespace quorvel::cli {
 namespace {
 
 std::string SettingsProblem() {
+  std::vector<std::string> problems = SettingsProblems();
   try {
     modDatabase::Settings().Reload();
-    return {};
   } catch (const Error& error) {
-    return error.Description();
+    problems.insert(problems.begin(), error.Description());
   }
+  return Printable(fmt::format("{}", fmt::join(problems, ". ")));
 }
 
 bool CheckSettings(Report& report) {

@@ -10,6 +10,9 @@
 #include "ado/OpenSession.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
+#include "host/cli/FileAccess.h"
+#include "host/cli/Input.h"
+#include "host/cli/Terminal.h"
 #include "platform/Text.h"
 
 namespace quorvel::cli {
@@ -54,14 +57,28 @@ void PrintSettings() {
     if (i == kPasswordIndex && !shown.empty()) shown = "****";
     fmt::print("{}={}\n", kSettingNames.at(i), shown);
   }
-  fmt::print("{} {}\n",
-             values ? "Kept in" : "Cannot be read, or is not a file of settings:", registry::StoreLocation());
+  const std::string place = registry::StoreLocation();
+  if (values) {
+    fmt::print("Kept in {}, which {} may read\n", place, ReadersOf(place));
+  } else {
+    fmt::print("Cannot be read, or is not a file of settings: {}\n", place);
+  }
+  for (const std::string& problem : SettingsProblems()) fmt::print("Warning: {}\n", Printable(problem));
 }
 
-void RunSettings(const std::vector<std::string>& arguments) {
+/// A password among the arguments would be seen by every user who lists the processes, and stay in the shell's history.
+std::string ReadPassword() {
+  auto typed = AskSecret("Password: ");
+  return typed ? *std::move(typed) : ReadTextArgument("-", "quorvel.settings");
+}
+
+void RunSettings(const std::vector<std::string>& arguments, bool asksForPassword) {
   Assignments assignments = ReadAssignments(arguments);
-  if (!assignments.empty()) MakeDatabaseAbsolute(assignments);
-  for (const auto& [index, value] : assignments) WriteSetting(kSettingNames.at(index), value);
+  if (asksForPassword) assignments[kPasswordIndex] = ReadPassword();
+  if (!assignments.empty()) {
+    MakeDatabaseAbsolute(assignments);
+    WriteSettings(assignments);
+  }
   PrintSettings();
 }
 
@@ -70,6 +87,7 @@ void RunSettings(const std::vector<std::string>& arguments) {
 void AddSettingsCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("settings", "Show or set where the database is");
   auto arguments = std::make_shared<std::vector<std::string>>();
+  auto asksForPassword = std::make_shared<bool>(false);
   command->add_option("setting", *arguments,
                       "Server=, Database=, UserId= or Password= followed by the value.\n"
                       "The server (embedded) is a database file on this machine, named\n"
@@ -77,7 +95,11 @@ void AddSettingsCommand(CLI::App& app) {
                       "with a semicolon needs quotes, as in 'Password=\"a;b\"', and\n"
                       "Driver= and Encrypt= may follow another value, as in\n"
                       "'Database=Ledger; Encrypt=yes'.");
-  command->group("Set up")->callback([arguments] { RunSettings(*arguments); });
+  command->add_flag("--password-stdin", *asksForPassword,
+                    "Read the password from the standard input, at a terminal\n"
+                    "without showing it. Other users can see the arguments of a\n"
+                    "command while it runs.");
+  command->group("Set up")->callback([arguments, asksForPassword] { RunSettings(*arguments, *asksForPassword); });
 }
 
 }  // namespace quorvel::cli

@@ -1,14 +1,25 @@
 #include "host/cli/Terminal.h"
 
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <cstdio>
+
+#include "platform/AtScopeEnd.h"
 
 namespace quorvel::cli {
 namespace {
 
 constexpr std::size_t kUsualWidth = 80;
+
+std::string ReadLine() {
+  std::string line;
+  for (int character = std::getchar(); character != '\n' && character != EOF; character = std::getchar()) {
+    line += static_cast<char>(character);
+  }
+  return line;
+}
 
 }  // namespace
 
@@ -17,6 +28,20 @@ std::size_t OutputWidth() {
   winsize size{};
   const bool known = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
   return known ? size.ws_col : kUsualWidth;
+}
+
+std::optional<std::string> AskSecret(const char* prompt) {
+  termios visible{};
+  if (::tcgetattr(STDIN_FILENO, &visible) != 0) return std::nullopt;
+  std::fputs(prompt, stderr);
+  termios hidden = visible;
+  hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+  ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
+  const AtScopeEnd shown([&] {
+    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &visible);
+    std::fputs("\n", stderr);
+  });
+  return ReadLine();
 }
 
 bool WaitForEnter(const char* prompt) {

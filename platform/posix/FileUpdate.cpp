@@ -1,5 +1,6 @@
-// A file is replaced by writing a temporary file beside it, fsync and rename, while a lock on the folder keeps other
-// writers out. Readers need no lock: the name leads to the old file or the new one.
+// A file is replaced as a whole by a new one, under a lock that keeps other writers out. Readers need no lock: the name
+// leads to the old file or the new one. Programs that know no lock (cp, an editor) write into the file itself, so a
+// content that looks unfinished is read again, and a file that changed since it was read is not replaced.
 
 #include "platform/FileUpdate.h"
 
@@ -10,66 +11,78 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdio>
-#include <string_view>
-#include <system_error>
+#include <chrono>
+#include <thread>
+#include <utility>
 
-#include "platform/UniqueHandle.h"
+#include "platform/posix/NewFile.h"
 
 namespace quorvel {
 namespace {
 
 namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
 
-constexpr mode_t kWidestMode = S_IRUSR | S_IWUSR | S_IRGRP;
 constexpr mode_t kFolderMode = 0755;
+constexpr std::chrono::milliseconds kPause{20};
+/// The time that a content stays the same before it counts as settled.
+constexpr std::chrono::milliseconds kSettling{200};
+/// The same for an empty file: a program that writes a file begins by emptying it.
+constexpr std::chrono::milliseconds kSettlingEmpty{1000};
+constexpr std::chrono::seconds kLongestWait{5};
 
-struct DescriptorTraits {
-  using Type = int;
-  static constexpr int Invalid() { return -1; }
-  static void Close(int descriptor) { ::close(descriptor); }
+std::error_code LastError() { return {errno, std::generic_category()}; }
+
+struct Reading {
+  bool exists = false;
+  struct stat status {};
+  std::string content;
 };
-using Descriptor = UniqueHandle<DescriptorTraits>;
 
-bool WriteAll(int descriptor, std::string_view content) {
-  while (!content.empty()) {
-    const auto count = ::write(descriptor, content.data(), content.size());
+/// Reads the file; a missing file is no error. False after a failure, and errno then says why.
+bool Read(const fs::path& file, Reading& reading) {
+  // Not blocking: a pipe under that name is then an error and not an endless wait.
+  const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!descriptor) return errno == ENOENT;
+  reading.exists = true;
+  if (::fstat(descriptor.Get(), &reading.status) != 0) return false;
+  if (!S_ISREG(reading.status.st_mode)) {
+    errno = EINVAL;
+    return false;
+  }
+  std::array<char, 4096> buffer{};
+  while (true) {
+    const auto count = ::read(descriptor.Get(), buffer.data(), buffer.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return false;
-    content.remove_prefix(static_cast<std::size_t>(count));
+    if (count <= 0) return count == 0;
+    reading.content.append(buffer.data(), static_cast<std::size_t>(count));
   }
-  return true;
 }
 
-/// Gives a new file the owner, group and mode of the one that it will replace.
-bool CopyAccess(const fs::path& from, int descriptor) {
-  struct stat before {};
-  if (::stat(from.c_str(), &before) != 0) return errno == ENOENT && ::fchmod(descriptor, kWidestMode) == 0;
-  // Only a privileged writer can keep a foreign owner; the group is what readers depend on.
-  if (::fchown(descriptor, before.st_uid, before.st_gid) != 0 &&
-      ::fchown(descriptor, static_cast<uid_t>(-1), before.st_gid) != 0) {
-    return false;
+/// Finds out whether a file stays the same from one look to the next.
+class Settling {
+ public:
+  [[nodiscard]] bool Look(const Reading& reading) {
+    if (!m_seen || m_seen->exists != reading.exists || m_seen->content != reading.content) {
+      m_seen = reading;
+      m_since = Clock::now();
+    }
+    return Clock::now() - m_since >= (reading.content.empty() ? kSettlingEmpty : kSettling);
   }
-  return ::fchmod(descriptor, before.st_mode & kWidestMode) == 0;
+
+ private:
+  std::optional<Reading> m_seen;
+  Clock::time_point m_since;
+};
+
+bool IsSameFile(const struct stat& left, const struct stat& right) {
+  return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
 }
 
-bool WriteNew(const fs::path& temporary, const fs::path& replaced, std::string_view content) {
-  const Descriptor file(
-      ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
-  return file && WriteAll(file.Get(), content) && CopyAccess(replaced, file.Get()) && ::fsync(file.Get()) == 0;
-}
-
-/// Replaces `file` with a new one. The caller holds the folder's lock, so one temporary name is enough; a file that a
-/// killed process left under it is deleted first.
-bool Replace(const fs::path& file, const Descriptor& folder, std::string_view content) {
-  const fs::path temporary = file.parent_path() / ("." + file.filename().string() + ".new");
-  ::unlink(temporary.c_str());
-  if (!WriteNew(temporary, file, content) || std::rename(temporary.c_str(), file.c_str()) != 0) {
-    ::unlink(temporary.c_str());
-    return false;
-  }
-  ::fsync(folder.Get());
-  return true;
+bool IsUnchanged(const fs::path& file, const struct stat& before) {
+  struct stat now {};
+  return ::stat(file.c_str(), &now) == 0 && IsSameFile(now, before) && now.st_size == before.st_size &&
+         now.st_mtim.tv_sec == before.st_mtim.tv_sec && now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
 }
 
 /// The file that a path names. A symbolic link is followed, so that the new file does not replace the link.
@@ -86,44 +99,91 @@ bool MakeFolders(const fs::path& folder) {
   return MakeFolders(folder.parent_path()) && (::mkdir(folder.c_str(), kFolderMode) == 0 || errno == EEXIST);
 }
 
-Descriptor LockFolder(const fs::path& folder) {
-  Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!descriptor) return descriptor;
-  while (::flock(descriptor.Get(), LOCK_EX) != 0) {
-    if (errno != EINTR) return {};
+/// Opens what writers lock: the file, which only its owner and group can open and so lock, or the folder while there
+/// is no file.
+Descriptor OpenForLock(const fs::path& file) {
+  Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!descriptor && errno == ENOENT) {
+    descriptor.Reset(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   }
   return descriptor;
+}
+
+/// Whether `locked` is still what OpenForLock opens: another writer may have replaced the file.
+bool IsStillTheLock(const fs::path& file, const Descriptor& locked) {
+  struct stat now {};
+  struct stat held {};
+  if (::fstat(locked.Get(), &held) != 0) return false;
+  if (::stat(file.c_str(), &now) != 0) return errno == ENOENT && S_ISDIR(held.st_mode);
+  return IsSameFile(now, held);
+}
+
+/// An invalid descriptor after a failure or at the deadline, and errno then says why.
+Descriptor Lock(const fs::path& file, Clock::time_point deadline) {
+  do {
+    Descriptor descriptor = OpenForLock(file);
+    if (!descriptor) return descriptor;
+    if (::flock(descriptor.Get(), LOCK_EX | LOCK_NB) == 0) {
+      if (IsStillTheLock(file, descriptor)) return descriptor;
+    } else if (errno != EWOULDBLOCK && errno != EINTR) {
+      return {};
+    }
+    std::this_thread::sleep_for(kPause);
+  } while (Clock::now() < deadline);
+  errno = EBUSY;
+  return {};
+}
+
+/// Writes the new content in place of what was read; the caller holds the lock. An error of EAGAIN means that the file
+/// is no longer what was read.
+std::error_code Write(const fs::path& target, const Reading& before, std::string_view content) {
+  constexpr auto kReadAgain = std::errc::resource_unavailable_try_again;
+  NewFile file(target);
+  if ((before.exists && !file.TakeAccess(before.status)) || !file.Fill(content)) return LastError();
+  if (before.exists) {
+    if (!IsUnchanged(target, before.status)) return std::make_error_code(kReadAgain);
+    if (!file.Replace()) return LastError();
+  } else if (!file.Create()) {
+    return errno == EEXIST ? std::make_error_code(kReadAgain) : LastError();
+  }
+  const Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder) ::fsync(folder.Get());
+  return {};
+}
+
+/// One look at the file, under the lock. EAGAIN when another look is needed.
+std::error_code Attempt(const fs::path& target, const ContentChange& change, Settling& settling,
+                        Clock::time_point deadline) {
+  const Descriptor lock = Lock(target, deadline);
+  Reading before;
+  if (!lock || !Read(target, before)) return LastError();
+  const bool settled = settling.Look(before);
+  const bool isUnfinished = before.exists && before.content.empty() && !settled;
+  const auto after = isUnfinished ? std::nullopt : change(before.content, settled);
+  if (!after) {
+    return std::make_error_code(settled ? std::errc::operation_canceled : std::errc::resource_unavailable_try_again);
+  }
+  return *after == before.content ? std::error_code() : Write(target, before, *after);
 }
 
 }  // namespace
 
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& file) {
-  // Not blocking: a pipe under that name is then an error and not an endless wait.
-  const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  if (!descriptor) return errno == ENOENT ? std::optional(std::string()) : std::nullopt;
-  struct stat status {};
-  if (::fstat(descriptor.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-  std::string content;
-  std::array<char, 4096> buffer{};
-  while (true) {
-    const auto count = ::read(descriptor.Get(), buffer.data(), buffer.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return std::nullopt;
-    if (count == 0) return content;
-    content.append(buffer.data(), static_cast<std::size_t>(count));
-  }
+  Reading reading;
+  return Read(file, reading) ? std::optional(std::move(reading.content)) : std::nullopt;
 }
 
-bool UpdateFile(const std::filesystem::path& file, const ContentChange& change) {
+std::error_code UpdateFile(const std::filesystem::path& file, const ContentChange& change) {
   const fs::path target = Resolve(file);
-  if (!MakeFolders(target.parent_path())) return false;
-  const Descriptor folder = LockFolder(target.parent_path());
-  if (!folder) return false;
-  const auto before = ReadWholeFile(target);
-  if (!before) return false;
-  const auto after = change(*before);
-  if (!after) return false;
-  return *after == *before || Replace(target, folder, *after);
+  if (!MakeFolders(target.parent_path())) return LastError();
+  Settling settling;
+  const auto deadline = Clock::now() + kLongestWait;
+  while (true) {
+    const std::error_code result = Attempt(target, change, settling, deadline);
+    if (result != std::errc::resource_unavailable_try_again) return result;
+    if (Clock::now() >= deadline) return std::make_error_code(std::errc::device_or_resource_busy);
+    std::this_thread::sleep_for(kPause);
+  }
 }
 
 }  // namespace quorvel

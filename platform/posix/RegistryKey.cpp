@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "platform/Environment.h"
 #include "platform/FileUpdate.h"
 #include "platform/RegistryExport.h"
@@ -25,25 +27,43 @@ std::optional<RegistryExport> ReadStore() {
   return content ? RegistryExport::Parse(*content) : std::nullopt;
 }
 
-/// Changes the stored file with `change` (bool(RegistryExport&)); false when `change` or the writing fails.
+/// Changes the stored file with `change` (bool(RegistryExport&, bool isWhole)), which is called again after false while
+/// the file may be a part of what another program is writing.
 template <typename Change>
-bool ChangeStore(Change change) {
-  return UpdateFile(StoreLocation(), [&](const std::string& before) -> std::optional<std::string> {
+std::error_code ChangeStore(Change change) {
+  return UpdateFile(StoreLocation(), [&](const std::string& before, bool settled) -> std::optional<std::string> {
     auto file = RegistryExport::Parse(before);
-    return file && change(*file) ? std::optional(file->Text()) : std::nullopt;
+    if (!file) return std::nullopt;
+    const bool isWhole = settled || before.empty();
+    return change(*file, isWhole) ? std::optional(file->Text()) : std::nullopt;
   });
+}
+
+bool AssignOne(RegistryExport& file, std::string_view key, const Assignment& value, bool isWhole) {
+  if (value.onlyWhenMissing) {
+    const auto stored = file.Find(key, value.name);
+    if (stored && stored->type == ValueType::String) return true;
+    if (!isWhole || file.IsUnreadable(key, value.name)) return false;
+  }
+  return file.SetString(key, value.name, value.text);
 }
 
 }  // namespace
 
 std::optional<Key> Key::Create(Hive hive, std::string_view path) {
+  std::error_code failure;
+  return Create(hive, path, failure);
+}
+
+std::optional<Key> Key::Create(Hive hive, std::string_view path, std::error_code& failure) {
   const std::string name = FullName(hive, path);
   const auto store = ReadStore();
-  if (!store) return std::nullopt;
   // Most users of the machine may not write the file, and need not when the key exists.
-  if (!store->HasKey(name) && !ChangeStore([&](RegistryExport& file) { return file.AddKey(name); }))
-    return std::nullopt;
-  return Key(hive, std::string(path));
+  if (!store || !store->HasKey(name)) {
+    failure = ChangeStore(
+        [&](RegistryExport& file, bool isWhole) { return file.HasKey(name) || (isWhole && file.AddKey(name)); });
+  }
+  return failure ? std::nullopt : std::optional(Key(hive, std::string(path)));
 }
 
 std::optional<StoredValue> Key::Query(std::string_view name) const {
@@ -51,16 +71,22 @@ std::optional<StoredValue> Key::Query(std::string_view name) const {
   return store ? store->Find(FullName(m_hive, m_path), name) : std::nullopt;
 }
 
-bool Key::SetString(std::string_view name, std::string_view text) const {
+std::error_code Key::Assign(std::span<const Assignment> values) const {
   const std::string key = FullName(m_hive, m_path);
-  return ChangeStore([&](RegistryExport& file) { return file.AddKey(key) && file.SetString(key, name, text); });
+  return ChangeStore([&](RegistryExport& file, bool isWhole) {
+    if (!file.HasKey(key) && !(isWhole && file.AddKey(key))) return false;
+    return std::ranges::all_of(values, [&](const Assignment& value) { return AssignOne(file, key, value, isWhole); });
+  });
 }
 
-bool Key::Delete(std::string_view name) const {
-  return ChangeStore([&](RegistryExport& file) {
-    file.Remove(FullName(m_hive, m_path), name);
-    return true;
-  });
+bool Key::SetString(std::string_view name, std::string_view text) const {
+  const Assignment value{std::string(name), std::string(text)};
+  return !Assign({&value, 1});
+}
+
+std::vector<std::string> Key::Problems() const {
+  const auto store = ReadStore();
+  return store ? store->Problems(FullName(m_hive, m_path)) : std::vector<std::string>();
 }
 
 std::string StoreLocation() {

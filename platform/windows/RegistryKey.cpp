@@ -17,10 +17,10 @@ HKEY Root(Hive hive) {
       static_cast<LONG_PTR>(static_cast<LONG>(hive)));
 }
 
-KeyHandle CreateKey(Hive hive, const std::wstring& path) {
-  KeyHandle key;
-  ::RegCreateKeyExW(Root(hive), path.c_str(), 0, nullptr, 0, kFullAccess, nullptr, key.Put(), nullptr);
-  return key;
+std::error_code ErrorOf(LSTATUS status) { return {static_cast<int>(status), std::system_category()}; }
+
+LSTATUS CreateKey(Hive hive, const std::wstring& path, KeyHandle& key) {
+  return ::RegCreateKeyExW(Root(hive), path.c_str(), 0, nullptr, 0, kFullAccess, nullptr, key.Put(), nullptr);
 }
 
 KeyHandle OpenKey(Hive hive, std::string_view path, REGSAM access) {
@@ -36,13 +36,42 @@ std::string TextOf(const std::wstring& buffer, DWORD bytes) {
   return os::FromWide(text);
 }
 
+/// ERROR_ALREADY_EXISTS when the value is a string. Only ERROR_FILE_NOT_FOUND says that it is missing; any other
+/// failure may pass, and the value with it.
+LSTATUS RequireNoString(HKEY key, const std::wstring& name) {
+  DWORD type = 0;
+  const LSTATUS status = ::RegQueryValueExW(key, name.c_str(), nullptr, &type, nullptr, nullptr);
+  if (status == ERROR_FILE_NOT_FOUND) return ERROR_SUCCESS;
+  return status == ERROR_SUCCESS && type == REG_SZ ? ERROR_ALREADY_EXISTS : status;
+}
+
+LSTATUS AssignOne(HKEY key, const Assignment& assignment) {
+  const auto name = os::ToWide(assignment.name);
+  const auto text = os::ToWide(assignment.text);
+  if (!name || !text) return ERROR_INVALID_DATA;
+  const std::size_t bytes = (text->size() + 1) * sizeof(wchar_t);
+  if (bytes > std::numeric_limits<DWORD>::max()) return ERROR_INVALID_DATA;
+  if (assignment.onlyWhenMissing) {
+    const LSTATUS found = RequireNoString(key, *name);
+    if (found != ERROR_SUCCESS) return found == ERROR_ALREADY_EXISTS ? ERROR_SUCCESS : found;
+  }
+  return ::RegSetValueExW(key, name->c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text->c_str()),
+                          static_cast<DWORD>(bytes));
+}
+
 }  // namespace
 
 std::optional<Key> Key::Create(Hive hive, std::string_view path) {
+  std::error_code failure;
+  return Create(hive, path, failure);
+}
+
+std::optional<Key> Key::Create(Hive hive, std::string_view path, std::error_code& failure) {
   const auto name = os::ToWide(path);
-  if (!name) return std::nullopt;
+  KeyHandle key;
   // A user without the right to write gets no key, even where reading is allowed: hosts rely on that.
-  return CreateKey(hive, *name) ? std::optional(Key(hive, std::string(path))) : std::nullopt;
+  failure = ErrorOf(name ? CreateKey(hive, *name, key) : ERROR_INVALID_DATA);
+  return failure ? std::nullopt : std::optional(Key(hive, std::string(path)));
 }
 
 std::optional<StoredValue> Key::Query(std::string_view name) const {
@@ -64,26 +93,22 @@ std::optional<StoredValue> Key::Query(std::string_view name) const {
   return status == ERROR_SUCCESS ? std::optional(StoredValue{static_cast<ValueType>(type), ""}) : std::nullopt;
 }
 
-bool Key::SetString(std::string_view name, std::string_view text) const {
+std::error_code Key::Assign(std::span<const Assignment> values) const {
   const auto path = os::ToWide(m_path);
-  const auto valueName = os::ToWide(name);
-  const auto value = os::ToWide(text);
-  if (!path || !valueName || !value) return false;
-  const std::size_t bytes = (value->size() + 1) * sizeof(wchar_t);
-  if (bytes > std::numeric_limits<DWORD>::max()) return false;
-  const KeyHandle key = CreateKey(m_hive, *path);
-  return key &&
-         ::RegSetValueExW(key.Get(), valueName->c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(value->c_str()),
-                          static_cast<DWORD>(bytes)) == ERROR_SUCCESS;
+  KeyHandle key;
+  LSTATUS status = path ? CreateKey(m_hive, *path, key) : ERROR_INVALID_DATA;
+  for (const Assignment& value : values) {
+    if (status == ERROR_SUCCESS) status = AssignOne(key.Get(), value);
+  }
+  return ErrorOf(status);
 }
 
-bool Key::Delete(std::string_view name) const {
-  const KeyHandle key = OpenKey(m_hive, m_path, KEY_SET_VALUE);
-  const auto valueName = os::ToWide(name);
-  if (!key || !valueName) return false;
-  const LSTATUS status = ::RegDeleteValueW(key.Get(), valueName->c_str());
-  return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
+bool Key::SetString(std::string_view name, std::string_view text) const {
+  const Assignment value{std::string(name), std::string(text)};
+  return !Assign({&value, 1});
 }
+
+std::vector<std::string> Key::Problems() const { return {}; }
 
 std::string StoreLocation() { return "the registry of this machine"; }
 

@@ -1,10 +1,16 @@
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
+#include <chrono>
 #include <fstream>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 #include "data/DBConnect.h"
+#include "data/modRegistry.h"
 #include "platform/Environment.h"
 #include "platform/FileUpdate.h"
 #include "tests/support/Caught.h"
@@ -73,6 +79,60 @@ TEST_F(Settings, ReplacesOtherTypesWithAWarning) {
   EXPECT_EQ(DBConnect().Server(), "") << "a lost warning is no error";
   RedirectWarnings({});
   LogWarning("to the system's log,\r\nfrom a test");
+}
+
+const std::string kFour = "\"Server\"=\"SQL1\"\n\"Database\"=\"Ledger\"\n\"UserId\"=\"app\"\n\"Password\"=\"p\"\n";
+
+TEST_F(Settings, AFileThatIsBeingWrittenIsReadAgain) {
+  const std::string whole = kKey + kFour;
+  for (const std::size_t length :
+       {std::size_t{0}, std::size_t{10}, kKey.size() / 2, kKey.size(), kKey.size() + 12, whole.size() - 8}) {
+    std::ofstream(m_file) << whole.substr(0, length);
+    const std::jthread writer([&] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(60));
+      std::ofstream(m_file) << whole;
+    });
+    EXPECT_THAT(DBConnect().ConnectionString(),
+                testing::EndsWith("=SQL1; Initial Catalog=Ledger; User ID=app; Password=p"))
+        << length;
+  }
+  EXPECT_EQ(Content(), whole);
+  EXPECT_TRUE(m_warnings.empty());
+}
+
+TEST_F(Settings, WrongLinesAreReportedAndStay) {
+  Put("Server=SQL1\n\"Database\"=\"old\"\n\"Database\"=\"new\"\n");
+  const std::string before = Content();
+  EXPECT_EQ(test::Caught([] { DBConnect().Reload(); }).Number(), 110);
+  EXPECT_EQ(Content(), before);
+  EXPECT_THAT(m_warnings, testing::ElementsAre(testing::HasSubstr("Could not read or create"),
+                                               testing::HasSubstr("Line 4 gives \"Server\" no value"),
+                                               testing::HasSubstr("Line 6 sets \"Database\" once more")));
+}
+
+/// Eight processes load for the first time while four set one value each. The exit status of each process is 0.
+TEST_F(Settings, FirstLoadsLoseNoValueThatIsSetMeanwhile) {
+  const auto run = [](const auto& action) {
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(action() ? 0 : 1);
+    return child;
+  };
+  std::vector<pid_t> children;
+  for (int i = 0; i < 8; ++i) {
+    children.push_back(run([] { return DBConnect().ConnectionString().starts_with("Provider"); }));
+    if (i % 2 != 0) continue;
+    children.push_back(run([i] {
+      const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
+      return key && key->SetString(std::array{"Server", "Database", "UserId", "Password"}.at(i / 2), "set");
+    }));
+  }
+  for (const pid_t child : children) {
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_THAT(DBConnect().ConnectionString(),
+              testing::EndsWith("=set; Initial Catalog=set; User ID=set; Password=set"));
 }
 
 TEST_F(Settings, UnwritableStoreIsError110AndIsReadAgain) {

@@ -10,7 +10,9 @@ namespace quorvel::test {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
 using ::testing::Not;
+using ::testing::StartsWith;
 
 TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel({"--version"}).output, HasSubstr("quorvel 5."));
@@ -31,14 +33,19 @@ TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
 
 TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   const std::string file = File("settings.reg");
-  EXPECT_EQ(Quorvel({"settings"}).output, "Server=\nDatabase=\nUserId=\nPassword=\nKept in " + file + "\n");
+  EXPECT_THAT(Quorvel({"settings"}).output, MatchesRegex("Server=\nDatabase=\nUserId=\nPassword=\nKept in " + file +
+                                                         ", which user .+ and group .+ may read\n"));
   EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "Sever=SQL2"}), IsWrongUsage("Sever"));
   EXPECT_THAT(Quorvel({"settings"}).output, HasSubstr("Server=\n"));
 
   const Outcome outcome = Quorvel({"settings", "SERVER=SQL1", "database=Ledger", "UserID=app", "password=a=b c"});
   EXPECT_THAT(outcome, Succeeds());
-  EXPECT_EQ(outcome.output, "Server=SQL1\nDatabase=Ledger\nUserId=app\nPassword=****\nKept in " + file + "\n");
+  EXPECT_THAT(outcome.output,
+              StartsWith("Server=SQL1\nDatabase=Ledger\nUserId=app\nPassword=****\nKept in " + file + ", which"));
   EXPECT_THAT(ReadWholeFile(file).value_or(""), HasSubstr("a=b c"));
+  EXPECT_THAT(Quorvel({"settings", "--password-stdin"}, "from \"stdin\"\n"), Succeeds());
+  EXPECT_THAT(ReadWholeFile(file).value_or(""), HasSubstr(R"("Password"="from \"stdin\""
+)"));
 
   // Only for the embedded engine the database is a file, whose path is made absolute.
   EXPECT_THAT(Quorvel({"settings", "Server=(Embedded)"}).output,

@@ -40,10 +40,7 @@ TEST(RegistryExport, ChangesOnlyOneLine) {
 
   ASSERT_TRUE(file.SetString(kKey, "Server", "new"));
   ASSERT_TRUE(file.SetString(kKey, "Broken", ""));
-  EXPECT_EQ(file.Text(),
-            before + "\"Server\"=\"new\"\r\n\"Broken\"=\"no end\r\n@=\"default\"\r\n\"Broken\"=\"\"\r\n" + after);
-  file.Remove(kKey, "SERVER");
-  EXPECT_EQ(file.Text(), before + "\"Broken\"=\"no end\r\n@=\"default\"\r\n\"Broken\"=\"\"\r\n" + after);
+  EXPECT_EQ(file.Text(), before + "\"Server\"=\"new\"\r\n\"Broken\"=\"\"\r\n@=\"default\"\r\n" + after);
 
   ASSERT_TRUE(file.AddKey("HKEY_LOCAL_MACHINE\\New"));
   EXPECT_TRUE(file.Text().ends_with("\"Server\"=\"last\"\r\n\r\n[HKEY_LOCAL_MACHINE\\New]\r\n"));
@@ -97,13 +94,38 @@ TEST(RegistryExport, ReadsEveryFormOfAValue) {
   }
 }
 
-TEST(RegistryExport, UsesTheLastDuplicateAndRemovesAll) {
+TEST(RegistryExport, UsesTheLastDuplicateAndReplacesAll) {
   RegistryExport file = WithLines("\"A\"=\"1\"\n[Other]\n[" + std::string(kKey) + "]\n\"a\"=-\n\"A\"=\"2\"");
   EXPECT_EQ(TextOf(file, "A"), "2");
   ASSERT_TRUE(file.SetString(kKey, "A", "3"));
-  EXPECT_EQ(TextOf(Parsed(file.Text()), "A"), "3");
-  file.Remove(kKey, "A");
-  EXPECT_EQ(TextOf(Parsed(file.Text()), "A"), "(none)");
+  EXPECT_EQ(file.Text(), WithLines("[Other]\n[" + std::string(kKey) + "]\n\"A\"=\"3\"\n").Text());
+}
+
+TEST(RegistryExport, NamesTheFaultsOfItsLines) {
+  RegistryExport file = WithLines(
+      "; =\nServer=SQL1\n\"Database=Ledger\"\n\"UserId\"=\"a\"\nSQL2\n\"Blob\"=hex:01,\\\n02\n\"userid\"=\"b\"\n"
+      "[Other]\nServer=theirs\n[HKEY_LOCAL_MACHINE\\Software\\Tarnwick\n");
+  EXPECT_EQ(
+      file.Problems(kKey),
+      (std::vector<std::string>{R"(Line 5 gives "Server" no value that can be read; write it as "Server"="value")",
+                                R"(Line 6 gives "Database" no value that can be read; write it as "Database"="value")",
+                                "Line 8 is not understood", R"(Line 11 sets "userid" once more; the last line counts)",
+                                "Line 14 names a key without a closing bracket; its values are not read"}));
+  EXPECT_TRUE(file.IsUnreadable(kKey, "SERVER"));
+  EXPECT_FALSE(file.IsUnreadable(kKey, "Missing"));
+  EXPECT_FALSE(file.AddKey("HKEY_LOCAL_MACHINE\\New")) << "line 14 may name it";
+  ASSERT_TRUE(file.SetString(kKey, "Server", "SQL1"));
+  EXPECT_EQ(TextOf(Parsed(file.Text()), "Server"), "SQL1");
+}
+
+TEST(RegistryExport, AValueThatWasCutOffSwallowsNoLine) {
+  for (const std::string lines : {"\"Blob\"=hex:01,\\", "\"Blob\"=hex:01,\\\n\"A\"=\"old\"\n"}) {
+    RegistryExport file = WithLines(lines);
+    ASSERT_TRUE(file.SetString(kKey, "A", "1"));
+    ASSERT_TRUE(file.AddKey("HKEY_LOCAL_MACHINE\\New"));
+    EXPECT_EQ(TextOf(Parsed(file.Text()), "A"), "1");
+    EXPECT_TRUE(Parsed(file.Text()).HasKey("HKEY_LOCAL_MACHINE\\New"));
+  }
 }
 
 TEST(RegistryExport, ReadsUtf16ExportsAndRefusesForeignFiles) {

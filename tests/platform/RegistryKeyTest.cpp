@@ -2,17 +2,25 @@
 
 #include "platform/RegistryKey.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <chrono>
+#include <csignal>
 #include <fstream>
+#include <iterator>
+#include <string>
 #include <thread>
 #include <vector>
 
 #include "platform/FileUpdate.h"
+#include "platform/posix/NewFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvel::registry {
@@ -49,15 +57,20 @@ TEST_F(RegistryKey, CreatesFolderFileAndKeyForOwnerAndGroupOnly) {
   const std::string before = m_folder.File("before");
   fs::create_hard_link(m_file, before);
   ASSERT_TRUE(key->SetString("Server", "SQL1"));
-  ASSERT_TRUE(key->Delete("Missing"));
   EXPECT_TRUE(fs::equivalent(m_file, before)) << "an unchanged file is not written";
 
   fs::permissions(m_file, fs::perms{0600});
   ASSERT_TRUE(key->SetString("Password", "x"));
   EXPECT_EQ(ModeOf(m_file), fs::perms{0600}) << "an administrator's narrower mode is kept";
   fs::permissions(m_file, fs::perms{0644});
-  ASSERT_TRUE(key->Delete("Server"));
+  ASSERT_TRUE(key->SetString("Server", "SQL2"));
   EXPECT_EQ(ModeOf(m_file), fs::perms{0640});
+
+  fs::remove(m_file);
+  const mode_t usual = ::umask(077);
+  EXPECT_TRUE(OpenKey());
+  ::umask(usual);
+  EXPECT_EQ(ModeOf(m_file), fs::perms{0600}) << "a stricter umask is respected";
 }
 
 TEST_F(RegistryKey, KeepsASymbolicLinkAndChangesItsFile) {
@@ -94,11 +107,39 @@ TEST_F(RegistryKey, FailedWritesKeepTheFile) {
   // A folder cannot be removed as a file, so no temporary file can be created.
   fs::create_directory(temporary);
   EXPECT_FALSE(key->SetString("Server", "SQL2"));
-  EXPECT_FALSE(key->Delete("Server"));
   EXPECT_EQ(ContentOf(m_file), before);
   Put(m_file, "spoilt");
   EXPECT_FALSE(key->Query("Server"));
   EXPECT_FALSE(key->SetString("Server", "SQL2"));
+}
+
+TEST_F(RegistryKey, AFileThatStaysLockedIsAnErrorAfterSeconds) {
+  const auto key = OpenKey();
+  const Descriptor lock(::open(m_file.c_str(), O_RDONLY | O_CLOEXEC));
+  ASSERT_EQ(::flock(lock.Get(), LOCK_EX), 0);
+  const Assignment value{"Server", "SQL1"};
+  EXPECT_EQ(key->Assign({&value, 1}), std::errc::device_or_resource_busy);
+  EXPECT_FALSE(key->Query("Server"));
+}
+
+TEST_F(RegistryKey, AKilledWriterLeavesAllItsValuesOrNone) {
+  const auto key = OpenKey();
+  const auto valuesOf = [](int round) {
+    const std::string text = std::to_string(round);
+    return std::array{Assignment{"Server", text}, Assignment{"Password", text}};
+  };
+  ASSERT_FALSE(key->Assign(valuesOf(0)));
+  for (int kill = 0; kill < 8; ++kill) {
+    const pid_t child = ::fork();
+    for (int round = 1; child == 0; ++round) (void)key->Assign(valuesOf(round));
+    std::this_thread::sleep_for(std::chrono::milliseconds(10 + 3 * kill));
+    ::kill(child, SIGKILL);
+    ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+    EXPECT_EQ(key->Query("Server")->text, key->Query("Password")->text);
+  }
+  ASSERT_FALSE(key->Assign(valuesOf(-1)));
+  const fs::directory_iterator files(fs::path(m_file).parent_path());
+  EXPECT_EQ(std::distance(fs::begin(files), fs::end(files)), 1) << "no copy of the password is left";
 }
 
 /// Writes eight values and opens the key for each of them.

@@ -1,6 +1,8 @@
 #include "tests/support/TestSettings.h"
 
+#include <array>
 #include <cstdlib>
+#include <string>
 
 #include "data/modDatabase.h"
 #include "data/modRegistry.h"
@@ -10,10 +12,12 @@ namespace quorvel::test {
 void UseSettings(std::string_view server, std::string_view database, std::string_view userId,
                  std::string_view password) {
   const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
-  if (!key || !key->SetString(modRegistry::kServer, server) || !key->SetString(modRegistry::kDatabase, database) ||
-      !key->SetString(modRegistry::kUserId, userId) || !key->SetString(modRegistry::kPassword, password)) {
-    std::abort();
-  }
+  const auto assign = [](std::string_view name, std::string_view text) {
+    return registry::Assignment{std::string(name), std::string(text)};
+  };
+  const std::array values = {assign(modRegistry::kServer, server), assign(modRegistry::kDatabase, database),
+                             assign(modRegistry::kUserId, userId), assign(modRegistry::kPassword, password)};
+  if (!key || key->Assign(values)) std::abort();
   modDatabase::Settings().Reload();
   modDatabase::OpenConnection();
 }

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace quorvel::cli {
+
+/// The users that the mode of a file lets read it, as in "user root and group sales"; empty when there is no such file.
+[[nodiscard]] std::string ReadersOf(const std::string& file);
+
+}  // namespace quorvel::cli
