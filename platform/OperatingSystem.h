@@ -12,7 +12,8 @@
 /// All texts are UTF-8.
 namespace quorvel::os {
 
-/// An environment variable's value; nothing when it is missing.
+/// An environment variable's value; nothing when it is missing, or when the process runs with another identity than its
+/// caller's (setuid).
 [[nodiscard]] std::optional<std::string> Variable(const char* name);
 
 /// The logon name of the current user; empty when it cannot be found.
@@ -32,6 +33,10 @@ void WriteWarning(std::string_view message);
 
 /// Whether an error means that the disk is full or that the user's quota or the largest file size is reached.
 [[nodiscard]] bool IsOutOfSpace(const std::error_code& error);
+
+/// Creates an empty file that its owner and group may read and write (mode 0660, or less with a stricter umask); on
+/// Windows the folder decides who may, and nothing is created. An existing file stays as it is.
+[[nodiscard]] std::error_code CreateSharedFile(const std::filesystem::path& file);
 
 /// A file name in the form that the file functions take.
 [[nodiscard]] std::filesystem::path PathOf(std::string_view name);

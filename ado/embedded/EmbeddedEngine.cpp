@@ -82,6 +82,8 @@ void CreateEmbeddedDatabase(const std::string& path) {
   if (std::filesystem::exists(file, error)) return;
   if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), error);
   try {
+    // SQLite lets every user read the files that it creates. The log and the index beside the file get its mode.
+    if (!error) error = os::CreateSharedFile(file);
     if (error) throw DriverError("08001", error.value(), os::Explain(error));
     const DatabaseHandle database = OpenFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     sqlite3_busy_timeout(database.Get(), 60'000);

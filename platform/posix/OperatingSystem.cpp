@@ -1,6 +1,8 @@
 #include "platform/OperatingSystem.h"
 
+#include <fcntl.h>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <syslog.h>
 #include <unistd.h>
 
@@ -15,7 +17,8 @@
 namespace quorvel::os {
 
 std::optional<std::string> Variable(const char* name) {
-  const char* value = std::getenv(name);
+  // A program that runs with another identity than its caller's must not obey the caller's variables.
+  const char* value = ::secure_getenv(name);
   return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
 }
 
@@ -54,6 +57,14 @@ std::string Explain(const std::error_code& error) { return error.message(); }
 
 bool IsOutOfSpace(const std::error_code& error) {
   return error.value() == ENOSPC || error.value() == EDQUOT || error.value() == EFBIG;
+}
+
+std::error_code CreateSharedFile(const std::filesystem::path& file) {
+  constexpr mode_t kMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP;
+  const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode);
+  if (descriptor < 0) return errno == EEXIST ? std::error_code() : std::error_code(errno, std::generic_category());
+  ::close(descriptor);
+  return {};
 }
 
 std::filesystem::path PathOf(std::string_view name) { return name; }

@@ -2,12 +2,15 @@
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <future>
+#include <memory>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "tests/support/Caught.h"
@@ -42,6 +45,24 @@ TEST(EmbeddedFaults, FileThatCannotBeDatabaseIsNamed) {
     EXPECT_EQ(connection.Errors().size(), 1U) << file;
   }
   EXPECT_THROW(CreateEmbeddedDatabase(text + "/below.db"), Error);
+}
+
+TEST(EmbeddedFaults, OnlyOwnerAndGroupCanOpenANewDatabase) {
+  const test::TemporaryFolder folder;
+  const auto modeOf = [](const std::string& file) { return std::filesystem::status(file).permissions(); };
+  for (const auto& [stricter, expected] : {std::pair<mode_t, int>{022, 0640}, {0, 0660}, {077, 0600}}) {
+    const std::string file = folder.File(std::to_string(stricter));
+    const mode_t usual = ::umask(stricter);
+    CreateEmbeddedDatabase(file);
+    const auto connection = std::make_shared<Connection>();
+    connection->SetConnectionString("Data Source=(embedded);Initial Catalog=" + file);
+    connection->Open();
+    (void)connection->Execute("CREATE TABLE T (A int)");
+    ::umask(usual);
+    for (const char* part : {"", "-wal", "-shm"}) {
+      EXPECT_EQ(modeOf(file + part), std::filesystem::perms(expected)) << file + part;
+    }
+  }
 }
 
 // The byte says which version of the file's format is needed to write to it, so the file is read-only for root too.
