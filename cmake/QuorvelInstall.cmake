@@ -8,11 +8,17 @@ endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
+# run_path(<path> <targets>...): where the files look for libraries first, in the build tree as well. CMake would end a path that
+# it changes later with a colon, and the empty part behind it means the current folder: a program would run foreign code.
+function(run_path path)
+  set_target_properties(${ARGN} PROPERTIES INSTALL_RPATH "${path}" BUILD_WITH_INSTALL_RPATH ON)
+endfunction()
+
 # The libraries find each other because they are in one folder. The programs find the libraries by a path relative to their
-# own folder.
-set_target_properties(quorvel_shared quorvel_core quorvel_windows PROPERTIES INSTALL_RPATH "$ORIGIN")
+# own folder; in the build tree they are in the folder of the libraries.
+run_path("$ORIGIN" quorvel_shared quorvel_core quorvel_windows)
 file(RELATIVE_PATH librariesFromPrograms ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-set(programRunPath "$ORIGIN/${librariesFromPrograms}")
+set(programRunPath "$ORIGIN/${librariesFromPrograms}" "$ORIGIN")
 
 install(TARGETS quorvel_shared EXPORT QuorvelTargets
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
@@ -38,11 +44,11 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/quorvel.pc.in ${builtPackage}/quorvel.p
 install(FILES ${builtPackage}/quorvel.pc DESTINATION ${pkgConfigFolder} COMPONENT development)
 
 if(QUORVEL_BUILD_CLI)
-  set_target_properties(quorvel_cli PROPERTIES INSTALL_RPATH ${programRunPath})
+  run_path("${programRunPath}" quorvel_cli)
   install(TARGETS quorvel_cli RUNTIME COMPONENT tools)
 endif()
 if(TARGET quorvel_sample)
-  set_target_properties(quorvel_sample PROPERTIES INSTALL_RPATH ${programRunPath})
+  run_path("${programRunPath}" quorvel_sample)
   install(TARGETS quorvel_sample RUNTIME COMPONENT sample)
   install(FILES ${PROJECT_SOURCE_DIR}/packaging/linux/quorvel-sample.desktop
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/applications COMPONENT sample)

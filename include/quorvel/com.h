@@ -6,8 +6,8 @@
 /// layouts and rules of the originals: a host with `using namespace Quorvel` compiles on both. Its functions are
 /// inline; texts are allocated with malloc, so host and component may free each other's.
 ///
-/// The differences elsewhere: OLECHAR is char16_t, a VARIANT has no arrays, decimals or user types, and there are no
-/// apartments, so an object is used on one thread and cannot be marshalled to another.
+/// The differences elsewhere: OLECHAR is char16_t, a VARIANT has no arrays or user types and no member for its decimal,
+/// and there are no apartments, so an object is used on one thread and cannot be marshalled to another.
 
 #ifdef _WIN32
 
@@ -26,6 +26,10 @@ namespace Quorvel {}
 #ifndef OLESTR
 #define OLESTR(text) u##text
 #endif
+
+// Headers of ODBC define this name as a macro.
+#pragma push_macro("BOOL")
+#undef BOOL
 
 namespace Quorvel {
 
@@ -115,6 +119,7 @@ enum VARENUM : VARTYPE {
   VT_BOOL = 11,
   VT_VARIANT = 12,
   VT_UNKNOWN = 13,
+  VT_DECIMAL = 14,
   VT_I1 = 16,
   VT_UI1 = 17,
   VT_UI2 = 18,
@@ -163,6 +168,16 @@ struct IUnknown {
 
 struct IDispatch;
 struct ITypeInfo;
+
+/// A decimal number of 96 bits, divided by 10 as often as `scale` says (0 to 28). A VARIANT with one is these bytes
+/// with VT_DECIMAL in the first member: copy it into the VARIANT with memcpy, then set vt.
+struct DECIMAL {
+  USHORT wReserved;
+  BYTE scale;
+  BYTE sign;  ///< 0, or 0x80 for a negative number
+  ULONG Hi32;
+  ULONGLONG Lo64;
+};
 
 /// A value of any type. Its owner clears it.
 struct VARIANT {
@@ -262,8 +277,10 @@ struct ISupportErrorInfo : IUnknown {
   virtual HRESULT InterfaceSupportsErrorInfo(REFIID riid) = 0;
 };
 
-/// Access to the error object of the current thread, which the component keeps. DllGetClassObject returns this
-/// interface for CLSID_ThreadErrors; GetErrorInfo and SetErrorInfo use it.
+/// Access to the error object of the current thread, which the component keeps, for GetErrorInfo and SetErrorInfo.
+/// QuorvelCreate returns this interface for the name "Quorvel.ThreadErrors". DllGetClassObject returns it for
+/// CLSID_ThreadErrors too, but a host or another library may have a function of that name, which is then called
+/// instead.
 struct IThreadErrors : IUnknown {
   virtual HRESULT SetErrorInfo(IErrorInfo* error) = 0;
   virtual HRESULT GetErrorInfo(IErrorInfo** error) = 0;
@@ -351,17 +368,21 @@ inline HRESULT VariantCopy(VARIANT* target, const VARIANT* source) noexcept {
 
 extern "C" Quorvel::HRESULT DllGetClassObject(Quorvel::REFCLSID rclsid, Quorvel::REFIID riid, void** object);
 extern "C" Quorvel::HRESULT DllCanUnloadNow();
+extern "C" Quorvel::HRESULT QuorvelCreate(Quorvel::LPCOLESTR progId, Quorvel::REFIID riid, void** object);
 
 namespace Quorvel {
 
 /// @name The thread's error object
 /// @{
 
-/// Takes the error object of the last failed call on this thread; S_FALSE and null when there is none.
+/// Takes the error object of the last failed call on this thread; S_FALSE and null when there is none. E_INVALIDARG
+/// when `error` is null.
 inline HRESULT GetErrorInfo(ULONG /*reserved*/, IErrorInfo** error) noexcept {
+  if (error == nullptr) return E_INVALIDARG;
   *error = nullptr;
   IThreadErrors* errors = nullptr;
-  const HRESULT result = DllGetClassObject(CLSID_ThreadErrors, IID_IThreadErrors, reinterpret_cast<void**>(&errors));
+  const HRESULT result =
+      QuorvelCreate(OLESTR("Quorvel.ThreadErrors"), IID_IThreadErrors, reinterpret_cast<void**>(&errors));
   if (FAILED(result)) return result;
   const HRESULT taken = errors->GetErrorInfo(error);
   errors->Release();
@@ -371,7 +392,8 @@ inline HRESULT GetErrorInfo(ULONG /*reserved*/, IErrorInfo** error) noexcept {
 /// Replaces the thread's error object; null removes it.
 inline HRESULT SetErrorInfo(ULONG /*reserved*/, IErrorInfo* error) noexcept {
   IThreadErrors* errors = nullptr;
-  const HRESULT result = DllGetClassObject(CLSID_ThreadErrors, IID_IThreadErrors, reinterpret_cast<void**>(&errors));
+  const HRESULT result =
+      QuorvelCreate(OLESTR("Quorvel.ThreadErrors"), IID_IThreadErrors, reinterpret_cast<void**>(&errors));
   if (FAILED(result)) return result;
   errors->SetErrorInfo(error);
   errors->Release();
@@ -380,5 +402,7 @@ inline HRESULT SetErrorInfo(ULONG /*reserved*/, IErrorInfo* error) noexcept {
 /// @}
 
 }  // namespace Quorvel
+
+#pragma pop_macro("BOOL")
 
 #endif

@@ -76,6 +76,6 @@ if grep -rniE 'sqlite|odbc|fmt|quorvel-core|wx|gtk' "$prefix/include" "$prefix/$
 fi
 for file in "$library" "$core" "$windows" "$prefix"/bin/*; do
   folder="\$ORIGIN"
-  [[ $file != "$prefix"/bin/* ]] || folder="\$ORIGIN/../$lib"
+  [[ $file != "$prefix"/bin/* ]] || folder="\$ORIGIN/../$lib:\$ORIGIN"
   expect "Where ${file##*/} looks for libraries first" "$folder" "$(named RUNPATH "$file")$(named RPATH "$file")"
 done

@@ -142,6 +142,7 @@ TEST_F(Errors, BelongToTheirThreadUntilItsNextCall) {
   Run([] {
     const auto context = NewContext();
     EXPECT_EQ(Load(context.Get(), u"None"), -1);
+    EXPECT_EQ(GetErrorInfo(0, nullptr), E_INVALIDARG);
     std::thread([] { EXPECT_FALSE(TakeError().isThere); }).join();
 
     // A host may put an error object back and replace it.

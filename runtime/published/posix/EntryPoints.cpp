@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "platform/Text.h"
 #include "platform/com/CallGuard.h"
@@ -15,6 +16,9 @@
 
 namespace quorvel::published {
 namespace {
+
+/// The name by which the published header asks for the thread's errors.
+constexpr std::u16string_view kThreadErrors = u"Quorvel.ThreadErrors";
 
 HRESULT GetHostErrorAccess(REFIID riid, void** object) noexcept {
   if (object == nullptr) return E_POINTER;
@@ -56,6 +60,7 @@ extern "C" QUORVEL_EXPORT HRESULT QuorvelCreate(LPCOLESTR progId, REFIID riid, v
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
   if (progId == nullptr) return E_INVALIDARG;
+  if (progId == kThreadErrors) return GetHostErrorAccess(riid, object);
   HRESULT result = S_OK;
   const HRESULT created = quorvel::com::Guarded(riid, [&] {
     const PublishedClass* found = FindClass(progId);

@@ -1,0 +1,10 @@
+# No file looks for libraries in the folder that happens to be current: an empty part of a run path means that folder.
+foreach(file IN LISTS FILES)
+  execute_process(COMMAND ${READELF} -dW ${file} OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)
+  if(NOT dynamic MATCHES "\\((RPATH|RUNPATH)\\)[^\n]*\\[([^\n]*)\\]")
+    message(FATAL_ERROR "${file} has no run path")
+  endif()
+  if(":${CMAKE_MATCH_2}:" MATCHES "::")
+    message(FATAL_ERROR "${file} looks in the current folder: ${CMAKE_MATCH_2}")
+  endif()
+endforeach()
