@@ -8,6 +8,7 @@
 
 #include "platform/Error.h"
 #include "platform/com/Date.h"
+#include "platform/com/Decimal.h"
 #include "platform/com/Pointer.h"
 #include "platform/com/Text.h"
 
@@ -46,8 +47,6 @@ std::size_t SizeOf(VARTYPE type) noexcept {
   }
 }
 
-constexpr double kCurrencyUnit = 10000;
-
 /// An object's default value. It must not be an object again: a chain of default values might never end.
 Value DefaultValue(IUnknown* object) {
   if (object == nullptr) ThrowObjectNotSet();
@@ -69,6 +68,13 @@ Value FromUnsigned(ULONGLONG number) {
   return static_cast<std::int64_t>(number);
 }
 
+/// A decimal covers the whole VARIANT: the type stands in its first, unused member.
+DECIMAL DecimalIn(const VARIANT& value) noexcept {
+  DECIMAL decimal;
+  std::memcpy(&decimal, &value, sizeof(decimal));
+  return decimal;
+}
+
 }  // namespace
 
 VARIANT Borrow(const VARIANT& value) noexcept {
@@ -76,6 +82,12 @@ VARIANT Borrow(const VARIANT& value) noexcept {
   // A VARIANT by reference may contain a value by reference, but not a second VARIANT by reference.
   if (value.vt == kReference && value.pvarVal != nullptr && value.pvarVal->vt != kReference) {
     return Borrow(*value.pvarVal);
+  }
+  if (value.vt == (VT_BYREF | VT_DECIMAL) && value.byref != nullptr) {
+    VARIANT plain;
+    std::memcpy(&plain, value.byref, sizeof(DECIMAL));
+    plain.vt = VT_DECIMAL;
+    return plain;
   }
   const std::size_t size = (value.vt & VT_BYREF) != 0 ? SizeOf(static_cast<VARTYPE>(value.vt & ~VT_BYREF)) : 0;
   if (size == 0 || value.byref == nullptr) return value;
@@ -116,7 +128,9 @@ Value ToValue(const VARIANT& value) {
     case VT_R8:
       return plain.dblVal;
     case VT_CY:
-      return static_cast<double>(plain.llVal) / kCurrencyUnit;
+      return FromCurrency(plain.llVal);
+    case VT_DECIMAL:
+      return FromDecimal(DecimalIn(plain));
     case VT_BOOL:
       return plain.boolVal != VARIANT_FALSE;
     case VT_DATE:

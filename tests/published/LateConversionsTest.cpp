@@ -20,11 +20,24 @@ AnyValue Of(VARENUM type, T value) {
   return made;
 }
 
+/// A decimal number: `units` divided by 10 as often as `scale` says.
+DECIMAL DecimalOf(LONGLONG units, BYTE scale, ULONG high = 0) {
+  const BYTE sign = units < 0 ? BYTE{0x80} : BYTE{0};
+  return {VT_DECIMAL, scale, sign, high, static_cast<ULONGLONG>(units < 0 ? -units : units)};
+}
+
+AnyValue Of(const DECIMAL& decimal) {
+  AnyValue made;
+  std::memcpy(made.Pointer(), &decimal, sizeof(decimal));
+  return made;
+}
+
 TEST_F(LateConversions, OfEveryTypeToTheTypeOfAProperty) {
   VARIANT_BOOL flag = VARIANT_TRUE;
   DATE date = 45000.5;
   Text number(u"31");
   AnyValue holder(u"in a variable");
+  DECIMAL decimal = DecimalOf(75, 1);
   struct Row {
     const OLECHAR* property;
     AnyValue given;
@@ -37,6 +50,13 @@ TEST_F(LateConversions, OfEveryTypeToTheTypeOfAProperty) {
       {u"MemoKey", Of(VT_UI2, USHORT{65535}), 65535},
       {u"MemoKey", Of(VT_R4, 1.5F), 2},
       {u"MemoKey", Of(VT_CY, LONGLONG{125'000}), 12},
+      {u"MemoText", Of(VT_CY, LONGLONG{-125'000}), u"-12.5"},
+      {u"MemoKey", Of(DecimalOf(-1200, 2)), -12},
+      {u"MemoText", Of(DecimalOf(125, 2)), u"1.25"},
+      {u"MemoKey", Of(DecimalOf(0, 28)), 0},
+      {u"Dirty", Of(DecimalOf(1, 28)), true},
+      {u"DateStamp", Of(DecimalOf(4500025, 2)), AnyValue::Date(45000.25)},
+      {u"MemoKey", AnyValue::ByReference(VT_DECIMAL, &decimal), 8},
       {u"MemoKey", AnyValue::Date(45000.0), 45000},
       {u"MemoKey", true, -1},
       {u"MemoKey", AnyValue(), 0},
@@ -75,6 +95,8 @@ TEST_F(LateConversions, ImpossibleOnesAreRefused) {
       {u"MemoKey", Of(VT_UI4, ULONG{4'000'000'000}), DISP_E_OVERFLOW},
       {u"MemoKey", Of(VT_I8, LONGLONG{5'000'000'000}), DISP_E_OVERFLOW},
       {u"MemoKey", Of(VT_UI8, std::numeric_limits<ULONGLONG>::max()), DISP_E_OVERFLOW},
+      {u"MemoKey", Of(DecimalOf(0, 0, 1)), DISP_E_OVERFLOW},
+      {u"MemoKey", Of(DecimalOf(1, 29)), DISP_E_TYPEMISMATCH},
       {u"MemoKey", u"abc", DISP_E_TYPEMISMATCH},
       {u"MemoKey", AnyValue::Null(), DISP_E_TYPEMISMATCH},
       {u"MemoKey", static_cast<IDispatch*>(nullptr), DISP_E_TYPEMISMATCH},
