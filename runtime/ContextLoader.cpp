@@ -24,11 +24,13 @@ ado::Parameter Integer(const char* name, ado::DataType type, std::int32_t number
   return ado::Command::CreateParameter(name, type, ado::ParameterDirection::Input, 0, std::int64_t{number});
 }
 
-/// A host's identifier columns may be of fixed width. A value that is no text finds no type, which is no error.
+/// A host's identifier columns may be of fixed width.
+std::string Trimmed(std::string id) { return id.ends_with(' ') ? std::string(TrimBlanks(id)) : std::move(id); }
+
+/// A value that is no text finds no type, which is no error.
 Value TrimmedId(const ado::Field& field) {
   Value value = field.Value();
-  auto* id = std::get_if<std::string>(&value);
-  if (id != nullptr && id->ends_with(' ')) *id = std::string(TrimBlanks(*id));
+  if (auto* id = std::get_if<std::string>(&value)) *id = Trimmed(std::move(*id));
   return value;
 }
 
@@ -63,10 +65,10 @@ struct MemoColumns {
   ado::Field memoText;
 };
 
-void Fill(Remark& remark, const MemoColumns& row) {
-  remark.SetMemoKey(ToInt32(row.memoKey.Value()));
+void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row) {
+  remark.SetStored(ToInt32(row.memoKey.Value()), owner);
   remark.SetDateStamp(ToDateTime(row.dateStamp.Value()));
-  remark.SetUserID(ToText(row.userID.Value()));
+  remark.SetUserID(Trimmed(ToText(row.userID.Value())));
   remark.SetMemoText(ToText(row.memoText.Value()));
 }
 
@@ -117,11 +119,11 @@ void LoadOwner(const std::string& procedure, const std::string& ownerID, OwnerRe
   record.name = ToText(row->Fields("OwnerName").Value());
 }
 
-void LoadRemarks(const RemarkFilter& filter, const RemarkTypes* types, RemarkList& remarks) {
+void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const RemarkTypes* types, RemarkList& remarks) {
   const auto rows =
-      ExecDeclaredSP("spTWCqvGetFilteredMemos", {Id("@ContextID", filter.contextID),
-                                                 Integer("@EntityType", ado::DataType::SmallInt, filter.entityKey),
-                                                 Integer("@OwnerKey", ado::DataType::Integer, filter.ownerKey)});
+      ExecDeclaredSP("spTWCqvGetFilteredMemos",
+                     {Id("@ContextID", contextID), Integer("@EntityType", ado::DataType::SmallInt, owner.entityKey),
+                      Integer("@OwnerKey", ado::DataType::Integer, owner.ownerKey)});
   if (rows->EndOfFile()) return;
   const MemoColumns row(*rows);
   for (; !rows->EndOfFile(); rows->MoveNext()) {
@@ -129,7 +131,7 @@ void LoadRemarks(const RemarkFilter& filter, const RemarkTypes* types, RemarkLis
     if (!type || type->CanRead() <= 0) continue;
     const auto remark = remarks.Add();
     remark->SetRemarkType(type);
-    Fill(*remark, row);
+    Fill(*remark, owner, row);
   }
 }
 

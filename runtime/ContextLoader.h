@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 
 #include "runtime/ContextRecord.h"
+#include "runtime/MemoOwner.h"
 #include "runtime/RemarkList.h"
 #include "runtime/RemarkTypes.h"
 
@@ -25,13 +25,7 @@ void LoadRights(const std::string& userID, const RemarkTypes& types);
 /// Error -1 when the procedure cannot run or finds no such owner.
 void LoadOwner(const std::string& procedure, const std::string& ownerID, OwnerRecord& record);
 
-struct RemarkFilter {
-  std::string contextID;
-  std::int32_t entityKey = 0;
-  std::int32_t ownerKey = 0;
-};
-
-/// Appends the remarks whose type is in `types` and readable. Null means no types.
-void LoadRemarks(const RemarkFilter& filter, const RemarkTypes* types, RemarkList& remarks);
+/// Appends the owner's remarks whose type is in `types` and readable. Null means no types.
+void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const RemarkTypes* types, RemarkList& remarks);
 
 }  // namespace quorvel::contextLoader

@@ -1,3 +1,5 @@
+// A memo never changes its owner here: the context may have loaded another record since the remark was read.
+
 #include "runtime/Remark.h"
 
 #include "data/modDatabase.h"
@@ -30,33 +32,70 @@ std::int32_t Remark::EntityKey() const noexcept {
   return m_remarkType && m_remarkType->Context() ? m_remarkType->Context()->EntityKey() : 0;
 }
 
+void Remark::SetMemoKey(std::int32_t key) noexcept {
+  m_memoKey = key;
+  m_storedFor.reset();
+  m_isKeyTaken = false;
+}
+
+void Remark::SetStored(std::int32_t key, const MemoOwner& owner) noexcept {
+  SetMemoKey(key);
+  m_storedFor = owner;
+}
+
 void Remark::Commit() {
+  if (!m_remarkType) return CommitFor(MemoOwner{});
+  const auto& context = m_remarkType->Context();
+  if (!context) ThrowObjectNotSet();
+  CommitFor(context->LoadedOwner("Remark.Commit"));
+}
+
+void Remark::CommitFor(const MemoOwner& owner) {
   // After Dispose the owner is unknown: writing the remark would take it from its owner.
   if (m_remarkType && !m_remarkType->Context()) ThrowObjectNotSet();
+  if (m_storedFor && *m_storedFor != owner) {
+    throw Error(ErrorNumber::Component, "Remark.Commit",
+                "This remark belongs to another record than the one that is loaded; nothing was written");
+  }
   m_dateStamp = Now();
   if (m_userID.empty()) {
     if (!m_remarkType) ThrowObjectNotSet();
     m_userID = m_remarkType->Context()->UserID();
   }
-  const bool isNew = m_memoKey == 0;
-  if (isNew) m_memoKey = modDatabase::GetNextSurrogateKey("tciMemo");
-  modDatabase::ExecSP(isNew ? "spTWCqvAddRemark" : "spTWCqvUpdateRemark", {{"@MemoKey", Number(m_memoKey)},
-                                                                           {"@MemoType", TypeID()},
-                                                                           {"@EntityType", Number(EntityKey())},
-                                                                           {"@OwnerKey", Number(OwnerKey())},
-                                                                           {"@MemoText", TrimmedText(m_memoText)},
-                                                                           {"@UserID", TrimmedText(m_userID)}});
+  Write(owner);
+  m_storedFor = owner;
   m_dirty = false;
 }
 
+void Remark::Write(const MemoOwner& owner) {
+  const bool isNew = m_memoKey == 0 || m_isKeyTaken;
+  if (isNew) m_memoKey = modDatabase::GetNextSurrogateKey("tciMemo");
+  m_isKeyTaken = false;
+  try {
+    modDatabase::ExecSP(isNew ? "spTWCqvAddRemark" : "spTWCqvUpdateRemark", {{"@MemoKey", Number(m_memoKey)},
+                                                                             {"@MemoType", TypeID()},
+                                                                             {"@EntityType", Number(owner.entityKey)},
+                                                                             {"@OwnerKey", Number(owner.ownerKey)},
+                                                                             {"@MemoText", TrimmedText(m_memoText)},
+                                                                             {"@UserID", TrimmedText(m_userID)}});
+  } catch (const Error& error) {
+    // An update under this key would overwrite the memo that has it. A memo that was stored before has its own key.
+    m_isKeyTaken = !m_storedFor && error.Number() == ErrorNumber::DbIntegrity;
+    throw;
+  }
+}
+
 void Remark::Delete() const {
-  if (m_memoKey != 0) modDatabase::ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(m_memoKey)}});
+  if (m_memoKey == 0 || m_isKeyTaken) return;
+  modDatabase::ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(m_memoKey)}});
 }
 
 std::shared_ptr<Remark> Remark::Copy() const {
   auto copy = std::make_shared<Remark>();
   copy->m_remarkType = m_remarkType;
+  copy->m_storedFor = m_storedFor;
   copy->m_memoKey = m_memoKey;
+  copy->m_isKeyTaken = m_isKeyTaken;
   copy->m_dateStamp = m_dateStamp;
   copy->m_memoText = m_memoText;
   copy->m_dirty = m_dirty;

@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/DateTime.h"
+#include "runtime/MemoOwner.h"
 #include "runtime/Publishable.h"
 #include "runtime/RemarkType.h"
 
@@ -17,7 +19,10 @@ class Remark : public Publishable {
   void SetRemarkType(std::shared_ptr<quorvel::RemarkType> type) noexcept { m_remarkType = std::move(type); }
   /// 0 for a remark that was never stored.
   [[nodiscard]] std::int32_t MemoKey() const noexcept { return m_memoKey; }
-  void SetMemoKey(std::int32_t key) noexcept { m_memoKey = key; }
+  /// Makes this the remark of another memo, whose owner is not known.
+  void SetMemoKey(std::int32_t key) noexcept;
+  /// For the code that reads memos: the memo with this key belongs to `owner`.
+  void SetStored(std::int32_t key, const MemoOwner& owner) noexcept;
   [[nodiscard]] DateTime DateStamp() const noexcept { return m_dateStamp; }
   void SetDateStamp(DateTime dateStamp) noexcept { m_dateStamp = dateStamp; }
   [[nodiscard]] const std::string& UserID() const noexcept { return m_userID; }
@@ -35,23 +40,32 @@ class Remark : public Publishable {
   [[nodiscard]] std::int32_t EntityKey() const noexcept;
 
   /// Writes the remark: an insert under a new key when MemoKey is 0, else an update. Text and user are sent trimmed;
-  /// the fields keep their blanks. A failed insert keeps its new key. Database errors pass through; Dirty is cleared
-  /// only after success. Error 91, before anything is written, when the type's context was disposed of, or when the
-  /// remark has neither user nor type.
+  /// the fields keep their blanks. A failed insert keeps its new key, and the next Commit updates; but when another
+  /// memo has the key, the next Commit inserts under another one. Database errors pass through; Dirty is cleared only
+  /// after success. Before anything is written: error 91 when the type's context was disposed of, or when the remark
+  /// has neither user nor type; error -1 when the memo belongs to another owner.
+  ///
+  /// A new remark becomes the owner's that its context has loaded; error -1 when the last Load failed.
   void Commit();
+  /// The same for the remark of a list: a new remark becomes `owner`'s.
+  void CommitFor(const MemoOwner& owner);
 
-  /// Deletes the row; does nothing with key 0. The fields stay as they are.
+  /// Deletes the row; does nothing with key 0 or with a key that another memo has. The fields stay as they are.
   void Delete() const;
 
   /// A copy for RemarkList::Backup: everything but UserID, which stays empty.
   [[nodiscard]] std::shared_ptr<Remark> Copy() const;
 
  private:
+  void Write(const MemoOwner& owner);
+
   std::shared_ptr<quorvel::RemarkType> m_remarkType;
   std::string m_memoText;
   std::string m_userID;
   DateTime m_dateStamp = kZeroDate;
+  std::optional<MemoOwner> m_storedFor;  ///< the memo's owner, once it is known
   std::int32_t m_memoKey = 0;
+  bool m_isKeyTaken = false;  ///< the insert failed because another memo has the key
   bool m_dirty = false;
 };
 

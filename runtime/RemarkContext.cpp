@@ -15,8 +15,18 @@
 #include "runtime/RemarkWindows.h"
 
 namespace quorvel {
+namespace {
+
+constexpr const char* kRefreshRemarkList = "RemarkContext.RefreshRemarkList";
+
+}  // namespace
 
 std::shared_ptr<RemarkContext> RemarkContext::Create() { return std::make_shared<RemarkContext>(Private{}); }
+
+void RemarkContext::SetEditBehavior(quorvel::EditBehavior behavior) noexcept {
+  m_context.editBehavior = behavior;
+  if (m_remarkList) m_remarkList->SetOrigin({m_remarkList->Origin().owner, behavior});
+}
 
 void RemarkContext::SetOwnerID(const std::string& ownerID) {
   if (EqualIgnoringCase(ownerID, m_ownerID)) return;
@@ -31,6 +41,7 @@ void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
   m_owner.key = ownerKey;
   if (!m_remarkList) ThrowObjectNotSet();
   m_remarkList->Clear(true);
+  m_remarkList->SetOrigin({MemoOwner{m_context.entityKey, ownerKey}, m_context.editBehavior});
 }
 
 std::shared_ptr<RemarkType> RemarkContext::Item(const Value& i_vIndexKey) const noexcept {
@@ -79,29 +90,54 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   RefuseWhileEdited("RemarkContext.Load");
   modDatabase::EnsureConnection();
   Save(false);
+  m_isLoaded = false;
   m_contextID = i_sContextID;
   contextLoader::LoadContext(m_contextID, m_context);
   m_types = std::make_shared<RemarkTypes>();
   contextLoader::LoadTypes(m_contextID, shared_from_this(), *m_types);
   m_userID = i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID;
   contextLoader::LoadRights(m_userID, *m_types);
+  m_isLoaded = true;
   m_ownerID = i_sOwnerID;
   LoadMemos();
 }
 
 void RemarkContext::LoadMemos() {
   m_owner = {};
-  m_remarkList = std::make_shared<quorvel::RemarkList>();
-  if (m_ownerID.empty()) return;
+  const bool hasOwner = !m_ownerID.empty();
+  ReplaceList(hasOwner ? std::nullopt : std::optional(MemoOwner{m_context.entityKey, 0}));
+  if (!hasOwner) return;
+  RequireLoaded("RemarkContext.LoadMemos");
   contextLoader::LoadOwner(m_context.ownerProcedure, m_ownerID, m_owner);
+  m_remarkList->SetOrigin({MemoOwner{m_context.entityKey, m_owner.key}, m_context.editBehavior});
   RefreshRemarkList();
+}
+
+void RemarkContext::ReplaceList(std::optional<MemoOwner> owner) {
+  m_remarkList = std::make_shared<quorvel::RemarkList>(ListOrigin{owner, m_context.editBehavior});
+}
+
+// The loaders fill the object step by step, so after a failed load entity, types and owner may not belong together.
+void RemarkContext::RequireLoaded(const char* source) const {
+  if (m_isLoaded) return;
+  throw Error(ErrorNumber::Component, source, "Context has not been loaded");
+}
+
+MemoOwner RemarkContext::LoadedOwner(const char* source) const {
+  RequireLoaded(source);
+  if (!m_remarkList) ThrowObjectNotSet();
+  return m_remarkList->Owner(source);
 }
 
 void RemarkContext::RefreshRemarkList() {
   if (m_ownerID.empty()) return;
   Save(false);
-  m_remarkList = std::make_shared<quorvel::RemarkList>();
-  contextLoader::LoadRemarks({m_contextID, m_context.entityKey, m_owner.key}, m_types.get(), *m_remarkList);
+  RequireLoaded(kRefreshRemarkList);
+  // Dispose has left no list, and no types whose remarks could be read.
+  const MemoOwner owner =
+      m_remarkList ? m_remarkList->Owner(kRefreshRemarkList) : MemoOwner{m_context.entityKey, m_owner.key};
+  ReplaceList(owner);
+  contextLoader::LoadRemarks(m_contextID, owner, m_types.get(), *m_remarkList);
 }
 
 void RemarkContext::Edit(const std::string& i_sContextID, const std::string& i_sOwnerID, const std::string& i_sUserID) {
@@ -116,16 +152,19 @@ void RemarkContext::Popup(const std::string& i_sContextID, const std::string& i_
 }
 
 void RemarkContext::Save(bool bForceSave) {
-  if (!m_remarkList || !m_remarkList->Dirty()) return;
+  // While the user is asked, the host may dispose of this object or load something else.
+  const auto list = m_remarkList;
+  if (!list || !list->Dirty()) return;
   if (!bForceSave) {
-    if (m_context.editBehavior == EditBehavior::NoAutoSave) return;
-    if (m_context.editBehavior == EditBehavior::PromptForSave &&
+    const quorvel::EditBehavior behavior = list->Origin().editBehavior;
+    if (behavior == EditBehavior::NoAutoSave) return;
+    if (behavior == EditBehavior::PromptForSave &&
         CurrentPrompts().ShowMessage("Save changes to these remarks?", "Edit Remarks", PromptButtons::YesNo,
                                      PromptIcon::Question) != PromptAnswer::Yes) {
       return;
     }
   }
-  m_remarkList->Save();
+  list->Save();
 }
 
 void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText,
@@ -134,7 +173,7 @@ void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string
   if (!type) {
     throw Error(ErrorNumber::Component, "RemarkContext.AddRemark", "Illegal remark type for this context");
   }
-  if (!m_remarkList) m_remarkList = std::make_shared<quorvel::RemarkList>();
+  static_cast<void>(LoadedOwner("RemarkContext.AddRemark"));
   auto remark = std::make_shared<Remark>();
   remark->SetRemarkType(std::move(type));
   remark->SetMemoText(i_sRemarkText);

@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/Value.h"
 #include "runtime/ContextRecord.h"
 #include "runtime/EditBehavior.h"
+#include "runtime/MemoOwner.h"
 #include "runtime/Publishable.h"
 #include "runtime/RemarkList.h"
 #include "runtime/RemarkType.h"
@@ -28,7 +30,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   explicit RemarkContext(Private) {}
 
   [[nodiscard]] quorvel::EditBehavior EditBehavior() const noexcept { return m_context.editBehavior; }
-  void SetEditBehavior(quorvel::EditBehavior behavior) noexcept { m_context.editBehavior = behavior; }
+  void SetEditBehavior(quorvel::EditBehavior behavior) noexcept;
   [[nodiscard]] bool GroupByType() const noexcept { return m_context.groupByType; }
   [[nodiscard]] bool AllowRowSizing() const noexcept { return m_context.allowRowSizing; }
   [[nodiscard]] std::int32_t RowHeight() const noexcept { return m_context.rowHeight; }
@@ -43,8 +45,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] std::int32_t EntityKey() const noexcept { return m_context.entityKey; }
   [[nodiscard]] const std::string& EntityName() const noexcept { return m_context.entityName; }
   [[nodiscard]] std::int32_t OwnerKey() const noexcept { return m_owner.key; }
-  /// Stores the key and empties the list without saving or reading. Error 91, after storing the key, when there is no
-  /// list.
+  /// Stores the key and empties the list without saving or reading; remarks that are added from now on belong to this
+  /// owner. Error 91, after storing the key, when there is no list.
   void SetOwnerKey(std::int32_t ownerKey);
   [[nodiscard]] const std::string& OwnerName() const noexcept { return m_owner.name; }
   /// The owner's remarks; null before an owner lookup and after Dispose.
@@ -57,6 +59,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] std::int32_t PopupCount() const noexcept;
   /// Types whose CanCreate is greater than 0.
   [[nodiscard]] std::int32_t CreateableTypes() const noexcept;
+  /// The owner of the list, for remarks without a list; error -1 from `source` when the last Load failed.
+  [[nodiscard]] MemoOwner LoadedOwner(const char* source) const;
   /// The types in load order, for walking over them; null after Dispose.
   [[nodiscard]] const std::shared_ptr<RemarkTypes>& Types() const noexcept { return m_types; }
   [[nodiscard]] std::string ConnectionString() const;
@@ -70,19 +74,24 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
 
   /// Saves what is pending (Save(false)), then reads context, types, rights, owner and remarks in this order. An empty
   /// owner gives an empty list, an empty user means the logon name. An error ends the load and keeps what was read.
+  /// Until another Load succeeds, the remarks that were there before can still be saved, and AddRemark,
+  /// RefreshRemarkList and a new OwnerID raise error -1.
   void Load(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
   /// Load, then EditMemos.
   void Edit(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
   /// Load, then PopupMemos.
   void Popup(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
 
-  /// Reads the owner's remarks again, after Save(false). Does nothing without an owner.
+  /// Reads the owner's remarks again, after Save(false). Does nothing without an owner. Error -1 when the last Load
+  /// failed.
   void RefreshRemarkList();
-  /// Writes what is unsaved. Without force EditBehavior decides, and may ask the user; where no prompt can be shown,
-  /// Save and every caller of Save(false) raise the error of Prompts, and everything stays unsaved.
+  /// Writes what is unsaved, for the owner for which the list was read. Without force the EditBehavior of the list
+  /// decides, and may ask the user; where no prompt can be shown, Save and every caller of Save(false) raise the error
+  /// of Prompts, and everything stays unsaved. While the user is asked, the host may call any member: the remarks of
+  /// the question are saved, unless the host has forgotten them.
   void Save(bool bForceSave = false);
   /// Appends a new remark in memory, whatever CanCreate says: the host decides. An empty user means the logon name.
-  /// Error -1 when the context has no such type.
+  /// Error -1 when the context has no such type, or when the last Load failed and the owner is not known.
   void AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText, const std::string& i_sUserID = {});
 
   /// Open the windows; `i_bRefresh` reads the remarks again first. Error -1 when no window can be opened. While the
@@ -97,6 +106,9 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
 
  private:
   void LoadMemos();
+  /// Makes a new, empty list for the context that is loaded.
+  void ReplaceList(std::optional<MemoOwner> owner);
+  void RequireLoaded(const char* source) const;
   [[nodiscard]] std::shared_ptr<RemarkType> TypeOfRemark(std::int32_t index) const;
   void RefuseWhileEdited(const char* operation) const;
 
@@ -107,6 +119,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   OwnerRecord m_owner;
   std::shared_ptr<RemarkTypes> m_types = std::make_shared<RemarkTypes>();
   std::shared_ptr<quorvel::RemarkList> m_remarkList;
+  bool m_isLoaded = false;  ///< context, types and rights are those of one load
   bool m_isEdited = false;  ///< the editor is open on this context
 };
 

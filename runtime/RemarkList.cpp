@@ -25,9 +25,16 @@ bool IsPosition(std::int32_t position, const Collection& remarks) {
 
 }  // namespace
 
-RemarkList::RemarkList() : m_items(std::make_shared<Collection>()), m_deleted(std::make_shared<Collection>()) {}
+RemarkList::RemarkList(ListOrigin origin)
+    : m_origin(origin), m_items(std::make_shared<Collection>()), m_deleted(std::make_shared<Collection>()) {}
 
 RemarkList::~RemarkList() { Clear(false); }
+
+const MemoOwner& RemarkList::Owner(const char* source) const {
+  if (m_origin.owner) return *m_origin.owner;
+  throw Error(ErrorNumber::Component, source,
+              "The owner of these remarks is not known, because the last Load did not find it");
+}
 
 std::shared_ptr<Remark> RemarkList::Item(const Value& i_vIndexKey) const noexcept {
   if (!m_items || IsText(i_vIndexKey)) return nullptr;
@@ -82,7 +89,7 @@ void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) {
 void RemarkList::Save() {
   if (m_items) {
     for (const auto& remark : *m_items) {
-      if (remark->Dirty()) remark->Commit();
+      if (remark->Dirty()) remark->CommitFor(Owner("RemarkList.Save"));
     }
   }
   if (m_deleted) {

@@ -5,20 +5,27 @@
 #include <vector>
 
 #include "platform/Value.h"
+#include "runtime/MemoOwner.h"
 #include "runtime/Publishable.h"
 #include "runtime/Remark.h"
 
 namespace quorvel {
 
-/// The remarks of one owner, the removed ones that the next Save deletes, and a snapshot of both for undo.
+/// The remarks of one owner, the removed ones that the next Save deletes, and a snapshot of both for undo. The list
+/// keeps its owner when its context loads another one.
 class RemarkList : public Publishable {
  public:
   using Collection = std::vector<std::shared_ptr<Remark>>;
 
-  RemarkList();
+  explicit RemarkList(ListOrigin origin = {});
   ~RemarkList();
   RemarkList(const RemarkList&) = delete;
   RemarkList& operator=(const RemarkList&) = delete;
+
+  [[nodiscard]] const ListOrigin& Origin() const noexcept { return m_origin; }
+  void SetOrigin(const ListOrigin& origin) noexcept { m_origin = origin; }
+  /// The owner of the remarks; error -1 from `source` when none is known.
+  [[nodiscard]] const MemoOwner& Owner(const char* source) const;
 
   /// The remark at a 1-based position; null when there is none. Items have no keys, so a text finds nothing.
   /// Never throws.
@@ -41,8 +48,9 @@ class RemarkList : public Publishable {
   /// Appends a remark. Error 91 when it is null or the list has no collections.
   void AddRemark(std::shared_ptr<Remark> i_oRemark);
 
-  /// Commits the dirty items in order, then deletes the removed ones and forgets them. An error ends the save: the
-  /// items before it stay written, and no removed remark is forgotten.
+  /// Commits the dirty items in order, for the owner of the list, then deletes the removed ones and forgets them. An
+  /// error ends the save: the items before it stay written, and no removed remark is forgotten. Error -1, before an
+  /// item is written, when no owner is known.
   void Save();
 
   /// Removes the remark at a 1-based position; the next Save deletes it in the database. Error 9 for a position out of
@@ -58,6 +66,7 @@ class RemarkList : public Publishable {
   [[nodiscard]] std::shared_ptr<const Collection> Items() const noexcept { return m_items; }
 
  private:
+  ListOrigin m_origin;
   std::shared_ptr<Collection> m_items;
   std::shared_ptr<Collection> m_deleted;
   std::shared_ptr<Collection> m_backupItems;

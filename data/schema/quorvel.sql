@@ -500,7 +500,8 @@ WHERE u.UserID = RTRIM(@UserID)
 GROUP BY t.RemarkTypeID
 GO
 
--- The pop-up viewer counts from the start of the list, so memos of pop-up types come first, and then the newest.
+-- The pop-up viewer counts from the start of the list, so memos of pop-up types come first, and then the newest. Any
+-- Priority but 0 makes a type pop up.
 IF OBJECT_ID('spTWCqvGetFilteredMemos', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCqvGetFilteredMemos AS SELECT 1 AS Nothing')
 GO
@@ -516,7 +517,7 @@ INNER JOIN ttwRemarkContext rc ON rc.ContextKey = c.ContextKey
 INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = rc.RemarkTypeKey
 INNER JOIN tciMemo m ON m.MemoType = t.RemarkTypeID
 WHERE c.ContextID = RTRIM(@ContextID) AND m.EntityType = @EntityType AND m.OwnerKey = @OwnerKey
-ORDER BY rc.Priority DESC, m.DateStamp DESC, m.MemoKey DESC
+ORDER BY CASE WHEN rc.Priority = 0 THEN 1 ELSE 0 END, m.DateStamp DESC, m.MemoKey DESC
 GO
 
 -- Runtime: writing. The date stamp is the server's time.
@@ -537,6 +538,9 @@ INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID,
 VALUES (@MemoKey, RTRIM(@MemoType), @EntityType, @OwnerKey, GETDATE(), RTRIM(@UserID), @MemoText)
 GO
 
+-- Another user may have deleted the memo, or its insert may have failed; then it is inserted, because the user's text must
+-- not be lost. The hints lock the key, so that of several writers one inserts and the others update. When a memo of
+-- another owner has the key, the insert violates the primary key and nothing changes.
 IF OBJECT_ID('spTWCqvUpdateRemark', 'P') IS NULL
   EXEC ('CREATE PROCEDURE spTWCqvUpdateRemark AS SELECT 1 AS Nothing')
 GO
@@ -549,14 +553,15 @@ ALTER PROCEDURE spTWCqvUpdateRemark
   @UserID varchar(30)
 AS
 SET NOCOUNT ON
-UPDATE tciMemo
-SET MemoType = RTRIM(@MemoType), EntityType = @EntityType, OwnerKey = @OwnerKey, DateStamp = GETDATE(),
-  UserID = RTRIM(@UserID), MemoText = @MemoText
-WHERE MemoKey = @MemoKey
--- Another user may have deleted the memo, or its insert may have failed: the user's text must not be lost.
-INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText)
-SELECT @MemoKey, RTRIM(@MemoType), @EntityType, @OwnerKey, GETDATE(), RTRIM(@UserID), @MemoText
-WHERE NOT EXISTS (SELECT MemoKey FROM tciMemo WHERE MemoKey = @MemoKey)
+SET XACT_ABORT ON
+BEGIN TRANSACTION
+UPDATE tciMemo WITH (UPDLOCK, HOLDLOCK)
+SET MemoType = RTRIM(@MemoType), DateStamp = GETDATE(), UserID = RTRIM(@UserID), MemoText = @MemoText
+WHERE MemoKey = @MemoKey AND EntityType = @EntityType AND OwnerKey = @OwnerKey
+IF @@ROWCOUNT = 0
+  INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText)
+  VALUES (@MemoKey, RTRIM(@MemoType), @EntityType, @OwnerKey, GETDATE(), RTRIM(@UserID), @MemoText)
+COMMIT TRANSACTION
 GO
 
 IF OBJECT_ID('spTWCqvDeleteRemark', 'P') IS NULL

@@ -56,6 +56,7 @@ TEST_F(Errors, KeepNumberSourceAndDescription) {
         remark.Get(), IID__Remark, [&] { return remark->Commit(); }, {u"Commit", DISPATCH_METHOD, {}, {}},
         FromNumber(91), u"Quorvel", WideText(u"Object variable or With block variable not set"));
 
+    ASSERT_EQ(Load(context.Get(), u"CustMaint", u"C1044", u"admin"), S_OK);
     m_database.Run("DROP PROCEDURE spTWCqvGetFilteredMemos");
     ExpectFailure(
         context.Get(), IID__RemarkContext, [&] { return context->RefreshRemarkList(); },

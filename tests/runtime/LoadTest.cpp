@@ -70,6 +70,8 @@ TEST_F(LoadTest, LetterCaseOfIdentifiersDoesNotCount) {
 }
 
 TEST_F(LoadTest, PopupTypesComeFirstThenNewerRemarks) {
+  // Any number but 0 makes a type pop up.
+  m_database.Run("UPDATE ttwRemarkContext SET Priority = -Priority");
   m_database.Run(
       "UPDATE tciMemo SET DateStamp = '20240304 08:45:00' WHERE OwnerKey = 45 AND MemoType = 'Cust.General'");
   const ContextHolder context("CustMaint", "C1044", "admin");
@@ -227,11 +229,13 @@ TEST_F(LoadTest, BlanksAroundIdentifiersDoNotCount) {
   m_database.Run(
       "ALTER PROCEDURE spTWCqvGetUserRights @UserID varchar(30) AS SELECT NULL AS TypeID, 1 AS CanCreate, 1 AS "
       "CanRead, 1 AS CanUpdate, 1 AS CanDelete UNION ALL SELECT 'Cust.Credit ', 1, 1, 1, 1");
+  m_database.Run("UPDATE tciMemo SET UserID = 'jsmith' + SPACE(20)");
   const std::string blanks(40, ' ');
   const ContextHolder context("CustMaint" + blanks, " C1044" + blanks, "admin" + blanks);
   ASSERT_NE(context->Item("cust.credit"), nullptr);
   EXPECT_EQ(context->Item(Number(1))->CanRead(), 1);
-  EXPECT_EQ(context->MemoCount(), 1);
+  ASSERT_EQ(context->MemoCount(), 1);
+  EXPECT_EQ(RemarkAt(context, 1).UserID(), "jsmith");
 }
 
 TEST_F(LoadTest, FailedRefreshKeepsWhatItRead) {

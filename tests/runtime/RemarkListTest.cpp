@@ -137,6 +137,39 @@ TEST_F(RemarkCommitTest, FailedInsertKeepsItsKeyForTheNextSave) {
   EXPECT_EQ(Row(2043), "Cust.General|501|45|jsmith|not lost");
 }
 
+// The generator of a host may give a key that a memo has already.
+TEST_F(RemarkCommitTest, KeyOfAnotherMemoIsNeitherWrittenNorDeleted) {
+  m_database.Run(
+      "ALTER PROCEDURE spGetNextSurrogateKey @iTableName varchar(128), @oNewKey int OUTPUT AS "
+      "UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName "
+      "SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName");
+  const std::string others = Row(2042);
+  auto& list = *m_context->RemarkList();
+  const auto failToAdd = [&](const std::string& text) {
+    m_database.Run("UPDATE ttwSurrogateKey SET LastKey = 2041 WHERE TableName = 'tciMemo'");
+    m_context->AddRemark("Cust.General", text, "admin");
+    EXPECT_THAT(Caught([&] { list.Save(); }), HasNumber(ErrorNumber::DbIntegrity));
+    EXPECT_EQ(RemarkAt(m_context, 8).MemoKey(), 2042);
+  };
+  failToAdd("removed again");
+  list.Remove(Number(8));
+  list.Save();
+  failToAdd("under its own key");
+  list.Backup();
+  list.Restore();
+  list.Save();
+  EXPECT_EQ(Row(2043), "Cust.General|501|45|admin|under its own key");
+
+  // Whether the first insert succeeded may be unknown; then the second try is an update.
+  m_database.Run("UPDATE ttwSurrogateKey SET LastKey = 2043 WHERE TableName = 'tciMemo'");
+  m_context->AddRemark("Cust.General", "after a lost answer", "admin");
+  RemarkAt(m_context, 9).SetMemoKey(2042);
+  EXPECT_THAT(Caught([&] { list.Save(); }), HasNumber(ErrorNumber::DbIntegrity));
+  list.Save();
+  EXPECT_EQ(Row(2044), "Cust.General|501|45|admin|after a lost answer");
+  EXPECT_EQ(Row(2042), others);
+}
+
 TEST_F(RemarkCommitTest, ErrorEndsTheSaveAndForgetsNothing) {
   auto& list = *m_context->RemarkList();
   const auto good = list.Item(Number(1));

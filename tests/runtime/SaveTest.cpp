@@ -1,5 +1,6 @@
 // Saving by EditBehavior, new remarks, Dispose, and the windows. ScriptedPrompts and RecordingWindows play the user.
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,13 @@ using testing::HasSubstr;
 class SaveTest : public testing::Test {
  protected:
   [[nodiscard]] std::string MemoCount() const { return m_database.Ask("SELECT COUNT(*) FROM tciMemo"); }
+  /// Entity and owner of the memo with that text.
+  [[nodiscard]] std::string OwnerOf(const std::string& text) const {
+    return m_database.Ask(
+        "SELECT CAST(EntityType AS varchar(6)) + '/' + CAST(OwnerKey AS varchar(9)) FROM tciMemo "
+        "WHERE MemoText = '" +
+        text + "'");
+  }
   [[nodiscard]] std::string TextOf(std::int32_t key) const {
     return m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = " + std::to_string(key));
   }
@@ -99,6 +107,81 @@ TEST_F(SaveTest, NextLoadSavesPendingChanges) {
               HasNumber(ErrorNumber::AdoDataConversion));
   EXPECT_EQ(context->ContextID(), "CustInq");
   EXPECT_EQ(RemarkAt(context, 2).MemoText(), "kept");
+}
+
+// A user of 31 characters ends the load when the context and the types of another entity are read already.
+TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  const auto remark = context->RemarkList()->Item(Number(1));
+  remark->SetMemoText("refused first");
+  remark->SetDirty(true);
+  m_prompts->answers = {PromptAnswer::No, PromptAnswer::No, PromptAnswer::Yes};
+  EXPECT_THAT(Caught([&] { context->Load("OrderEntry", "SO20001", std::string(31, 'u')); }),
+              HasNumber(ErrorNumber::AdoDataConversion));
+  EXPECT_EQ(context->EntityKey(), 801);
+  const auto notLoaded = [](const char* source) { return IsError(-1, source, "Context has not been loaded"); };
+  EXPECT_THAT(Caught([&] { context->AddRemark("Ord.Note", "for no owner"); }), notLoaded("RemarkContext.AddRemark"));
+  EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }), notLoaded("RemarkContext.RefreshRemarkList"));
+  EXPECT_THAT(Caught([&] { remark->Commit(); }), notLoaded("Remark.Commit"));
+  EXPECT_EQ(OwnerOf("refused first"), "");
+  context->Load("OrderEntry", "SO20001", "admin");
+  EXPECT_EQ(OwnerOf("refused first"), "501/45");
+
+  // The host still has the remark.
+  remark->SetMemoText("taken along");
+  EXPECT_THAT(Caught([&] { remark->Commit(); }), IsError(-1, "Remark.Commit", HasSubstr("another record")));
+  EXPECT_EQ(OwnerOf("taken along"), "");
+}
+
+TEST_F(SaveTest, RemarkIsSavedForTheOwnerThatTheHostChose) {
+  const ContextHolder context("OrderEntry", "SO20001", "admin");
+  const auto list = context->RemarkList();
+  context->AddRemark("Ord.Note", "of the former owner");
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  EXPECT_THAT(Caught([&] { context->SetOwnerID("nowhere"); }), HasNumber(ErrorNumber::Component));
+  EXPECT_THAT(Caught([&] { context->AddRemark("Ord.Note", "for no owner"); }),
+              IsError(-1, "RemarkContext.AddRemark", HasSubstr("owner of these remarks is not known")));
+  const auto lost = context->RemarkList()->Add();
+  lost->SetUserID("admin");
+  lost->SetDirty(true);
+  EXPECT_THAT(Caught([&] { context->Save(true); }), HasNumber(ErrorNumber::Component));
+  EXPECT_EQ(MemoCount(), kMemosOfSample);
+
+  context->SetOwnerKey(3);
+  context->AddRemark("Ord.Note", "of the chosen owner");
+  context->Save(true);
+  list->Save();
+  EXPECT_EQ(OwnerOf("of the chosen owner"), "801/3");
+  EXPECT_EQ(OwnerOf("of the former owner"), "801/1");
+}
+
+TEST_F(SaveTest, HostMayChangeEverythingWhileTheUserIsAsked) {
+  struct Case {
+    const char* text;
+    void (*act)(RemarkContext& context);
+    std::deque<PromptAnswer> answers;
+    std::string owner;
+  };
+  const Case cases[] = {
+      {"disposed", [](RemarkContext& context) { context.Dispose(); }, {PromptAnswer::Yes}, ""},
+      {"cleared", [](RemarkContext& context) { context.RemarkList()->Clear(false); }, {PromptAnswer::Yes}, ""},
+      {"loaded",
+       [](RemarkContext& context) { context.Load("OrderEntry", "SO20001", "admin"); },
+       {PromptAnswer::No, PromptAnswer::Yes},
+       "501/45"}};
+  for (const Case& each : cases) {
+    for (const bool byRefresh : {false, true}) {
+      const std::string text = std::string(each.text) + (byRefresh ? " by a refresh" : "");
+      const ContextHolder context("CustMaint", "C1044", "admin");
+      RemarkAt(context, 1).SetMemoText(text);
+      RemarkAt(context, 1).SetDirty(true);
+      m_prompts->answers = each.answers;
+      m_prompts->meanwhile = [&] { each.act(*context); };
+      byRefresh ? context->RefreshRemarkList() : context->Save();
+      EXPECT_EQ(OwnerOf(text), each.owner) << text;
+      EXPECT_TRUE(m_prompts->answers.empty()) << text;
+    }
+  }
 }
 
 TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {

@@ -90,6 +90,25 @@ std::set<std::int32_t> DrawKeys(int keys) {
   return all;
 }
 
+/// Four users change the same deleted memo at the same time.
+void ChangeDeletedMemo(std::int64_t key) {
+  modDatabase::ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", key}});
+  const auto change = [key](const char* user) {
+    modDatabase::OpenConnection();
+    modDatabase::ExecSP("spTWCqvUpdateRemark", {{"@MemoKey", key},
+                                                {"@MemoType", "Cust.General"},
+                                                {"@EntityType", std::int64_t{501}},
+                                                {"@OwnerKey", std::int64_t{45}},
+                                                {"@MemoText", "typed meanwhile"},
+                                                {"@UserID", user}});
+  };
+  std::vector<std::future<void>> users;
+  for (const char* user : {"admin", "guest", "jsmith", "mjones"}) {
+    users.push_back(std::async(std::launch::async, change, user));
+  }
+  for (auto& user : users) EXPECT_NO_THROW(user.get());
+}
+
 TEST_P(ServerScriptTest, ScriptsMakeADatabaseOnWhichTheComponentWorks) {
   for (const std::string_view script : {SchemaScript(), SampleScript(), SchemaScript(), SampleScript()}) {
     test::RunScript(*modDatabase::SharedConnection(), script);
@@ -114,6 +133,7 @@ TEST_P(ServerScriptTest, ScriptsMakeADatabaseOnWhichTheComponentWorks) {
             "ContextID [NoSuchPlace] not found");
 
   EXPECT_EQ(DrawKeys(25).size(), 100U);
+  for (int i = 0; i < 10; ++i) ChangeDeletedMemo(1);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "platform/CurrentPrompts.h"
 
 namespace quorvel::test {
@@ -9,6 +11,7 @@ namespace quorvel::test {
 PromptAnswer ScriptedPrompts::ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
                                           PromptIcon icon) {
   shown.push_back({std::string(text), std::string(title), buttons, icon});
+  if (const auto act = std::exchange(meanwhile, nullptr)) act();
   if (buttons == PromptButtons::Ok) return PromptAnswer::Ok;
   if (answers.empty()) {
     ADD_FAILURE() << "unexpected question: " << text;

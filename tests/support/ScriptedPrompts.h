@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,6 +29,7 @@ class ScriptedPrompts : public Prompts {
 
   std::deque<PromptAnswer> answers;
   std::deque<std::optional<std::string>> texts;
+  std::function<void()> meanwhile;  ///< what the host does once, while the next message is shown
   std::vector<Shown> shown;
   std::vector<PointerShape> pointers;
 };
