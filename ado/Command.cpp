@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "ado/engine/AdoError.h"
 #include "platform/Error.h"
@@ -24,16 +25,26 @@ void Command::SetCommandText(std::string text) {
 }
 
 Parameter& Command::Parameters(std::string_view name) {
-  if (m_parameters.empty() && !m_isDiscovered) {
-    for (ParameterInfo& info : OpenConnection().DiscoverParameters(m_text)) m_parameters.emplace_back(std::move(info));
-    m_isDiscovered = true;
-  }
+  if (m_parameters.empty() && !m_isDiscovered) Discover();
   const auto found = std::find_if(m_parameters.begin(), m_parameters.end(),
                                   [name](const Parameter& each) { return SameName(each.Info().name, name); });
   if (found == m_parameters.end()) {
     ThrowAdoError(ErrorNumber::AdoItemNotFound, fmt::format("{} has no parameter {}.", m_text, name));
   }
   return *found;
+}
+
+void Command::Discover() {
+  for (ParameterInfo& info : OpenConnection().DiscoverParameters(m_text)) m_parameters.emplace_back(std::move(info));
+  m_isDiscovered = true;
+}
+
+bool Command::DiscoverAgain() {
+  if (!m_isDiscovered) return false;
+  OpenConnection().ForgetParameters();
+  const std::vector<Parameter> former = std::exchange(m_parameters, {});
+  Discover();
+  return !std::ranges::equal(former, m_parameters, {}, &Parameter::Info, &Parameter::Info);
 }
 
 std::shared_ptr<Recordset> Command::Execute(int /*options*/) {

@@ -32,11 +32,15 @@ class Command {
   /// procedure does not exist.
   [[nodiscard]] Parameter& Parameters(std::string_view name);
 
+  /// Asks the database again for discovered parameters. Returns whether they have changed; then they have no values.
+  [[nodiscard]] bool DiscoverAgain();
+
   /// Runs it and returns the first result set; a closed recordset when there was none. adErrInvalidConnection without
   /// an open connection, adErrInvalidArgument for a text with parameters; otherwise the provider's error.
   std::shared_ptr<Recordset> Execute(int options = kUnspecified);
 
  private:
+  void Discover();
   [[nodiscard]] Connection& OpenConnection() const;
   [[nodiscard]] Result RunText(Connection& connection) const;
 

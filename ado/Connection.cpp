@@ -1,5 +1,6 @@
 #include "ado/Connection.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "ado/ConnectionString.h"
@@ -7,6 +8,14 @@
 #include "platform/Error.h"
 
 namespace quorvel::ado {
+namespace {
+
+bool EndsConnection(const Diagnostic& record) {
+  constexpr std::int32_t kReadOnlyDatabase = 3906;  // SQL Server's number; the embedded engine uses it too
+  return record.sqlState.starts_with("08") || record.nativeError == kReadOnlyDatabase;
+}
+
+}  // namespace
 
 Connection::Connection(SessionOpener opener) : m_opener(std::move(opener)) {}
 
@@ -28,6 +37,7 @@ void Connection::Open(std::string_view userId, std::string_view password, int /*
   options.commandTimeout = m_commandTimeout;
   m_source = SourceOfEngine(options.dataSource);
   m_session = Guard([&] { return m_opener(options); });
+  m_isLost = false;
 }
 
 void Connection::SetCommandTimeout(std::chrono::seconds timeout) {
@@ -56,6 +66,8 @@ std::vector<ParameterInfo> Connection::DiscoverParameters(std::string_view proce
   return Guard([&] { return session.DiscoverParameters(procedure); });
 }
 
+void Connection::ForgetParameters() { OpenedSession().ForgetParameters(); }
+
 Session& Connection::OpenedSession() {
   if (!IsOpen()) ThrowAdoError(ErrorNumber::AdoObjectClosed);
   return *m_session;
@@ -68,6 +80,7 @@ Result Connection::KeepMessages(Result result) {
 
 void Connection::Raise(const std::vector<Diagnostic>& records) {
   Record(records);
+  m_isLost = m_isLost || std::ranges::any_of(records, EndsConnection);
   const ProviderError& first = m_errors.front();
   throw Error(first.number, first.source, first.description);
 }

@@ -46,6 +46,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// not empty. adErrObjectOpen when it is open already. After any other Error the connection stays closed.
   void Open(std::string_view userId = {}, std::string_view password = {}, int options = kUnspecified);
   [[nodiscard]] bool IsOpen() const noexcept { return m_session != nullptr; }
+  /// Whether an operation has failed in a way that only a new connection can end: the connection is gone (a SQLSTATE
+  /// 08xxx), or the database was read-only when it was opened and refused a write.
+  [[nodiscard]] bool IsLost() const noexcept { return m_isLost; }
 
   /// Runs a batch and returns its first result set; a closed recordset when it had none.
   std::shared_ptr<Recordset> Execute(std::string_view batch, int options = kUnspecified);
@@ -62,6 +65,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
   Result Run(std::string_view batch);
   Result Call(std::string_view procedure, std::span<Parameter> parameters);
   [[nodiscard]] std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure);
+  /// The next DiscoverParameters asks the database.
+  void ForgetParameters();
 
  private:
   [[nodiscard]] Session& OpenedSession();
@@ -80,6 +85,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   std::string_view m_source;
   std::unique_ptr<Session> m_session;
   std::vector<ProviderError> m_errors;
+  bool m_isLost = false;
 };
 
 }  // namespace quorvel::ado

@@ -1,15 +1,19 @@
 // All database calls of the component pass through this module. Each thread has its own connection, so nothing is
-// locked. Only LoadRst reconnects and tries again: a repeated write could write twice.
+// locked. A connection that fails for good is dropped at the end of the call, and the next call opens another. Only
+// LoadRst, which reads, tries again by itself: a repeated write could write twice.
 
 #include "data/modDatabase.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
 #include "data/modControls.h"
 #include "data/modWaitCursor.h"
+#include "platform/AtScopeEnd.h"
 #include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
 #include "platform/PerThread.h"
@@ -25,15 +29,67 @@ constexpr std::size_t kMostPairs = 6;
 
 struct State {
   std::shared_ptr<ado::Connection> connection;
+  bool isLost = false;  ///< there was a connection, and the next call opens another
   DBConnect settings;
 };
 
+/// The shared connection, opened again after a loss; null before the first EnsureConnection.
+const std::shared_ptr<ado::Connection>& UsableConnection() {
+  if (PerThread<State>().isLost) OpenConnection();
+  return SharedConnection();
+}
+
+/// Drops a lost connection at the end of the scope.
+auto DropLostConnection() {
+  return AtScopeEnd([&state = PerThread<State>()] {
+    if (!state.connection || !state.connection->IsLost()) return;
+    state.connection = nullptr;
+    state.isLost = true;
+  });
+}
+
 ado::Command ProcedureCall(std::string_view procName) {
   ado::Command command;
-  command.SetActiveConnection(SharedConnection());
+  command.SetActiveConnection(UsableConnection());
   command.SetCommandType(ado::CommandType::StoredProcedure);
   command.SetCommandText(std::string(procName));
   return command;
+}
+
+bool IsAboutParameters(const ado::ProviderError& record) {
+  // SQL Server's numbers: one is missing, of another type, too many, unknown, or there should be none.
+  constexpr std::array kServerErrors = {201, 8114, 8144, 8145, 8146};
+  return record.sqlState.starts_with("07") || std::ranges::count(kServerErrors, record.nativeError) != 0;
+}
+
+/// Whether a call failed, before anything was done, because its parameters are not the procedure's.
+bool IsAboutParameters(const Error& error) {
+  switch (error.Number()) {
+    case ErrorNumber::Overflow:
+    case ErrorNumber::TypeMismatch:
+    case ErrorNumber::AdoItemNotFound:
+    case ErrorNumber::AdoDataConversion:
+      return true;
+    default:
+      break;
+  }
+  const auto& connection = SharedConnection();
+  return connection && !connection->Errors().empty() && connection->Errors().front().number == error.Number() &&
+         IsAboutParameters(connection->Errors().front());
+}
+
+/// Runs `call` with a command whose parameters are discovered. The procedure may have been changed since the connection
+/// asked for them; then they are asked again, once.
+template <typename Call>
+auto CallDiscovered(std::string_view procName, const Call& call) {
+  const auto dropped = DropLostConnection();
+  ado::Command command = ProcedureCall(procName);
+  try {
+    return call(command);
+  } catch (const Error& error) {
+    if (!IsAboutParameters(error) || !command.DiscoverAgain()) throw;
+  }
+  return call(command);
 }
 
 /// The result of one try: the recordset, or the error that prevented it. Neither means that the statement succeeded
@@ -70,8 +126,10 @@ void EnsureConnection() {
 }
 
 void OpenConnection() {
-  const auto connection = std::make_shared<ado::Connection>();
-  PerThread<State>().connection = connection;
+  State& state = PerThread<State>();
+  state.connection = nullptr;
+  state.isLost = true;
+  auto connection = std::make_shared<ado::Connection>();
   connection->SetConnectionString(Settings().ConnectionString());
   connection->SetCursorLocation(ado::CursorLocation::Client);
   connection->SetMode(ado::ConnectMode::ReadWrite);
@@ -79,6 +137,8 @@ void OpenConnection() {
   connection->SetCommandTimeout(60s);
   connection->SetConnectionTimeout(3600s);
   connection->Open({}, {}, ado::kUnspecified);
+  state.connection = std::move(connection);
+  state.isLost = false;
 }
 
 const std::shared_ptr<ado::Connection>& SharedConnection() { return PerThread<State>().connection; }
@@ -86,6 +146,7 @@ const std::shared_ptr<ado::Connection>& SharedConnection() { return PerThread<St
 DBConnect& Settings() { return PerThread<State>().settings; }
 
 std::shared_ptr<ado::Recordset> LoadRst(std::string_view sql) {
+  const auto dropped = DropLostConnection();
   Attempt attempt = TryToOpen(sql);
   if (!attempt.recordset) {
     OpenConnection();
@@ -106,24 +167,27 @@ std::shared_ptr<ado::Recordset> LoadDisconnectedRst(std::string_view sql) {
 
 std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializer_list<NamedValue> pairs) {
   if (pairs.size() > kMostPairs) ThrowInvalidCall();
-  ado::Command command = ProcedureCall(procName);
-  for (const auto& [name, value] : pairs) {
-    if (!name.empty()) command.Parameters(name).SetValue(value);
-  }
-  return command.Execute(ado::kUnspecified);
+  return CallDiscovered(procName, [&](ado::Command& command) {
+    for (const auto& [name, value] : pairs) {
+      if (!name.empty()) command.Parameters(name).SetValue(value);
+    }
+    return command.Execute(ado::kUnspecified);
+  });
 }
 
 std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::vector<ado::Parameter> parameters) {
+  const auto dropped = DropLostConnection();
   ado::Command command = ProcedureCall(procName);
   for (ado::Parameter& parameter : parameters) command.Append(std::move(parameter));
   return command.Execute(ado::kUnspecified);
 }
 
 std::int32_t GetNextSurrogateKey(std::string_view tableName) {
-  ado::Command command = ProcedureCall("spGetNextSurrogateKey");
-  command.Parameters("@iTableName").SetValue(std::string(tableName));
-  command.Execute(ado::kUnspecified);
-  return ToInt32(command.Parameters("@oNewKey").Value());
+  return ToInt32(CallDiscovered("spGetNextSurrogateKey", [&](ado::Command& command) {
+    command.Parameters("@iTableName").SetValue(std::string(tableName));
+    command.Execute(ado::kUnspecified);
+    return command.Parameters("@oNewKey").Value();
+  }));
 }
 
 void UpdateField(std::string_view table, std::string_view column, const Value& value, std::string_view keyColumn,
@@ -133,8 +197,10 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
   std::string statement = fmt::format("UPDATE {}\r\nSET {} = {}\r\nWHERE {} = {}", table, column, SqlValue(value),
                                       keyColumn, SqlValue(keyValue));
   if (!keyColumn2.empty()) statement += fmt::format(" and {} = {}", keyColumn2, SqlValue(keyValue2));
-  if (!SharedConnection()) ThrowObjectNotSet();
-  SharedConnection()->Execute(statement, ado::kUnspecified);
+  const auto dropped = DropLostConnection();
+  const auto connection = UsableConnection();
+  if (!connection) ThrowObjectNotSet();
+  connection->Execute(statement, ado::kUnspecified);
   modWaitCursor::EndWait();
 }
 

@@ -17,16 +17,19 @@
 
 /// The only road from the component to its database. Each thread has its own connection and settings, made on first
 /// use; threads share nothing. Errors of the database pass through.
+///
+/// A lost connection (Connection::IsLost) is dropped at the end of the call that failed on it, and the next call opens
+/// another one.
 namespace quorvel::modDatabase {
 
 /// Opens the thread's shared connection if there is none yet.
 void EnsureConnection();
 
-/// Opens a new connection and makes it the shared one instead of any earlier one. The new object is in place before
-/// it is opened, so after a failure the shared connection is a closed one.
+/// Opens a new connection and makes it the shared one instead of any earlier one. After a failure there is none, and
+/// the next call tries again.
 void OpenConnection();
 
-/// The thread's shared connection; null before the first EnsureConnection.
+/// The thread's shared connection; null before the first EnsureConnection and after a loss.
 [[nodiscard]] const std::shared_ptr<ado::Connection>& SharedConnection();
 
 /// The thread's connection settings, made on demand.
@@ -44,7 +47,8 @@ void OpenConnection();
 using NamedValue = std::pair<std::string_view, Value>;
 
 /// Calls a stored procedure with up to six named parameters and returns its result. The database supplies the
-/// parameters' types. Nothing is retried.
+/// parameters' types. Nothing is sent twice: when parameters that were discovered earlier no longer fit, the procedure
+/// has not run.
 std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializer_list<NamedValue> pairs = {});
 
 /// Calls a stored procedure with parameters that the caller declares, in the procedure's order, and returns its

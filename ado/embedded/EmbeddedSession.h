@@ -16,6 +16,8 @@ class EmbeddedSession final : public Session {
   void SetCommandTimeout(std::chrono::seconds timeout) override;
   Result Execute(std::string_view batch) override;
   std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) override;
+  /// Does nothing: changes of procedures are noticed.
+  void ForgetParameters() override {}
   Result Call(std::string_view procedure, std::span<Parameter> parameters) override;
   [[nodiscard]] std::string Describe() const override;
 

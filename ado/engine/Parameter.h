@@ -20,6 +20,7 @@ struct ParameterInfo {
   DataType type = DataType::Empty;
   ParameterDirection direction = ParameterDirection::Input;
   std::int32_t size = 0;  ///< most characters of a text parameter; 0 or less means no limit
+  friend bool operator==(const ParameterInfo&, const ParameterInfo&) = default;
 };
 
 /// `value` as a parameter of that type takes it; a text is moved through. Error 6 when a number does not fit, 13 when

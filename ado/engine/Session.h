@@ -32,8 +32,9 @@ class Session {
   virtual Result Execute(std::string_view batch) = 0;
 
   /// The parameters of a procedure, in order, without the return value. The session keeps the answer and
-  /// asks again only when the procedure was changed through it.
+  /// asks again only when the procedure was changed through it, or after ForgetParameters.
   virtual std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) = 0;
+  virtual void ForgetParameters() = 0;
 
   /// Runs a procedure. `parameters` are matched by position: one without a value takes the procedure's default, except
   /// that a server gets NULL for an output parameter. Then sets the values of the output parameters; a call that throws

@@ -40,6 +40,8 @@ class OdbcSession final : public Session {
     return m_catalog.ParametersOf(procedure, m_timeout);
   }
 
+  void ForgetParameters() override { m_catalog.Forget(); }
+
   Result Call(std::string_view procedure, std::span<Parameter> parameters) override {
     Statement statement(m_connection, m_timeout);
     return CallProcedure(statement, procedure, parameters);

@@ -6,6 +6,21 @@
 #include "ado/odbc/WideText.h"
 
 namespace quorvel::ado::odbc {
+namespace {
+
+/// FreeTDS says only "Unknown error" when the connection was lost between two calls. After a timeout that the server
+/// did not answer it says nothing of the connection.
+void NameLostConnection(std::vector<Diagnostic>& records) {
+  constexpr const char* kLost = "The connection to the server is lost.";
+  if (Diagnostic& first = records.front(); first.sqlState == "HY000") {
+    first.sqlState = "08S01";
+    first.message.append(" ").append(kLost);
+  } else if (std::ranges::none_of(records, [](const auto& each) { return each.sqlState.starts_with("08"); })) {
+    records.push_back({"08S01", 0, kLost});
+  }
+}
+
+}  // namespace
 
 Statement::Statement(const DriverConnection& connection, std::chrono::seconds timeout)
     : m_connection(connection), m_handle(MakeStatement(connection.Get())) {
@@ -14,11 +29,7 @@ Statement::Statement(const DriverConnection& connection, std::chrono::seconds ti
 
 void Statement::Fail(std::string_view function) {
   std::vector<Diagnostic> records = FailureOf(SQL_HANDLE_STMT, Get(), function).Records();
-  // FreeTDS says only "Unknown error" when the connection was lost between two calls.
-  if (Diagnostic& first = records.front(); first.sqlState == "HY000" && m_connection.IsDead()) {
-    first.sqlState = "08S01";
-    first.message += " The connection to the server is lost.";
-  }
+  if (m_connection.IsDead()) NameLostConnection(records);
   std::vector<Diagnostic> messages = TakeMessages();
   std::move(messages.begin(), messages.end(), std::back_inserter(records));
   throw DriverError(std::move(records));

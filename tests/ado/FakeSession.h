@@ -33,6 +33,7 @@ class FakeSession : public ado::Session {
   std::vector<ado::ParameterInfo> DiscoverParameters(std::string_view /*procedure*/) override {
     return m_engine.parameters;
   }
+  void ForgetParameters() override {}
   ado::Result Call(std::string_view procedure, std::span<ado::Parameter> /*parameters*/) override {
     return Execute(procedure);
   }

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <fstream>
 #include <thread>
 
 #include "data/modDatabase.h"
@@ -68,7 +69,26 @@ TEST_F(DatabaseTest, LoadRstPassesOnAnErrorOfTheReconnect) {
   EXPECT_EQ(Caught([] { static_cast<void>(LoadRst("SELECT 1 FROM ttwNowhere")); }).Number(),
             ErrorNumber::DbUnspecified);
   EXPECT_THAT(m_prompts->shown, IsEmpty());
-  EXPECT_FALSE(SharedConnection()->IsOpen());
+  EXPECT_EQ(SharedConnection(), nullptr);
+}
+
+// The byte says which version of the file's format is needed to write to it, so the file is read-only for root too.
+TEST_F(DatabaseTest, UseAfterAFailureOpensAnotherConnection) {
+  const auto writeVersion = [this](char version) { std::fstream(m_database.DatabaseFile()).seekp(18).put(version); };
+  const auto addGroup = [] { ExecSP("spTWCAddGroup", {{"@GroupID", std::string("Late")}}); };
+  writeVersion('\x03');
+  modDatabase::OpenConnection();
+  EXPECT_THAT(Caught(addGroup).Description(), HasSubstr("read-only"));
+  EXPECT_EQ(SharedConnection(), nullptr);
+  writeVersion('\x02');
+
+  const std::string moved = m_database.DatabaseFile() + ".moved";
+  std::filesystem::rename(m_database.DatabaseFile(), moved);
+  EXPECT_THAT(Caught([] { modDatabase::EnsureConnection(); }).Description(), HasSubstr("does not exist"));
+  EXPECT_THAT(Caught(addGroup).Description(), HasSubstr("does not exist"));
+  std::filesystem::rename(moved, m_database.DatabaseFile());
+  addGroup();
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM ttwGroup WHERE GroupID = 'Late'"), "1");
 }
 
 TEST_F(DatabaseTest, ExecSpTakesNamedParametersInAnyOrder) {

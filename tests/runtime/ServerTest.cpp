@@ -98,32 +98,61 @@ TEST_F(ServerTest, LoadRstReplacesALostConnectionOnce) {
   EXPECT_THAT(m_prompts->shown, IsEmpty());
 }
 
-TEST_F(ServerTest, NoRequestIsSentTwice) {
+TEST_F(ServerTest, NextSaveAfterALossWritesEverythingOnce) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   AddRemark(context, "its answer gets lost");
+  AddRemark(context, "not sent before");
+  const auto former = SharedConnection();
   // Two discoveries and the key come before the remark.
   m_server.DropAfterRequest(4);
   EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
+  EXPECT_EQ(former->Errors().at(0).sqlState, "08S01");
+  EXPECT_EQ(SharedConnection(), nullptr);
   EXPECT_EQ(MemoCount(), "2043");
-  EXPECT_EQ(SharedConnection()->Errors().at(0).sqlState, "08S01");
-  m_server.ForgetRequests();
+  context->Save(true);
+  EXPECT_FALSE(context->RemarkList()->Dirty());
+  EXPECT_EQ(MemoCount(), "2044");
+  EXPECT_EQ(m_server.Logins(), 2);
+
+  m_server.DropConnections();
   EXPECT_EQ(Caught([&] {
               ExecSP("spTWCAddGroup", {{"@GroupID", std::string("Late")}});
             }).Number(),
             ErrorNumber::DbUnspecified);
-  EXPECT_THAT(m_server.Requests(), IsEmpty());
-  EXPECT_EQ(m_server.Logins(), 1);
-  EXPECT_EQ(MemoCount(), "2043");
-
-  modDatabase::OpenConnection();
-  m_server.DropConnections();
-  EXPECT_THAT(Caught([] { SharedConnection()->Execute("SELECT 1"); }).Description(), HasSubstr("is lost"));
-  EXPECT_EQ(SharedConnection()->Errors().at(0).sqlState, "08S01");
-
+  modDatabase::UpdateField("ttwGroup", "Caption", std::string("Of the next connection"), "GroupID",
+                           std::string("Default"));
   m_server.DropAmidRows(1);
-  modDatabase::OpenConnection();
-  const ContextHolder other;
-  EXPECT_NE(Caught([&] { other->Load("CustMaint", "C1044", "admin"); }).Number(), 0) << "half a result";
+  EXPECT_NE(Caught([&] { context->Load("CustMaint", "C1044", "admin"); }).Number(), 0) << "half a result";
+  context->Load("CustMaint", "C1044", "admin");
+  EXPECT_EQ(m_server.Logins(), 4);
+
+  const auto connection = SharedConnection();
+  m_server.DropConnections();
+  EXPECT_THAT(Caught([&] { connection->Execute("SELECT 1"); }).Description(), HasSubstr("is lost"));
+  EXPECT_EQ(connection->Errors().at(0).sqlState, "08S01");
+}
+
+TEST_F(ServerTest, ParametersThatNoLongerFitAreAskedAgain) {
+  modDatabase::EnsureConnection();
+  const auto add = [](const char* parameter, const std::string& id) { ExecSP("spTWCAddGroup", {{parameter, id}}); };
+  add("@GroupID", "first");
+  const std::string text(31, 'w');
+  const auto refused = [&] { return Caught([&] { add("@GroupID", text); }).Number(); };
+  EXPECT_EQ(refused(), ErrorNumber::AdoDataConversion);
+  m_file.Run(
+      "ALTER PROCEDURE spTWCAddGroup @GroupID varchar(40) AS INSERT INTO ttwGroup (GroupID) VALUES "
+      "(LEFT(@GroupID, 30))");
+  add("@GroupID", text);
+  m_file.Run(
+      "ALTER PROCEDURE spTWCAddGroup @Caption varchar(40), @GroupID varchar(40) AS INSERT INTO ttwGroup "
+      "(GroupID, Caption) VALUES (@GroupID, @Caption)");
+  ExecSP("spTWCAddGroup", {{"@GroupID", std::string("second")}, {"@Caption", std::string("new")}});
+  m_file.Run(
+      "ALTER PROCEDURE spTWCAddGroup @GroupID varchar(40) AS INSERT INTO ttwGroup (GroupID, Caption) VALUES "
+      "(@GroupID, 'one')");
+  add("@GroupID", "third");
+  EXPECT_EQ(m_file.Ask("SELECT COUNT(*) FROM ttwGroup WHERE Caption IN ('new', 'one') OR GroupID LIKE 'www%'"), "3");
+  EXPECT_EQ(m_server.Logins(), 1);
 }
 
 TEST_F(ServerTest, EveryRecordOfABatchIsKeptAndShown) {
