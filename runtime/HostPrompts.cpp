@@ -11,18 +11,24 @@
 namespace quorvel {
 
 template <typename Question>
+auto HostPrompts::AskOnTerminal(Question question, const Error& noBox) {
+  try {
+    return question(m_terminal);
+  } catch (const Error& noTerminal) {
+    throw Error(noTerminal.Number(), noTerminal.Source(),
+                fmt::format("{}\n{}", noTerminal.Description(), noBox.Description()));
+  }
+}
+
+template <typename Question>
 auto HostPrompts::Ask(Question question) {
   try {
-    // The start of the windows installs their boxes.
+    if (m_boxes) return question(*m_boxes);
     static_cast<void>(CurrentRemarkWindows("Quorvel.Prompts"));
-  } catch (const Error& noWindow) {
-    try {
-      return question(m_terminal);
-    } catch (const Error& noTerminal) {
-      throw Error(noTerminal.Number(), noTerminal.Source(),
-                  fmt::format("{}\n{}", noTerminal.Description(), noWindow.Description()));
-    }
+  } catch (const Error& noBox) {
+    return AskOnTerminal(question, noBox);
   }
+  // The start of the windows has installed prompts with boxes, unless the host keeps its own.
   Prompts& current = CurrentPrompts();
   return &current == this ? question(m_terminal) : question(current);
 }
@@ -37,7 +43,9 @@ std::optional<std::string> HostPrompts::AskText(std::string_view prompt, std::st
 }
 
 // Before the first window there is no window to set a pointer over.
-void HostPrompts::SetPointer(PointerShape /*shape*/) noexcept {}
+void HostPrompts::SetPointer(PointerShape shape) noexcept {
+  if (m_boxes) m_boxes->SetPointer(shape);
+}
 
 void UseHostPrompts() {
   static std::once_flag once;

@@ -1,14 +1,25 @@
 #pragma once
 
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/Error.h"
 #include "platform/TerminalPrompts.h"
 
 namespace quorvel {
 
-/// The prompts inside a host that has opened no window yet. They start the window library and use its boxes; where it
-/// cannot start they use the terminal. Without either, the error gives both reasons. They live in the core and not with
-/// the published objects that need them, because a host may unload the published objects and load them again.
+/// The prompts inside a host: message boxes, and the terminal where no box can be shown, for example on another thread
+/// than that of the windows. Without either, the error gives both reasons. Those without boxes start the window library
+/// with the first question, which installs others. They live in the core and not with the published objects that need
+/// them, because a host may unload the published objects and load them again.
 class HostPrompts : public Prompts {
  public:
+  explicit HostPrompts(std::shared_ptr<Prompts> boxes = nullptr, const TerminalPrompts& terminal = {})
+      : m_boxes(std::move(boxes)), m_terminal(terminal) {}
+
   PromptAnswer ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
                            PromptIcon icon) override;
   std::optional<std::string> AskText(std::string_view prompt, std::string_view title) override;
@@ -17,7 +28,10 @@ class HostPrompts : public Prompts {
  private:
   template <typename Question>
   auto Ask(Question question);
+  template <typename Question>
+  auto AskOnTerminal(Question question, const Error& noBox);
 
+  std::shared_ptr<Prompts> m_boxes;
   TerminalPrompts m_terminal;
 };
 

@@ -6,6 +6,7 @@
 
 #include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
+#include "runtime/HostPrompts.h"
 #include "runtime/WindowLibrary.h"
 
 namespace quorvel {
@@ -26,7 +27,7 @@ CurrentState& Current() {
 void Start(CurrentState& current, std::string_view source) {
   try {
     WindowLibrary library = StartWindowLibrary();
-    current.formerPrompts = ExchangePrompts(std::move(library.prompts));
+    current.formerPrompts = ExchangePrompts(std::make_shared<HostPrompts>(std::move(library.prompts)));
     current.windows = std::move(library.windows);
   } catch (const Error& error) {
     throw Error(error.Number(), std::string(source), error.Description());

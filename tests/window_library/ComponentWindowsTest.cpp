@@ -2,11 +2,14 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
 #include <vector>
 
 #include "platform/wx/DialogPrompts.h"
+#include "runtime/HostPrompts.h"
 #include "tests/runtime/RuntimeTest.h"
 #include "tests/support/ScriptedPrompts.h"
+#include "tests/support/Terminal.h"
 #include "tests/support/wx/ModalScript.h"
 #include "tests/support/wx/WaitFor.h"
 
@@ -56,6 +59,21 @@ TEST(ComponentWindows, ManagerIsNewAtEachCallAndNeedsALoopToStayOpen) {
   database.Run("DROP TABLE ttwBranch");
   const PromptsGuard prompts;
   EXPECT_THAT(Caught([&] { library.windows->ViewManager(1); }), HasNumber(91));
+}
+
+TEST(ComponentWindows, QuestionsOfOtherThreadsAreAskedOnTheTerminal) {
+  const WindowLibrary library = ComponentWindows::Start();
+  const Terminal terminal("y\n");
+  HostPrompts prompts(library.prompts, terminal.Prompts());
+  HostPrompts withoutTerminal(library.prompts, TerminalPrompts(-1, -1));
+  std::thread([&] {
+    const auto save = [](Prompts& asked) {
+      return asked.ShowMessage("Save?", "Remarks", PromptButtons::YesNo, PromptIcon::Question);
+    };
+    EXPECT_EQ(save(prompts), PromptAnswer::Yes);
+    EXPECT_THAT(Caught([&] { save(withoutTerminal); }).Description(),
+                testing::AllOf(testing::HasSubstr("Save?"), testing::HasSubstr("thread")));
+  }).join();
 }
 
 }  // namespace
