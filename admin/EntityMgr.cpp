@@ -106,15 +106,7 @@ bool EntityMgr::IsDefined(const std::string& id) const {
   return false;
 }
 
-void EntityMgr::Create() {
-  std::string id;
-  modDatabase::GetNewID("Entity", id);
-  if (id.empty() || IsRefused(id)) return;
-  const modWaitCursor::BusyPointer busy;
-  modDatabase::ExecSP("spTWCAddRemarkEntity", {{"@RemarkEntityID", id}});
-  Requery();
-  MakeCurrent(id);
-}
+void EntityMgr::Create() { CreateRecord("Entity", "spTWCAddRemarkEntity"); }
 
 void EntityMgr::Delete() {
   const std::int32_t contexts = ShowContexts();

@@ -108,15 +108,7 @@ void GroupMgr::ShowChildren() {
       .Fill(tab->allSql, fmt::format("{}{}", tab->linkedSql, Current().key), tab->displayField, tab->keyField);
 }
 
-void GroupMgr::Create() {
-  std::string id;
-  modDatabase::GetNewID("Group", id);
-  if (id.empty() || IsRefused(id)) return;
-  const modWaitCursor::BusyPointer busy;
-  modDatabase::ExecSP("spTWCAddGroup", {{"@GroupID", id}});
-  Requery();
-  MakeCurrent(id);
-}
+void GroupMgr::Create() { CreateRecord("Group", "spTWCAddGroup"); }
 
 void GroupMgr::Delete() {
   if (EqualIgnoringCase(Current().id, kDefaultGroup)) {

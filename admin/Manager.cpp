@@ -105,6 +105,18 @@ void Manager::Adopt() {
   m_current = index < 0 ? Record() : Record{list.Datum(index), list.Text(index)};
 }
 
+void Manager::CreateRecord(const std::string& kind, std::string_view procedure,
+                           const std::function<void(const std::string& id)>& added) {
+  std::string id;
+  modDatabase::GetNewID(kind, id);
+  if (id.empty() || IsRefused(id)) return;
+  const modWaitCursor::BusyPointer busy;
+  modDatabase::ExecSP(procedure, {{fmt::format("@{}", m_kind.idField), id}});
+  Requery();
+  if (added) added(id);
+  MakeCurrent(id);
+}
+
 void Manager::Requery() {
   modRecordsets::InitGlobalRecordset(m_kind.recordset());
   Fill();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -72,6 +73,11 @@ class Manager : public IMgr {
   [[nodiscard]] bool IsRefused(const std::string& id) const;
   [[nodiscard]] virtual bool IsDefined(const std::string& id) const;
 
+  /// Asks for the ID of a new `kind` ("User"), adds the record with the procedure, whose parameter has the name of the
+  /// ID's column, and shows it. `added` runs before it is shown. Does nothing when the user cancels or the ID is
+  /// refused.
+  void CreateRecord(const std::string& kind, std::string_view procedure,
+                    const std::function<void(const std::string& id)>& added = {});
   /// Loads the recordset again and fills cboID from it. The current record stays current, or the first one becomes it.
   void Requery();
   /// Makes the record with that ID current and shows it; the first one when there is none with that ID.

@@ -65,15 +65,7 @@ void RightMgr::ShowChildren() {
   }
 }
 
-void RightMgr::Create() {
-  std::string id;
-  modDatabase::GetNewID("Right", id);
-  if (id.empty() || IsRefused(id)) return;
-  const modWaitCursor::BusyPointer busy;
-  modDatabase::ExecSP("spTWCAddRight", {{"@RightID", id}});
-  Requery();
-  MakeCurrent(id);
-}
+void RightMgr::Create() { CreateRecord("Right", "spTWCAddRight"); }
 
 void RightMgr::Delete() {
   FillTab("Groups");

@@ -91,14 +91,9 @@ void UserMgr::ShowChildren() {
 }
 
 void UserMgr::Create() {
-  std::string id;
-  modDatabase::GetNewID("User", id);
-  if (id.empty() || IsRefused(id)) return;
-  const modWaitCursor::BusyPointer busy;
-  modDatabase::ExecSP("spTWCAddUser", {{"@UserID", id}});
-  Requery();
-  modDatabase::ExecSP("spTWCqvAddGroupMember", {{"@GroupKey", kFirstGroup}, {"@UserKey", KeyOfNewUser(id)}});
-  MakeCurrent(id);
+  CreateRecord("User", "spTWCAddUser", [this](const std::string& id) {
+    modDatabase::ExecSP("spTWCqvAddGroupMember", {{"@GroupKey", kFirstGroup}, {"@UserKey", KeyOfNewUser(id)}});
+  });
 }
 
 void UserMgr::Delete() {

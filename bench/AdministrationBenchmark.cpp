@@ -11,7 +11,10 @@
 
 #include <wx/frame.h>
 #include <wx/listbox.h>
+#include <wx/panel.h>
+#include <wx/simplebook.h>
 #include <wx/sizer.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/tglbtn.h>
 
@@ -103,19 +106,20 @@ class OurWindow {
   frmManage* m_window;
 };
 
-/// A window with one list box for the IDs and one text box for a caption.
+/// A window with a list box for the IDs and, for each view, a page with a text box for each column.
 class BareWindow {
  public:
   BareWindow() {
     sqlite3_open(DatabaseFile().c_str(), &m_database);
     m_window = new wxFrame(nullptr, wxID_ANY, "Bare", wxDefaultPosition, wxSize(860, 600));
     m_list = new wxListBox(m_window, wxID_ANY);
-    m_caption = new wxTextCtrl(m_window, wxID_ANY);
+    m_pages = new wxSimplebook(m_window, wxID_ANY);
     auto* const content = new wxBoxSizer(wxVERTICAL);
     content->Add(m_list, wxSizerFlags(1).Expand());
-    content->Add(m_caption, wxSizerFlags().Expand());
+    content->Add(m_pages, wxSizerFlags(1).Expand());
     m_window->SetSizer(content);
     for (std::size_t i = 0; i < kLists.size(); ++i) Read(i);
+    for (std::size_t i = 0; i < kViews.size(); ++i) AddPage(i);
     Fill(0);
     m_window->Show();
     WaitUntilDrawn(*m_window);
@@ -149,19 +153,34 @@ class BareWindow {
     sqlite3_finalize(statement);
   }
 
+  void AddPage(std::size_t list) {
+    auto* const page = new wxPanel(m_pages);
+    auto* const boxes = new wxFlexGridSizer(2);
+    boxes->AddGrowableCol(1);
+    for (const std::string& text : m_rows.at(list).front()) {
+      boxes->Add(new wxStaticText(page, wxID_ANY, ui::ToWx(text)));
+      boxes->Add(m_boxes.at(list).emplace_back(new wxTextCtrl(page, wxID_ANY)), wxSizerFlags().Expand());
+    }
+    page->SetSizer(boxes);
+    m_pages->AddPage(page, kViews.at(list));
+  }
+
   void Fill(std::size_t list) {
     wxArrayString ids;
     for (const Row& row : m_rows.at(list)) ids.push_back(ui::ToWx(row[0]));
     m_list->Set(ids);
     m_list->SetSelection(0);
-    m_caption->ChangeValue(ui::ToWx(m_rows.at(list).front()[1]));
+    const Row& first = m_rows.at(list).front();
+    for (std::size_t i = 0; i < first.size(); ++i) m_boxes.at(list).at(i)->ChangeValue(ui::ToWx(first[i]));
+    m_pages->ChangeSelection(list);
   }
 
   sqlite3* m_database = nullptr;
   std::array<std::vector<Row>, kLists.size()> m_rows;
   wxFrame* m_window = nullptr;
   wxListBox* m_list = nullptr;
-  wxTextCtrl* m_caption = nullptr;
+  wxSimplebook* m_pages = nullptr;
+  std::array<std::vector<wxTextCtrl*>, kViews.size()> m_boxes;
 };
 
 bool HasWindows(benchmark::State& state) {

@@ -64,6 +64,8 @@ wxSpinCtrl& FieldSheet::AddNumber(std::string_view name, std::string_view captio
   AddLabel(caption);
   auto* box = new wxSpinCtrl(&m_panel, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                              wxSP_ARROW_KEYS | wxTE_PROCESS_ENTER, 0, last);
+  // A user who scrolls over the box on the way must not change what it shows.
+  box->Bind(wxEVT_MOUSEWHEEL, [box](wxMouseEvent& event) { event.Skip(box->HasFocus()); });
   AddRow(*box, name, caption, Width::Narrow);
   return *box;
 }

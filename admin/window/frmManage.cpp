@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <exception>
 #include <utility>
-#include <vector>
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -40,7 +39,9 @@ constexpr int kFirstHeight = 600;
 }  // namespace
 
 frmManage::frmManage()
-    : ModalDialog({}, ui::FailurePolicy::ShowAndStay), m_administration(*this, m_controls.Faces(*this)) {
+    : ModalDialog({}, ui::FailurePolicy::ShowAndStay),
+      m_administration(*this, m_controls.Faces(*this)),
+      m_texts(m_administration, m_controls) {
   SetWindowStyleFlag(GetWindowStyleFlag() | wxMINIMIZE_BOX);
   MakeControls();
   LayOut();
@@ -189,9 +190,9 @@ void frmManage::bbViews_Click(std::string_view view) {
 
 // The user goes on with the texts of the new record. When there is none, the next keys must not change another's.
 void frmManage::cmdNew_Click() {
-  const std::int32_t former = ShownKey();
+  const std::int32_t former = m_texts.ShownKey();
   m_administration.ClickNew();
-  if (ShownKey() == former || m_administration.IsBusy()) return;
+  if (m_texts.ShownKey() == former || m_administration.IsBusy()) return;
   const auto first = std::ranges::find(m_controls.typed, m_administration.CurrentView(), &TypedField::view);
   if (first != m_controls.typed.end()) first->text->Box().SetFocus();
 }
@@ -209,10 +210,10 @@ void frmManage::cboID_Click() {
 void frmManage::BindTexts() {
   for (const TypedField& field : m_controls.typed) {
     wxTextCtrl& box = field.text->Box();
-    const auto commit = UserAction([this, &field] { CommitText(field); });
+    const auto commit = UserAction([this, &field] { m_texts.Commit(field); });
     box.Bind(wxEVT_KILL_FOCUS, UserAction([this, &field](wxFocusEvent& event) {
                event.Skip();
-               CallAfter([this, &field] { Guard([&] { CommitText(field); }); });
+               CallAfter([this, &field] { Guard([&] { m_texts.Commit(field); }); });
              }));
     if (!box.IsMultiLine()) box.Bind(wxEVT_TEXT_ENTER, commit);
   }
@@ -220,11 +221,11 @@ void frmManage::BindTexts() {
 
 void frmManage::BindRowHeight() {
   wxSpinCtrl& box = m_controls.udRowHeight.Box();
-  box.Bind(wxEVT_SPINCTRL, UserAction([this] { CommitRowHeight(); }));
-  box.Bind(wxEVT_TEXT_ENTER, UserAction([this] { CommitRowHeight(); }));
+  box.Bind(wxEVT_SPINCTRL, UserAction([this] { m_texts.CommitRowHeight(); }));
+  box.Bind(wxEVT_TEXT_ENTER, UserAction([this] { m_texts.CommitRowHeight(); }));
   box.Bind(wxEVT_KILL_FOCUS, UserAction([this](wxFocusEvent& event) {
              event.Skip();
-             CallAfter([this] { Guard([this] { CommitRowHeight(); }); });
+             CallAfter([this] { Guard([this] { m_texts.CommitRowHeight(); }); });
            }));
 }
 
@@ -240,15 +241,11 @@ void frmManage::BindFields() {
 }
 
 void frmManage::BindField(BoundCheck& check, std::string field) {
-  check.Box().Bind(wxEVT_CHECKBOX, UserAction([this, field = std::move(field)] {
-                     if (!LeaveBusyAfterError()) KeepTyped([&] { m_administration.ClickField(field); });
-                   }));
+  check.Box().Bind(wxEVT_CHECKBOX, UserAction([this, field = std::move(field)] { m_texts.ClickField(field); }));
 }
 
 void frmManage::BindField(BoundCombo& combo, std::string field) {
-  combo.Box().Bind(wxEVT_COMBOBOX, UserAction([this, field = std::move(field)] {
-                     if (!LeaveBusyAfterError()) KeepTyped([&] { m_administration.ClickField(field); });
-                   }));
+  combo.Box().Bind(wxEVT_COMBOBOX, UserAction([this, field = std::move(field)] { m_texts.ClickField(field); }));
 }
 
 void frmManage::BindPair(std::size_t i) {
@@ -302,13 +299,13 @@ void frmManage::ShowAddedLink(std::size_t i) {
 
 void frmManage::KeyPressed(wxKeyEvent& event) {
   const bool isEscape = event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers();
-  if (isEscape && UndoText()) return;
+  if (isEscape && m_texts.UndoFocused()) return;
   if (!bbViews->TakeKey(event) && !tabPanels->TakeKey(event)) event.Skip();
 }
 
 void frmManage::CloseWindow(wxCloseEvent& event) {
-  if (m_isCommitting) return event.Veto();  // the message box of a failed write is open
-  if (!CommitTexts() && event.CanVeto() && !std::exchange(m_wasKeptOpen, true)) return event.Veto();
+  if (m_texts.IsCommitting()) return event.Veto();  // the message box of a failed write is open
+  if (!m_texts.CommitBeforeClosing() && event.CanVeto()) return event.Veto();
   if (IsModal()) {
     EndModal(wxID_CANCEL);
   } else {
@@ -316,102 +313,19 @@ void frmManage::CloseWindow(wxCloseEvent& event) {
   }
 }
 
-bool frmManage::CommitTexts() {
-  // A change that came while the window was busy is not written. The number must not be lost with its record.
-  bool isWritten = CommitRowHeight(true);
-  for (const TypedField& field : m_controls.typed) isWritten = CommitText(field) && isWritten;
-  return isWritten;
-}
-
-bool frmManage::CommitText(const TypedField& field) {
-  if (m_isCommitting || field.view != m_administration.CurrentView() || !field.text->IsChanged()) return true;
-  m_isCommitting = true;
-  const AtScopeEnd committed([this] { m_isCommitting = false; });
-  bool isWritten = false;
-  KeepTyped([&] { isWritten = m_administration.ChangeText(field.field); }, field.text);
-  if (!isWritten) {
-    // Without a record no text can be written, and this one would keep the user from adding a record.
-    if (m_controls.cboID.ListIndex() < 0) field.text->Undo();
-    return false;
-  }
-  // A manager shows what is stored now; a box that it left alone shows what was written.
-  if (field.text->IsChanged()) field.text->Accept();
-  m_wasKeptOpen = false;
-  return true;
-}
-
-bool frmManage::CommitRowHeight(bool evenIfBusy) {
-  if (m_isCommitting || m_administration.CurrentView() != "Contexts" || !m_controls.udRowHeight.IsChanged())
-    return true;
-  m_isCommitting = true;
-  const AtScopeEnd committed([this] { m_isCommitting = false; });
-  bool isWritten = true;
-  if (evenIfBusy) {
-    KeepTyped([&] { isWritten = m_administration.ChangeText("RowHeight"); });
-    return isWritten;
-  }
-  const std::int32_t chosen = m_controls.udRowHeight.Value();
-  // A number that was typed is written even now: the user would lose it.
-  if (LeaveBusyAfterError()) m_controls.udRowHeight.SetValue(chosen);
-  KeepTyped([&] { m_administration.ChangeRowHeight(); });
-  return true;
-}
-
-std::int32_t frmManage::ShownKey() const {
-  const BoundCombo& cboID = m_controls.cboID;
-  return cboID.ListIndex() < 0 ? 0 : cboID.Datum(cboID.ListIndex());
-}
-
-// Some controls change without taking the focus, by the wheel or by a drop, so another text may still be unwritten.
-template <typename Write>
-void frmManage::KeepTyped(const Write& write, const BoundText* written) {
-  const std::int32_t record = ShownKey();
-  std::vector<std::pair<BoundText*, wxString>> typed;
-  for (const TypedField& field : m_controls.typed) {
-    if (field.view != m_administration.CurrentView() || field.text == written || !field.text->IsChanged()) continue;
-    typed.emplace_back(field.text, field.text->Box().GetValue());
-  }
-  write();
-  if (ShownKey() != record) return;
-  for (const auto& [text, value] : typed) text->PutBack(value);
-}
-
-bool frmManage::LeaveBusyAfterError() {
-  if (!m_administration.IsBusy()) return false;
-  KeepTyped([this] { m_administration.ClickTab(); });
-  return true;
-}
-
 void frmManage::ChooseAfterError(BoundList& list) {
   if (list.ListIndex() < 0) return;
   const std::int32_t key = list.Datum(list.ListIndex());
-  if (LeaveBusyAfterError()) modControls::SelectByKey(list, key, false);
+  if (m_texts.LeaveBusyAfterError()) modControls::SelectByKey(list, key, false);
 }
 
 template <typename Action>
 void frmManage::AfterTexts(const Action& action) {
-  if (m_isCommitting) return;
-  CommitTexts();
-  if (HasUnwrittenText()) return;
+  if (m_texts.IsCommitting()) return;
+  m_texts.Commit();
+  if (m_texts.HasUnwritten()) return;
   action();
   m_shownID = m_controls.cboID.ListIndex();
-}
-
-bool frmManage::HasUnwrittenText() {
-  for (const TypedField& field : m_controls.typed) {
-    if (field.view == m_administration.CurrentView() && field.text->IsChanged()) return true;
-  }
-  return false;
-}
-
-bool frmManage::UndoText() {
-  const wxWindow* focus = wxWindow::FindFocus();
-  for (const TypedField& field : m_controls.typed) {
-    if (&field.text->Box() != focus || !field.text->IsChanged()) continue;
-    field.text->Undo();
-    return true;
-  }
-  return false;
 }
 
 }  // namespace quorvel

@@ -9,6 +9,7 @@
 #include "admin/ManageView.h"
 #include "admin/NewItemDialog.h"
 #include "admin/window/BoundControls.h"
+#include "admin/window/TypedTexts.h"
 #include "platform/wx/HostLoop.h"
 #include "platform/wx/ModalDialog.h"
 
@@ -77,26 +78,12 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   void cmdNew_Click();
   void cboID_Click();
 
-  /// Writes the texts that the user has changed. False when one could not be written; the user has then seen why.
-  bool CommitTexts();
-  bool CommitText(const TypedField& field);
-  bool CommitRowHeight(bool evenIfBusy = false);
-  /// Runs the write of one field, after which the manager shows the whole record again. Texts that the user has typed
-  /// in other boxes stay, unless another record is shown now. `written` is the text that is written.
-  template <typename Write>
-  void KeepTyped(const Write& write, const BoundText* written = nullptr);
-  [[nodiscard]] std::int32_t ShownKey() const;
-  /// While the busy flag that an error has left is set, no choice is written. Shows the tab again, which clears the
-  /// flag, so that the user sees what is stored and can choose again. False when the flag is clear.
-  bool LeaveBusyAfterError();
-  /// The same, and then the entry that the user has chosen is chosen still.
+  /// Shows the tab again after an error that has left the window busy, and then the entry that the user has chosen is
+  /// chosen still.
   void ChooseAfterError(BoundList& list);
   /// Writes the texts, and then runs the action unless a text is still not written.
   template <typename Action>
   void AfterTexts(const Action& action);
-  [[nodiscard]] bool HasUnwrittenText();
-  /// Restores the text of the box with the focus; false when it is unchanged.
-  bool UndoText();
 
   ViewBar* bbViews = nullptr;
   wxStaticBitmap* picView = nullptr;
@@ -106,11 +93,10 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   wxButton* cmdDelete = nullptr;
   BoundControls m_controls;
   Administration m_administration;
+  TypedTexts m_texts;
   std::optional<ui::LifeOnHostLoop> m_life;  ///< while the window is modeless
   std::int32_t m_shownID = -1;               ///< the entry of cboID whose record is shown
   std::array<bool, 8> m_isAdded{};  ///< the selected entry of lstCurrent was added, and its link was not shown yet
-  bool m_isCommitting = false;
-  bool m_wasKeptOpen = false;
 };
 
 }  // namespace quorvel

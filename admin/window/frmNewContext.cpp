@@ -22,6 +22,7 @@ namespace {
 
 constexpr int kLongestID = 30;
 constexpr std::int32_t kOnlyEntity = 1;  // after "<none>"
+constexpr int kSmallestWidth = 320;  // for the title and its buttons
 
 }  // namespace
 
@@ -54,6 +55,7 @@ void frmNewContext::LayOut() {
   add(lblEntityType, cboEntityType);
   content->AddStretchSpacer();
   content->Add(buttons, wxSizerFlags().Right().Border(wxALL, gap));
+  content->SetMinSize(FromDIP(wxSize(kSmallestWidth, -1)));
   SetSizer(content);
 }
 

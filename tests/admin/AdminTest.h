@@ -3,12 +3,10 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -19,7 +17,6 @@
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
 #include "tests/support/TestSettings.h"
-#include "tests/support/tds/StandInServer.h"
 
 namespace quorvel::test {
 
@@ -82,14 +79,14 @@ class AdminSession : public ManageView, public NewItemDialog {
   }
   static void Choose(ItemList* list, const std::string& text) {
     const auto texts = Texts(list);
-    const auto found = std::find(texts.begin(), texts.end(), text);
+    const auto found = std::ranges::find(texts, text);
     EXPECT_NE(found, texts.end()) << text;
     list->SetListIndex(static_cast<std::int32_t>(found - texts.begin()));
   }
 
   [[nodiscard]] static std::vector<std::string> Texts(const ItemList* list) {
-    std::vector<std::string> texts(static_cast<std::size_t>(list->Count()));
-    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = list->Text(static_cast<std::int32_t>(i));
+    std::vector<std::string> texts;
+    for (std::int32_t i = 0; i < list->Count(); ++i) texts.push_back(list->Text(i));
     return texts;
   }
   [[nodiscard]] std::vector<std::string> Current(std::size_t i) const { return Texts(controls.lstCurrent.at(i)); }
@@ -114,8 +111,6 @@ class AdminSession : public ManageView, public NewItemDialog {
     for (const auto& shown : std::exchange(prompts->shown, {})) texts.push_back(shown.title + "|" + shown.text);
     return texts;
   }
-  void Run(std::string_view batch) const { database.Run(batch); }
-  [[nodiscard]] std::string Ask(std::string_view query) const { return database.Ask(query); }
 
   // ManageView and NewItemDialog
   void SetTitle(std::string_view text) override { title = text; }
@@ -127,51 +122,54 @@ class AdminSession : public ManageView, public NewItemDialog {
   [[nodiscard]] std::string SelectedTab() const override { return tab; }
   [[nodiscard]] NewItem AskForContext() override { return AskFor("Context"); }
   [[nodiscard]] NewItem AskForRemarkType() override { return AskFor("Remark Type"); }
-
- private:
   [[nodiscard]] NewItem AskFor(const std::string& kind) const {
     return {prompts->AskText(kind + " ID", "Create New " + kind).value_or(""), 2};
   }
-  [[nodiscard]] ManageControls MakeControls() {
-    ManageControls c;
-    const auto make = [](auto& pool, auto&... faces) { ((faces = &pool.emplace_back()), ...); };
-    const auto fill = [&](auto& pool, auto&... arrays) {
-      (std::apply([&](auto&... faces) { make(pool, faces...); }, arrays), ...);
-    };
-    make(m_choices, c.cboID, c.cboBranch, c.cboEditBehavior);
-    make(m_texts, c.txtFirstName, c.txtLastName, c.txtRowHeight, c.txtProcedure, c.txtEntity);
-    make(m_values, c.chkUserActive, c.chkGroupByType, c.chkAllowRowSizing, c.udRowHeight);
-    fill(m_choices, c.lstCurrent, c.lstRemaining);
-    fill(m_texts, c.txtCaption, c.txtComment);
-    fill(m_values, c.cmdAdd, c.cmdRemove, c.cmdUp, c.cmdDown, c.chkRight);
-    fill(m_grids, c.grdForm);
-    for (const char* text : {"AutoSave", "NoAutoSave", "PromptSave"}) {
-      c.cboEditBehavior->Add(text, c.cboEditBehavior->Count());
-    }
-    c.frmNewContext = this;
-    return c;
-  }
 
-  std::deque<MemoryChoice> m_choices;
-  std::deque<MemoryText> m_texts;
-  std::deque<MemoryValue> m_values;
-  std::deque<MemoryRows> m_grids;
-
- public:
-  std::string title;
-  std::string tab;
+  std::string title, tab;
   PromptsGuard prompts;
   TestDatabase database;
   std::optional<StandInServer> server;
+
+ private:
+  ManageControls MakeControls() {
+    ManageControls c{.frmNewContext = this};
+    m_memory.Make(c.cboID, c.txtCaption, c.txtComment, c.lstCurrent, c.lstRemaining, c.cmdAdd, c.cmdRemove, c.chkRight,
+                  c.cmdUp, c.cmdDown, c.txtFirstName, c.txtLastName, c.chkUserActive, c.cboBranch, c.chkGroupByType,
+                  c.chkAllowRowSizing, c.udRowHeight, c.txtRowHeight, c.cboEditBehavior, c.txtProcedure, c.txtEntity,
+                  c.grdForm);
+    for (std::int32_t i = 0; i < 3; ++i) c.cboEditBehavior->Add(std::to_string(i), i);
+    return c;
+  }
+
+  MemoryControls m_memory;
+
+ public:
   ManageControls controls;
   Administration admin;
 };
+
+/// A tab with a pair of lists and the check boxes of its links. The index in kPairs is that of the lists.
+struct Pair {
+  std::string view, id, tab;
+  std::string item;              ///< can be added
+  std::size_t firstFlag, flags;  ///< in chkRight
+};
+inline const Pair kPairs[] = {{"Users", "jsmith", "Groups", "Sales", 0, 0},
+                              {"Groups", "Sales", "Users", "guest", 0, 0},
+                              {"Groups", "Sales", "Rights", "Order.Delete", 0, 0},
+                              {"Groups", "Sales", "Remarks", "General", 0, 4},
+                              {"Rights", "Order.Delete", "Groups", "Sales", 0, 0},
+                              {"Remarks", "Ord.Ship", "Groups", "Default", 4, 4},
+                              {"Remarks", "Cust.Credit", "Contexts", "CustInq", 8, 1},
+                              {"Contexts", "CustInq", "Remarks", "Internal", 9, 1}};
 
 /// A session on each engine.
 class AdminTest : public testing::TestWithParam<EngineKind>, protected AdminSession {
  protected:
   AdminTest() : AdminSession(GetParam()) { admin.Load(); }
-  using AdminSession::Run;  // testing::Test has one too
+  void Run(std::string_view batch) const { database.Run(batch); }
+  [[nodiscard]] std::string Ask(std::string_view query) const { return database.Ask(query); }
 };
 
 }  // namespace quorvel::test

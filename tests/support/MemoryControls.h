@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <utility>
@@ -68,6 +70,28 @@ class MemoryRows : public RowsView {
 
   std::shared_ptr<ado::Recordset> rows;
   Explanation explanation;
+};
+
+/// Makes controls in memory, which live as long as the object, for faces and arrays of faces.
+class MemoryControls {
+ public:
+  void Make(auto&... faces) { (MakeOne(faces), ...); }
+
+ private:
+  void MakeOne(ItemList*& face) { face = &m_choices.emplace_back(); }
+  void MakeOne(Choice*& face) { face = &m_choices.emplace_back(); }
+  void MakeOne(TextField*& face) { face = &m_texts.emplace_back(); }
+  void MakeOne(RowsView*& face) { face = &m_rows.emplace_back(); }
+  void MakeOne(auto*& face) { face = &m_values.emplace_back(); }
+  template <typename Face, std::size_t N>
+  void MakeOne(std::array<Face*, N>& faces) {
+    for (Face*& face : faces) MakeOne(face);
+  }
+
+  std::deque<MemoryChoice> m_choices;
+  std::deque<MemoryText> m_texts;
+  std::deque<MemoryRows> m_rows;
+  std::deque<MemoryValue> m_values;
 };
 
 }  // namespace quorvel::test

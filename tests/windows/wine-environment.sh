@@ -56,6 +56,16 @@ restart_wine() {
   start_wine
 }
 
+# wine PROGRAM [ARGUMENT...]: now and then the loader of the C library fails an assertion while Wine ends, and the status is
+# 127 whatever the program did. The program runs again then.
+wine() {
+  local status=0
+  command wine "$@" || status=$?
+  [[ $status -eq 127 ]] || return "$status"
+  printf 'The loader failed while Wine ended; again: %s\n' "$*" >&2
+  command wine "$@"
+}
+
 # surely PROGRAM [ARGUMENT...]: runs a step that is not tested but must succeed.
 surely() { attempt 2 "$*" timeout 60 wine "$@"; }
 

@@ -51,6 +51,10 @@ void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view /*capt
     if (notebook.HitTest(event.GetPosition()) != static_cast<int>(tab) || notebook.GetToolTipText() == text) return;
     notebook.SetToolTip(text);
   });
+  notebook.Bind(wxEVT_LEAVE_WINDOW, [&notebook](wxMouseEvent& event) {
+    event.Skip();
+    notebook.UnsetToolTip();
+  });
 }
 
 }  // namespace quorvel::ui
