@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kLongestID = 30;
 constexpr std::int32_t kOnlyEntity = 1;  // after "<none>"
-constexpr int kSmallestWidth = 320;  // for the title and its buttons
+constexpr int kSmallestWidth = 320;      // for the title and its buttons
 
 }  // namespace
 
