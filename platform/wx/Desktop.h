@@ -13,6 +13,7 @@ namespace quorvel::ui {
 [[nodiscard]] Error NoWindowError(std::string_view reason);
 inline constexpr std::string_view kOtherThreadHasWindows =
     "another thread of the program has windows already, and only one thread can have them";
+inline constexpr std::string_view kSystemMakesNone = "the system makes no window for the program";
 
 /// Throws NoWindowError when nothing can be shown to a person: there is no display, there is no desktop, or another
 /// thread of the host runs the desktop's loop. Leaves nothing changed and may be called again.

@@ -77,6 +77,7 @@ std::optional<std::string> DialogPrompts::AskText(std::string_view prompt, std::
   RequireWindowSystem();
   const VisualStyles styles;
   wxTextEntryDialog dialog(Parent(), ToWx(prompt), ToWx(title));
+  if (dialog.GetHandle() == nullptr) throw NoWindowError(kSystemMakesNone);
   dialog.SetIcons(ProductIcons());
   if (Run(dialog) != wxID_OK) return std::nullopt;
   return FromWx(dialog.GetValue());

@@ -5,6 +5,7 @@
 #include "platform/CurrentPrompts.h"
 #include "platform/Environment.h"
 #include "platform/Error.h"
+#include "platform/wx/Desktop.h"
 #include "platform/wx/Picture.h"
 
 namespace quorvel::ui {
@@ -25,6 +26,8 @@ Error ErrorOf(const std::exception_ptr& failure) {
 }  // namespace
 
 GuardedWindow::GuardedWindow(wxTopLevelWindow& window) : m_window(window) {
+  // The toolkit does not say so, and controls of a window that does not exist would end the process.
+  if (window.GetHandle() == nullptr) throw NoWindowError(kSystemMakesNone);
   m_window.SetIcons(ProductIcons());
   m_window.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();

@@ -32,7 +32,7 @@ class GuardedWindow {
   [[nodiscard]] TwipScale Scale() const { return TwipScale(m_window); }
 
  protected:
-  /// `window` is the same object, as the toolkit's class.
+  /// `window` is the same object, as the toolkit's class. Throws NoWindowError when the system has made no window.
   explicit GuardedWindow(wxTopLevelWindow& window);
   ~GuardedWindow() = default;
 

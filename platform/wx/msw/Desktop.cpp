@@ -19,6 +19,13 @@ bool HasVisibleDesktop() {
          (flags.dwFlags & WSF_VISIBLE) != 0;
 }
 
+/// Wine without a display has a desktop on which no window can be made.
+bool MakesWindows() {
+  const HWND window =
+      ::CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+  return window != nullptr && ::DestroyWindow(window) != 0;
+}
+
 /// The toolkit leaves window classes and hooks that point into this module, so the module is never unloaded.
 HINSTANCE PinnedModule() {
   HMODULE module = nullptr;
@@ -53,6 +60,7 @@ HANDLE Context() noexcept {
 
 void RequireDesktop() {
   if (!HasVisibleDesktop()) throw NoWindowError("the program runs on no desktop that a person sees, as services do");
+  if (!MakesWindows()) throw NoWindowError(kSystemMakesNone);
 }
 
 bool StartToolkit() {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include <wx/button.h>
+#include <wx/dialog.h>
 #include <wx/frame.h>
 #include <wx/utils.h>
 
@@ -47,6 +48,17 @@ class Window : public test::TestWindow {
  private:
   wxButton* m_button;
 };
+
+/// A window that the toolkit was never asked to make.
+class UnmadeWindow : public wxDialog, public GuardedWindow {
+ public:
+  UnmadeWindow() : GuardedWindow(static_cast<wxTopLevelWindow&>(*this)) {}
+};
+
+TEST(GuardedWindowTest, RefusesAWindowThatTheSystemDidNotMake) {
+  EXPECT_EQ(test::Caught([] { const UnmadeWindow window; }).Description(),
+            "No window can be opened: the system makes no window for the program");
+}
 
 /// Presses a key as the desktop reports it.
 void PressKey(const wxWindow& window, guint key) {
