@@ -22,7 +22,9 @@ set(programRunPath "$ORIGIN/${librariesFromPrograms}" "$ORIGIN")
 
 install(TARGETS quorvel_shared EXPORT QuorvelTargets
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
-  FILE_SET HEADERS COMPONENT development)
+  FILE_SET HEADERS COMPONENT development
+  # CMake before 3.23 does not read the file set.
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 # No program links these two by name.
 install(TARGETS quorvel_core LIBRARY COMPONENT runtime NAMELINK_SKIP)
 install(TARGETS quorvel_windows LIBRARY COMPONENT windows NAMELINK_SKIP)

@@ -73,7 +73,14 @@ set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} - development f
 Headers, interface definition, an example, and what CMake and pkg-config need
 to build a host.")
 debian_documents(development libquorvel-dev)
-install(FILES ${PROJECT_SOURCE_DIR}/docs/host-guide.md
+# The guide's links lead to files of the source tree. In the package they lead to those that it brings; the others become text.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/host-guide.md)
+file(READ ${PROJECT_SOURCE_DIR}/docs/host-guide.md guide)
+string(REPLACE "](../include/" "](/usr/include/" guide "${guide}")
+string(REPLACE "](../host/example)" "](examples/)" guide "${guide}")
+string(REGEX REPLACE "\\[([^]\n]+)\\]\\([a-z.][^/)]*\\.md[^)]*\\)" "\\1" guide "${guide}")
+file(WRITE ${builtPackage}/host-guide.md "${guide}")
+install(FILES ${builtPackage}/host-guide.md
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libquorvel-dev COMPONENT development EXCLUDE_FROM_ALL)
 install(FILES ${PROJECT_SOURCE_DIR}/host/example/remarks.cpp ${PROJECT_SOURCE_DIR}/host/example/CMakeLists.txt
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libquorvel-dev/examples COMPONENT development EXCLUDE_FROM_ALL)

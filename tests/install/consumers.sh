@@ -12,6 +12,14 @@ with_cmake() {
     cmake --build "$2"
 }
 
+# with_cmake_3_16 PREFIX FOLDER: the same, with the parts of the package that an older CMake reads.
+with_cmake_3_16() {
+  local older=$scratch/older.cmake
+  printf 'set(CMAKE_VERSION 3.16.0)\n' >"$older"
+  cmake -S "$source_folder/host/example" -B "$2" -G Ninja -DCMAKE_PREFIX_PATH="$1" -DCMAKE_CXX_FLAGS="$warnings" \
+    -DCMAKE_PROJECT_INCLUDE="$older" && cmake --build "$2"
+}
+
 # with_pkg_config PREFIX FOLDER: the same.
 with_pkg_config() {
   local flags
@@ -61,6 +69,7 @@ quorvel=$prefix/bin/quorvel
 } >"$scratch/sample.log" 2>&1 || fail "$(cat "$scratch/sample.log")"
 
 check_consumer with_cmake "$prefix"
+check_consumer with_cmake_3_16 "$prefix"
 check_consumer with_pkg_config "$prefix"
 check_refused 4
 check_refused 6

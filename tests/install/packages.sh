@@ -67,6 +67,15 @@ $(documents quorvel-sample)
 -rw-r--r-- root/root /usr/share/icons/hicolor/64x64/apps/quorvel.png
 -rw-r--r-- root/root /usr/share/icons/hicolor/scalable/apps/quorvel.svg" "$(files_of quorvel-sample)"
 
+# The links of the guide lead to files of the package.
+unpacked=$made/development
+dpkg-deb -x "$(package libquorvel-dev)" "$unpacked"
+documents=$unpacked/usr/share/doc/libquorvel-dev
+while read -r link; do
+  [[ $link == /* ]] && target=$unpacked$link || target=$documents/$link
+  [[ -e $target ]] || fail "The guide of libquorvel-dev has a dead link: $link"
+done < <(grep -oP '\]\(\K[^)#]+' "$documents/host-guide.md")
+
 # These two packages must not need the toolkit: machines without a desktop use them.
 expect "What $library depends on" "libc6
 libfmt9
