@@ -27,7 +27,7 @@ namespace Quorvel {}
 #define OLESTR(text) u##text
 #endif
 
-// Headers of ODBC define this name as a macro.
+// Some headers for databases define this name as a macro.
 #pragma push_macro("BOOL")
 #undef BOOL
 
