@@ -58,6 +58,10 @@ void EditSession::New() {
   auto type = chooser.ChooseType(*m_context, position);
   if (!type) return;
   m_edited.ShowNew(std::move(type), position);
+  {
+    const RaisedFlag refetching(m_isRefetching);
+    m_controls.gdxMemos->SelectNone();  // the buttons act on the new remark, not on a row
+  }
   m_controls.Show(m_edited.Display());
   m_controls.frame.txtRemark->SetFocus();
 }
@@ -69,7 +73,8 @@ void EditSession::Save() {
 }
 
 void EditSession::Delete() {
-  CommitPending();
+  // A new remark that was added only to be removed would leave a change to be asked about.
+  if (!m_edited.IsNew()) CommitPending();
   m_edited.Remove();
   Refetch(0, 0);
   ShowSelected();
@@ -92,9 +97,7 @@ void EditSession::RowChanged() {
 }
 
 void EditSession::TypeChosen() {
-  const auto type = m_controls.frame.SelectedType();
-  if (!type) return;
-  m_edited.TypeChosen(*type);
+  m_edited.TypeChosen(m_controls.frame.Input());
   m_controls.Enable(m_edited.Display());
 }
 

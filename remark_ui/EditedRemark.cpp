@@ -49,8 +49,10 @@ void EditedRemark::OfferTypes(const IsSelected& isSelected) {
 void EditedRemark::ShowNew(std::shared_ptr<RemarkType> type, std::int32_t typePosition) {
   m_remark = std::make_shared<Remark>();
   m_remark->SetRemarkType(std::move(type));
+  m_position = 0;
   m_display.text.clear();
   m_display.isLocked = false;
+  m_display.canDelete = true;  // it is only forgotten
   OfferTypes([&](const TypeChoice& choice) { return choice.position == typePosition; });
   m_display.canSave = true;
   m_display.caption = "Edit Remark";
@@ -60,8 +62,26 @@ void EditedRemark::TextEdited() noexcept {
   if (!m_display.isLocked) m_display.canSave = true;
 }
 
-void EditedRemark::TypeChosen(const TypeChoice& type) noexcept {
-  if (m_remark) m_display.canSave = !EqualIgnoringCase(type.caption, m_remark->TypeCaption());
+void EditedRemark::TypeChosen(const RemarkInput& input) {
+  if (!m_remark || !input.type) return;
+  const bool isOtherType = !EqualIgnoringCase(input.type->caption, m_remark->TypeCaption());
+  m_display.canSave = isOtherType || TextOf(input) != m_remark->MemoText();
+}
+
+std::string EditedRemark::TextOf(const RemarkInput& input) const {
+  return input.isTextTouched ? StoredText(input.text, m_remark->MemoText()) : std::string(m_remark->MemoText());
+}
+
+bool EditedRemark::IsNew() const {
+  const auto& list = m_context.RemarkList();
+  return m_remark && list && list->Index(m_remark) == 0;
+}
+
+// A user who may not delete must not be sent to a button that is disabled.
+void EditedRemark::RefuseEmptyText() const {
+  CurrentPrompts().ShowMessage(m_display.canDelete ? "Empty remarks not permitted.  Use delete to erase a remark"
+                                                   : "Empty remarks not permitted.",
+                               "Can Not Save", PromptButtons::Ok, PromptIcon::Exclamation);
 }
 
 std::shared_ptr<RemarkType> EditedRemark::ChosenType(const RemarkInput& input) const {
@@ -72,13 +92,11 @@ std::shared_ptr<RemarkType> EditedRemark::ChosenType(const RemarkInput& input) c
 
 EditedRemark::Outcome EditedRemark::Save(const RemarkInput& input) {
   if (!m_remark) return Outcome::Nothing;
-  if (input.text.empty()) {
-    CurrentPrompts().ShowMessage("Empty remarks not permitted.  Use delete to erase a remark", "Can Not Save",
-                                 PromptButtons::Ok, PromptIcon::Exclamation);
+  if (TrimBlanks(input.text).empty()) {
+    RefuseEmptyText();
     return Outcome::Nothing;
   }
-  std::string text =
-      input.isTextTouched ? StoredText(input.text, m_remark->MemoText()) : std::string(m_remark->MemoText());
+  std::string text = TextOf(input);
   std::shared_ptr<RemarkType> type = ChosenType(input);
   std::string loginName = modUserName::GetUserName();
   const auto& list = m_context.RemarkList();

@@ -56,15 +56,17 @@ class EditedRemark {
   /// Call when the user has typed in the text box.
   void TextEdited() noexcept;
   /// Call when the user has chosen in the list of types.
-  void TypeChosen(const TypeChoice& type) noexcept;
+  void TypeChosen(const RemarkInput& input);
 
   /// Stores the input in the remark, adds a new remark to the list, and returns whether that changed anything. Disables
-  /// Save until the remark is shown again. Returns Nothing when no remark is selected or the text is empty, which a
+  /// Save until the remark is shown again. Returns Nothing when no remark is selected or the text is blank, which a
   /// message reports. Strong guarantee.
   Outcome Save(const RemarkInput& input);
   /// Saves the input before another remark is shown or the window closes. Returns Nothing when Save is disabled or the
   /// text is blank, which is dropped without a message.
   Outcome CommitPending(const RemarkInput& input);
+  /// Whether the remark is new and not in the list.
+  [[nodiscard]] bool IsNew() const;
   /// Removes the remark from the list, or forgets a new one. No remark is selected afterwards.
   void Remove();
 
@@ -72,6 +74,8 @@ class EditedRemark {
   template <typename IsSelected>
   void OfferTypes(const IsSelected& isSelected);
   [[nodiscard]] std::shared_ptr<RemarkType> ChosenType(const RemarkInput& input) const;
+  [[nodiscard]] std::string TextOf(const RemarkInput& input) const;
+  void RefuseEmptyText() const;
 
   RemarkContext& m_context;
   std::shared_ptr<Remark> m_remark;

@@ -37,6 +37,8 @@ RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
   ui::SetAccessibleName(*txtRemark, "Remark");
   ui::KeepScrollBars(*txtRemark);
   ui::SetTextMargins(*txtRemark);
+  // A user who scrolls over the closed list on the way must not change the remark's type.
+  cboRemarkType->Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
   // An empty list is lower than one that shows a type, and the layout does not change with the remark.
   cboRemarkType->Append(Label2->GetLabel());
   cboRemarkType->SetMinSize({scale.ToPixels(kTypeWidth), cboRemarkType->GetBestSize().GetHeight()});

@@ -93,7 +93,13 @@ void frmEdit::cmdClose_Click() {
   Finish();
 }
 
+// Esc closes the window from the grid only: a clerk who presses it in a text wants to leave the text.
 void frmEdit::KeyPressed(wxKeyEvent& event) {
+  DataGrid& grid = *m_controls->gdxMemos;
+  if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers() && !grid.IsDescendant(FindFocus())) {
+    grid.SetFocus();
+    return;
+  }
   const bool isEnter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
   if (isEnter && event.GetModifiers() == wxMOD_CONTROL && m_controls->cmdSave->IsEnabled()) {
     m_session->Save();

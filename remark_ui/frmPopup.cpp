@@ -48,13 +48,17 @@ void frmPopup::CreateControls() {
   ui::KeepScrollBars(*txtRemark);
   lblRemarkCounter = label("Label1", "lblRemarkCounter");
   cmdPrev = ui::MakeButton(*this, "cmdPrev", "&Previous");
+  ui::HideCaret(*txtRemark);
   cmdNext = ui::MakeButton(*this, "cmdNext", "Next");
-  cmdNext->SetDefault();
 }
 
 void frmPopup::BindHandlers() {
   cmdPrev->Bind(wxEVT_BUTTON, UserAction([this] { cmdPrev_Click(); }));
   cmdNext->Bind(wxEVT_BUTTON, UserAction([this] { cmdNext_Click(); }));
+  Bind(wxEVT_PAINT, Guarded([this](wxPaintEvent& event) {
+         event.Skip();
+         m_isSeen = true;
+       }));
   Bind(wxEVT_SIZE, Guarded([this](wxSizeEvent& event) {
          event.Skip();
          if (!IsIconized()) LayOut();
@@ -100,6 +104,8 @@ void frmPopup::View(RemarkContext& context) {
 }
 
 void frmPopup::Display() {
+  m_isSeen = false;
+  Refresh();
   m_walk->Fill(m_display);
   const wxString nextCaption = ui::ToWx(m_display.nextCaption);
   // A disabled button keeps the focus, and the window would then ignore the keyboard.
@@ -133,26 +139,26 @@ void frmPopup::LayOut() {
 }
 
 void frmPopup::cmdPrev_Click() {
+  if (!m_isSeen) return;
   m_walk->Previous();
   Display();
 }
 
 void frmPopup::cmdNext_Click() {
+  if (!m_isSeen) return;
   if (m_walk->IsAtEnd()) return Finish();
   m_walk->Next();
   Display();
 }
 
-// A box of several lines does not pass on Enter, even a read-only one, and buttons do not scroll the text.
+// Buttons do not scroll the text.
 void frmPopup::KeyPressed(wxKeyEvent& event) {
+  if (!m_isSeen) return;
   const int key = event.GetKeyCode();
-  const wxWindow* focus = FindFocus();
-  const bool plain = event.GetModifiers() == wxMOD_NONE;
-  if (plain && focus == txtRemark && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
-    cmdNext_Click();
-  } else if (plain && focus != txtRemark && key == WXK_PAGEDOWN) {
+  const bool scrolls = event.GetModifiers() == wxMOD_NONE && FindFocus() != txtRemark;
+  if (scrolls && key == WXK_PAGEDOWN) {
     txtRemark->PageDown();
-  } else if (plain && focus != txtRemark && key == WXK_PAGEUP) {
+  } else if (scrolls && key == WXK_PAGEUP) {
     txtRemark->PageUp();
   } else {
     event.Skip();

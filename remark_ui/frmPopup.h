@@ -13,8 +13,9 @@ class wxTextCtrl;
 
 namespace quorvel {
 
-/// Shows the user the remarks that must be seen, one at a time, and changes nothing. There is one pop-up per thread,
-/// which is used for each View.
+/// Shows the user the remarks that must be seen, one at a time, and changes nothing. Keys and clicks from before a
+/// remark was drawn are dropped: they were meant for something else. There is one pop-up per thread, which is used for
+/// each View.
 class frmPopup : public ui::ModalDialog {
  public:
   frmPopup();
@@ -45,6 +46,7 @@ class frmPopup : public ui::ModalDialog {
   PopupSizes m_sizes;
   PopupDisplay m_display;
   std::optional<PopupWalk> m_walk;  ///< while the window is open
+  bool m_isSeen = false;            ///< the window has been drawn since it shows the remark
 };
 
 }  // namespace quorvel

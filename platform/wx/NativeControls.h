@@ -28,6 +28,9 @@ void KeepScrollBars(wxWindow& window);
 /// Keeps the text of a box of several lines a little off its border, on desktops that otherwise draw it there.
 void SetTextMargins(wxTextCtrl& box);
 
+/// Shows no insertion point in a box of several lines that is only read.
+void HideCaret(wxTextCtrl& box);
+
 /// Makes the access key of the label before `window` lead to `part` of it, which takes the keys; the two may be the
 /// same. Some desktops lead it to the frame of the scroll bars.
 void LeadAccessKeyTo(wxWindow& part, wxWindow& window);

@@ -125,9 +125,12 @@ TEST_F(EditRulesTest, SavingAChangeStoresLogonNameAndDate) {
   EXPECT_EQ(remark.TypeID(), "Cust.Credit");
 
   m_edited.Show(1);
-  m_edited.TypeChosen({"CREDIT", 2});
-  EXPECT_EQ(m_edited.CommitPending(Typed("typed before")), Outcome::Nothing) << "choosing its own type disables Save";
-  m_edited.TypeChosen(Type("Cust.General"));
+  m_edited.TypeChosen({.type = TypeChoice{"CREDIT", 2}});
+  EXPECT_FALSE(m_edited.Display().canSave) << "it is the remark's own type";
+  m_edited.TypeChosen(Typed("typed before", TypeChoice{"CREDIT", 2}));
+  EXPECT_TRUE(m_edited.Display().canSave) << "the text is another";
+  m_edited.Show(1);
+  m_edited.TypeChosen({.type = Type("Cust.General")});
   EXPECT_TRUE(m_edited.Display().canSave);
 }
 
@@ -140,7 +143,7 @@ TEST_F(EditRulesTest, EmptyTextIsRefusedBySaveAndDroppedByCommit) {
   EXPECT_TRUE(m_prompts->shown.empty());
 
   m_prompts->answers = {PromptAnswer::Ok};
-  EXPECT_EQ(m_edited.Save(Typed("", Type("Cust.Credit"))), Outcome::Nothing);
+  EXPECT_EQ(m_edited.Save(Typed("  ", Type("Cust.Credit"))), Outcome::Nothing);
   ASSERT_EQ(m_prompts->shown.size(), 1U);
   EXPECT_EQ(m_prompts->shown[0].text, "Empty remarks not permitted.  Use delete to erase a remark");
   EXPECT_EQ(m_prompts->shown[0].title, "Can Not Save");
@@ -150,7 +153,11 @@ TEST_F(EditRulesTest, EmptyTextIsRefusedBySaveAndDroppedByCommit) {
   EXPECT_EQ(RemarkAt(m_context, 1).MemoText(), before);
   EXPECT_FALSE(m_context->RemarkList()->Dirty());
 
-  EXPECT_EQ(m_edited.Save(Typed("   ")), Outcome::Changed) << "Save accepts blanks";
+  Open("mjones");
+  m_prompts->answers = {PromptAnswer::Ok};
+  m_edited.Show(First("Cust.Credit"));
+  EXPECT_EQ(m_edited.Save(Typed("")), Outcome::Nothing);
+  EXPECT_EQ(m_prompts->shown[1].text, "Empty remarks not permitted.") << "Delete cannot be pressed";
 }
 
 TEST(RemarkTextTest, LineBreaksAndZerosSurviveTheTextBox) {

@@ -208,6 +208,16 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
   });
 }
 
+TEST_F(EditTest, NewRemarkThatIsDeletedLeavesNothingToAskAbout) {
+  View(ContextHolder("CustMaint", "C1044", "admin"), [&] {
+    ClickNew("General");
+    EXPECT_EQ(Position(), 0) << "the buttons act on the new remark, not on a row";
+    Type("typed");
+    Click("cmdDelete");
+    Click("cmdClose");
+  });
+}
+
 TEST_F(EditTest, KeyboardReachesEverything) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   context->SetEditBehavior(EditBehavior::NoAutoSave);
@@ -238,6 +248,8 @@ TEST_F(EditTest, KeyboardReachesEverything) {
     keyboard.Char('S', wxMOD_ALT);
     EXPECT_TRUE(isSaved("x\r\nyInvoice"));
     keyboard.Char('z');
+    keyboard.Char(WXK_ESCAPE);
+    EXPECT_TRUE(HasFocus(Grid())) << "Esc leaves the text first";
     keyboard.Char(WXK_ESCAPE);
     EXPECT_TRUE(Closes());
   });

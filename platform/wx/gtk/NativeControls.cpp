@@ -40,6 +40,13 @@ void SetLabel(GtkWidget* widget, gpointer text) {
   }
 }
 
+/// The widget that draws the text of a box of several lines; null for a box of one line.
+GtkTextView* TextViewOf(wxTextCtrl& box) {
+  GtkWidget* const scrolled = box.GetHandle();
+  GtkWidget* const view = GTK_IS_BIN(scrolled) != FALSE ? gtk_bin_get_child(GTK_BIN(scrolled)) : nullptr;
+  return GTK_IS_TEXT_VIEW(view) != FALSE ? GTK_TEXT_VIEW(view) : nullptr;
+}
+
 gboolean FocusPart(GtkWidget* /*window*/, gboolean /*isOneOfSeveral*/, gpointer part) {
   gtk_widget_grab_focus(static_cast<GtkWidget*>(part));
   return TRUE;
@@ -64,12 +71,13 @@ void KeepScrollBars(wxWindow& window) {
   }
 }
 
+void HideCaret(wxTextCtrl& box) {
+  if (GtkTextView* const text = TextViewOf(box)) gtk_text_view_set_cursor_visible(text, FALSE);
+}
+
 void SetTextMargins(wxTextCtrl& box) {
-  GtkWidget* const scrolled = box.GetHandle();
-  if (GTK_IS_BIN(scrolled) == FALSE) return;
-  GtkWidget* const view = gtk_bin_get_child(GTK_BIN(scrolled));
-  if (GTK_IS_TEXT_VIEW(view) == FALSE) return;
-  auto* const text = GTK_TEXT_VIEW(view);
+  GtkTextView* const text = TextViewOf(box);
+  if (text == nullptr) return;
   const int margin = box.FromDIP(5);
   gtk_text_view_set_left_margin(text, margin);
   gtk_text_view_set_right_margin(text, margin);

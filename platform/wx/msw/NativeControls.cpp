@@ -1,7 +1,10 @@
 #include "platform/wx/NativeControls.h"
 
+#include <windows.h>
+
 #include <wx/access.h>
 #include <wx/bookctrl.h>
+#include <wx/textctrl.h>
 #include <wx/window.h>
 
 #include "platform/wx/Text.h"
@@ -37,6 +40,13 @@ void SetAccessibleName(wxWindow& window, std::string_view name) {
 void ActAtOnce(wxButton& /*button*/) {}
 
 void KeepScrollBars(wxWindow& /*window*/) {}
+
+void HideCaret(wxTextCtrl& box) {
+  box.Bind(wxEVT_SET_FOCUS, [&box](wxFocusEvent& event) {
+    event.Skip();
+    box.CallAfter([&box] { ::HideCaret(box.GetHWND()); });
+  });
+}
 
 void SetTextMargins(wxTextCtrl& /*box*/) {}
 

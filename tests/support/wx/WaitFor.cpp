@@ -1,5 +1,7 @@
 #include "tests/support/wx/WaitFor.h"
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <memory>
 #include <thread>
@@ -7,6 +9,7 @@
 #include <wx/app.h>
 #include <wx/apptrait.h>
 #include <wx/evtloop.h>
+#include <wx/window.h>
 
 namespace quorvel::test {
 namespace {
@@ -23,6 +26,18 @@ void HandleEvents() {
   const wxEventLoopActivator activator(active == nullptr ? own.get() : active);
   wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
   wxTheApp->ProcessPendingEvents();
+}
+
+void WaitUntilDrawn(wxWindow& window) {
+  bool isDrawn = false;
+  const auto drawn = [&isDrawn](wxPaintEvent& event) {
+    event.Skip();
+    isDrawn = true;
+  };
+  window.Bind(wxEVT_PAINT, drawn);
+  window.Refresh();
+  EXPECT_TRUE(WaitFor([&] { return isDrawn; }));
+  window.Unbind(wxEVT_PAINT, drawn);
 }
 
 bool WaitFor(const std::function<bool()>& condition) {
