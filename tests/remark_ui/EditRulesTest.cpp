@@ -125,12 +125,12 @@ TEST_F(EditRulesTest, SavingAChangeStoresLogonNameAndDate) {
   EXPECT_EQ(remark.TypeID(), "Cust.Credit");
 
   m_edited.Show(1);
-  m_edited.TypeChosen({.type = TypeChoice{"CREDIT", 2}});
+  m_edited.TypeChosen({"", false, TypeChoice{"CREDIT", 2}});
   EXPECT_FALSE(m_edited.Display().canSave) << "it is the remark's own type";
   m_edited.TypeChosen(Typed("typed before", TypeChoice{"CREDIT", 2}));
   EXPECT_TRUE(m_edited.Display().canSave) << "the text is another";
   m_edited.Show(1);
-  m_edited.TypeChosen({.type = Type("Cust.General")});
+  m_edited.TypeChosen({"", false, Type("Cust.General")});
   EXPECT_TRUE(m_edited.Display().canSave);
 }
 

@@ -45,9 +45,9 @@ title='Acme Tools \[C1044\] Customer Remarks \[\(embedded\)\]'
 
 appears "$title"
 picture popup-first
-press Return alt+n
+press alt+n alt+n
 picture popup-last
-xdotool key Return
+xdotool key alt+f
 says 'popped up 3'
 
 appears "$title"
