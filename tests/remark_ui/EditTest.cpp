@@ -97,6 +97,35 @@ TEST_F(EditTest, AuthorEditsAnOwnRemarkAndMovesOn) {
   EXPECT_TRUE(remark.Dirty());
 }
 
+// A timer of the host runs while a window of the component is open.
+TEST_F(EditTest, HostMayDisposeOfTheContextInTheMiddle) {
+  const auto typeAndClose = [&](const ContextHolder& context, const std::function<void()>& before) {
+    View(context, [&] {
+      Go(1);
+      Type("typed before the host let go");
+      before();
+      Click("cmdClose");
+    });
+  };
+  {
+    const ContextHolder context("CustMaint", "C1044", "admin");
+    m_prompts->answers = {PromptAnswer::Yes};
+    m_prompts->meanwhile = [&] { context->Dispose(); };
+    typeAndClose(context, [] {});
+  }
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  const auto chooseWithoutContext = [&] {
+    ModalScript chooser;
+    chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [&](frmChooseType& dialog) {
+      context->Dispose();
+      Press(dialog, "cmdOK");
+    });
+    Click("cmdNew");
+  };
+  EXPECT_THAT(Caught([&] { typeAndClose(context, chooseWithoutContext); }), HasNumber(ErrorNumber::ObjectNotSet));
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText LIKE 'typed before%'"), "0");
+}
+
 TEST_F(EditTest, ClosingWritesAllChangesOrNone) {
   for (const bool isSaved : {false, true}) {
     const TestDatabase database;

@@ -9,6 +9,11 @@
 namespace quorvel::test {
 namespace {
 
+class PopupWalkTest : public testing::Test {
+ protected:
+  TestDatabase m_database;
+};
+
 /// "P-P": three remarks, of which the second does not pop up. The text of each is its number.
 void AddRemarks(const ContextHolder& context, const std::string& pattern) {
   for (const bool showPopup : {false, true}) {
@@ -28,7 +33,7 @@ PopupWalk WalkAfter(const ContextHolder& context, const std::string& presses) {
   return walk;
 }
 
-TEST(PopupWalk, PositionInTheListDecidesTheButtons) {
+TEST_F(PopupWalkTest, PositionInTheListDecidesTheButtons) {
   struct Case {
     const char* remarks;
     const char* presses;
@@ -46,7 +51,7 @@ TEST(PopupWalk, PositionInTheListDecidesTheButtons) {
            Case{"-P", "", "1", "Remark 1 of 1", "&Finish", false},
            Case{"-PP", "N", "2", "Remark 2 of 2", "&Finish", true},
        }) {
-    const ContextHolder context;
+    const ContextHolder context("CustMaint", "", "admin");
     AddRemarks(context, c.remarks);
     const PopupWalk walk = WalkAfter(context, c.presses);
     PopupDisplay display;
@@ -59,17 +64,17 @@ TEST(PopupWalk, PositionInTheListDecidesTheButtons) {
   }
 }
 
-TEST(PopupWalk, MovingPastEitherEndIsAnError) {
+TEST_F(PopupWalkTest, MovingPastEitherEndIsAnError) {
   for (const auto& [remarks, presses] : {std::pair{"P-P", "NN"}, {"-PP", "NP"}, {"-", "N"}}) {
-    const ContextHolder context;
+    const ContextHolder context("CustMaint", "", "admin");
     AddRemarks(context, remarks);
     EXPECT_THAT(Caught([&, &presses = presses] { WalkAfter(context, presses); }), HasNumber(ErrorNumber::ObjectNotSet))
         << remarks;
   }
 }
 
-TEST(PopupWalk, AnUnreadableTextKeepsThePreviousOneAndTheRestIsShown) {
-  const ContextHolder context;
+TEST_F(PopupWalkTest, AnUnreadableTextKeepsThePreviousOneAndTheRestIsShown) {
+  const ContextHolder context("CustMaint", "", "admin");
   AddRemarks(context, "-PP");
   RemarkAt(context, 1).SetRemarkType(nullptr);
   PopupWalk walk = WalkAfter(context, "");
