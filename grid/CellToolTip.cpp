@@ -13,8 +13,8 @@
 namespace quorvel {
 namespace {
 
-/// A tool tip is a window: for a text of megabytes it would be larger than any screen.
-constexpr std::size_t kMostCharacters = 4000;
+/// A tool tip is a window: a longer text would be higher than a small screen.
+constexpr std::size_t kMostCharacters = 1500;
 
 }  // namespace
 

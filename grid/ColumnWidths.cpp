@@ -49,6 +49,13 @@ void ColumnWidths::Share() {
   for (const int width : ShareWidth(m_widths, total)) m_grid.SetColSize(position++, width);
 }
 
+void ColumnWidths::Fit(int position, int width) {
+  const int others = static_cast<int>(m_widths.size() - 1) * kLeastColumnWidth;
+  const int most = std::max(m_grid.GetGridWindow()->GetClientSize().x - others, kLeastColumnWidth);
+  m_grid.SetColSize(position, std::clamp(width, kLeastColumnWidth, most));
+  BorderDragged(position);
+}
+
 void ColumnWidths::BorderDragged(int position) {
   const int total = m_grid.GetGridWindow()->GetClientSize().x;
   if (total <= 0) return;

@@ -29,6 +29,8 @@ class ColumnWidths {
   void Reset(const GridContent& content);
   /// To be called when the window's width has changed.
   void Share();
+  /// Gives a column that width, as far as the window has room for the other columns.
+  void Fit(int position, int width);
   /// To be called when the user has dragged the border right of `position`.
   void BorderDragged(int position);
 

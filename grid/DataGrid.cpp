@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <utility>
 
+#include <wx/dcclient.h>
 #include <wx/settings.h>
 
+#include "grid/CellLayout.h"
 #include "grid/GridRenderer.h"
 #include "grid/GridTable.h"
 #include "grid/RecordsetSource.h"
@@ -68,6 +70,7 @@ void DataGrid::BindEvents() {
   Bind(wxEVT_KEY_DOWN, Guarded([this](wxKeyEvent& event) { m_keys.KeyDown(event); }));
   Bind(wxEVT_GRID_LABEL_LEFT_CLICK, Guarded([this](wxGridEvent& event) { SortByCaption(event.GetCol()); }));
   Bind(wxEVT_GRID_COL_SIZE, Guarded([this](wxGridSizeEvent& event) { m_widths.BorderDragged(event.GetRowOrCol()); }));
+  Bind(wxEVT_GRID_COL_AUTO_SIZE, Guarded([this](wxGridSizeEvent& event) { FitColumn(event.GetRowOrCol()); }));
   Bind(wxEVT_GRID_ROW_SIZE, Guarded([this](wxGridSizeEvent& event) {
          const std::int32_t rowIndex = RowIndex(event.GetRowOrCol() + 1);
          if (rowIndex > 0) m_heights.RowDragged(rowIndex, GetRowSize(event.GetRowOrCol()));
@@ -155,7 +158,7 @@ void DataGrid::Refetch() {
   if (m_state.content.Shown() != shown) ShowColumns();
   ShowLines(m_state.content.Rows().LineCount() > 0 ? 1 : 0);
   m_cursor.BringIntoViewLater();
-  ShowSortArrow();
+  GetGridColLabelWindow()->Refresh();  // with the arrow of the sort order
   Announce();
 }
 
@@ -191,7 +194,7 @@ void DataGrid::SortByCaption(int position) {
   const GridCursor::Mark mark = m_cursor.Marked();
   m_state.content.SortByPosition(static_cast<std::size_t>(position));
   ShowLinesAt(mark, std::min(m_state.currentLine, m_state.content.Rows().LineCount()));
-  ShowSortArrow();
+  GetGridColLabelWindow()->Refresh();  // with the arrow of the sort order
 }
 
 /// Reports to the toolkit how many lines there are now, and draws them.
@@ -220,16 +223,19 @@ void DataGrid::ShowColumns() {
   m_widths.Reset(m_state.content);
 }
 
-void DataGrid::ShowSortArrow() {
-  const std::vector<SortKey>& sort = m_state.content.Sort();
-  const std::vector<std::int32_t>& shown = m_state.content.Shown();
-  const auto found = sort.empty() ? shown.end() : std::find(shown.begin(), shown.end(), sort.front().column);
-  if (found == shown.end()) {
-    UnsetSortingColumn();
-  } else {
-    SetSortingColumn(static_cast<int>(found - shown.begin()), sort.front().ascending);
+// Only the lines on the screen: the user sees no others, and there may be thousands.
+void DataGrid::FitColumn(int position) {
+  const int top = CalcUnscrolledPosition({0, 0}).y;
+  const int first = YToRow(top, true);
+  const int last = YToRow(top + GetGridWindow()->GetClientSize().y, true);
+  wxClientDC dc(GetGridWindow());
+  dc.SetFont(GetLabelFont());
+  int width = dc.GetTextExtent(GetColLabelValue(position)).x;
+  dc.SetFont(GetDefaultCellFont());
+  for (int row = first; row >= 0 && row <= last; ++row) {
+    if (RowIndex(row + 1) > 0) width = std::max(width, dc.GetMultiLineTextExtent(GetCellValue(row, position)).x);
   }
-  GetGridColLabelWindow()->Refresh();
+  m_widths.Fit(position, width + 2 * kCellMargin + FromDIP(2));
 }
 
 void DataGrid::Announce() {

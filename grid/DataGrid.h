@@ -115,7 +115,7 @@ class DataGrid : public wxGrid {
   void ShowLines(std::int32_t currentLine);
   void ShowLinesAt(const GridCursor::Mark& mark, std::int32_t fallback);
   void ShowColumns();
-  void ShowSortArrow();
+  void FitColumn(int position);
   void Announce();
   void Restyle();
 

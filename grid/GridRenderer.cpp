@@ -7,7 +7,6 @@
 
 #include <wx/dc.h>
 #include <wx/dcclient.h>
-#include <wx/renderer.h>
 #include <wx/settings.h>
 
 #include "grid/CellLayout.h"
@@ -24,6 +23,17 @@ constexpr int kMostLinesOfRow = 30;  // when a row is fitted to its text
 Colour FromWx(const wxColour& colour) { return {colour.Red(), colour.Green(), colour.Blue()}; }
 wxColour ToWxColour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 Colour SystemColour(wxSystemColour which) { return FromWx(wxSystemSettings::GetColour(which)); }
+
+/// Points down for an open group, to the right for a closed one. The desktops' own are faint in some themes.
+void DrawTriangle(wxDC& dc, const wxRect& rect, bool isOpen, const wxColour& colour) {
+  const int half = rect.width / 4;
+  const wxPoint centre(rect.x + rect.width / 2, rect.y + rect.height / 2);
+  const wxPoint down[] = {{-2 * half, -half}, {2 * half, -half}, {0, half}};
+  const wxPoint right[] = {{-half, -2 * half}, {-half, 2 * half}, {half, 0}};
+  dc.SetPen(*wxTRANSPARENT_PEN);
+  dc.SetBrush(wxBrush(colour));
+  dc.DrawPolygon(3, isOpen ? down : right, centre.x, centre.y);
+}
 
 /// A check mark in the middle of a cell, as high as the text.
 void DrawCheckMark(wxDC& dc, const wxRect& rect, const wxColour& colour) {
@@ -107,7 +117,7 @@ void GridRenderer::DrawHeading(wxGrid& grid, wxDC& dc, const wxRect& rect, const
   dc.SetFont(m_headingFont);
   const int side = grid.FromDIP(kTriangle);
   const wxRect triangle(rect.x + kCellMargin, rect.y + (rect.height - side) / 2, side, side);
-  wxRendererNative::Get().DrawTreeItemButton(&grid, dc, triangle, heading.open ? wxCONTROL_EXPANDED : wxCONTROL_NONE);
+  DrawTriangle(dc, triangle, heading.open, dc.GetTextForeground());
   const std::string text = m_state.HeadingText(heading);
   const int left = triangle.GetRight() + kCellMargin;
   const CellLines cell = LayOutCell(dc, text, rect.GetRight() - left - kCellMargin, 1);

@@ -37,7 +37,12 @@ wxString GridTable::GetValue(int row, int column) {
 }
 
 wxString GridTable::GetColLabelValue(int column) {
-  return ui::ToWx(m_state.content.ShownColumn(static_cast<std::size_t>(column)).caption);
+  const GridContent& content = m_state.content;
+  const wxString caption = ui::ToWx(content.ShownColumn(static_cast<std::size_t>(column)).caption);
+  const bool isSorted =
+      !content.Sort().empty() && content.Sort().front().column == content.Shown().at(static_cast<std::size_t>(column));
+  // A character is as readable as the caption. The desktops' own arrows are faint in some themes.
+  return isSorted ? caption + (content.Sort().front().ascending ? L" \u25B2" : L" \u25BC") : caption;
 }
 
 wxGridCellAttr* GridTable::GetAttr(int row, int column, wxGridCellAttr::wxAttrKind /*kind*/) {

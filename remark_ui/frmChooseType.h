@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "platform/wx/ListSearch.h"
 #include "platform/wx/ModalDialog.h"
 
 class wxButton;
@@ -30,6 +31,7 @@ class frmChooseType : public ui::ModalDialog {
   wxListBox* lstRemarkType;
   wxButton* cmdOK;
   wxButton* cmdCancel;
+  ui::ListSearch m_search;
   bool m_cancelled = false;
 };
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "admin/window/ListSearch.h"
 #include "data/Controls.h"
+#include "platform/wx/ListSearch.h"
 
 class wxListBox;
 
@@ -50,7 +50,7 @@ class BoundList : public ItemList {
   Order m_order = Order::Alphabetical;
   mutable std::vector<Item> m_items;  ///< the shown ones, in their order, and then those added since
   mutable std::size_t m_shown = 0;
-  ListSearch m_search;
+  ui::ListSearch m_search;
 };
 
 /// A combo box. Items are shown in the order in which they are added.

@@ -99,10 +99,10 @@ TEST_F(DataGridTest, CurrentRowSurvivesSortingAndOtherGroups) {
   EXPECT_THAT(Rows(), ElementsAre(0, 0, 1, 3, 4));
   ClickCaption(1);
   EXPECT_THAT(Rows(), ElementsAre(0, 0, 4, 1, 3)) << "by text, within its group";
-  EXPECT_EQ(m_grid->GetSortingColumn(), 1);
+  EXPECT_EQ(m_grid->GetColLabelValue(1), L"Remark \u25B2");
   ClickCaption(1);
   EXPECT_THAT(Rows(), ElementsAre(0, 0, 3, 1, 4));
-  EXPECT_FALSE(m_grid->IsSortOrderAscending());
+  EXPECT_EQ(m_grid->GetColLabelValue(1), L"Remark \u25BC");
   EXPECT_EQ(Row(), 3);
   EXPECT_THAT(Changes(), ElementsAre()) << "the same row stays current";
   m_grid->SetGroupOpen(2, false);
@@ -223,6 +223,10 @@ TEST_F(DataGridTest, ColumnsShareTheWindow) {
   EXPECT_EQ(m_grid->GetColSize(0), inside() / 4);
   m_window->SetSize(800, 400);
   ASSERT_TRUE(WaitFor([&] { return inside() > 700; }));
+  EXPECT_EQ(total(), inside());
+  wxGridSizeEvent doubleClick(m_grid->GetId(), wxEVT_GRID_COL_AUTO_SIZE, m_grid, 0);
+  m_grid->HandleWindowEvent(doubleClick);
+  EXPECT_THAT(m_grid->GetColSize(0), testing::AllOf(testing::Gt(m_grid->GetTextExtent("100").x), Lt(inside() / 8)));
   EXPECT_EQ(total(), inside());
   m_grid->ShowColumn(1, true);
   m_grid->GroupBy(std::nullopt);

@@ -164,7 +164,7 @@ TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
     return shown;
   };
   const auto isGrouped = [&] {
-    EXPECT_EQ(captions(), "Date UserID Remark ");
+    EXPECT_EQ(captions(), L"Date \u25BC UserID Remark ");
     EXPECT_EQ(Grid().CurrentLine(), 2);
     EXPECT_EQ(Position(), 1);
     EXPECT_TRUE(Grid().CanDragRowSize(0));
@@ -179,7 +179,7 @@ TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
   View(grouped, isGrouped);
   View(grouped, isGrouped);  // the closed group and the sort order of the first View are gone
   View(ContextHolder("CustInq", "C1044", "jsmith"), [&] {
-    EXPECT_EQ(captions(), "Date Type UserID Remark ");
+    EXPECT_EQ(captions(), L"Date \u25BC Type UserID Remark ");
     EXPECT_EQ(Grid().CurrentLine(), 1);
     EXPECT_FALSE(Grid().CanDragRowSize(0));
     EXPECT_THAT(Text(), StartsWith("Dana promised")) << "the newest first";

@@ -6,7 +6,7 @@
 class wxKeyEvent;
 class wxListBox;
 
-namespace quorvel {
+namespace quorvel::ui {
 
 /// Searches a list box by typing: selects, as a click does, the first item that begins with the characters typed, in
 /// any letter case. A pause of a second begins a new search.
@@ -24,4 +24,4 @@ class ListSearch {
   wxStopWatch m_sinceKey;
 };
 
-}  // namespace quorvel
+}  // namespace quorvel::ui

@@ -1,9 +1,9 @@
-#include "admin/window/ListSearch.h"
+#include "platform/wx/ListSearch.h"
 
 #include <wx/listbox.h>
 #include <wx/utils.h>
 
-namespace quorvel {
+namespace quorvel::ui {
 namespace {
 
 constexpr long kPauseMilliseconds = 1000;
@@ -48,4 +48,4 @@ void ListSearch::Select(int item) {
   m_list->HandleWindowEvent(selected);
 }
 
-}  // namespace quorvel
+}  // namespace quorvel::ui
