@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "ado/embedded/BatchParser.h"
+#include "ado/embedded/FileInPlace.h"
 #include "ado/embedded/SqliteError.h"
 
 namespace quorvel::ado::embedded {
@@ -54,6 +55,7 @@ std::optional<RowSet> Interpreter::Run(Program& program, Frame& frame) {
   frame.resize(program.variables.size());
   ++m_depth;
   try {
+    if (m_depth == 1) RequireFileInPlace(m_database);
     RunBlock(program.steps, running);
   } catch (...) {
     --m_depth;

@@ -1,18 +1,25 @@
 #include "ado/embedded/NestedTransaction.h"
 
+#include "ado/embedded/FileInPlace.h"
+
 namespace quorvel::ado::embedded {
 
 void NestedTransaction::Begin() {
   // A writer from the beginning: SQLite can refuse a reader that turns writer later, however long it would wait.
   if (m_depth == 0) Execute(m_database, "BEGIN IMMEDIATE");
   ++m_depth;
+  // The file may have been replaced while this writer waited for another one.
+  RequireFileInPlace(m_database);
 }
 
 void NestedTransaction::Commit() {
   if (m_depth == 0) {
     throw DriverError("42000", 3902, "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION.");
   }
-  if (m_depth == 1) Execute(m_database, "COMMIT");
+  if (m_depth == 1) {
+    RequireFileInPlace(m_database);
+    Execute(m_database, "COMMIT");
+  }
   --m_depth;
 }
 

@@ -77,6 +77,27 @@ TEST(EmbeddedFaults, ReadOnlyFileCanBeReadAndRefusesWrites) {
   EXPECT_THAT(RowsOf(*connection, "SELECT COUNT(*) AS n FROM ttwRight"), ElementsAre("0"));
 }
 
+// An open file can be deleted or replaced by another one on POSIX. SQLite then writes to the one that has no name any more.
+TEST(EmbeddedFaults, DeletedOrReplacedFileTakesNoWrite) {
+  const TestDatabase database(TestDatabase::Content::Empty);
+  database.Run("CREATE TABLE Note (t nvarchar(max)) INSERT INTO Note VALUES ('kept')");
+  const std::string file = database.DatabaseFile();
+  const auto writer = database.Connect();
+  const auto committer = database.Connect();
+  const std::string insert = "INSERT INTO Note VALUES ('lost')";
+  committer->Execute("BEGIN TRANSACTION " + insert);
+
+  std::filesystem::rename(file, file + ".old");
+  for (const auto& [connection, batch] :
+       {std::pair{writer, insert}, {writer, "SELECT t FROM Note"}, {committer, "COMMIT"}, {writer, insert}}) {
+    EXPECT_THAT(FailureOf(*connection, batch).Description(), HasSubstr(file + " was deleted or replaced")) << batch;
+    EXPECT_EQ(connection->Errors().front().sqlState, "08S01") << batch;
+    if (!std::filesystem::exists(file)) std::ofstream(file) << "another file";
+  }
+  std::filesystem::rename(file + ".old", file);
+  EXPECT_THAT(RowsOf(*writer, "SELECT t FROM Note"), ElementsAre("kept"));
+}
+
 // Transactions that read before they write must wait for each other. SQLite by itself refuses the write of a reader
 // when another connection has written since it began.
 TEST(EmbeddedFaults, WritersWaitFromTheirFirstReadUpToCommandTimeout) {
