@@ -57,14 +57,6 @@ int CompareCharacters(std::string_view left, std::string_view right) noexcept {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-/// The number of bytes of the control character at the front; 0 when there is none. Terminals obey the two-byte
-/// characters U+0080 to U+009F as well.
-std::size_t ControlLength(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  if (byte(0) < 0x20 || byte(0) == 0x7F) return 1;
-  return byte(0) == 0xC2 && text.size() > 1 && byte(1) >= 0x80 && byte(1) < 0xA0 ? 2 : 0;
-}
-
 }  // namespace
 
 std::string_view TrimBlanks(std::string_view text) noexcept {
@@ -101,22 +93,23 @@ std::size_t CountCharacters(std::string_view text) noexcept {
   return count;
 }
 
+bool CanMisleadTerminal(char32_t character) noexcept {
+  if (character < 0x20) return character != '\n' && character != '\t';
+  // Terminals obey U+0080 to U+009F as well.
+  if (character >= 0x7F && character <= 0x9F) return true;
+  const bool isEmbedding = character >= 0x202A && character <= 0x202E;
+  const bool isIsolate = character >= 0x2066 && character <= 0x2069;
+  return isEmbedding || isIsolate || !utf::IsCharacter(character);
+}
+
 std::string Printable(std::string_view text) {
   std::string clean;
   clean.reserve(text.size());
-  while (!text.empty()) {
-    std::size_t length = ControlLength(text);
-    if (text.starts_with("\r\n")) {
-      text.remove_prefix(1);
-      continue;
-    }
-    if (length == 0 || text[0] == '\n' || text[0] == '\t') {
-      clean += text[0];
-      length = 1;
-    } else {
-      clean += kReplacement;
-    }
-    text.remove_prefix(length);
+  for (std::size_t position = 0; position < text.size();) {
+    const std::size_t begin = position;
+    const char32_t character = utf::Take(text, position);
+    if (text.substr(begin, 2) == "\r\n") continue;
+    clean += CanMisleadTerminal(character) ? kReplacement : text.substr(begin, position - begin);
   }
   return clean;
 }

@@ -17,8 +17,13 @@ namespace quorvel {
 [[nodiscard]] int CompareIgnoringCase(std::string_view left, std::string_view right) noexcept;
 [[nodiscard]] bool EqualIgnoringCase(std::string_view left, std::string_view right) noexcept;
 
-/// `text` made safe for a terminal: with control characters one user's text could take over another user's terminal, so
-/// all except line feed and tab become U+FFFD. A carriage return before a line feed is dropped.
+/// Whether one user's text could take over or mislead another user's terminal with this character: a control character
+/// other than line feed and tab, an embedding, override or isolate of writing directions, which shows text in another
+/// order than it has, or a result of utf::Take that is no character.
+[[nodiscard]] bool CanMisleadTerminal(char32_t character) noexcept;
+
+/// `text` made safe for a terminal: every character or stray byte that can mislead it becomes U+FFFD. A carriage return
+/// before a line feed is dropped.
 [[nodiscard]] std::string Printable(std::string_view text);
 
 /// Orders texts without regard to letter case; for maps with text keys that are looked up without a copy.

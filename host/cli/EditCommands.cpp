@@ -3,16 +3,17 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <limits>
 #include <memory>
 #include <optional>
 
 #include <fmt/format.h>
 
 #include "data/modUserName.h"
+#include "host/cli/ChosenRemark.h"
 #include "host/cli/Commands.h"
 #include "host/cli/Input.h"
 #include "host/cli/LoadedContext.h"
+#include "host/cli/Output.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -22,7 +23,7 @@ namespace quorvel::cli {
 namespace {
 
 struct EditArguments : LoadArguments {
-  std::int32_t index = 0;
+  RemarkChoice choice;
   std::optional<std::string> type;
   std::optional<std::string> text;
 };
@@ -35,14 +36,6 @@ std::string ReadRemarkText(const std::string& argument, const std::string& sourc
   std::string text = ReadTextArgument(argument, source);
   if (text.find_first_not_of(" \t\r\n\v\f") == std::string::npos) Refuse(source, "A remark needs a text");
   return text;
-}
-
-std::shared_ptr<Remark> FindRemark(const RemarkContext& context, std::int32_t index, const std::string& source) {
-  auto remark = context.RemarkList()->Item(std::int64_t{index});
-  if (remark) return remark;
-  const auto count = static_cast<std::size_t>(context.MemoCount());
-  Refuse(source, fmt::format("There is no remark {}: {} may read {} of {}", index, context.UserID(),
-                             Counted(count, "remark"), context.OwnerID()));
 }
 
 void RequireCreate(const RemarkContext& context, const RemarkType& type, const std::string& source) {
@@ -69,8 +62,9 @@ void RequireDelete(const RemarkContext& context, std::int32_t index, const Remar
 }
 
 void PrintWritten(std::string_view verb, const Remark& remark) {
-  fmt::print("{} remark {} ({}, {}):\n  {}\n", verb, remark.MemoKey(), OneLine(remark.TypeCaption()),
-             OneLine(remark.UserID()), Paragraph(TrimBlanks(remark.MemoText()), 2, 0));
+  PrintDone(fmt::format("{} remark {}", verb, remark.MemoKey()),
+            fmt::format(" ({}, {}):\n  {}", OneLine(remark.TypeCaption()), OneLine(remark.UserID()),
+                        Paragraph(TrimBlanks(remark.MemoText()), 2, 0)));
 }
 
 void RunAdd(const EditArguments& arguments) {
@@ -96,13 +90,15 @@ void MoveToType(const RemarkContext& context, std::int32_t index, Remark& remark
 
 void RunChange(const EditArguments& arguments) {
   const std::string source = "quorvel.change";
+  RequireChoice(arguments.choice);
   if (!arguments.text && !arguments.type) throw CLI::ValidationError("--text or --type must say what to change");
   std::optional<std::string> text;
   if (arguments.text) text = ReadRemarkText(*arguments.text, source);
   const LoadedContext context(arguments, source);
-  const auto remark = FindRemark(*context, arguments.index, source);
-  RequireUpdate(*context, arguments.index, *remark, source);
-  if (arguments.type) MoveToType(*context, arguments.index, *remark, *arguments.type);
+  const std::int32_t index = FindChosen(*context, arguments.choice, source);
+  const auto remark = context->RemarkList()->Item(std::int64_t{index});
+  RequireUpdate(*context, index, *remark, source);
+  if (arguments.type) MoveToType(*context, index, *remark, *arguments.type);
   if (text) remark->SetMemoText(std::move(*text));
   remark->SetUserID(arguments.user.empty() ? modUserName::GetUserName() : arguments.user);
   remark->SetDirty(true);
@@ -112,10 +108,12 @@ void RunChange(const EditArguments& arguments) {
 
 void RunRemove(const EditArguments& arguments) {
   const std::string source = "quorvel.remove";
+  RequireChoice(arguments.choice);
   const LoadedContext context(arguments, source);
-  const auto remark = FindRemark(*context, arguments.index, source);
-  RequireDelete(*context, arguments.index, *remark, source);
-  context->RemarkList()->Remove(std::int64_t{arguments.index});
+  const std::int32_t index = FindChosen(*context, arguments.choice, source);
+  const auto remark = context->RemarkList()->Item(std::int64_t{index});
+  RequireDelete(*context, index, *remark, source);
+  context->RemarkList()->Remove(std::int64_t{index});
   context->Save(true);
   PrintWritten("Removed", *remark);
 }
@@ -126,13 +124,6 @@ CLI::App* AddEditCommand(CLI::App& app, const char* name, const char* descriptio
   AddLoadOptions(*command, *arguments, Owner::Required);
   command->group("Remarks")->callback([arguments, run] { run(*arguments); });
   return command;
-}
-
-void AddIndexOption(CLI::App& command, EditArguments& arguments) {
-  command.add_option("--index", arguments.index, "Which remark: its number in the list")
-      ->required()
-      ->check(CLI::Range(1, std::numeric_limits<std::int32_t>::max()))
-      ->type_name("N");
 }
 
 void AddRemarkOptions(CLI::App& command, EditArguments& arguments, bool required) {
@@ -155,14 +146,14 @@ void AddAddCommand(CLI::App& app) {
 void AddChangeCommand(CLI::App& app) {
   const auto arguments = std::make_shared<EditArguments>();
   CLI::App* command = AddEditCommand(app, "change", "Change a remark's text or type", arguments, RunChange);
-  AddIndexOption(*command, *arguments);
+  AddChoiceOptions(*command, arguments->choice);
   AddRemarkOptions(*command, *arguments, false);
 }
 
 void AddRemoveCommand(CLI::App& app) {
   const auto arguments = std::make_shared<EditArguments>();
   CLI::App* command = AddEditCommand(app, "remove", "Delete a remark", arguments, RunRemove);
-  AddIndexOption(*command, *arguments);
+  AddChoiceOptions(*command, arguments->choice);
 }
 
 }  // namespace quorvel::cli

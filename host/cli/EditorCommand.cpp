@@ -1,12 +1,10 @@
 #include <CLI/App.hpp>
-#include <cstdio>
 #include <memory>
 #include <string>
 
-#include <fmt/format.h>
-
 #include "host/cli/Commands.h"
 #include "host/cli/LoadedContext.h"
+#include "host/cli/Output.h"
 #include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
 
@@ -41,7 +39,7 @@ void RunEditor(const EditorArguments& arguments) {
   const LoadedContext context(arguments, "quorvel.edit");
   while (!Edited(*context)) {
   }
-  if (IsUnsaved(*context)) fmt::print(stderr, "Nothing was saved.\n");
+  if (IsUnsaved(*context)) PrintToErrors("There are changes that were not saved.\n");
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "host/cli/SchemaProblems.h"
 #include "host/cli/ScriptRunner.h"
 #include "host/cli/Table.h"
+#include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 
 namespace quorvel::cli {
@@ -21,7 +22,7 @@ namespace {
 void MakeEmbeddedFile(const std::string& file) {
   const bool wasThere = std::filesystem::exists(file);
   ado::CreateEmbeddedDatabase(file);
-  fmt::print("Database file: {} {}\n", wasThere ? "found" : "created", file);
+  fmt::print("Database file: {} {}\n", wasThere ? "found" : "created", OneLine(file));
 }
 
 struct InitOptions {

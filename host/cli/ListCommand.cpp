@@ -26,6 +26,7 @@ struct ListArguments : LoadArguments {
 /// The widths of the columns before the text.
 struct Columns {
   std::size_t index;
+  std::size_t key = 0;
   std::size_t user = 0;
   std::size_t type = 0;  ///< 0 leaves the column out
 };
@@ -35,10 +36,14 @@ std::string Padded(std::string text, std::size_t width) {
   return text;
 }
 
+/// The mark keeps the key apart from the index before it.
+std::string KeyMark(const Remark& remark) { return fmt::format("#{}", remark.MemoKey()); }
+
 Columns Measure(const RemarkContext& context) {
   const auto& remarks = *context.RemarkList()->Items();
   Columns columns{.index = fmt::formatted_size("{}", remarks.size())};
   for (const auto& remark : remarks) {
+    columns.key = std::max(columns.key, KeyMark(*remark).size());
     columns.user = std::max(columns.user, CountCharacters(OneLine(remark->UserID())));
     if (context.GroupByType()) continue;
     columns.type = std::max(columns.type, CountCharacters(OneLine(remark->TypeCaption())));
@@ -47,7 +52,8 @@ Columns Measure(const RemarkContext& context) {
 }
 
 void PrintRemark(const Remark& remark, std::size_t index, const Columns& columns, std::size_t width) {
-  std::string line = fmt::format("  {:>{}}  {}  ", index, columns.index, FormatShortDate(remark.DateStamp()));
+  std::string line = fmt::format("  {:>{}}  {:<{}}  {}  ", index, columns.index, KeyMark(remark), columns.key,
+                                 FormatShortDate(remark.DateStamp()));
   if (columns.type > 0) line += Padded(OneLine(remark.TypeCaption()), columns.type + 2);
   line += Padded(OneLine(remark.UserID()), columns.user + 2);
   fmt::print("{}{}\n", line, Paragraph(remark.MemoText(), CountCharacters(line), width));

@@ -1,6 +1,12 @@
 #include "host/cli/ListJson.h"
 
+#include <fmt/format.h>
+
+#include <cstdint>
 #include <nlohmann/json.hpp>
+
+#include "platform/Text.h"
+#include "platform/Utf.h"
 
 namespace quorvel::cli {
 namespace {
@@ -36,6 +42,21 @@ Json OfContext(const RemarkContext& context) {
           {"editBehavior", static_cast<std::int32_t>(context.EditBehavior())}};
 }
 
+/// Readers of JSON get the same text from an escape, and the terminal of a person who looks at it is safe.
+std::string Escaped(const std::string& json) {
+  std::string escaped;
+  for (std::size_t position = 0; position < json.size();) {
+    const std::size_t begin = position;
+    const char32_t character = utf::Take(json, position);
+    if (CanMisleadTerminal(character)) {
+      escaped += fmt::format("\\u{:04x}", static_cast<std::uint32_t>(character));
+    } else {
+      escaped.append(json, begin, position - begin);
+    }
+  }
+  return escaped;
+}
+
 }  // namespace
 
 std::string ListAsJson(const RemarkContext& context) {
@@ -50,7 +71,7 @@ std::string ListAsJson(const RemarkContext& context) {
                      {"remarks", std::move(remarks)},
                      {"memoCount", context.MemoCount()},
                      {"popupCount", context.PopupCount()}};
-  return list.dump(2, ' ', false, Json::error_handler_t::replace);
+  return Escaped(list.dump(2, ' ', false, Json::error_handler_t::replace));
 }
 
 }  // namespace quorvel::cli

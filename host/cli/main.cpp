@@ -1,14 +1,13 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <cerrno>
 #include <cstdio>
 #include <exception>
-#include <system_error>
 
 #include <fmt/format.h>
 
 #include "host/cli/Commands.h"
+#include "host/cli/Output.h"
 #include "platform/Environment.h"
 #include "platform/Error.h"
 #include "platform/RegistryKey.h"
@@ -34,7 +33,7 @@ std::string VersionText() {
 std::string UsageMessage(const CLI::App* app, const CLI::Error& error) {
   const auto chosen = app->get_subcommands();
   const std::string command = chosen.empty() ? "quorvel" : "quorvel " + chosen.front()->get_name();
-  return fmt::format("quorvel: {}\nRun '{} --help' for more information.\n", error.what(), command);
+  return fmt::format("quorvel: {}\nRun '{} --help' for more information.\n", Printable(error.what()), command);
 }
 
 void Describe(CLI::App& app) {
@@ -63,7 +62,8 @@ void PrintError(std::int32_t number, std::string_view source, std::string_view d
                                 ? fmt::format("; it must be a file of settings that this user can read and write: {}",
                                               registry::StoreLocation())
                                 : "";
-  fmt::print(stderr, "quorvel: error {} at {}: {}{}\n", number, source, Printable(description), place);
+  PrintToErrors(
+      fmt::format("quorvel: error {} at {}: {}{}\n", number, source, Printable(description), Printable(place)));
 }
 
 int Run(int argc, const char* const* argv) {
@@ -72,13 +72,15 @@ int Run(int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
     if (app.get_subcommands().empty()) {
-      fmt::print(stderr, "{}", app.help());
+      PrintToErrors(app.help());
       return kWrongUsage;
     }
-    if (std::fflush(stdout) != 0) throw std::system_error(errno, std::generic_category(), "standard output");
+    FinishOutput();
     return kSuccess;
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kSuccess : kWrongUsage;
+    const bool isHelp = app.exit(error) == 0;
+    FinishOutput();
+    return isHelp ? kSuccess : kWrongUsage;
   }
 }
 
@@ -87,8 +89,12 @@ int Run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   using quorvel::cli::PrintError;
+  quorvel::cli::PrepareStreams();
   try {
     return quorvel::cli::Run(argc, argv);
+  } catch (const quorvel::cli::DoneButNotPrinted& done) {
+    quorvel::cli::PrintToErrors(fmt::format("quorvel: {}\n", done.what()));
+    return quorvel::cli::kSuccess;
   } catch (const quorvel::Error& error) {
     PrintError(error.Number(), error.Source(), error.Description());
   } catch (const std::exception& error) {

@@ -20,6 +20,7 @@ TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel({"change", "--help"}), Succeeds());
   EXPECT_THAT(Quorvel({}), IsWrongUsage("Usage:"));
   EXPECT_THAT(Quorvel({"lst"}), IsWrongUsage("lst"));
+  EXPECT_THAT(Quorvel({"\x1b[2J\u202Elst"}), IsWrongUsage("\uFFFD[2J\uFFFDlst"));
   EXPECT_THAT(Quorvel({"list"}), IsWrongUsage("--context is required"));
   EXPECT_THAT(Quorvel({"add", "--context", "C", "--type", "T", "--text", "x"}), IsWrongUsage("--owner is required"));
   EXPECT_THAT(Quorvel({"add", "--context", "C", "--owner", "", "--type", "T", "--text", "x"}),

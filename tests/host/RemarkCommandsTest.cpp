@@ -8,6 +8,7 @@ namespace quorvel::test {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
@@ -54,6 +55,12 @@ TEST_F(RemarkCommands, JsonHasEveryPropertyInAFixedOrder) {
   ASSERT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.AR.Coll", "--text", "caf\xE9 \xF0\x9F\x94\xA7 \"\\"})),
               Succeeds());
   EXPECT_EQ(ListAcme("jsmith")["remarks"][0]["text"], "caf\xEF\xBF\xBD \xF0\x9F\x94\xA7 \"\\") << "not UTF-8";
+  const std::string misleading =
+      "\x7F\xC2\x9B"
+      "2J\u202Eelif\u202C";
+  ASSERT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.AR.Coll", "--text", misleading})), Succeeds());
+  EXPECT_THAT(Quorvel(OnAcme({"list", "--json"})).output, HasSubstr(R"("\u007f\u009b2J\u202eelif\u202c")"));
+  EXPECT_EQ(ListAcme("jsmith")["remarks"][0]["text"], misleading);
 }
 
 TEST_F(RemarkCommands, PopupAndListShowRemarksAsText) {
@@ -68,8 +75,8 @@ TEST_F(RemarkCommands, PopupAndListShowRemarksAsText) {
   const std::string list = Quorvel(OnAcme({"list"})).output;
   EXPECT_THAT(list,
               HasSubstr("Acme Tools [C1044], Customer Maintenance, as jsmith\n\nCollections [Cust.AR.Coll], pops up\n"
-                        "  1  2024-03-11  jsmith  Dana promised"));
-  EXPECT_THAT(list, HasSubstr("jsmith  one\n                         two\xEF\xBF\xBD[2J\n"));
+                        "  1  #7     2024-03-11  jsmith  Dana promised"));
+  EXPECT_THAT(list, HasSubstr("jsmith  one\n                                two\xEF\xBF\xBD[2J\n"));
   EXPECT_THAT(list, HasSubstr("\n7 remarks, 3 to pop up\njsmith may add Cust.AR.Coll, Cust.General\n"));
 }
 
@@ -103,6 +110,56 @@ TEST_F(RemarkCommands, AddChangeAndRemoveReachTheDatabase) {
   const Json after = ListAcme("jsmith");
   EXPECT_EQ(after["memoCount"], before["memoCount"].get<int>() - 1);
   for (const Json& remark : after["remarks"]) EXPECT_NE(remark["key"], before["remarks"][1]["key"]);
+}
+
+TEST_F(RemarkCommands, KeyFindsTheRemarkWhenTheListHasChanged) {
+  const std::string key = ListAcme("jsmith")["remarks"][0]["key"].dump();
+  ASSERT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.AR.Coll", "--text", "meanwhile"}, "admin")), Succeeds());
+  const Json before = ListAcme("jsmith");
+  const std::string added = before["remarks"][0]["key"].dump();
+  EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "1", "--expect", key})),
+              Fails("-1 at quorvel.remove: The list has changed: remark 1 has the key " + added + " and not " + key));
+  for (const std::vector<std::string>& wrong :
+       {std::vector<std::string>{"--key", key, "--index", "2"}, {"--key", key, "--expect", key}, {}}) {
+    std::vector<std::string> command = {"remove"};
+    command.insert(command.end(), wrong.begin(), wrong.end());
+    EXPECT_THAT(Quorvel(OnAcme(command)), IsWrongUsage("--index"));
+  }
+  EXPECT_EQ(ListAcme("jsmith"), before);
+
+  EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "2", "--expect", key, "--text", "x"})), Succeeds());
+  EXPECT_THAT(Quorvel(OnAcme({"remove", "--key", key})).output, HasSubstr("Removed remark " + key + " "));
+  EXPECT_THAT(
+      Quorvel(OnAcme({"remove", "--key", key})),
+      Fails("-1 at quorvel.remove: There is no remark with the key " + key + ": jsmith may read 6 remarks of C1044"));
+}
+
+/// Runs the program with its standard streams redirected as a shell does it.
+Outcome Redirected(const std::string& streams, std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), {"sh", "-c", "exec \"$0\" \"$@\" " + streams, QUORVEL_PROGRAM});
+  return RunProgram(arguments);
+}
+
+// A script that repeats what failed must not add a remark twice.
+TEST_F(RemarkCommands, OutputThatCannotBeWrittenIsAnErrorUnlessTheDatabaseWasChanged) {
+  const std::string unwritable = "The standard output cannot be written: ";
+  for (const std::string streams : {">/dev/full", ">&-", "</dev/null >&- 2>&-"}) {
+    const Outcome added = Redirected(streams, OnAcme({"add", "--type", "Cust.General", "--text", "once " + streams}));
+    EXPECT_EQ(added.status, 0) << streams;
+    EXPECT_THAT(Stored("once " + streams), HasSubstr("(1 row)"));
+    const Outcome listed = Redirected(streams, OnAcme({"list"}));
+    EXPECT_EQ(listed.status, 1) << streams;
+    if (streams.find("2>") != std::string::npos) continue;
+    EXPECT_THAT(added.errors, AllOf(HasSubstr("quorvel: Added remark "), HasSubstr(unwritable)));
+    EXPECT_THAT(listed.errors, HasSubstr(unwritable));
+  }
+  EXPECT_EQ(Redirected("2>/dev/full", {"list", "--context", "Nowhere"}).status, 1);
+  EXPECT_EQ(Redirected(">/dev/full", {"--help"}).status, 1);
+  // The program outlives a reader that ends first.
+  const std::string pipe = "(sleep 0.1; \"$0\" \"$@\"; echo $? >&2) | true";
+  std::vector<std::string> arguments = OnAcme({"list"});
+  arguments.insert(arguments.begin(), {"sh", "-c", pipe, QUORVEL_PROGRAM});
+  EXPECT_THAT(RunProgram(arguments).errors, AllOf(HasSubstr(unwritable + "Broken pipe"), HasSubstr("\n1\n")));
 }
 
 TEST_F(RemarkCommands, RefusedCommandsWriteNothing) {

@@ -19,6 +19,7 @@ TEST(Paragraph, KeepsLinesAndReplacesControlCharacters) {
   EXPECT_EQ(Paragraph("one\r\n\r\n  two\n", 2, 0), "one\n\n    two\n");
   EXPECT_EQ(Paragraph("\nafter", 2, 0), "\n  after");
   EXPECT_EQ(Paragraph("a\tb\x1b[31m\x7f\xC2\x9B!", 0, 0), "a\tb\xEF\xBF\xBD[31m\xEF\xBF\xBD\xEF\xBF\xBD!");
+  EXPECT_EQ(Paragraph("caf\xE9 \u202Etxt.exe\u2069 \u05D0\u200F", 0, 0), "caf\uFFFD \uFFFDtxt.exe\uFFFD \u05D0\u200F");
   EXPECT_EQ(Paragraph("", 4, 80), "");
   EXPECT_EQ(OneLine("a\r\nb\tc\n"), "a\\nb c\\n");
 }
