@@ -7,6 +7,7 @@
 
 #include "ado/embedded/Clauses.h"
 #include "ado/embedded/Quoting.h"
+#include "ado/engine/DataType.h"
 
 namespace quorvel::ado::embedded {
 
@@ -99,12 +100,18 @@ Step DataStatementParser::ParseDelete() {
   return Finish(line, fmt::format("DELETE FROM {}{}", QuoteName(table), m_translator.ParseWhere()));
 }
 
-/// A value as its column stores it: dates have one form.
+/// A value as its column stores it: dates have one form, and numbers are what a server makes of the value.
 std::string DataStatementParser::Stored(const std::string& value, const Target& target, std::size_t position) const {
-  const bool isDate = position < target.columns.size()
-                          ? m_catalog.IsDateTime(target.table, target.columns[position])
-                          : target.columns.empty() && m_catalog.IsDateTime(target.table, position);
-  return isDate ? fmt::format("tsql_datetime({})", value) : value;
+  DataType type = DataType::Empty;
+  if (position < target.columns.size()) {
+    type = m_catalog.TypeOf(target.table, target.columns[position]);
+  } else if (target.columns.empty()) {
+    type = m_catalog.TypeOf(target.table, position);
+  }
+  if (type == DataType::DBTimeStamp) return fmt::format("tsql_datetime({})", value);
+  const bool isNumber = type != DataType::Empty && !IsTextType(type);
+  if (!isNumber || value.ends_with('*')) return value;
+  return fmt::format("tsql_number({}, {})", value, type == DataType::Double ? 0 : 1);
 }
 
 Step DataStatementParser::Finish(int line, std::string sql) const {

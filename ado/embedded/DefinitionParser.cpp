@@ -21,7 +21,7 @@ std::optional<Step> DefinitionParser::Parse(bool isFirst) {
 Step DefinitionParser::ParseProcedure(DefineProcedureStep::Mode mode, bool isFirst) {
   const Token verb = m_cursor.Take();
   m_cursor.Take();
-  DefineProcedureStep step{mode, m_cursor.ExpectObjectName(), {}};
+  DefineProcedureStep step{mode, m_cursor.ExpectObjectName(), {}, verb.line};
   if (mode != DefineProcedureStep::Mode::Drop) {
     if (!isFirst) {
       throw DriverError("42000", 111, "CREATE or ALTER PROCEDURE must be the first statement in a batch.", verb.line);
@@ -34,6 +34,7 @@ Step DefinitionParser::ParseProcedure(DefineProcedureStep::Mode mode, bool isFir
 
 std::optional<std::string> DefinitionParser::ParseTableOrIndex() {
   if (m_cursor.AcceptAll({"CREATE", "TABLE"})) return TableTranslator(m_cursor).ParseCreateTable();
+  if (m_cursor.AcceptAll({"ALTER", "TABLE"})) return TableTranslator(m_cursor).ParseAlterTable();
   if (m_cursor.AcceptAll({"DROP", "TABLE"})) return TableTranslator(m_cursor).ParseDropTable();
   if (m_cursor.AcceptAll({"DROP", "INDEX"})) return TableTranslator(m_cursor).ParseDropIndex();
   if (m_cursor.Accept("CREATE")) return ParseCreateIndex();

@@ -7,6 +7,7 @@
 
 #include "ado/embedded/EmbeddedSession.h"
 #include "ado/embedded/Sqlite.h"
+#include "ado/embedded/SqliteError.h"
 #include "ado/embedded/SqliteExtensions.h"
 #include "platform/Error.h"
 #include "platform/OperatingSystem.h"
@@ -87,7 +88,9 @@ void CreateEmbeddedDatabase(const std::string& path) {
     if (error) throw DriverError("08001", error.value(), os::Explain(error));
     const DatabaseHandle database = OpenFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     sqlite3_busy_timeout(database.Get(), 60'000);
-    Execute(database.Get(), "PRAGMA journal_mode = WAL");
+    const int code = sqlite3_exec(database.Get(), "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+    // Another program may be making the same file. Every connection that is opened sets the journal as well.
+    if (code != SQLITE_OK && (code & 0xFF) != SQLITE_BUSY) ThrowDriverError(database.Get(), code);
   } catch (const DriverError& failure) {
     throw Error(ErrorNumber::DbUnspecified, "Quorvel.Embedded",
                 fmt::format("The database file {} cannot be created: {}", path, failure.what()));

@@ -27,7 +27,7 @@ struct KnownFunction {
   Kind kind;
 };
 
-constexpr std::array<KnownFunction, 20> kFunctions = {{
+constexpr std::array<KnownFunction, 22> kFunctions = {{
     {"GETDATE", 0, "tsql_now()", Kind::Unknown},
     {"SYSDATETIME", 0, "tsql_now()", Kind::Unknown},
     {"SCOPE_IDENTITY", 0, "last_insert_rowid()", Kind::Number},
@@ -46,6 +46,8 @@ constexpr std::array<KnownFunction, 20> kFunctions = {{
     {"CHARINDEX", 2, "instr({1}, {0})", Kind::Number},
     {"REPLICATE", 2, "replace(hex(zeroblob({1})), '00', {0})", Kind::Text},
     {"SPACE", 1, "replace(hex(zeroblob({0})), '00', ' ')", Kind::Text},
+    {"ISDATE", 1, "tsql_isdate({0})", Kind::Number},
+    {"OBJECT_DEFINITION", 1, "tsql_object_definition({0})", Kind::Text},
     {"CHAR", 1, "char({0})", Kind::Text},
     {"NCHAR", 1, "char({0})", Kind::Text},
 }};

@@ -21,6 +21,15 @@ constexpr int kDeepestNesting = 32;  // a server's limit
   throw DriverError(std::move(records));
 }
 
+/// The lines of a definition count from its first one, which may be further down in the batch.
+[[noreturn]] void RethrowLower(const DriverError& error, int linesAbove) {
+  auto records = error.Records();
+  for (Diagnostic& record : records) {
+    if (record.line > 0) record.line += linesAbove;
+  }
+  throw DriverError(std::move(records));
+}
+
 /// A line of a called text is not a line of the batch that calls it.
 [[noreturn]] void RethrowWithoutLine(const DriverError& error) {
   auto records = error.Records();
@@ -204,7 +213,11 @@ Interpreter::Flow Interpreter::Do(RaiseStep& step, Running& running) {
 }
 
 Interpreter::Flow Interpreter::Do(const DefineProcedureStep& step, Running& /*running*/) {
-  m_procedures.Define(step);
+  try {
+    m_procedures.Define(step);
+  } catch (const DriverError& error) {
+    RethrowLower(error, step.firstLine - 1);
+  }
   return Flow::Next;
 }
 

@@ -18,8 +18,8 @@ class Interpreter {
   /// Also registers tsql_rowcount() on the database, which must not run statements after the interpreter is gone.
   Interpreter(sqlite3* database, Procedures& procedures);
 
-  /// Runs a program with its variables in `frame` and returns its first result set. DriverError 08S01 when the database's
-  /// file was deleted or replaced.
+  /// Runs a program with its variables in `frame` and returns its first result set. DriverError 08S01 when the
+  /// database's file was deleted or replaced.
   std::optional<RowSet> Run(Program& program, Frame& frame);
 
  private:

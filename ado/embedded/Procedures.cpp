@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "ado/embedded/ColumnCheck.h"
 #include "ado/embedded/ProcedureParser.h"
 
 namespace quorvel::ado::embedded {
@@ -76,7 +77,10 @@ void Procedures::Define(const DefineProcedureStep& step) {
 
 void Procedures::CheckDefinition(const DefineProcedureStep& step) {
   using Mode = DefineProcedureStep::Mode;
-  if (step.mode != Mode::Drop) (void)ProcedureParser(step.definition, m_catalog).Parse();
+  if (step.mode != Mode::Drop) {
+    Program program = ProcedureParser(step.definition, m_catalog).Parse();
+    RequireColumns(program, m_database);
+  }
   const bool exists = Exists(step.name);
   if (step.mode == Mode::Create && exists) {
     throw DriverError("42S01", 2714, fmt::format("There is already an object named '{}' in the database.", step.name));

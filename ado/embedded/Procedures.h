@@ -25,7 +25,8 @@ class Procedures {
   /// Whether the procedure, as of the last Find, only reads; false for one that has not been looked for.
   [[nodiscard]] bool IsKnownReader(std::string_view name) const;
 
-  /// Creates, changes or drops a procedure, after its text has been checked.
+  /// Creates, changes or drops a procedure, after its text has been checked. A column that one of its tables does not
+  /// have is an error, as on a server.
   void Define(const DefineProcedureStep& step);
 
   [[nodiscard]] const Catalog& Tables() const noexcept { return m_catalog; }

@@ -54,6 +54,7 @@ struct DefineProcedureStep {
   Mode mode;
   std::string name;
   std::string definition;
+  int firstLine;  ///< the definition's, in the batch
 };
 
 /// One statement of a batch.

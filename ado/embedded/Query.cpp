@@ -2,8 +2,12 @@
 
 namespace quorvel::ado::embedded {
 
-sqlite3_stmt* Query::Begin(sqlite3* database, const Frame& frame) {
+void Query::Compile(sqlite3* database) {
   if (!m_statement) m_statement = Prepare(database, m_sql);
+}
+
+sqlite3_stmt* Query::Begin(sqlite3* database, const Frame& frame) {
+  Compile(database);
   sqlite3_stmt* statement = m_statement.Get();
   for (const std::size_t variable : m_variables) {
     Bind(database, statement, static_cast<int>(variable) + 1, frame[variable]);

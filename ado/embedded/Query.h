@@ -20,6 +20,9 @@ class Query {
   Query(std::string sql, std::vector<std::size_t> variables)
       : m_sql(std::move(sql)), m_variables(std::move(variables)) {}
 
+  /// Compiles the statement unless that is done. DriverError when it cannot be compiled.
+  void Compile(sqlite3* database);
+
   /// The compiled statement, ready to run with its variables bound to their values in `frame`, which must not change
   /// until the statement is reset.
   [[nodiscard]] sqlite3_stmt* Begin(sqlite3* database, const Frame& frame);

@@ -3,6 +3,8 @@
 
 #include <fmt/format.h>
 
+#include <cerrno>
+#include <optional>
 #include <system_error>
 
 #include "ado/embedded/TypeRules.h"
@@ -48,34 +50,60 @@ DriverError ConstraintFailed(int extendedCode, const std::string& message) {
 DriverError StatementFailed(const std::string& message) {
   constexpr std::string_view kNoTable = "no such table: ";
   constexpr std::string_view kNoColumn = "no such column: ";
+  constexpr std::string_view kNoInsertedColumn = " has no column named ";
   if (message.starts_with(kNoTable)) {
     return {"42S02", 208, fmt::format("Invalid object name '{}'.", After(message, kNoTable))};
   }
   if (message.ends_with(" already exists")) return {"42S01", 2714, message};
-  if (message.starts_with(kNoColumn)) {
-    return {"42S22", 207, fmt::format("Invalid column name '{}'.", After(message, kNoColumn))};
+  for (const std::string_view mark : {kNoColumn, kNoInsertedColumn}) {
+    if (message.find(mark) == std::string::npos) continue;
+    return {"42S22", 207, fmt::format("Invalid column name '{}'.", After(message, mark))};
   }
   return {"42000", 170, message};
+}
+
+DriverError DiskFull(const std::string& file) {
+  return {"HY000", 1105, fmt::format("The disk is full: {} did not take this change.", file)};
+}
+
+/// Whether SQLite did its last step on the way to the disk, so that the change may be there after a restart.
+bool IsOutcomeUnknown(int resultCode) {
+  return resultCode == SQLITE_IOERR_FSYNC || resultCode == SQLITE_IOERR_DIR_FSYNC ||
+         resultCode == SQLITE_IOERR_COMMIT_ATOMIC;
 }
 
 /// A failed read or write of the file or of the two beside it, with the reason that the operating system gives.
 DriverError FileFailed(sqlite3* database, int resultCode, const std::string& file) {
   const std::error_code cause(database != nullptr ? sqlite3_system_errno(database) : 0, std::system_category());
-  if (os::IsOutOfSpace(cause)) {
-    return {"HY000", 1105, fmt::format("The disk is full; nothing was written to {}.", file)};
-  }
+  if (os::IsOutOfSpace(cause)) return DiskFull(file);
   if (cause == std::errc::read_only_file_system) {
     return {"HY000", 3906,
             fmt::format("The database {} stands on a read-only file system and cannot be used there.", file)};
   }
   const std::string reason = cause ? os::Explain(cause) : sqlite3_errstr(resultCode);
   return {(resultCode & 0xFF) == SQLITE_CANTOPEN ? "08001" : "HY000", resultCode,
-          fmt::format("The database {} or a file beside it cannot be used: {}.", file, reason)};
+          fmt::format("The database {} or a file beside it cannot be used: {}.{}", file, reason,
+                      IsOutcomeUnknown(resultCode) ? " It is not known whether the last change was stored." : "")};
+}
+
+/// SQLite calls a file damaged when the disk cannot read it. The system's error is then that of the file or of the
+/// write-ahead log.
+std::optional<std::error_code> FailedRead(sqlite3* database) {
+  if (database == nullptr) return std::nullopt;
+  for (const int which : {SQLITE_FCNTL_FILE_POINTER, SQLITE_FCNTL_JOURNAL_POINTER}) {
+    sqlite3_file* file = nullptr;
+    if (sqlite3_file_control(database, "main", which, &file) != SQLITE_OK || file == nullptr) continue;
+    int cause = 0;
+    if (file->pMethods == nullptr || file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &cause) != SQLITE_OK)
+      continue;
+    if (cause == EIO || cause == ENXIO) return std::error_code(cause, std::generic_category());
+  }
+  return std::nullopt;
 }
 
 DriverError WriteRefused(int extendedCode, const std::string& file) {
   if (extendedCode == SQLITE_READONLY) {
-    return {"HY000", 3906, fmt::format("The database {} is read-only here; nothing was written.", file)};
+    return {"HY000", 3906, fmt::format("The database {} is read-only here and did not take this change.", file)};
   }
   return {"HY000", 3906,
           fmt::format("The database {} cannot be used: this user must be able to write to its folder, where two files "
@@ -99,13 +127,17 @@ DriverError Translate(sqlite3* database, int resultCode) {
     case SQLITE_READONLY:
       return WriteRefused(extended, file);
     case SQLITE_FULL:
-      return {"HY000", 1105, fmt::format("The disk is full; nothing was written to {}.", file)};
+      return DiskFull(file);
     case SQLITE_NOTADB:
       return {"08001", 0, fmt::format("The file {} is not a database of the embedded engine.", file)};
     case SQLITE_CANTOPEN:
     case SQLITE_IOERR:
       return FileFailed(database, extended, file);
     case SQLITE_CORRUPT:
+      if (const auto cause = FailedRead(database)) {
+        return {"HY000", SQLITE_IOERR_READ,
+                fmt::format("The database {} cannot be read: {}.", file, os::Explain(*cause))};
+      }
       return {"HY000", 824, fmt::format("The database {} is damaged ({}); restore it from a backup.", file, message)};
     case SQLITE_MISMATCH:
       return {"22018", 245, "Conversion failed: a key must be a whole number."};

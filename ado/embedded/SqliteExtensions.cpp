@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <array>
+#include <cmath>
 #include <string>
 
 #include "ado/embedded/Catalog.h"
@@ -73,6 +74,11 @@ void PlusFunction(sqlite3_context* context, int count, sqlite3_value** values) {
   }
 }
 
+/// tsql_isdate(value): whether the engine can read it as a date.
+void IsDateFunction(sqlite3_context* context, int count, sqlite3_value** values) {
+  sqlite3_result_int(context, !AnyNull(count, values) && ParseDateTime(TextOf(values[0])) ? 1 : 0);
+}
+
 /// tsql_dateadd(unit, number, date)
 void DateAddFunction(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
@@ -90,9 +96,27 @@ void DateAddFunction(sqlite3_context* context, int count, sqlite3_value** values
   ReturnText(context, FormatDateTime(*result));
 }
 
+bool IsBlankText(sqlite3_value* value) {
+  return sqlite3_value_type(value) == SQLITE_TEXT && TextOf(value).find_first_not_of(' ') == std::string_view::npos;
+}
+
+/// tsql_number(value, is whole): a value for a column of numbers, as a server converts it: a blank text is 0, and a
+/// whole number is cut and not refused. Everything else is left to the column's own check.
+void NumberFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  const bool isCut = sqlite3_value_int(values[1]) != 0 && sqlite3_value_type(values[0]) == SQLITE_FLOAT;
+  if (IsBlankText(values[0])) {
+    sqlite3_result_int(context, 0);
+  } else if (isCut) {
+    sqlite3_result_double(context, std::trunc(sqlite3_value_double(values[0])));
+  } else {
+    sqlite3_result_value(context, values[0]);
+  }
+}
+
 /// tsql_int(value, lowest, highest): a cast to a whole number. SQLite's own accepts any text and any size.
 void IntFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+  if (IsBlankText(values[0])) return sqlite3_result_int(context, 0);
   if (sqlite3_value_numeric_type(values[0]) == SQLITE_TEXT) {
     return sqlite3_result_error(
         context, fmt::format("Conversion failed when converting '{}' to a whole number.", TextOf(values[0])).c_str(),
@@ -112,13 +136,12 @@ std::string ObjectName(std::string_view name) {
   return result;
 }
 
-/// Returns the row number that the query finds for the name, if it finds one.
-void ReturnRowId(sqlite3_context* context, std::string_view query, const std::string& name) {
-  const StatementHandle statement = Prepare(sqlite3_context_db_handle(context), query);
-  sqlite3_bind_text(statement.Get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
-  if (sqlite3_step(statement.Get()) == SQLITE_ROW) {
-    sqlite3_result_int64(context, sqlite3_column_int64(statement.Get(), 0));
-  }
+/// Returns the value that the query finds for the key, if it finds one.
+void ReturnFound(sqlite3_context* context, std::string_view query, const Value& key) {
+  sqlite3* database = sqlite3_context_db_handle(context);
+  const StatementHandle statement = Prepare(database, query);
+  Bind(database, statement.Get(), 1, key);
+  if (Advance(database, statement.Get())) sqlite3_result_value(context, sqlite3_column_value(statement.Get(), 0));
 }
 
 bool HasProcedures(sqlite3* database) {
@@ -126,23 +149,40 @@ bool HasProcedures(sqlite3* database) {
                                        nullptr) == SQLITE_OK;
 }
 
-/// tsql_object_id(name, 'U' | 'P' | NULL): a number when there is such a table or procedure, else NULL.
-void ObjectIdFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+/// SQLite is C: no exception may pass through it.
+void Guarded(sqlite3_context* context, const auto& operation) {
   try {
-    const std::string name = ObjectName(TextOf(values[0]));
-    const std::string_view kind = TextOf(values[1]);
-    if (kind != "P") {
-      ReturnRowId(context,
-                  "SELECT rowid FROM sqlite_schema WHERE type IN ('table', 'view') AND name = ?1 COLLATE NOCASE", name);
-    }
-    if (kind != "U" && HasProcedures(sqlite3_context_db_handle(context))) {
-      ReturnRowId(context, fmt::format("SELECT rowid FROM {} WHERE Name = ?1", kProcedureTable), name);
-    }
+    operation();
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (const std::exception& error) {
     sqlite3_result_error(context, error.what(), -1);
   }
+}
+
+/// tsql_object_id(name, 'U' | 'P' | NULL): a number when there is such a table or procedure, else NULL.
+void ObjectIdFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  Guarded(context, [&] {
+    const Value name = ObjectName(TextOf(values[0]));
+    const std::string_view kind = TextOf(values[1]);
+    if (kind != "P") {
+      ReturnFound(context,
+                  "SELECT rowid FROM sqlite_schema WHERE type IN ('table', 'view') AND name = ?1 COLLATE NOCASE", name);
+    }
+    if (kind != "U" && HasProcedures(sqlite3_context_db_handle(context))) {
+      ReturnFound(context, fmt::format("SELECT rowid + {} FROM {} WHERE Name = ?1", kFirstProcedureId, kProcedureTable),
+                  name);
+    }
+  });
+}
+
+/// tsql_object_definition(id): a procedure's text, or NULL.
+void ObjectDefinitionFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  Guarded(context, [&] {
+    if (!HasProcedures(sqlite3_context_db_handle(context))) return;
+    ReturnFound(context, fmt::format("SELECT Definition FROM {} WHERE rowid = ?1", kProcedureTable),
+                std::int64_t{sqlite3_value_int64(values[0]) - kFirstProcedureId});
+  });
 }
 
 }  // namespace
@@ -155,12 +195,16 @@ void RegisterExtensions(sqlite3* database) {
     void (*body)(sqlite3_context*, int, sqlite3_value**);
   };
   constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-  constexpr std::array<Function, 6> kFunctions = {{{"tsql_now", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &NowFunction},
-                                                   {"tsql_datetime", 1, kPure, &DateTimeFunction},
-                                                   {"tsql_plus", 2, kPure, &PlusFunction},
-                                                   {"tsql_dateadd", 3, kPure, &DateAddFunction},
-                                                   {"tsql_int", 3, kPure, &IntFunction},
-                                                   {"tsql_object_id", 2, SQLITE_UTF8, &ObjectIdFunction}}};
+  constexpr std::array<Function, 9> kFunctions = {
+      {{"tsql_now", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &NowFunction},
+       {"tsql_datetime", 1, kPure, &DateTimeFunction},
+       {"tsql_isdate", 1, kPure, &IsDateFunction},
+       {"tsql_number", 2, kPure, &NumberFunction},
+       {"tsql_plus", 2, kPure, &PlusFunction},
+       {"tsql_dateadd", 3, kPure, &DateAddFunction},
+       {"tsql_int", 3, kPure, &IntFunction},
+       {"tsql_object_id", 2, SQLITE_UTF8, &ObjectIdFunction},
+       {"tsql_object_definition", 1, SQLITE_UTF8, &ObjectDefinitionFunction}}};
   for (const auto& [name, arguments, flags, body] : kFunctions) {
     const int code =
         sqlite3_create_function_v2(database, name, arguments, flags, nullptr, body, nullptr, nullptr, nullptr);

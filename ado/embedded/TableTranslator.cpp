@@ -26,6 +26,17 @@ std::string TableTranslator::ParseCreateTable() {
   return fmt::format("CREATE TABLE {} (\n  {}\n)", QuoteName(table), fmt::join(Definitions(), ",\n  "));
 }
 
+std::string TableTranslator::ParseAlterTable() {
+  const std::string table = m_cursor.ExpectObjectName();
+  if (!m_cursor.Accept("ADD")) m_cursor.FailUnsupported("ALTER TABLE other than ADD");
+  ParseColumn();
+  const ColumnDefinition& column = m_columns.front();
+  if (column.isIdentity || column.isPrimaryKey || column.isUnique) {
+    m_cursor.FailUnsupported("a key or UNIQUE column in ALTER TABLE");
+  }
+  return fmt::format("ALTER TABLE {} ADD COLUMN {}", QuoteName(table), column.Sql(false));
+}
+
 /// The columns and constraints in SQLite's SQL.
 std::vector<std::string> TableTranslator::Definitions() const {
   std::vector<std::string> lines;

@@ -8,13 +8,15 @@
 
 namespace quorvel::ado::embedded {
 
-/// Turns CREATE TABLE, CREATE INDEX and their DROPs at the cursor into SQLite's.
+/// Turns CREATE TABLE, ALTER TABLE, CREATE INDEX and the DROPs at the cursor into SQLite's.
 class TableTranslator {
  public:
   explicit TableTranslator(TokenCursor& cursor) : m_cursor(cursor) {}
 
   /// After CREATE TABLE.
   [[nodiscard]] std::string ParseCreateTable();
+  /// After ALTER TABLE: ADD with one column.
+  [[nodiscard]] std::string ParseAlterTable();
   /// After CREATE [UNIQUE] INDEX.
   [[nodiscard]] std::string ParseCreateIndex(bool isUnique);
   /// After DROP TABLE / DROP INDEX.

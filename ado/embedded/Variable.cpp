@@ -1,8 +1,13 @@
 #include "ado/embedded/Variable.h"
 
+#include <cmath>
+#include <cstdint>
+#include <string>
+
 #include "ado/embedded/SqlType.h"
 #include "ado/engine/DriverError.h"
 #include "platform/Error.h"
+#include "platform/Text.h"
 
 namespace quorvel::ado::embedded {
 
@@ -16,9 +21,22 @@ Variable ParseVariable(TokenCursor& cursor) {
   return variable;
 }
 
+namespace {
+
+/// As a server converts to a number: a blank text is 0, and for a whole number a fraction is cut and not rounded.
+Value AsNumber(Value value, DataType type) {
+  const auto* text = std::get_if<std::string>(&value);
+  if (text != nullptr && TrimBlanks(*text).empty()) return std::int64_t{0};
+  const auto* fraction = std::get_if<double>(&value);
+  return fraction != nullptr && type != DataType::Double ? Value{std::trunc(*fraction)} : std::move(value);
+}
+
+}  // namespace
+
 Value CoerceVariable(Value value, const ParameterInfo& info) {
   try {
-    return CoerceToParameter(std::move(value), info);
+    const bool isNumber = info.type != DataType::Empty && info.type != DataType::DBTimeStamp && !IsTextType(info.type);
+    return CoerceToParameter(isNumber ? AsNumber(std::move(value), info.type) : std::move(value), info);
   } catch (const Error& error) {
     throw DriverError(error.Number() == ErrorNumber::Overflow ? "22003" : "22018", 245, error.Description());
   }

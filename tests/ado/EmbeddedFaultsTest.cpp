@@ -72,12 +72,13 @@ TEST(EmbeddedFaults, ReadOnlyFileCanBeReadAndRefusesWrites) {
   std::fstream(database.DatabaseFile()).seekp(kWriteVersion).put('\x03');
   const auto connection = database.Connect();
   const Error error = FailureOf(*connection, "INSERT INTO ttwRight (RightID) VALUES ('new')");
-  EXPECT_THAT(error.Description(), HasSubstr("is read-only here; nothing was written"));
+  EXPECT_THAT(error.Description(), HasSubstr("is read-only here and did not take this change"));
   EXPECT_EQ(error.Number(), ErrorNumber::DbUnspecified);
   EXPECT_THAT(RowsOf(*connection, "SELECT COUNT(*) AS n FROM ttwRight"), ElementsAre("0"));
 }
 
-// An open file can be deleted or replaced by another one on POSIX. SQLite then writes to the one that has no name any more.
+// An open file can be deleted or replaced by another one on POSIX. SQLite then writes to the one that has no name any
+// more.
 TEST(EmbeddedFaults, DeletedOrReplacedFileTakesNoWrite) {
   const TestDatabase database(TestDatabase::Content::Empty);
   database.Run("CREATE TABLE Note (t nvarchar(max)) INSERT INTO Note VALUES ('kept')");

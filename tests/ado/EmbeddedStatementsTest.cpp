@@ -133,6 +133,33 @@ TEST_F(EmbeddedStatements, RunsControlFlowAndVariables) {
   EXPECT_THAT(Rows("/* a /* nested */ comment */ SELECT [Key] = 1 -- alias before\n"), ElementsAre("1"));
 }
 
+// A server converts to the column's or variable's type; SQLite keeps what it gets.
+TEST_F(EmbeddedStatements, NumbersAreConvertedAsOnAServer) {
+  m_connection->Execute("CREATE TABLE Amount (n int, r float)");
+  m_connection->Execute("INSERT INTO Amount VALUES ('', '') INSERT INTO Amount (n, r) VALUES (1.9, 1.9), (-1.9, ' ')");
+  m_connection->Execute("INSERT INTO Amount SELECT * FROM Amount WHERE n = 1 UPDATE Amount SET n = '  ' WHERE n = -1");
+  EXPECT_THAT(Rows("SELECT n, r FROM Amount"), ElementsAre("0|0", "1|1.9", "0|0", "1|1.9"));
+  EXPECT_THAT(Rows("DECLARE @n int = 1.9 DECLARE @m smallint = '' SELECT @n AS n, @m AS m, CAST('' AS int) AS c"),
+              ElementsAre("1|0|0"));
+}
+
+TEST_F(EmbeddedStatements, ColumnIsAddedWithItsDefaultAndItsType) {
+  m_connection->Execute("INSERT INTO ttwBranch (BranchID) VALUES ('B')");
+  m_connection->Execute("ALTER TABLE ttwBranch ADD Rank smallint NOT NULL CONSTRAINT DF_Rank DEFAULT (7)");
+  EXPECT_THAT(Rows("SELECT BranchID, Rank FROM ttwBranch WHERE BranchID = 'B'"), ElementsAre("B|7"));
+  EXPECT_THAT(FailureOf(*m_connection, "UPDATE ttwBranch SET Rank = 70000").Description(), HasSubstr("Rank holds"));
+}
+
+TEST_F(EmbeddedStatements, DefinitionIsThatOfAProcedureAndMayNameWhatIsYetToBeMade) {
+  m_connection->Execute("CREATE PROCEDURE spLater AS SELECT Anything FROM NotYet");
+  EXPECT_THAT(Rows("SELECT OBJECT_DEFINITION(OBJECT_ID('dbo.spLater', 'P')) AS Text"),
+              ElementsAre("CREATE PROCEDURE spLater AS SELECT Anything FROM NotYet"));
+  EXPECT_THAT(Rows("SELECT OBJECT_DEFINITION(OBJECT_ID('ttwUser')) AS Text, OBJECT_ID('spNone') AS Id"),
+              ElementsAre("NULL|NULL"));
+  EXPECT_THAT(Rows("SELECT ISDATE('20240229') AS a, ISDATE('2023-02-29') AS b, ISDATE(NULL) AS c"),
+              ElementsAre("1|0|0"));
+}
+
 TEST_F(EmbeddedStatements, ErrorsCarrySqlStateTextAndLine) {
   struct Case {
     const char* batch;
@@ -167,6 +194,10 @@ TEST_F(EmbeddedStatements, ErrorsCarrySqlStateTextAndLine) {
       {"SELECT DATEADD(year, 9000000000, '2026-01-01')", "42000", "caused an overflow"},
       {"SELECT DATEADD(day, 999999999, '2026-01-01')", "42000", "caused an overflow"},
       {"UPDATE tciMemo SET DateStamp = 'yesterday'", "42000", "Conversion failed"},
+      {"CREATE PROCEDURE spBad AS\nSELECT 1\nUPDATE ttwGroup SET Nme = 'x'", "42S22", "Invalid column name 'Nme'.", 3},
+      {"-- above\nCREATE PROCEDURE spBad AS\nINSERT INTO ttwGroup (Nme) VALUES ('x')", "42S22", "name 'Nme'.", 3},
+      {"CREATE PROCEDURE spBad AS IF EXISTS (SELECT Nme FROM ttwGroup) SELECT 1", "42S22", "name 'Nme'."},
+      {"ALTER TABLE ttwRight ADD Extra int IDENTITY", "42000", "does not support a key or UNIQUE column"},
   };
   for (const Case& c : table) {
     EXPECT_THAT(FailureOf(*m_connection, c.batch).Description(), HasSubstr(c.description)) << c.batch;
