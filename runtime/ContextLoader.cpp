@@ -2,6 +2,7 @@
 
 #include "runtime/ContextLoader.h"
 
+#include <string>
 #include <utility>
 
 #include "data/modDatabase.h"
@@ -65,11 +66,26 @@ struct MemoColumns {
   ado::Field memoText;
 };
 
+/// A file of the embedded engine can hold a date of another program that is none. It must hide neither the remark's
+/// text nor the owner's other remarks; `quorvel doctor` names the remark.
+DateTime DateOf(const ado::Field& field) {
+  try {
+    return ToDateTime(field.Value());
+  } catch (const Error&) {
+    return kZeroDate;
+  }
+}
+
 void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row) {
   remark.SetStored(ToInt32(row.memoKey.Value()), owner);
-  remark.SetDateStamp(ToDateTime(row.dateStamp.Value()));
-  remark.SetUserID(Trimmed(ToText(row.userID.Value())));
-  remark.SetMemoText(ToText(row.memoText.Value()));
+  remark.SetDateStamp(DateOf(row.dateStamp));
+  try {
+    remark.SetUserID(Trimmed(ToText(row.userID.Value())));
+    remark.SetMemoText(ToText(row.memoText.Value()));
+  } catch (const Error& error) {
+    throw Error(error.Number(), error.Source(),
+                error.Description() + " (MemoKey " + std::to_string(remark.MemoKey()) + ")");
+  }
 }
 
 }  // namespace

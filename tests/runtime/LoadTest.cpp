@@ -244,10 +244,23 @@ TEST_F(LoadTest, FailedRefreshKeepsWhatItRead) {
       "ALTER PROCEDURE spTWCqvGetFilteredMemos @ContextID varchar(30), @EntityType smallint, @OwnerKey int AS "
       "SELECT MemoType AS TypeID, MemoKey, DateStamp, UserID, CASE WHEN MemoKey = 3 THEN NULL ELSE MemoText END AS "
       "MemoText FROM tciMemo WHERE OwnerKey = @OwnerKey AND EntityType = @EntityType ORDER BY MemoKey");
-  EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }), HasNumber(ErrorNumber::InvalidUseOfNull));
+  EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }),
+              IsError(ErrorNumber::InvalidUseOfNull, "Quorvel", "Invalid use of Null (MemoKey 3)"));
   ASSERT_EQ(context->MemoCount(), 3);
   EXPECT_EQ(RemarkAt(context, 2).MemoKey(), 2);
   EXPECT_EQ(RemarkAt(context, 3).MemoText(), "");
+}
+
+// Another program can write to the database's file without the engine's conversions.
+TEST_F(LoadTest, InvalidDateHidesNoRemark) {
+  m_database.Run(
+      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+      "SELECT 9001, 'Cust.General', 501, 45, GETDATE(), 'admin', 'good' UNION ALL "
+      "SELECT 9002, 'Cust.General', 501, 45, '2026-99-99 00:00:00.000', 'admin', 'bad'");
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  ASSERT_EQ(context->MemoCount(), 9);
+  const Remark& bad = RemarkAt(context, 4);
+  EXPECT_EQ(bad.MemoText() + " " + FormatDateTime(bad.DateStamp()), "bad 1899-12-30 00:00:00.000");
 }
 
 }  // namespace
