@@ -58,6 +58,10 @@ GRANT SELECT ON ttwRemarkContext TO QuorvelUser
 GRANT SELECT ON ttwBranch TO QuorvelUser
 GO
 
+-- `quorvel doctor` compares the layout's version with its own.
+GRANT SELECT ON ttwLayout TO QuorvelUser
+GO
+
 GRANT UPDATE ON ttwUser (FirstName, LastName, BranchID, IsActive) TO QuorvelUser
 GRANT UPDATE ON ttwGroup (Caption, Comments) TO QuorvelUser
 GRANT UPDATE ON ttwRight (Caption, Comments) TO QuorvelUser

@@ -607,3 +607,17 @@ END
 SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName
 COMMIT TRANSACTION')
 GO
+
+-- The version of this layout, after all of it is made. `quorvel init` of an older version leaves the database of a newer
+-- one alone.
+IF OBJECT_ID('ttwLayout', 'U') IS NULL
+BEGIN
+  CREATE TABLE ttwLayout (
+    LayoutVersion int NOT NULL CONSTRAINT PK_ttwLayout PRIMARY KEY
+  );
+END
+GO
+
+IF NOT EXISTS (SELECT * FROM ttwLayout WHERE LayoutVersion = 1)
+  INSERT INTO ttwLayout (LayoutVersion) VALUES (1)
+GO

@@ -3,6 +3,8 @@
 
 #include "host/cli/DatabaseChecks.h"
 
+#include <span>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -11,11 +13,15 @@
 
 #include "data/modDatabase.h"
 #include "host/cli/ConnectionSettings.h"
+#include "host/cli/ExpectedSchema.h"
 #include "host/cli/Permissions.h"
+#include "host/cli/ReadingProcedures.h"
 #include "host/cli/SchemaProblems.h"
+#include "host/cli/ScriptRunner.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "platform/Value.h"
 
 namespace quorvel::cli {
 namespace {
@@ -34,8 +40,7 @@ struct LostConnection {
 };
 
 void RequireConnection(const ado::Connection& connection, const std::string& problem) {
-  const bool isLost = !connection.Errors().empty() && connection.Errors().front().sqlState.starts_with("08");
-  if (isLost) throw LostConnection{problem};
+  if (IsLost(connection)) throw LostConnection{problem};
 }
 
 /// One check of something in the database.
@@ -43,6 +48,60 @@ bool CheckObject(Report& report, const ado::Connection& connection, std::string_
                  std::string_view remedy) {
   if (!problem.empty()) RequireConnection(connection, problem);
   return report.Check(what, problem, remedy);
+}
+
+/// A server hides what the login may not use, so that a procedure without permission looks wrong or missing.
+std::string WithPermission(ado::Connection& connection, const std::string& procedure, std::string problem) {
+  if (problem.empty() || UsesEmbeddedEngine()) return problem;
+  RequireConnection(connection, problem);
+  const Permission execute{"EXECUTE", procedure, ""};
+  try {
+    const bool isRefused = !AskPermissions(connection, std::span(&execute, 1)).missing.empty();
+    return isRefused ? "the login lacks the permission EXECUTE on it" : problem;
+  } catch (const Error& error) {
+    RequireConnection(connection, error.Description());
+    return problem;
+  }
+}
+
+void CheckTable(Report& report, ado::Connection& connection, const ExpectedTable& table) {
+  const std::string what = fmt::format("table {}", table.name);
+  const std::string problem = TableProblem(connection, table);
+  const auto missing = problem.empty() ? std::vector<std::string>() : MissingColumns(connection, table);
+  if (missing.empty()) {
+    CheckObject(report, connection, what, problem, SchemaRemedy());
+  } else {
+    report.Check(what, "it " + MissingColumnsProblem(missing), MissingColumnsRemedy(table, missing));
+  }
+}
+
+void CheckLayout(Report& report, ado::Connection& connection) {
+  if (!TableProblem(connection, "ttwLayout").empty()) return;  // reported as a table
+  const int found = FindLayoutVersion(connection);
+  const int expected = ExpectedLayoutVersion();
+  report.Check(fmt::format("layout version {}", found),
+               found == expected ? "" : fmt::format("this program knows {}", expected),
+               found > expected ? "Use the program of the version that has set the database up." : SchemaRemedy());
+}
+
+/// A server has no invalid dates. In a file of the embedded engine another program can leave one, and a remark with it
+/// is shown without a date.
+void CheckMemoDates(Report& report, ado::Connection& connection) {
+  std::vector<std::string> keys;
+  try {
+    const auto rows = connection.Execute("SELECT TOP (10) MemoKey FROM tciMemo WHERE ISDATE(DateStamp) = 0");
+    for (; !rows->EndOfFile(); rows->MoveNext()) keys.push_back(ToText(rows->Fields("MemoKey").Value()));
+  } catch (const Error&) {
+    return;  // the host's table has other columns
+  }
+  report.Check("dates of the memos", keys.empty() ? "" : fmt::format("invalid in MemoKey {}", fmt::join(keys, ", ")),
+               "Give each a date, for example: UPDATE tciMemo SET DateStamp = GETDATE() WHERE MemoKey = N");
+}
+
+std::string CallProblem(ado::Connection& connection, const ExpectedProcedure& procedure) {
+  std::string problem = ProcedureProblem(connection, procedure);
+  if (problem.empty()) problem = ReadingProblem(connection, procedure.name);
+  return WithPermission(connection, procedure.name, std::move(problem));
 }
 
 /// On a server the component's login needs no permission on the table itself: the procedures reach it.
@@ -58,13 +117,14 @@ void CheckMemoTable(Report& report, ado::Connection& connection) {
 
 void CheckSchema(Report& report, ado::Connection& connection) {
   for (const ExpectedTable& table : ExpectedTables()) {
-    CheckObject(report, connection, fmt::format("table {}", table.name), TableProblem(connection, table),
-                SchemaRemedy());
+    CheckTable(report, connection, table);
   }
+  CheckLayout(report, connection);
   CheckMemoTable(report, connection);
+  if (UsesEmbeddedEngine()) CheckMemoDates(report, connection);
   for (const ExpectedProcedure& procedure : ExpectedProcedures()) {
     CheckObject(report, connection, fmt::format("procedure {} ({})", procedure.name, procedure.parameters),
-                ProcedureProblem(connection, procedure), SchemaRemedy());
+                CallProblem(connection, procedure), SchemaRemedy());
   }
 }
 
@@ -106,10 +166,13 @@ void CheckPermissions(Report& report, ado::Connection& connection, std::vector<P
 bool CheckOwnerProcedure(Report& report, ado::Connection& connection, const std::string& entity,
                          const std::string& procedure) {
   const std::string what = fmt::format("owner procedure {}, entity {}", OneLine(procedure), OneLine(entity));
-  const std::string problem =
-      procedure.empty() ? "the entity names none" : OwnerProcedureProblem(connection, procedure);
-  return CheckObject(report, connection, what, problem,
-                     "The host application must create it, and ttwRemarkEntity.spGetOwnerName must hold its name.");
+  std::string problem = procedure.empty() ? "the entity names none" : OwnerProcedureProblem(connection, procedure);
+  const bool exists = problem.empty();
+  if (exists) problem = LookupProblem(connection, procedure);
+  CheckObject(report, connection, what, WithPermission(connection, procedure, std::move(problem)),
+              "The host application must create it: for an owner it returns a row with OwnerKey and OwnerName, for any "
+              "other identifier none. ttwRemarkEntity.spGetOwnerName must hold its name.");
+  return exists;
 }
 
 /// Returns the permissions that the login needs on the existing ones.

@@ -4,6 +4,7 @@
 #include "host/cli/ExpectedSchema.h"
 
 #include <algorithm>
+#include <string>
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -43,11 +44,17 @@ std::vector<std::string> GrantedObjects(const std::string& permission) {
   return objects;
 }
 
+/// The lines between the brackets of CREATE TABLE.
+std::vector<std::string> TableLines(std::string_view table) {
+  return Split(Between(SchemaScript(), fmt::format("CREATE TABLE {} (", table), ");\n"), '\n');
+}
+
+std::string FirstWord(const std::string& line) { return line.substr(0, line.find(' ')); }
+
 std::vector<std::string> ColumnsOf(const std::string& table) {
   std::vector<std::string> columns;
-  for (const std::string& line :
-       Split(Between(SchemaScript(), fmt::format("CREATE TABLE {} (", table), ");\n"), '\n')) {
-    const std::string word = line.substr(0, line.find(' '));
+  for (const std::string& line : TableLines(table)) {
+    const std::string word = FirstWord(line);
     if (word != "CONSTRAINT" && word != "--") columns.push_back(word);
   }
   return columns;
@@ -89,6 +96,19 @@ const std::vector<ExpectedTable>& ExpectedTables() {
 const std::vector<ExpectedProcedure>& ExpectedProcedures() {
   static const std::vector<ExpectedProcedure> procedures = ReadProcedures();
   return procedures;
+}
+
+std::string ColumnDefinition(std::string_view table, std::string_view column) {
+  for (std::string line : TableLines(table)) {
+    if (FirstWord(line) != column) continue;
+    if (line.ends_with(',')) line.pop_back();
+    return line;
+  }
+  return {};
+}
+
+int ExpectedLayoutVersion() {
+  return std::stoi(std::string(Between(SchemaScript(), "INSERT INTO ttwLayout (LayoutVersion) VALUES (", ")")));
 }
 
 }  // namespace quorvel::cli

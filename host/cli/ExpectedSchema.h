@@ -26,4 +26,11 @@ inline constexpr std::string_view kMemoTable = "tciMemo";
 [[nodiscard]] const std::vector<ExpectedTable>& ExpectedTables();
 [[nodiscard]] const std::vector<ExpectedProcedure>& ExpectedProcedures();
 
+/// The column as quorvel.sql defines it: "RowHeight int NOT NULL ...".
+[[nodiscard]] std::string ColumnDefinition(std::string_view table, std::string_view column);
+
+/// The version of the layout that quorvel.sql makes. It grows when a program of an older version would do harm to the
+/// database of a newer one.
+[[nodiscard]] int ExpectedLayoutVersion();
+
 }  // namespace quorvel::cli

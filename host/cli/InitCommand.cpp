@@ -1,18 +1,20 @@
 #include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <fmt/format.h>
 
 #include "ado/embedded/EmbeddedEngine.h"
-#include "data/Schema.h"
 #include "data/modDatabase.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
-#include "host/cli/SchemaProblems.h"
-#include "host/cli/ScriptRunner.h"
-#include "host/cli/Table.h"
+#include "host/cli/Installation.h"
+#include "host/cli/ShippedProcedures.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 
@@ -28,46 +30,8 @@ void MakeEmbeddedFile(const std::string& file) {
 struct InitOptions {
   bool withSample = false;
   bool withGrants = false;
+  std::vector<std::string> replaced;
 };
-
-constexpr std::string_view kLoginAdvice =
-    "\n  If the login may not do this, run it as a member of db_owner, or have a DBA run the scripts of data/schema.";
-
-/// On a server our scripts fail nearly always because the login lacks a permission.
-bool IsRefusal(const Error& error) {
-  return !UsesEmbeddedEngine() &&
-         (error.Number() == ErrorNumber::DbStatement || error.Number() == ErrorNumber::DbObjectNotFound);
-}
-
-void ApplyScript(ado::Connection& connection, std::string_view what, std::string_view script,
-                 const ScriptOutput& output = {}) {
-  try {
-    RunScript(connection, what, script, output);
-  } catch (const Error& error) {
-    if (!IsRefusal(error)) throw;
-    throw Error(error.Number(), error.Source(), fmt::format("{}{}", error.Description(), kLoginAdvice));
-  }
-}
-
-void CreateMissing(ado::Connection& connection, std::string_view what, std::string_view script,
-                   std::string_view lastTable) {
-  const bool wasThere = TableProblem(connection, lastTable).empty();
-  ApplyScript(connection, what, script);
-  fmt::print("{}: {}\n", what, wasThere ? "up to date" : "created");
-}
-
-void Grant(ado::Connection& connection) {
-  ScriptOutput output;
-  output.rows = [](ado::Recordset& rows) {
-    if (rows.EndOfFile()) return;
-    fmt::print("Yet to be run, after a look at each name:\n\n");
-    PrintTable(rows);
-  };
-  ApplyScript(connection, "Grants", GrantsScript(), output);
-  fmt::print(
-      "Grants: given to the role QuorvelUser; make the component's login a member:\n"
-      "  ALTER ROLE QuorvelUser ADD MEMBER [login]\n");
-}
 
 void RunInit(const InitOptions& options) {
   const std::string source = "quorvel.init";
@@ -78,10 +42,13 @@ void RunInit(const InitOptions& options) {
                 "The embedded engine has no users to grant anything to; --grants is for a SQL Server");
   }
   if (isEmbedded) MakeEmbeddedFile(modDatabase::Settings().Database());
-  const auto connection = ConnectForSetUp(std::chrono::seconds(60));
-  CreateMissing(*connection, "Schema", SchemaScript(), "ttwContext");
-  if (options.withSample) CreateMissing(*connection, "Sample data", SampleScript(), "Customer");
-  if (options.withGrants) Grant(*connection);
+  Installation installation(ConnectForSetUp(std::chrono::seconds(60)), source);
+  installation.RequireKnownLayout();
+  if (options.withSample) installation.RequireOwnKeys();
+  installation.MakeSchema(options.replaced);
+  if (options.withSample) installation.AddSample();
+  if (options.withGrants) installation.Grant();
+  installation.RequireSuccess();
 }
 
 }  // namespace
@@ -92,6 +59,13 @@ void AddInitCommand(CLI::App& app) {
   command->add_flag("--sample", options->withSample, "Add sample customers, users, rights and remarks");
   command->add_flag("--grants", options->withGrants,
                     "On a SQL Server, make the role QuorvelUser with\nwhat the component's login needs");
+  command
+      ->add_option(
+          "--replace", options->replaced,
+          "Put this version's procedure in the place of one that the\nhost has adapted; may be given more than "
+          "once")
+      ->check(CLI::IsMember(std::vector<std::string>(kMemoProcedures.begin(), kMemoProcedures.end()), CLI::ignore_case))
+      ->type_name("NAME");
   command->group("Set up")->callback([options] { RunInit(*options); });
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "platform/Value.h"
 
 namespace quorvel::cli {
 namespace {
@@ -38,6 +39,36 @@ std::string TableProblem(ado::Connection& connection, std::string_view table) {
 std::string TableProblem(ado::Connection& connection, const ExpectedTable& table) {
   return BatchProblem(connection,
                       fmt::format("SELECT {} FROM {} WHERE 1 = 0", fmt::join(table.columns, ", "), table.name));
+}
+
+std::vector<std::string> MissingColumns(ado::Connection& connection, const ExpectedTable& table) {
+  std::vector<std::string> missing;
+  if (TableProblem(connection, table).empty() || !TableProblem(connection, table.name).empty()) return missing;
+  for (const std::string& column : table.columns) {
+    const auto problem = BatchProblem(connection, fmt::format("SELECT {} FROM {} WHERE 1 = 0", column, table.name));
+    if (!problem.empty()) missing.push_back(column);
+  }
+  return missing;
+}
+
+std::string MissingColumnsProblem(const std::vector<std::string>& missing) {
+  return fmt::format("lacks the {} {}", missing.size() == 1 ? "column" : "columns", fmt::join(missing, ", "));
+}
+
+std::string MissingColumnsRemedy(const ExpectedTable& table, const std::vector<std::string>& missing) {
+  std::string remedy = "'quorvel init' adds no column to a table. Restore the table from a backup, or run:";
+  for (const std::string& column : missing) {
+    remedy += fmt::format("\n        ALTER TABLE {} ADD {}", table.name, ColumnDefinition(table.name, column));
+  }
+  return remedy;
+}
+
+int FindLayoutVersion(ado::Connection& connection) {
+  const auto found = connection.Execute("SELECT OBJECT_ID('ttwLayout') AS Id");
+  if (IsNull(found->Fields("Id").Value())) return 0;
+  const Value newest =
+      connection.Execute("SELECT MAX(LayoutVersion) AS Newest FROM ttwLayout")->Fields("Newest").Value();
+  return IsNull(newest) ? 0 : ToInt32(newest);
 }
 
 std::string ProcedureProblem(ado::Connection& connection, const ExpectedProcedure& procedure) {

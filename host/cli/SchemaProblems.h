@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ado/Connection.h"
 #include "host/cli/ExpectedSchema.h"
@@ -16,6 +17,17 @@ namespace quorvel::cli {
 [[nodiscard]] std::string TableProblem(ado::Connection& connection, std::string_view table);
 /// Why the expected columns cannot be read.
 [[nodiscard]] std::string TableProblem(ado::Connection& connection, const ExpectedTable& table);
+
+/// The expected columns that an existing table does not have; none for a table that cannot be read.
+[[nodiscard]] std::vector<std::string> MissingColumns(ado::Connection& connection, const ExpectedTable& table);
+/// "lacks the columns A, B".
+[[nodiscard]] std::string MissingColumnsProblem(const std::vector<std::string>& missing);
+/// What to do, with the statements that add them.
+[[nodiscard]] std::string MissingColumnsRemedy(const ExpectedTable& table, const std::vector<std::string>& missing);
+
+/// The newest version of the layout that was made in the database; 0 when it has none. Throws Error when the database
+/// cannot be asked.
+[[nodiscard]] int FindLayoutVersion(ado::Connection& connection);
 
 /// Why the procedure cannot be called with exactly the expected parameters.
 [[nodiscard]] std::string ProcedureProblem(ado::Connection& connection, const ExpectedProcedure& procedure);

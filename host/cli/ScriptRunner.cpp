@@ -20,17 +20,18 @@ std::string Place(const ado::ProviderError& record, const ado::Batch& batch) {
                                   : fmt::format("from line {} on", batch.firstLine);
 }
 
-[[noreturn]] void ThrowLocated(const Error& error, const ado::Connection& connection, const ado::Batch& batch,
-                               std::string_view place) {
+Error Located(const Error& error, const ado::Connection& connection, const ado::Batch& batch, std::string_view place) {
   const auto& records = connection.Errors();
-  if (records.empty()) throw Error(error.Number(), error.Source(), fmt::format("{}: {}", place, error.Description()));
+  if (records.empty()) return {error.Number(), error.Source(), fmt::format("{}: {}", place, error.Description())};
   std::string description = fmt::format("{}, {}: {}", place, Place(records.front(), batch), error.Description());
   for (std::size_t i = 1; i < records.size(); ++i) {
     const std::string line = IsInBatch(records[i], batch) ? Place(records[i], batch) + ": " : "";
     description += fmt::format("\n  {}{}", line, records[i].description);
   }
-  throw Error(error.Number(), error.Source(), description);
+  return {error.Number(), error.Source(), description};
 }
+
+std::string PlaceOf(std::string_view name, std::size_t number) { return fmt::format("{}, batch {}", name, number); }
 
 void RunBatch(ado::Connection& connection, std::string_view batch, const ScriptOutput& output) {
   connection.ClearErrors();
@@ -40,7 +41,26 @@ void RunBatch(ado::Connection& connection, std::string_view batch, const ScriptO
   for (const ado::ProviderError& message : connection.Errors()) output.message(message.description);
 }
 
+void RunBatchInTransaction(ado::Connection& connection, std::string_view batch, const ScriptOutput& output) {
+  connection.Execute("BEGIN TRANSACTION");
+  RunBatch(connection, batch, output);
+  connection.Execute("COMMIT TRANSACTION");
+}
+
+/// After a failure, which usually has rolled back already.
+void EndTransaction(ado::Connection& connection) {
+  try {
+    connection.Execute("ROLLBACK TRANSACTION");
+  } catch (const Error&) {
+    connection.ClearErrors();
+  }
+}
+
 }  // namespace
+
+bool IsLost(const ado::Connection& connection) {
+  return !connection.Errors().empty() && connection.Errors().front().sqlState.starts_with("08");
+}
 
 std::size_t RunScript(ado::Connection& connection, std::string_view name, std::string_view script,
                       const ScriptOutput& output) {
@@ -50,10 +70,29 @@ std::size_t RunScript(ado::Connection& connection, std::string_view name, std::s
     try {
       RunBatch(connection, batch.text, output);
     } catch (const Error& error) {
-      ThrowLocated(error, connection, batch, fmt::format("{}, batch {}", name, count));
+      throw Located(error, connection, batch, PlaceOf(name, count));
     }
   }
   return count;
+}
+
+std::vector<BatchFailure> RunWholeScript(ado::Connection& connection, const WholeScript& script) {
+  std::vector<BatchFailure> failures;
+  std::size_t count = 0;
+  for (const ado::Batch& batch : ado::SplitBatches(script.text)) {
+    ++count;
+    if (script.skips && script.skips(batch.text)) continue;
+    try {
+      (script.inTransactions ? RunBatchInTransaction : RunBatch)(connection, batch.text, script.output);
+    } catch (const Error& error) {
+      const Error located = Located(error, connection, batch, PlaceOf(script.name, count));
+      if (IsLost(connection)) throw Error(located);
+      const auto& records = connection.Errors();
+      failures.push_back({located, records.empty() ? 0 : records.front().nativeError, batch.text});
+      if (script.inTransactions) EndTransaction(connection);
+    }
+  }
+  return failures;
 }
 
 }  // namespace quorvel::cli

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ado/Connection.h"
+#include "platform/Error.h"
 
 namespace quorvel::cli {
 
@@ -19,5 +22,30 @@ struct ScriptOutput {
 /// with `name`, batch and line before its description and the database's other records after it.
 std::size_t RunScript(ado::Connection& connection, std::string_view name, std::string_view script,
                       const ScriptOutput& output = {});
+
+/// A batch that failed.
+struct BatchFailure {
+  Error error;                ///< as RunScript throws it
+  std::int32_t nativeNumber;  ///< the database's own number; 0 when it gave none
+  std::string_view batch;     ///< points into the script
+};
+
+/// How RunWholeScript runs a script.
+struct WholeScript {
+  std::string_view name;
+  std::string_view text;
+  std::function<bool(std::string_view batch)> skips;  ///< whether a batch is left out; may be empty
+  /// Each batch in a transaction of its own, so that several programs can run the script on one database at once. For
+  /// the embedded engine: on a server an error may leave the transaction open.
+  bool inTransactions = false;
+  ScriptOutput output;
+};
+
+/// Runs all batches of a script, also after a failed one, and returns the failures. Throws as RunScript does only when
+/// the connection is lost.
+[[nodiscard]] std::vector<BatchFailure> RunWholeScript(ado::Connection& connection, const WholeScript& script);
+
+/// Whether the connection's last error was that it is lost.
+[[nodiscard]] bool IsLost(const ado::Connection& connection);
 
 }  // namespace quorvel::cli

@@ -3,12 +3,15 @@
 #include <filesystem>
 #include <fstream>
 
+#include "ado/embedded/EmbeddedEngine.h"
 #include "platform/FileUpdate.h"
 #include "tests/host/CommandLine.h"
 
 namespace quorvel::test {
 namespace {
 
+using ::testing::AllOf;
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
 using ::testing::Not;
@@ -84,6 +87,41 @@ TEST_F(CommandLine, InitCreatesOnceAndRefusesGrantsOnTheEmbeddedEngine) {
   const Outcome second = Quorvel({"init", "--sample"});
   EXPECT_THAT(second, Succeeds());
   EXPECT_EQ(second.output, "Database file: found " + file + "\nSchema: up to date\nSample data: up to date\n");
+}
+
+// Such a table has the host's columns, and only the host knows how the procedures must read and write it.
+TEST_F(CommandLine, InitGoesOnWhereTheMemoTableDiffersAndKeepsAdaptedProcedures) {
+  ado::CreateEmbeddedDatabase(File("test.db"));
+  ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("test.db")}), Succeeds());
+  RunSql("CREATE TABLE tciMemo (Id int NOT NULL PRIMARY KEY, Body nvarchar(max) NOT NULL)");
+  const Outcome first = Quorvel({"init"});
+  EXPECT_EQ(first.status, 1);
+  EXPECT_THAT(first.output, HasSubstr("Schema: not complete\n"));
+  EXPECT_THAT(first.errors, ContainsRegex("\nSchema, batch [0-9]+, line [0-9]+: Invalid column name 'MemoKey'"));
+  EXPECT_THAT(first.errors,
+              AllOf(HasSubstr("The host's table of memos has other columns. "), Not(HasSubstr("db_owner"))));
+  EXPECT_THAT(RunSql("SELECT LayoutVersion FROM ttwLayout"), HasSubstr("(1 row)")) << "what comes after is made";
+
+  const std::string adapted = "PROCEDURE spTWCqvDeleteRemark @MemoKey int AS DELETE FROM tciMemo WHERE Id = @MemoKey";
+  RunSql("ALTER " + adapted);
+  const std::string stored = "SELECT OBJECT_DEFINITION(OBJECT_ID('spTWCqvDeleteRemark')) AS Text";
+  const Outcome second = Quorvel({"init"});
+  EXPECT_THAT(second.output, HasSubstr("Kept: the host's spTWCqvDeleteRemark; --replace spTWCqvDeleteRemark puts "));
+  EXPECT_THAT(RunSql(stored), HasSubstr(adapted));
+  EXPECT_THAT(Quorvel({"init", "--replace", "spTWCqvDeleteRemark"}).output,
+              HasSubstr("Replaced: the host's spTWCqvDeleteRemark\n"));
+  EXPECT_THAT(RunSql(stored), HasSubstr(adapted)) << "this version's text does not fit the table";
+  EXPECT_THAT(Quorvel({"init", "--replace", "spTWCAddUser"}), IsWrongUsage("--replace"));
+}
+
+TEST_F(CommandLine, SampleIsRefusedWhereTheHostNumbersMemosItself) {
+  Initialize(false);
+  RunSql("ALTER PROCEDURE spGetNextSurrogateKey @iTableName varchar(128), @oNewKey int OUTPUT AS SELECT @oNewKey = 7");
+  const Outcome refused = Quorvel({"init", "--sample"});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.errors, HasSubstr("a spGetNextSurrogateKey of the host's own"));
+  EXPECT_THAT(RunSql("SELECT OBJECT_ID('Customer') AS Id"), HasSubstr("\nNULL\n"));
+  EXPECT_THAT(Quorvel({"init"}), Succeeds());
 }
 
 TEST_F(CommandLine, InitLeavesAForeignFileAlone) {

@@ -22,19 +22,56 @@ TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFault) {
       "DROP PROCEDURE spTWCqvGetContext\nGO\n"
       "ALTER PROCEDURE spTWCqvDeleteRemark @Key int AS DELETE FROM tciMemo WHERE MemoKey = @Key\nGO\n"
       "UPDATE ttwRemarkEntity SET spGetOwnerName = 'spGone' WHERE RemarkEntityID = 'Order'");
+  const std::string addColumn =
+      "ALTER TABLE ttwRemarkContext ADD Priority smallint NOT NULL CONSTRAINT DF_ttwRemarkContext_Priority DEFAULT (0)";
   const Outcome broken = Quorvel({"doctor"});
   EXPECT_EQ(broken.status, 1);
   EXPECT_THAT(broken.output,
-              AllOf(HasSubstr("FAIL  table ttwRightAssignment: "), HasSubstr("FAIL  table ttwRemarkContext: "),
-                    HasSubstr("FAIL  procedure spTWCqvGetContext "),
+              AllOf(HasSubstr("FAIL  table ttwRightAssignment: "),
+                    HasSubstr("FAIL  table ttwRemarkContext: it lacks the column Priority\n"),
+                    HasSubstr("        " + addColumn + "\n"), HasSubstr("FAIL  procedure spTWCqvGetContext "),
+                    HasSubstr("FAIL  procedure spTWCqvGetRemarkTypes (@ContextID): Invalid column name 'rc.Priority'"),
                     HasSubstr("FAIL  procedure spTWCqvDeleteRemark (@MemoKey): it takes (@Key) and not (@MemoKey)\n"),
                     HasSubstr("FAIL  owner procedure spGone, entity Order: "),
                     HasSubstr("      Run 'quorvel init' to create what is missing.\n")));
-  EXPECT_THAT(broken.errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 5 of "));
+  EXPECT_THAT(broken.errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 7 of "));
   EXPECT_THAT(Quorvel({"manage"}).errors, HasSubstr("quorvel: error -1 at quorvel.manage: Table ttwRightAssignment: "));
 
-  ASSERT_THAT(Quorvel({"init"}), Succeeds());
+  const Outcome incomplete = Quorvel({"init"});
+  EXPECT_EQ(incomplete.status, 1);
+  EXPECT_THAT(incomplete.output, HasSubstr("Schema: not complete\n"));
+  EXPECT_THAT(incomplete.errors,
+              AllOf(HasSubstr("Table ttwRemarkContext lacks the column Priority. "), HasSubstr(addColumn)));
+  RunSql(addColumn);
+  EXPECT_THAT(Quorvel({"init"}).output, HasSubstr("Kept: the host's spTWCqvDeleteRemark; "));
   EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 2 of "));
+  ASSERT_THAT(Quorvel({"init", "--replace", "sptwcqvdeleteremark"}), Succeeds());
+  EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 1 of "));
+}
+
+// What only shows when a procedure runs or a row is read.
+TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
+  Initialize(true);
+  RunSql(
+      "ALTER PROCEDURE spGetOrderName @OwnerID varchar(30) AS SELECT 1 AS OwnerKey\nGO\n"
+      "ALTER PROCEDURE spGetCustomerName @OwnerID varchar(30) AS SELECT OwnerKey, OwnerName FROM Gone\nGO\n"
+      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+      "SELECT 9001, 'Cust.General', 501, 45, GETDATE(), 'admin', 'good' UNION ALL "
+      "SELECT 9002, 'Cust.General', 501, 45, '2026-99-99 00:00:00.000', 'admin', 'bad'");
+  EXPECT_THAT(
+      Quorvel({"doctor"}).output,
+      AllOf(HasSubstr("FAIL  owner procedure spGetOrderName, entity Order: its result lacks OwnerName\n"),
+            HasSubstr("FAIL  owner procedure spGetCustomerName, entity Customer: Invalid object name 'Gone'"),
+            HasSubstr("FAIL  dates of the memos: invalid in MemoKey 9002\n"), HasSubstr("SET DateStamp = GETDATE()")));
+}
+
+TEST_F(CommandLine, NewerLayoutIsLeftAlone) {
+  Initialize(false);
+  RunSql("INSERT INTO ttwLayout (LayoutVersion) VALUES (99)");
+  EXPECT_THAT(Quorvel({"init"}),
+              Fails("-1 at quorvel.init: A newer version has set this database up: its layout is 99, and "
+                    "this version knows 1. Use the newer version; nothing was changed"));
+  EXPECT_THAT(Quorvel({"doctor"}).output, HasSubstr("FAIL  layout version 99: this program knows 1\n"));
 }
 
 TEST_F(CommandLine, DoctorSaysWhyItCannotConnect) {

@@ -50,5 +50,16 @@ TEST_F(CommandLine, EightWritersLoseNoRemark) {
               HasSubstr("(1600 rows)"));
 }
 
+TEST_F(CommandLine, FourInitsAtOnceOnANewFileAllSucceed) {
+  const std::string all =
+      "for i in 1 2 3 4; do \"$0\" init --sample & all=\"$all $!\"; done; for each in $all; do wait $each || exit 1; "
+      "done";
+  for (const std::string file : {"one.db", "two.db", "three.db"}) {
+    ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File(file.c_str())}), Succeeds());
+    EXPECT_THAT(RunProgram({"sh", "-c", all, QUORVEL_PROGRAM}), Succeeds()) << file;
+    EXPECT_THAT(RunSql("SELECT COUNT(*) AS Memos FROM tciMemo"), HasSubstr("\n 2042\n"));
+  }
+}
+
 }  // namespace
 }  // namespace quorvel::test

@@ -5,8 +5,10 @@
 #include <set>
 #include <string>
 
+#include "ado/Script.h"
 #include "data/Schema.h"
 #include "host/cli/ExpectedSchema.h"
+#include "host/cli/ShippedProcedures.h"
 
 namespace quorvel::test {
 namespace {
@@ -28,6 +30,23 @@ std::set<std::string> ObjectsOf(const std::vector<cli::Permission>& permissions)
   std::set<std::string> objects;
   for (const cli::Permission& permission : permissions) objects.insert(permission.object);
   return objects;
+}
+
+// `init` takes a text that is not listed for the host's own and keeps it.
+TEST(ShippedProcedures, ListHasTheTextsOfThisVersion) {
+  std::size_t found = 0;
+  for (const ado::Batch& batch : ado::SplitBatches(SchemaScript())) {
+    for (const std::string_view name : cli::kMemoProcedures) {
+      if (!batch.text.starts_with("ALTER PROCEDURE " + std::string(name) + "\n")) continue;
+      ++found;
+      EXPECT_THAT(cli::ShippedFingerprints(), Contains(cli::Fingerprint(batch.text)))
+          << name << " has changed: add 0x" << std::hex << cli::Fingerprint(batch.text) << " to the list";
+    }
+  }
+  EXPECT_EQ(found, cli::kMemoProcedures.size());
+  EXPECT_EQ(cli::Fingerprint("ALTER PROCEDURE a\r\nAS\n  SELECT 1\n"),
+            cli::Fingerprint("\nCREATE PROCEDURE a AS SELECT 1"));
+  EXPECT_NE(cli::Fingerprint("CREATE PROCEDURE a AS SELECT 1"), cli::Fingerprint("CREATE PROCEDURE a AS SELECT 10"));
 }
 
 TEST(Permissions, RoleGetsWhatTheSchemaHasAndNothingElse) {

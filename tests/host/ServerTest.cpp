@@ -86,6 +86,15 @@ TEST_F(OnServer, DoctorNamesMissingPermissions) {
   EXPECT_THAT(outcome.errors, HasSubstr(" at quorvel.doctor: 3 of "));
 }
 
+// A server shows a login nothing of a procedure that it may not run.
+TEST_F(OnServer, DoctorNamesThePermissionAndNotTheParameters) {
+  ASSERT_THAT(Quorvel({"init"}), Succeeds());
+  RunSql("ALTER PROCEDURE spTWCAddUser AS SELECT 1 AS Nothing");
+  Answer({{"EXECUTE", "spTWCAddUser", ""}}, 0, std::int64_t{0});
+  EXPECT_THAT(Quorvel({"doctor"}).output,
+              HasSubstr("FAIL  procedure spTWCAddUser (@UserID): the login lacks the permission EXECUTE on it\n"));
+}
+
 TEST_F(OnServer, GrantsRunTheScriptAndListTheOwnerProcedures) {
   for (const ado::Batch& batch : ado::SplitBatches(GrantsScript())) {
     m_server.AnswerWith(std::string(batch.text), {});

@@ -1,0 +1,149 @@
+// The scripts may be run again at any time, so the work after a failure is never wasted: the next run finds it done.
+
+#include "host/cli/Installation.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "data/Schema.h"
+#include "host/cli/ConnectionSettings.h"
+#include "host/cli/ExpectedSchema.h"
+#include "host/cli/SchemaProblems.h"
+#include "host/cli/ShippedProcedures.h"
+#include "host/cli/Table.h"
+#include "host/cli/TextLayout.h"
+#include "platform/Text.h"
+
+namespace quorvel::cli {
+namespace {
+
+constexpr std::string_view kLoginAdvice =
+    "If the login may not do this, run it as a member of db_owner, or have a DBA run the scripts of data/schema.";
+constexpr std::string_view kAdaptAdvice =
+    "The host's table of memos has other columns. Write that procedure for them and run it; 'quorvel init' then keeps "
+    "it "
+    "(docs/database.md).";
+
+/// A server's numbers for a missing permission; it also hides an object that the login has no permission on.
+constexpr std::array<std::int32_t, 9> kRefusals = {229, 230, 262, 1088, 2760, 3704, 4902, 15151, 15247};
+constexpr std::int32_t kInvalidColumn = 207;
+
+bool IsRefusal(const BatchFailure& failure) {
+  return std::find(kRefusals.begin(), kRefusals.end(), failure.nativeNumber) != kRefusals.end();
+}
+
+/// Whether the batch gives the procedure its text.
+bool Alters(std::string_view batch, std::string_view procedure) {
+  return batch.starts_with(fmt::format("ALTER PROCEDURE {}\n", procedure));
+}
+
+bool NeedsAdapting(const BatchFailure& failure) {
+  return failure.nativeNumber == kInvalidColumn &&
+         std::any_of(kMemoProcedures.begin(), kMemoProcedures.end(),
+                     [&](std::string_view name) { return Alters(failure.batch, name); });
+}
+
+bool Contains(const std::vector<std::string>& names, std::string_view name) {
+  return std::any_of(names.begin(), names.end(), [&](const auto& each) { return EqualIgnoringCase(each, name); });
+}
+
+/// Prints which procedures of the host stay, and returns them.
+std::vector<std::string_view> KeptProcedures(ado::Connection& connection, const std::vector<std::string>& replaced) {
+  std::vector<std::string_view> kept;
+  for (const std::string_view name : kMemoProcedures) {
+    if (!IsAdapted(connection, name)) continue;
+    if (Contains(replaced, name)) {
+      fmt::print("Replaced: the host's {}\n", name);
+    } else {
+      fmt::print("Kept: the host's {}; --replace {} puts this version's in its place\n", name, name);
+      kept.push_back(name);
+    }
+  }
+  return kept;
+}
+
+}  // namespace
+
+void Installation::RequireKnownLayout() {
+  const int found = FindLayoutVersion(*m_connection);
+  if (found <= ExpectedLayoutVersion()) return;
+  throw Error(ErrorNumber::Component, m_source,
+              fmt::format("A newer version has set this database up: its layout is {}, and this version knows {}. Use "
+                          "the newer version; nothing was changed",
+                          found, ExpectedLayoutVersion()));
+}
+
+void Installation::RequireOwnKeys() {
+  if (!IsAdapted(*m_connection, kKeyProcedure)) return;
+  throw Error(ErrorNumber::Component, m_source,
+              fmt::format("The database has a {} of the host's own, so it is no place for sample data; nothing was "
+                          "changed",
+                          kKeyProcedure));
+}
+
+void Installation::MakeSchema(const std::vector<std::string>& replaced) {
+  const auto kept = KeptProcedures(*m_connection, replaced);
+  const auto isKept = [&](std::string_view batch) {
+    return std::any_of(kept.begin(), kept.end(), [&](std::string_view name) { return Alters(batch, name); });
+  };
+  Apply("ttwContext", {"Schema", SchemaScript(), isKept, UsesEmbeddedEngine(), {}});
+}
+
+void Installation::AddSample() { Apply("Customer", {"Sample data", SampleScript(), {}, UsesEmbeddedEngine(), {}}); }
+
+void Installation::Apply(std::string_view lastTable, WholeScript script) {
+  const bool wasThere = TableProblem(*m_connection, lastTable).empty();
+  const std::string_view name = script.name;
+  const std::size_t before = m_failures.size();
+  RunKeeping(std::move(script));
+  if (name == "Schema") FindMissingColumns();
+  const bool isComplete = m_failures.size() == before;
+  fmt::print("{}: {}\n", name, !isComplete ? "not complete" : wasThere ? "up to date" : "created");
+}
+
+/// A column that was dropped comes back only by hand: the script cannot know what it held.
+void Installation::FindMissingColumns() {
+  for (const ExpectedTable& table : ExpectedTables()) {
+    const std::vector<std::string> missing = MissingColumns(*m_connection, table);
+    if (missing.empty()) continue;
+    const std::string description = fmt::format("Table {} {}. {}", table.name, MissingColumnsProblem(missing),
+                                                MissingColumnsRemedy(table, missing));
+    m_failures.push_back({Error(ErrorNumber::DbStatement, m_source, description), 0, {}});
+  }
+}
+
+void Installation::Grant() {
+  WholeScript script{"Grants", GrantsScript(), {}, false, {}};
+  script.output.rows = [](ado::Recordset& rows) {
+    if (rows.EndOfFile()) return;
+    fmt::print("Yet to be run, after a look at each name:\n\n");
+    PrintTable(rows);
+  };
+  const std::size_t before = m_failures.size();
+  RunKeeping(std::move(script));
+  if (m_failures.size() > before) return;
+  fmt::print(
+      "Grants: given to the role QuorvelUser; make the component's login a member:\n"
+      "  ALTER ROLE QuorvelUser ADD MEMBER [login]\n");
+}
+
+void Installation::RunKeeping(WholeScript script) {
+  auto failures = RunWholeScript(*m_connection, script);
+  std::move(failures.begin(), failures.end(), std::back_inserter(m_failures));
+}
+
+void Installation::RequireSuccess() const {
+  if (m_failures.empty()) return;
+  std::string text;
+  for (const BatchFailure& failure : m_failures) text += (text.empty() ? "" : "\n") + failure.error.Description();
+  if (std::any_of(m_failures.begin(), m_failures.end(), IsRefusal)) text += fmt::format("\n  {}", kLoginAdvice);
+  if (std::any_of(m_failures.begin(), m_failures.end(), NeedsAdapting)) text += fmt::format("\n  {}", kAdaptAdvice);
+  const Error& first = m_failures.front().error;
+  throw Error(first.Number(), first.Source(), text);
+}
+
+}  // namespace quorvel::cli
