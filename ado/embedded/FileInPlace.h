@@ -5,7 +5,7 @@
 namespace quorvel::ado::embedded {
 
 /// Throws DriverError 08S01, a lost connection, when the file at the database's path is no longer the one that is open:
-/// what is written to a deleted or replaced file is gone when it is closed. Windows lets no program remove an open
+/// a deleted or replaced file takes its content with it when it is closed. Windows lets no program remove an open
 /// file.
 void RequireFileInPlace(sqlite3* database);
 

@@ -22,7 +22,7 @@ namespace quorvel::cli {
 [[nodiscard]] std::vector<std::string> MissingColumns(ado::Connection& connection, const ExpectedTable& table);
 /// "lacks the columns A, B".
 [[nodiscard]] std::string MissingColumnsProblem(const std::vector<std::string>& missing);
-/// What to do, with the statements that add them.
+/// The advice for them, with the statements that add them.
 [[nodiscard]] std::string MissingColumnsRemedy(const ExpectedTable& table, const std::vector<std::string>& missing);
 
 /// The newest version of the layout that was made in the database; 0 when it has none. Throws Error when the database

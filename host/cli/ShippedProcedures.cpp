@@ -10,12 +10,12 @@
 namespace quorvel::cli {
 namespace {
 
-constexpr std::array<std::uint64_t, 10> kShipped = {
-    0xcea5bd98d7112ab1,                                          // spTWCqvGetFilteredMemos
-    0xd583e1e47a3ac05a,                                          // spTWCqvAddRemark
-    0xc8cf36c4935c44ca, 0x3459d0083978e4ea, 0x074f999a2a144bb7,  // spTWCqvUpdateRemark
-    0x4a70fe0a0cd90787,                                          // spTWCqvDeleteRemark
-    0x776bae5716590a0e, 0xfda5ca93eb455e1b,                      // spGetNextSurrogateKey
+constexpr std::array<std::uint64_t, 12> kShipped = {
+    0xcea5bd98d7112ab1, 0x44639e75f5681d8f,                                          // spTWCqvGetFilteredMemos
+    0xd583e1e47a3ac05a,                                                              // spTWCqvAddRemark
+    0xc8cf36c4935c44ca, 0x3459d0083978e4ea, 0x074f999a2a144bb7, 0xaaede3d3a79301af,  // spTWCqvUpdateRemark
+    0x4a70fe0a0cd90787,                                                              // spTWCqvDeleteRemark
+    0x776bae5716590a0e, 0xfda5ca93eb455e1b,                                          // spGetNextSurrogateKey
     0x7693489f6de14edb, 0x2df02ef8dcd871f2,
 };
 

@@ -49,7 +49,7 @@ TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFault) {
   EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 1 of "));
 }
 
-// What only shows when a procedure runs or a row is read.
+// These faults show only when a procedure runs or a row is read.
 TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
   Initialize(true);
   RunSql(
