@@ -57,9 +57,10 @@ ado::Command ProcedureCall(std::string_view procName) {
 }
 
 bool IsAboutParameters(const ado::ProviderError& record) {
-  // SQL Server's numbers: one is missing, of another type, too many, unknown, or there should be none.
+  // SQL Server's numbers: one is missing, of another type, too many, unknown, or there should be none. The state is
+  // that of a driver that cannot leave out a parameter.
   constexpr std::array kServerErrors = {201, 8114, 8144, 8145, 8146};
-  return record.sqlState.starts_with("07") || std::ranges::count(kServerErrors, record.nativeError) != 0;
+  return record.sqlState == "07S01" || std::ranges::count(kServerErrors, record.nativeError) != 0;
 }
 
 /// Whether a call failed, before anything was done, because its parameters are not the procedure's.
