@@ -179,7 +179,8 @@ inline constexpr GUID CLSID_RemarkList{0xFC14C990, 0x34E1, 0x42C8, {0x82, 0x8E, 
 }  // namespace Quorvel
 
 /// Creates an object by its programmatic identifier, "Quorvel.RemarkContext" or "Quorvel.Remark" in any letter case.
-/// CO_E_CLASSSTRING for another name, E_NOINTERFACE for an interface that the object does not have.
+/// CO_E_CLASSSTRING for another name, E_NOINTERFACE for an interface that the object does not have. Elsewhere than on
+/// Windows com.h declares it.
 #ifdef _WIN32
 #include <objbase.h>
 /// COM must have been initialised on this thread, and the component registered.
@@ -190,6 +191,4 @@ inline HRESULT QuorvelCreate(LPCOLESTR progId, REFIID riid, void** object) {
   const HRESULT found = CLSIDFromProgID(progId, &classId);
   return FAILED(found) ? found : CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, riid, object);
 }
-#else
-extern "C" Quorvel::HRESULT QuorvelCreate(Quorvel::LPCOLESTR progId, Quorvel::REFIID riid, void** object);
 #endif

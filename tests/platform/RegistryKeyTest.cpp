@@ -131,7 +131,9 @@ TEST_F(RegistryKey, AKilledWriterLeavesAllItsValuesOrNone) {
   ASSERT_FALSE(key->Assign(valuesOf(0)));
   for (int kill = 0; kill < 8; ++kill) {
     const pid_t child = ::fork();
-    for (int round = 1; child == 0; ++round) (void)key->Assign(valuesOf(round));
+    if (child == 0) {
+      for (int round = 1;; ++round) (void)key->Assign(valuesOf(round));
+    }
     std::this_thread::sleep_for(std::chrono::milliseconds(10 + 3 * kill));
     ::kill(child, SIGKILL);
     ASSERT_EQ(::waitpid(child, nullptr, 0), child);
