@@ -7,8 +7,8 @@
 -- on them. The permissions for the component's login are in grants.sql.
 --
 -- The memo table tciMemo and the branches ttwBranch belong to the host, as tables, views or synonyms. They are created
--- only when they are missing. If the host's tciMemo has other column names, adapt the procedures that read and write it
--- after every run.
+-- only when they are missing. If the host's tciMemo has other column names, adapt the procedures that read and write it.
+-- `quorvel init` keeps adapted ones; after a run with another tool adapt them again.
 
 SET ANSI_NULLS ON
 GO
