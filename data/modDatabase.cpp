@@ -30,6 +30,7 @@ constexpr std::size_t kMostPairs = 6;
 struct State {
   std::shared_ptr<ado::Connection> connection;
   bool isLost = false;  ///< there was a connection, and the next call opens another
+  std::chrono::seconds connectionTimeout = 3600s;
   DBConnect settings;
 };
 
@@ -134,13 +135,14 @@ void OpenConnection() {
   connection->SetConnectionString(Settings().ConnectionString());
   connection->SetCursorLocation(ado::CursorLocation::Client);
   connection->SetMode(ado::ConnectMode::ReadWrite);
-  // A minute for a statement; an hour for a server that is slow to take the connection.
   connection->SetCommandTimeout(60s);
-  connection->SetConnectionTimeout(3600s);
+  connection->SetConnectionTimeout(state.connectionTimeout);
   connection->Open({}, {}, ado::kUnspecified);
   state.connection = std::move(connection);
   state.isLost = false;
 }
+
+void SetConnectionTimeout(std::chrono::seconds timeout) { PerThread<State>().connectionTimeout = timeout; }
 
 const std::shared_ptr<ado::Connection>& SharedConnection() { return PerThread<State>().connection; }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
@@ -28,6 +29,10 @@ void EnsureConnection();
 /// Opens a new connection and makes it the shared one instead of any earlier one. After a failure there is none, and
 /// the next call tries again.
 void OpenConnection();
+
+/// How long this thread waits for a server that takes a connection and stays silent: an hour, unless a program sets
+/// another time for the connections that it opens from then on.
+void SetConnectionTimeout(std::chrono::seconds timeout);
 
 /// The thread's shared connection; null before the first EnsureConnection and after a loss.
 [[nodiscard]] const std::shared_ptr<ado::Connection>& SharedConnection();

@@ -18,6 +18,7 @@ void NameLostConnection(std::vector<Diagnostic>& records) {
   } else if (std::ranges::none_of(records, [](const auto& each) { return each.sqlState.starts_with("08"); })) {
     records.push_back({"08S01", 0, kLost});
   }
+  records.front().message.append(" It is not known whether the statement was carried out.");
 }
 
 }  // namespace

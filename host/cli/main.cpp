@@ -1,11 +1,13 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <chrono>
 #include <cstdio>
 #include <exception>
 
 #include <fmt/format.h>
 
+#include "data/modDatabase.h"
 #include "host/cli/Commands.h"
 #include "host/cli/Output.h"
 #include "platform/Environment.h"
@@ -59,8 +61,7 @@ void Describe(CLI::App& app) {
 void PrintError(std::int32_t number, std::string_view source, std::string_view description) {
   std::fflush(stdout);
   const std::string place = number == ErrorNumber::RegistryWrite
-                                ? fmt::format("; it must be a file of settings that this user can read and write: {}",
-                                              registry::StoreLocation())
+                                ? fmt::format("; the settings are kept in {}", registry::StoreLocation())
                                 : "";
   PrintToErrors(
       fmt::format("quorvel: error {} at {}: {}{}\n", number, source, Printable(description), Printable(place)));
@@ -69,6 +70,8 @@ void PrintError(std::int32_t number, std::string_view source, std::string_view d
 int Run(int argc, const char* const* argv) {
   CLI::App app(kDescription, "quorvel");
   Describe(app);
+  // A person waits for the answer. A host, which may start before its server, waits for an hour.
+  modDatabase::SetConnectionTimeout(std::chrono::seconds(15));
   try {
     app.parse(argc, argv);
     if (app.get_subcommands().empty()) {

@@ -91,6 +91,15 @@ TEST_F(DatabaseTest, UseAfterAFailureOpensAnotherConnection) {
   EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM ttwGroup WHERE GroupID = 'Late'"), "1");
 }
 
+TEST_F(DatabaseTest, ServerHasAnHourToAnswerUnlessAProgramSetsAnotherTime) {
+  modDatabase::OpenConnection();
+  EXPECT_EQ(modDatabase::SharedConnection()->ConnectionTimeout(), std::chrono::hours(1));
+  modDatabase::SetConnectionTimeout(std::chrono::seconds(15));
+  modDatabase::OpenConnection();
+  EXPECT_EQ(modDatabase::SharedConnection()->ConnectionTimeout(), std::chrono::seconds(15));
+  modDatabase::SetConnectionTimeout(std::chrono::hours(1));
+}
+
 TEST_F(DatabaseTest, ExecSpTakesNamedParametersInAnyOrder) {
   ExecSP("spTWCAddRemarkEntity", {{"@RemarkEntityID", std::string("Customer")}, {"", std::string("skipped")}});
   const std::string key =
