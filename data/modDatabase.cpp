@@ -128,7 +128,7 @@ void EnsureConnection() {
 }
 
 void OpenConnection() {
-  State& state = PerThread<State>();
+  auto& state = PerThread<State>();
   state.connection = nullptr;
   state.isLost = true;
   auto connection = std::make_shared<ado::Connection>();
@@ -201,7 +201,7 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
                                       keyColumn, SqlValue(keyValue));
   if (!keyColumn2.empty()) statement += fmt::format(" and {} = {}", keyColumn2, SqlValue(keyValue2));
   const auto dropped = DropLostConnection();
-  const auto connection = UsableConnection();
+  const auto& connection = UsableConnection();
   if (!connection) ThrowObjectNotSet();
   connection->Execute(statement, ado::kUnspecified);
   modWaitCursor::EndWait();

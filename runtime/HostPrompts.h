@@ -17,8 +17,8 @@ namespace quorvel {
 /// them, because a host may unload the published objects and load them again.
 class HostPrompts : public Prompts {
  public:
-  explicit HostPrompts(std::shared_ptr<Prompts> boxes = nullptr, const TerminalPrompts& terminal = {})
-      : m_boxes(std::move(boxes)), m_terminal(terminal) {}
+  explicit HostPrompts(std::shared_ptr<Prompts> boxes = nullptr, TerminalPrompts terminal = {})
+      : m_boxes(std::move(boxes)), m_terminal(std::move(terminal)) {}
 
   PromptAnswer ShowMessage(std::string_view text, std::string_view title, PromptButtons buttons,
                            PromptIcon icon) override;

@@ -55,6 +55,9 @@ class ServerTest : public testing::Test {
   test::StandInServer m_server{m_file.DatabaseFile()};
 };
 
+/// A copy, which a loss does not take away.
+std::shared_ptr<ado::Connection> ConnectionNow() { return SharedConnection(); }
+
 void AddRemark(const ContextHolder& context, const std::string& text) {
   context->AddRemark("Cust.General", text, "admin");
 }
@@ -102,7 +105,7 @@ TEST_F(ServerTest, NextSaveAfterALossWritesEverythingOnce) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   AddRemark(context, "its answer gets lost");
   AddRemark(context, "not sent before");
-  const auto former = SharedConnection();
+  const auto former = ConnectionNow();
   // Two discoveries and the key come before the remark.
   m_server.DropAfterRequest(4);
   EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
@@ -126,7 +129,7 @@ TEST_F(ServerTest, NextSaveAfterALossWritesEverythingOnce) {
   context->Load("CustMaint", "C1044", "admin");
   EXPECT_EQ(m_server.Logins(), 4);
 
-  const auto connection = SharedConnection();
+  const auto connection = ConnectionNow();
   m_server.DropConnections();
   EXPECT_THAT(Caught([&] { connection->Execute("SELECT 1"); }).Description(),
               HasSubstr("is lost. It is not known whether the statement was carried out."));
