@@ -39,8 +39,6 @@ TEST_P(AdminTest, UsersHaveABranchAndTheRightsOfTheirGroups) {
   EXPECT_THAT(Rows(2, 0, 3), ElementsAre("admin|NORTH", "jsmith|NORTH", "mjones|SOUTH"));
   Go("Entities", "Customer", "Contexts");
   EXPECT_THAT(Rows(3, 0, 1), ElementsAre("CustMaint|1", "CustInq|2"));
-  Go("Entities", "Order", "Remarks");
-  EXPECT_THAT(Rows(4, 0, 1), ElementsAre("Ord.Ship|5", "Ord.Note|6"));
 }
 
 TEST_P(AdminTest, GroupsShowWhatAnotherAdministratorHasDoneMeanwhile) {
@@ -66,7 +64,6 @@ TEST_P(AdminTest, GroupsShowWhatAnotherAdministratorHasDoneMeanwhile) {
   Run("DELETE FROM ttwRemarkRight WHERE GroupKey = 3 AND RemarkTypeKey = 2");
   Check(3, true);
   EXPECT_THAT(Prompted(), ElementsAre(HasSubstr("somebody else has removed it")));
-  EXPECT_FALSE(IsEnabled(controls.chkRight[3]));
   Select(3, "Shipping");
   Run("DROP TABLE ttwRemarkRight");
   Check(3, false);
@@ -122,13 +119,15 @@ TEST_P(AdminTest, FailedExchangeShowsTheListAsItIs) {
   EXPECT_FALSE(IsEnabled(controls.cmdUp[1]));
   admin.ClickDown();
   admin.ClickDown();
-  EXPECT_TRUE(IsEnabled(controls.cmdUp[1]));
   EXPECT_THAT(Current(7), ElementsAre("Credit", "General", "Collections", "Internal"));
   Select(7, "General");
   Run("DELETE FROM ttwRemarkContext WHERE RemarkTypeKey = 1");
+  const std::string priorities = Ask("SELECT SUM(Priority) FROM ttwRemarkContext WHERE ContextKey = 1");
   admin.ClickDown();
   EXPECT_THAT(Prompted(), ElementsAre(HasSubstr("somebody else has removed it")));
   EXPECT_THAT(Current(7), ElementsAre("Credit", "General", "Internal"));
+  Check(9, true);
+  EXPECT_EQ(Ask("SELECT SUM(Priority) FROM ttwRemarkContext WHERE ContextKey = 1"), priorities) << "it is still busy";
 }
 
 // Only the server lists the statements that it was sent.
@@ -137,6 +136,7 @@ TEST_P(AdminTest, FailedExchangeShowsTheListAsItIs) {
 TEST(Statements, AreSentAsTheyAreWritten) {
   AdminSession s(EngineKind::StandIn);
   s.admin.Load();
+  EXPECT_THAT(s.title, testing::EndsWith(") on " + s.server->Address() + ".Ledger; Driver=FreeTDS"));
   for (const char* view : {"Users", "Rights", "Remarks", "Contexts", "Entities"}) {
     s.admin.ClickView(view);
     for (const char* tab : {"Rights", "Remarks", "Users", "Contexts"}) s.Tab(tab);
