@@ -2,6 +2,7 @@
 
 #include "runtime/ContextLoader.h"
 
+#include <exception>
 #include <string>
 #include <utility>
 
@@ -41,12 +42,13 @@ Value TrimmedId(const ado::Field& field) {
 
 constexpr const char* kLoadMemos = "RemarkContext.LoadMemos";
 
-/// Every failure has the same description: it names the one thing that the host can correct.
+/// Every failure has the same description: it names the one thing that the host can correct. The cause is nested in it,
+/// for the command line.
 std::shared_ptr<ado::Recordset> LookUpOwner(const std::string& procedure, const std::string& ownerID) {
   try {
     return ExecDeclaredSP(procedure, {Id("@OwnerID", ownerID)});
   } catch (const std::exception&) {
-    Fail(kLoadMemos, "Context has not been loaded");
+    std::throw_with_nested(Error(ErrorNumber::Component, kLoadMemos, "Context has not been loaded"));
   }
 }
 

@@ -3,7 +3,6 @@
 
 #include "host/cli/DatabaseChecks.h"
 
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,10 +13,9 @@
 #include "data/modDatabase.h"
 #include "host/cli/ConnectionSettings.h"
 #include "host/cli/ExpectedSchema.h"
-#include "host/cli/Permissions.h"
+#include "host/cli/PermissionChecks.h"
 #include "host/cli/ReadingProcedures.h"
 #include "host/cli/SchemaProblems.h"
-#include "host/cli/ScriptRunner.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -27,41 +25,14 @@ namespace quorvel::cli {
 namespace {
 
 constexpr std::string_view kRunInit = "Run 'quorvel init' to create what is missing.";
-constexpr std::string_view kAskAdministrator =
-    "A DBA runs 'quorvel init --grants': it creates what is missing and the role QuorvelUser, of which the login must "
-    "be a member.";
-
 /// The advice for a missing object. A server also hides existing objects from a login without permissions.
 std::string_view SchemaRemedy() { return UsesEmbeddedEngine() ? kRunInit : kAskAdministrator; }
-
-/// Thrown instead of reporting an object as wrong when the connection itself failed.
-struct LostConnection {
-  std::string reason;
-};
-
-void RequireConnection(const ado::Connection& connection, const std::string& problem) {
-  if (IsLost(connection)) throw LostConnection{problem};
-}
 
 /// One check of something in the database.
 bool CheckObject(Report& report, const ado::Connection& connection, std::string_view what, const std::string& problem,
                  std::string_view remedy) {
   if (!problem.empty()) RequireConnection(connection, problem);
   return report.Check(what, problem, remedy);
-}
-
-/// A server hides what the login may not use, so that a procedure without permission looks wrong or missing.
-std::string WithPermission(ado::Connection& connection, const std::string& procedure, std::string problem) {
-  if (problem.empty() || UsesEmbeddedEngine()) return problem;
-  RequireConnection(connection, problem);
-  const Permission execute{"EXECUTE", procedure, ""};
-  try {
-    const bool isRefused = !AskPermissions(connection, std::span(&execute, 1)).missing.empty();
-    return isRefused ? "the login lacks the permission EXECUTE on it" : problem;
-  } catch (const Error& error) {
-    RequireConnection(connection, error.Description());
-    return problem;
-  }
 }
 
 void CheckTable(Report& report, ado::Connection& connection, const ExpectedTable& table) {
@@ -77,7 +48,13 @@ void CheckTable(Report& report, ado::Connection& connection, const ExpectedTable
 
 void CheckLayout(Report& report, ado::Connection& connection) {
   if (!TableProblem(connection, "ttwLayout").empty()) return;  // reported as a table
-  const int found = FindLayoutVersion(connection);
+  int found = 0;
+  try {
+    found = FindLayoutVersion(connection);
+  } catch (const Error& error) {
+    RequireConnection(connection, error.Description());
+    throw;
+  }
   const int expected = ExpectedLayoutVersion();
   report.Check(fmt::format("layout version {}", found),
                found == expected ? "" : fmt::format("this program knows {}", expected),
@@ -125,40 +102,6 @@ void CheckSchema(Report& report, ado::Connection& connection) {
   for (const ExpectedProcedure& procedure : ExpectedProcedures()) {
     CheckObject(report, connection, fmt::format("procedure {} ({})", procedure.name, procedure.parameters),
                 CallProblem(connection, procedure), SchemaRemedy());
-  }
-}
-
-/// One kind of permission that the login needs.
-struct PermissionCheck {
-  std::string_view what;
-  std::vector<Permission> needed;
-  std::string_view remedy;
-};
-
-void CheckPermission(Report& report, ado::Connection& connection, const PermissionCheck& check) {
-  const PermissionAnswer answer = AskPermissions(connection, check.needed);
-  if (!answer.missing.empty()) {
-    report.Check(check.what, fmt::format("missing on {}", fmt::join(answer.missing, ", ")), check.remedy);
-  } else if (!answer.unknown.empty()) {
-    Report::Skip(check.what, fmt::format("the server gives no answer for {}", fmt::join(answer.unknown, ", ")));
-  } else {
-    report.Check(check.what, "", "");
-  }
-}
-
-void CheckPermissions(Report& report, ado::Connection& connection, std::vector<Permission> ownerProcedures) {
-  try {
-    for (const PermissionCheck& check :
-         {PermissionCheck{"permission EXECUTE, procedures", ProcedurePermissions(), kAskAdministrator},
-          PermissionCheck{"permission SELECT, tables", TablePermissions(), kAskAdministrator},
-          PermissionCheck{"permission UPDATE, columns", ColumnPermissions(), kAskAdministrator},
-          PermissionCheck{"permission EXECUTE, owner procedures", std::move(ownerProcedures),
-                          "A DBA grants each: GRANT EXECUTE ON NAME TO QuorvelUser"}}) {
-      CheckPermission(report, connection, check);
-    }
-  } catch (const Error& error) {
-    RequireConnection(connection, error.Description());
-    Report::Skip("permissions of the login", fmt::format("could not be checked: {}", error.Description()));
   }
 }
 

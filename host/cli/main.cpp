@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdio>
 #include <exception>
+#include <string>
 
 #include <fmt/format.h>
 
@@ -67,6 +68,16 @@ void PrintError(std::int32_t number, std::string_view source, std::string_view d
       fmt::format("quorvel: error {} at {}: {}{}\n", number, source, Printable(description), Printable(place)));
 }
 
+/// The error that an error has hidden from hosts, in brackets.
+std::string CauseOf(const Error& error) {
+  try {
+    std::rethrow_if_nested(error);
+  } catch (const std::exception& cause) {
+    return fmt::format(" ({})", cause.what());
+  }
+  return {};
+}
+
 int Run(int argc, const char* const* argv) {
   CLI::App app(kDescription, "quorvel");
   Describe(app);
@@ -99,7 +110,7 @@ int main(int argc, char** argv) {
     quorvel::cli::PrintToErrors(fmt::format("quorvel: {}\n", done.what()));
     return quorvel::cli::kSuccess;
   } catch (const quorvel::Error& error) {
-    PrintError(error.Number(), error.Source(), error.Description());
+    PrintError(error.Number(), error.Source(), error.Description() + quorvel::cli::CauseOf(error));
   } catch (const std::exception& error) {
     PrintError(quorvel::ErrorNumber::DbUnspecified, "quorvel", error.what());
   }

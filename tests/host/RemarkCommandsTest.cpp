@@ -35,6 +35,9 @@ TEST_F(RemarkCommands, UserWithoutRightsAndListWithoutOwner) {
   EXPECT_THAT(Quorvel({"list", "--context", "CustMaint", "--user", "jsmith"}).output, HasSubstr("No owner"));
   EXPECT_THAT(Quorvel({"list", "--context", "Nowhere"}),
               Fails("-1 at RemarkContext.LoadContext: ContextID [Nowhere] not found"));
+  RunSql("DROP PROCEDURE spGetCustomerName");
+  EXPECT_THAT(Quorvel(OnAcme({"list"})), Fails("-1 at RemarkContext.LoadMemos: Context has not been loaded (Could not "
+                                               "find stored procedure 'spGetCustomerName'.)"));
 }
 
 TEST_F(RemarkCommands, JsonHasEveryPropertyInAFixedOrder) {

@@ -1,6 +1,7 @@
 // Saving by EditBehavior, new remarks, Dispose, and the windows. ScriptedPrompts and RecordingWindows play the user.
 
 #include <deque>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -182,6 +183,19 @@ TEST_F(SaveTest, HostMayChangeEverythingWhileTheUserIsAsked) {
       EXPECT_TRUE(m_prompts->answers.empty()) << text;
     }
   }
+}
+
+TEST_F(SaveTest, ReplacedDatabaseFileTakesTheTextWithTheNextSave) {
+  const std::string file = m_database.DatabaseFile();
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  context->AddRemark("Cust.General", "typed", "admin");
+  std::filesystem::rename(file, file + ".old");
+  std::filesystem::copy_file(file + ".old", file);
+  EXPECT_THAT(Caught([&] { context->Save(true); }).Description(), HasSubstr("was deleted or replaced"));
+  EXPECT_EQ(context->MemoCount(), 8);
+  context->Save(true);
+  EXPECT_EQ(OwnerOf("typed"), "501/45");
+  EXPECT_EQ(MemoCount(), "2043");
 }
 
 TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
