@@ -13,6 +13,7 @@
 #include "host/cli/FileAccess.h"
 #include "host/cli/Input.h"
 #include "host/cli/Terminal.h"
+#include "host/cli/TextLayout.h"
 #include "platform/Text.h"
 
 namespace quorvel::cli {
@@ -55,13 +56,13 @@ void PrintSettings() {
   for (std::size_t i = 0; i < kSettingNames.size(); ++i) {
     std::string shown = values ? values->at(i) : "";
     if (i == kPasswordIndex && !shown.empty()) shown = "****";
-    fmt::print("{}={}\n", kSettingNames.at(i), shown);
+    fmt::print("{}={}\n", kSettingNames.at(i), OneLine(shown));
   }
   const std::string place = registry::StoreLocation();
   if (values) {
-    fmt::print("Kept in {}, which {} may read\n", place, ReadersOf(place));
+    fmt::print("Kept in {}, which {} may read\n", OneLine(place), ReadersOf(place));
   } else {
-    fmt::print("Cannot be read, or is not a file of settings: {}\n", place);
+    fmt::print("Cannot be read, or is not a file of settings: {}\n", OneLine(place));
   }
   for (const std::string& problem : SettingsProblems()) fmt::print("Warning: {}\n", Printable(problem));
 }

@@ -51,6 +51,9 @@ TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   EXPECT_THAT(ReadWholeFile(file).value_or(""), HasSubstr(R"("Password"="from \"stdin\""
 )"));
 
+  EXPECT_THAT(Quorvel({"settings", "Database=\u202Elanif\x1b[2J"}).output,
+              HasSubstr("Database=\uFFFDlanif\uFFFD[2J\n"));
+  ASSERT_THAT(Quorvel({"settings", "Database=Ledger"}), Succeeds());
   // Only for the embedded engine the database is a file, whose path is made absolute.
   EXPECT_THAT(Quorvel({"settings", "Server=(Embedded)"}).output,
               HasSubstr("Database=" + (std::filesystem::current_path() / "Ledger").string() + "\n"));
