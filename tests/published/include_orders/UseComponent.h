@@ -4,7 +4,7 @@
 
 using namespace Quorvel;
 
-/// What a host does with the published header, whatever was included before and after it.
+/// A host that uses the published header. Headers of others may stand before and after it.
 inline HRESULT UseComponent(VARIANT* value) {
   VariantInit(value);
   value->vt = VT_BOOL;
