@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <utility>
 
 #include <fmt/format.h>
 
@@ -95,14 +94,13 @@ void Installation::MakeSchema(const std::vector<std::string>& replaced) {
 
 void Installation::AddSample() { Apply("Customer", {"Sample data", SampleScript(), {}, UsesEmbeddedEngine(), {}}); }
 
-void Installation::Apply(std::string_view lastTable, WholeScript script) {
+void Installation::Apply(std::string_view lastTable, const WholeScript& script) {
   const bool wasThere = TableProblem(*m_connection, lastTable).empty();
-  const std::string_view name = script.name;
   const std::size_t before = m_failures.size();
-  RunKeeping(std::move(script));
-  if (name == "Schema") FindMissingColumns();
+  RunKeeping(script);
+  if (script.name == "Schema") FindMissingColumns();
   const bool isComplete = m_failures.size() == before;
-  fmt::print("{}: {}\n", name, !isComplete ? "not complete" : wasThere ? "up to date" : "created");
+  fmt::print("{}: {}\n", script.name, !isComplete ? "not complete" : wasThere ? "up to date" : "created");
 }
 
 /// A column that was dropped comes back only by hand: the script cannot know what it held.
@@ -124,14 +122,14 @@ void Installation::Grant() {
     PrintTable(rows);
   };
   const std::size_t before = m_failures.size();
-  RunKeeping(std::move(script));
+  RunKeeping(script);
   if (m_failures.size() > before) return;
   fmt::print(
       "Grants: given to the role QuorvelUser; make the component's login a member:\n"
       "  ALTER ROLE QuorvelUser ADD MEMBER [login]\n");
 }
 
-void Installation::RunKeeping(WholeScript script) {
+void Installation::RunKeeping(const WholeScript& script) {
   auto failures = RunWholeScript(*m_connection, script);
   std::move(failures.begin(), failures.end(), std::back_inserter(m_failures));
 }

@@ -33,8 +33,8 @@ class Installation {
   void RequireSuccess() const;
 
  private:
-  void Apply(std::string_view lastTable, WholeScript script);
-  void RunKeeping(WholeScript script);
+  void Apply(std::string_view lastTable, const WholeScript& script);
+  void RunKeeping(const WholeScript& script);
   void FindMissingColumns();
 
   std::shared_ptr<ado::Connection> m_connection;
