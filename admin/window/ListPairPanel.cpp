@@ -14,7 +14,7 @@
 namespace quorvel {
 namespace {
 
-constexpr int kListCharacters = 20;
+constexpr int kListCharacters = 14;
 constexpr int kListLines = 8;
 // Before its first layout a list needs room for its scroll bars, or GTK complains to the host's error output.
 const wxSize kFirstListSize(200, 100);

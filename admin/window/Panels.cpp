@@ -132,10 +132,10 @@ void MakeRemarks(TabPanels& tabs, BoundControls& controls) {
   controls.txtCaption[8].Attach(general.AddShownLine("txtCaption8", "Enti&ty"), 0);
   remarks.CaptionAndComment(general, 2);
   remarks.PairWithRights(5, "Grou&ps", "Groups associated with each remark type",
-                         {"&Other groups", "Groups with righ&ts on the remark type"},
+                         {"&Other groups", "Groups with righ&ts"},
                          "Rights of the selected group on the remark type", 4);
   ListPairPanel contexts = remarks.Pair(6, "Conte&xts", "Contexts associated with each remark type",
-                                        {"&Other contexts", "Contexts tha&t offer the remark type"});
+                                        {"&Other contexts", "Contexts of &the type"});
   contexts.AddFrame("Remark type in the selected context");
   controls.chkRight[8].Attach(contexts.AddCheck("chkRight8", "P&riority: remarks of this type pop up"),
                               contexts.lstCurrent);
@@ -152,7 +152,7 @@ void MakeContexts(TabPanels& tabs, BoundControls& controls) {
   controls.chkGroupByType.Attach(general.AddCheck("chkGroupByType", "Group &by type"));
 
   ListPairPanel types =
-      contexts.Pair(7, "Remar&ks", {}, {"&Other remark types of the entity", "Remark types of &the context"},
+      contexts.Pair(7, "Remar&ks", {}, {"&Other types of the entity", "Remark types of &the context"},
                     BoundList::Order::AsFilled);
   types.AddFrame("Selected remark type in the context");
   controls.chkRight[9].Attach(types.AddCheck("chkRight9", "P&riority: its remarks pop up"), types.lstCurrent);

@@ -38,8 +38,11 @@ TabPanels::View& TabPanels::ViewNamed(std::string_view name) {
 
 wxNotebook* TabPanels::MakeNotebook() {
   auto* notebook = new wxNotebook(this, wxID_ANY);
-  notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGING, [this](wxBookCtrlEvent& event) {
-    if (Leaving && !Leaving()) event.Veto();
+  notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGING, [this, notebook](wxBookCtrlEvent& event) {
+    if (Leaving && !Leaving()) return event.Veto();
+    // Some desktops would lead the focus from the former tab to the first control of the new one, where the next keys
+    // would change a text or a link.
+    notebook->SetFocus();
   });
   notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent&) {
     if (Clicked) Clicked();
@@ -71,10 +74,8 @@ bool TabPanels::TakeKey(const wxKeyEvent& event) {
   const View& view = ShownView();
   const auto current = static_cast<std::size_t>(view.notebook->GetSelection());
   const std::size_t count = view.tabs.size();
-  // As after a click. Some desktops would give the focus to a list of the tab and select its first entry.
   const auto select = [&view](std::size_t tab) {
-    view.notebook->SetFocus();
-    view.notebook->SetSelection(tab);
+    ui::ClickTab(*view.notebook, tab);
     return true;
   };
   const int key = event.GetKeyCode();

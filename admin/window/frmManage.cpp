@@ -178,7 +178,7 @@ void frmManage::BindRecords() {
     return UserAction([this, operation] { AfterTexts([&] { (m_administration.*operation)(); }); });
   };
   cmdNew->Bind(wxEVT_BUTTON, UserAction([this] { AfterTexts([this] { cmdNew_Click(); }); }));
-  cmdDelete->Bind(wxEVT_BUTTON, click(&Administration::ClickDelete));
+  cmdDelete->Bind(wxEVT_BUTTON, UserAction([this] { AfterTexts([this] { cmdDelete_Click(); }); }));
   m_controls.cmdUp.Button().Bind(wxEVT_BUTTON, click(&Administration::ClickUp));
   m_controls.cmdDown.Button().Bind(wxEVT_BUTTON, click(&Administration::ClickDown));
 }
@@ -195,6 +195,13 @@ void frmManage::cmdNew_Click() {
   if (m_texts.ShownKey() == former || m_administration.IsBusy()) return;
   const auto first = std::ranges::find(m_controls.typed, m_administration.CurrentView(), &TypedField::view);
   if (first != m_controls.typed.end()) first->text->Box().SetFocus();
+}
+
+// The next keys must not change or delete the record that is shown now.
+void frmManage::cmdDelete_Click() {
+  const std::int32_t former = m_texts.ShownKey();
+  m_administration.ClickDelete();
+  if (m_texts.ShownKey() != former) m_controls.cboID.Box().SetFocus();
 }
 
 void frmManage::cboID_Click() {
@@ -280,6 +287,12 @@ void frmManage::BindMoves(std::size_t i) {
     CallAfter([this, i] { Guard([&] { ShowAddedLink(i); }); });
   };
   current.Bind(wxEVT_SET_FOCUS, showAdded);
+  // Some desktops take Enter for a double click, and a user who presses it in a list means no move.
+  const auto ignoreEnter = [](wxKeyEvent& event) {
+    event.Skip(event.GetKeyCode() != WXK_RETURN && event.GetKeyCode() != WXK_NUMPAD_ENTER);
+  };
+  current.Bind(wxEVT_CHAR, ignoreEnter);
+  m_controls.lstRemaining.at(i).Box().Bind(wxEVT_CHAR, ignoreEnter);
   current.Bind(wxEVT_LEFT_UP, showAdded);
   current.Bind(wxEVT_LISTBOX_DCLICK, UserAction([this, i] { m_administration.ClickRemove(i); }));
   m_controls.lstRemaining.at(i).Box().Bind(wxEVT_LISTBOX_DCLICK, UserAction([this, i] { AddToCurrent(i); }));

@@ -76,6 +76,7 @@ class frmManage : public ui::ModalDialog, private ManageView, private NewItemDia
   void ShowAddedLink(std::size_t i);
   void bbViews_Click(std::string_view view);
   void cmdNew_Click();
+  void cmdDelete_Click();
   void cboID_Click();
 
   /// Shows the tab again after an error that has left the window busy, and then the entry that the user has chosen is

@@ -3,6 +3,8 @@
 #include <wx/listbox.h>
 #include <wx/utils.h>
 
+#include "platform/wx/NativeControls.h"
+
 namespace quorvel::ui {
 namespace {
 
@@ -25,8 +27,8 @@ void ListSearch::Attach(wxListBox& list) {
 void ListSearch::KeyTyped(wxKeyEvent& event) {
   if (m_sinceKey.Time() > kPauseMilliseconds) m_typed.clear();
   const wxChar typed = event.GetUnicodeKey();
-  const bool isText = typed > ' ' || (typed == ' ' && !m_typed.empty());
-  if (!isText || event.ControlDown() || event.AltDown()) return event.Skip();
+  if (typed < ' ' || typed == WXK_DELETE || event.ControlDown() || event.AltDown()) return event.Skip();
+  if (typed == ' ' && m_typed.empty()) return;  // some desktops would take it for a double click
   m_sinceKey.Start();
   m_typed += typed;
   const int item = FirstWith(*m_list, m_typed);
@@ -41,6 +43,7 @@ void ListSearch::KeyTyped(wxKeyEvent& event) {
 void ListSearch::Select(int item) {
   if (item == m_list->GetSelection()) return;
   m_list->SetSelection(item);
+  PutCursorOn(*m_list, item);
   m_list->EnsureVisible(item);
   wxCommandEvent selected(wxEVT_LISTBOX, m_list->GetId());
   selected.SetEventObject(m_list);

@@ -39,6 +39,13 @@ void LeadAccessKeyTo(wxWindow& part, wxWindow& window);
 /// everything else. A text that is wider than the box is cut there.
 void ExpectManyItems(wxListBox& list);
 
+/// Makes the arrow keys begin at the selected item of a list. Some desktops begin at the item that had the keys last.
+void PutCursorOn(wxListBox& list, int item);
+
+/// Selects a tab as a click does, with its events. The toolkit would also give the focus to the first control of the
+/// tab on some desktops.
+void ClickTab(wxBookCtrlBase& notebook, std::size_t tab);
+
 /// Underlines the access key in the caption of a tab, which marks it with &, and gives the tab a tool tip. The toolkit
 /// drops the mark on some desktops and has no tips for tabs.
 void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view caption, std::string_view tip);

@@ -67,6 +67,8 @@ TEST_F(ManageWindowTest, TextIsWrittenWhenTheUserLeavesItAndNotBefore) {
     EXPECT_EQ(m_database.Ask(kFirstName), "Anna") << "not with each key";
     Key(WXK_ESCAPE);
     EXPECT_EQ(The<wxTextCtrl>("txtFirstName").GetValue(), "Anna");
+    for (const int key : {WXK_PAGEDOWN, WXK_PAGEUP}) Key(key, wxMOD_CONTROL);
+    Key('x');  // on the tab, and in no text
     Type("txtFirstName", "Y");
     Key(WXK_TAB);
     EXPECT_TRUE(Becomes(kFirstName, "YAnna"));

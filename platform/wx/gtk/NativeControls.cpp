@@ -104,6 +104,16 @@ void ExpectManyItems(wxListBox& list) {
   gtk_tree_view_set_fixed_height_mode(view, TRUE);
 }
 
+void PutCursorOn(wxListBox& list, int item) {
+  GtkTreePath* const path = gtk_tree_path_new_from_indices(item, -1);
+  gtk_tree_view_set_cursor(GTK_TREE_VIEW(list.GetConnectWidget()), path, nullptr, FALSE);
+  gtk_tree_path_free(path);
+}
+
+void ClickTab(wxBookCtrlBase& notebook, std::size_t tab) {
+  gtk_notebook_set_current_page(GTK_NOTEBOOK(notebook.GetHandle()), static_cast<int>(tab));
+}
+
 void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view caption, std::string_view tip) {
   auto* const book = GTK_NOTEBOOK(notebook.GetHandle());
   GtkWidget* const label = gtk_notebook_get_tab_label(book, gtk_notebook_get_nth_page(book, static_cast<int>(tab)));

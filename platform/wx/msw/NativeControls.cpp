@@ -54,6 +54,10 @@ void LeadAccessKeyTo(wxWindow& /*part*/, wxWindow& /*window*/) {}
 
 void ExpectManyItems(wxListBox& /*list*/) {}
 
+void PutCursorOn(wxListBox& /*list*/, int /*item*/) {}
+
+void ClickTab(wxBookCtrlBase& notebook, std::size_t tab) { notebook.SetSelection(tab); }
+
 // The system underlines the access key itself.
 void DressTab(wxBookCtrlBase& notebook, std::size_t tab, std::string_view /*caption*/, std::string_view tip) {
   notebook.Bind(wxEVT_MOTION, [&notebook, tab, text = ToWx(tip)](wxMouseEvent& event) {
