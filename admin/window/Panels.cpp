@@ -132,8 +132,8 @@ void MakeRemarks(TabPanels& tabs, BoundControls& controls) {
   controls.txtCaption[8].Attach(general.AddShownLine("txtCaption8", "Enti&ty"), 0);
   remarks.CaptionAndComment(general, 2);
   remarks.PairWithRights(5, "Grou&ps", "Groups associated with each remark type",
-                         {"&Other groups", "Groups with righ&ts"},
-                         "Rights of the selected group on the remark type", 4);
+                         {"&Other groups", "Groups with righ&ts"}, "Rights of the selected group on the remark type",
+                         4);
   ListPairPanel contexts = remarks.Pair(6, "Conte&xts", "Contexts associated with each remark type",
                                         {"&Other contexts", "Contexts of &the type"});
   contexts.AddFrame("Remark type in the selected context");
@@ -151,9 +151,8 @@ void MakeContexts(TabPanels& tabs, BoundControls& controls) {
   controls.chkAllowRowSizing.Attach(general.AddCheck("chkAllowRowSizing", "Allow row &sizing"));
   controls.chkGroupByType.Attach(general.AddCheck("chkGroupByType", "Group &by type"));
 
-  ListPairPanel types =
-      contexts.Pair(7, "Remar&ks", {}, {"&Other types of the entity", "Remark types of &the context"},
-                    BoundList::Order::AsFilled);
+  ListPairPanel types = contexts.Pair(7, "Remar&ks", {}, {"&Other types of the entity", "Remark types of &the context"},
+                                      BoundList::Order::AsFilled);
   types.AddFrame("Selected remark type in the context");
   controls.chkRight[9].Attach(types.AddCheck("chkRight9", "P&riority: its remarks pop up"), types.lstCurrent);
   controls.cmdUp.Attach(types.AddButton("cmdUp", "&Move up"), *types.lstCurrent);

@@ -85,8 +85,8 @@ class AdminSession : public ManageView, public NewItemDialog {
   }
 
   [[nodiscard]] static std::vector<std::string> Texts(const ItemList* list) {
-    std::vector<std::string> texts;
-    for (std::int32_t i = 0; i < list->Count(); ++i) texts.push_back(list->Text(i));
+    std::vector<std::string> texts(static_cast<std::size_t>(list->Count()));
+    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = list->Text(static_cast<std::int32_t>(i));
     return texts;
   }
   [[nodiscard]] std::vector<std::string> Current(std::size_t i) const { return Texts(controls.lstCurrent.at(i)); }

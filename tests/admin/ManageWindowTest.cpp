@@ -95,7 +95,7 @@ TEST_F(ManageWindowTest, KeysAndADoubleClickLinkAndUnlink) {
     Key('K', wxMOD_ALT);
     auto& list = The<wxListBox>("lstCurrent3");
     Key('O', wxMOD_ALT);
-    for (const int key : {'c', 'r', 'e'}) Key(key);
+    wxUIActionSimulator().Text("cre");
     Key('A', wxMOD_ALT);
     EXPECT_TRUE(WaitFor([&] { return list.GetStringSelection() == "Credit"; }));
     EXPECT_FALSE(The<wxWindow>("chkRight0").IsEnabled()) << "the link is not shown yet";
