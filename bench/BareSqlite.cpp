@@ -74,7 +74,7 @@ BareSqlite::BareSqlite(const std::string& file) {
           "INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = rc.RemarkTypeKey INNER JOIN tciMemo m ON m.MemoType = "
           "t.RemarkTypeID "
           "WHERE c.ContextID = rtrim(?1) AND m.EntityType = ?2 AND m.OwnerKey = ?3 "
-          "ORDER BY rc.Priority DESC, m.DateStamp DESC, m.MemoKey DESC");
+          "ORDER BY CASE WHEN rc.Priority = 0 THEN 1 ELSE 0 END, m.DateStamp DESC, m.MemoKey DESC");
   Prepare(
       &m_update,
       "UPDATE tciMemo SET MemoType = rtrim(?2), EntityType = ?3, OwnerKey = ?4, DateStamp = ?5, UserID = rtrim(?6), "
