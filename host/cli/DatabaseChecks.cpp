@@ -47,7 +47,7 @@ void CheckTable(Report& report, ado::Connection& connection, const ExpectedTable
 }
 
 void CheckLayout(Report& report, ado::Connection& connection) {
-  if (!TableProblem(connection, "ttwLayout").empty()) return;  // reported as a table
+  if (!TableProblem(connection, kLayoutTable).empty()) return;  // reported as a table
   int found = 0;
   try {
     found = FindLayoutVersion(connection);

@@ -22,6 +22,8 @@ struct ExpectedProcedure {
 
 /// The host's table of memos. The component reaches it through procedures only, so its columns may have any names.
 inline constexpr std::string_view kMemoTable = "tciMemo";
+/// The table with the version of the layout. Only `init` and `doctor` read it, and older databases have none.
+inline constexpr std::string_view kLayoutTable = "ttwLayout";
 
 [[nodiscard]] const std::vector<ExpectedTable>& ExpectedTables();
 [[nodiscard]] const std::vector<ExpectedProcedure>& ExpectedProcedures();
