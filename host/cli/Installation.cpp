@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "data/Schema.h"
 #include "host/cli/ConnectionSettings.h"
@@ -22,10 +23,6 @@ namespace {
 
 constexpr std::string_view kLoginAdvice =
     "If the login may not do this, run it as a member of db_owner, or have a DBA run the scripts of data/schema.";
-constexpr std::string_view kAdaptAdvice =
-    "The host's table of memos has other columns. Write that procedure for them and run it; 'quorvel init' then keeps "
-    "it "
-    "(docs/database.md).";
 
 /// A server's numbers for a missing permission; it also hides an object that the login has no permission on.
 constexpr std::array<std::int32_t, 9> kRefusals = {229, 230, 262, 1088, 2760, 3704, 4902, 15151, 15247};
@@ -40,29 +37,48 @@ bool Alters(std::string_view batch, std::string_view procedure) {
   return batch.starts_with(fmt::format("ALTER PROCEDURE {}\n", procedure));
 }
 
-bool NeedsAdapting(const BatchFailure& failure) {
-  return failure.nativeNumber == kInvalidColumn &&
-         std::any_of(kMemoProcedures.begin(), kMemoProcedures.end(),
-                     [&](std::string_view name) { return Alters(failure.batch, name); });
+/// The script makes this procedure only where there is none, so it has no ALTER.
+bool CreatesKeyProcedure(std::string_view batch) {
+  return batch.find(fmt::format("CREATE PROCEDURE {}\n", kKeyProcedure)) != std::string_view::npos;
+}
+
+/// The procedure that does not fit the host's table of memos; empty for another failure.
+std::string_view ProcedureToAdapt(const BatchFailure& failure) {
+  if (failure.nativeNumber != kInvalidColumn) return {};
+  if (CreatesKeyProcedure(failure.batch)) return kKeyProcedure;
+  const auto* const found = std::find_if(kMemoProcedures.begin(), kMemoProcedures.end(),
+                                         [&](std::string_view name) { return Alters(failure.batch, name); });
+  return found == kMemoProcedures.end() ? std::string_view() : *found;
+}
+
+std::string AdaptAdvice(const std::vector<BatchFailure>& failures) {
+  std::vector<std::string_view> names;
+  for (const BatchFailure& failure : failures) {
+    if (const auto name = ProcedureToAdapt(failure); !name.empty()) names.push_back(name);
+  }
+  if (names.empty()) return {};
+  return fmt::format(
+      "\n  The host's table of memos has other columns. Write for them: {}. 'quorvel init' keeps what the host has "
+      "written (docs/database.md).",
+      fmt::join(names, ", "));
 }
 
 bool Contains(const std::vector<std::string>& names, std::string_view name) {
   return std::any_of(names.begin(), names.end(), [&](const auto& each) { return EqualIgnoringCase(each, name); });
 }
 
-/// Prints which procedures of the host stay, and returns them.
-std::vector<std::string_view> KeptProcedures(ado::Connection& connection, const std::vector<std::string>& replaced) {
+/// The procedures that the host has adapted.
+struct AdaptedProcedures {
   std::vector<std::string_view> kept;
+  std::vector<std::string_view> replaced;
+};
+
+AdaptedProcedures FindAdapted(ado::Connection& connection, const std::vector<std::string>& toReplace) {
+  AdaptedProcedures found;
   for (const std::string_view name : kMemoProcedures) {
-    if (!IsAdapted(connection, name)) continue;
-    if (Contains(replaced, name)) {
-      fmt::print("Replaced: the host's {}\n", name);
-    } else {
-      fmt::print("Kept: the host's {}; --replace {} puts this version's in its place\n", name, name);
-      kept.push_back(name);
-    }
+    if (IsAdapted(connection, name)) (Contains(toReplace, name) ? found.replaced : found.kept).push_back(name);
   }
-  return kept;
+  return found;
 }
 
 }  // namespace
@@ -84,12 +100,24 @@ void Installation::RequireOwnKeys() {
                           kKeyProcedure));
 }
 
-void Installation::MakeSchema(const std::vector<std::string>& replaced) {
-  const auto kept = KeptProcedures(*m_connection, replaced);
+void Installation::MakeSchema(const std::vector<std::string>& toReplace) {
+  const AdaptedProcedures adapted = FindAdapted(*m_connection, toReplace);
+  for (const std::string_view name : adapted.kept) {
+    fmt::print("Kept: the host's {}; --replace {} puts this version's in its place\n", name, name);
+  }
   const auto isKept = [&](std::string_view batch) {
-    return std::any_of(kept.begin(), kept.end(), [&](std::string_view name) { return Alters(batch, name); });
+    return std::any_of(adapted.kept.begin(), adapted.kept.end(),
+                       [&](std::string_view name) { return Alters(batch, name); });
   };
   Apply("ttwContext", {"Schema", SchemaScript(), isKept, UsesEmbeddedEngine(), {}});
+  for (const std::string_view name : adapted.replaced) {
+    if (!HasFailedToAlter(name)) fmt::print("Replaced: the host's {}\n", name);
+  }
+}
+
+bool Installation::HasFailedToAlter(std::string_view procedure) const {
+  return std::any_of(m_failures.begin(), m_failures.end(),
+                     [&](const BatchFailure& failure) { return Alters(failure.batch, procedure); });
 }
 
 void Installation::AddSample() { Apply("Customer", {"Sample data", SampleScript(), {}, UsesEmbeddedEngine(), {}}); }
@@ -132,6 +160,7 @@ void Installation::Grant() {
 void Installation::RunKeeping(const WholeScript& script) {
   auto failures = RunWholeScript(*m_connection, script);
   std::move(failures.begin(), failures.end(), std::back_inserter(m_failures));
+  if (m_connection->IsLost()) RequireSuccess();
 }
 
 void Installation::RequireSuccess() const {
@@ -139,7 +168,7 @@ void Installation::RequireSuccess() const {
   std::string text;
   for (const BatchFailure& failure : m_failures) text += (text.empty() ? "" : "\n") + failure.error.Description();
   if (std::any_of(m_failures.begin(), m_failures.end(), IsRefusal)) text += fmt::format("\n  {}", kLoginAdvice);
-  if (std::any_of(m_failures.begin(), m_failures.end(), NeedsAdapting)) text += fmt::format("\n  {}", kAdaptAdvice);
+  text += AdaptAdvice(m_failures);
   const Error& first = m_failures.front().error;
   throw Error(first.Number(), first.Source(), text);
 }

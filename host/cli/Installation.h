@@ -11,7 +11,7 @@
 namespace quorvel::cli {
 
 /// Runs the product's scripts on a database, each to its end, and prints what was done. A failure is kept for
-/// RequireSuccess; only a lost connection ends the work at once, with the Error of RunScript.
+/// RequireSuccess; only a lost connection ends the work at once, with the Error of RequireSuccess.
 class Installation {
  public:
   /// `source` is the command, for errors.
@@ -24,8 +24,8 @@ class Installation {
   /// numbering would not know the sample's keys.
   void RequireOwnKeys();
 
-  /// Tables and procedures. A procedure for memos that the host has adapted is kept unless `replaced` names it.
-  void MakeSchema(const std::vector<std::string>& replaced);
+  /// Tables and procedures. A procedure for memos that the host has adapted is kept unless `toReplace` names it.
+  void MakeSchema(const std::vector<std::string>& toReplace);
   void AddSample();
   void Grant();
 
@@ -36,6 +36,7 @@ class Installation {
   void Apply(std::string_view lastTable, const WholeScript& script);
   void RunKeeping(const WholeScript& script);
   void FindMissingColumns();
+  [[nodiscard]] bool HasFailedToAlter(std::string_view procedure) const;
 
   std::shared_ptr<ado::Connection> m_connection;
   std::string m_source;

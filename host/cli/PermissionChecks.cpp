@@ -7,7 +7,6 @@
 #include <fmt/ranges.h>
 
 #include "host/cli/ConnectionSettings.h"
-#include "host/cli/ScriptRunner.h"
 #include "platform/Error.h"
 
 namespace quorvel::cli {
@@ -34,7 +33,7 @@ void CheckPermission(Report& report, ado::Connection& connection, const Permissi
 }  // namespace
 
 void RequireConnection(const ado::Connection& connection, const std::string& problem) {
-  if (IsLost(connection)) throw LostConnection{problem};
+  if (connection.IsLost()) throw LostConnection{problem};
 }
 
 std::string WithPermission(ado::Connection& connection, const std::string& procedure, std::string problem) {

@@ -20,7 +20,7 @@ struct LostConnection {
   std::string reason;
 };
 
-/// Throws LostConnection with the problem when the connection's last error was that it is lost.
+/// Throws LostConnection with the problem when the connection is lost.
 void RequireConnection(const ado::Connection& connection, const std::string& problem);
 
 /// The problem of a procedure, or that the login lacks the permission to run it: a server hides what the login may not

@@ -58,10 +58,6 @@ void EndTransaction(ado::Connection& connection) {
 
 }  // namespace
 
-bool IsLost(const ado::Connection& connection) {
-  return !connection.Errors().empty() && connection.Errors().front().sqlState.starts_with("08");
-}
-
 std::size_t RunScript(ado::Connection& connection, std::string_view name, std::string_view script,
                       const ScriptOutput& output) {
   std::size_t count = 0;
@@ -85,10 +81,10 @@ std::vector<BatchFailure> RunWholeScript(ado::Connection& connection, const Whol
     try {
       (script.inTransactions ? RunBatchInTransaction : RunBatch)(connection, batch.text, script.output);
     } catch (const Error& error) {
-      const Error located = Located(error, connection, batch, PlaceOf(script.name, count));
-      if (IsLost(connection)) throw Error(located);
       const auto& records = connection.Errors();
-      failures.push_back({located, records.empty() ? 0 : records.front().nativeError, batch.text});
+      failures.push_back({Located(error, connection, batch, PlaceOf(script.name, count)),
+                          records.empty() ? 0 : records.front().nativeError, batch.text});
+      if (connection.IsLost()) break;
       if (script.inTransactions) EndTransaction(connection);
     }
   }

@@ -41,11 +41,8 @@ struct WholeScript {
   ScriptOutput output;
 };
 
-/// Runs all batches of a script, also after a failed one, and returns the failures. Throws as RunScript does only when
-/// the connection is lost.
+/// Runs all batches of a script, also after a failed one, and returns the failures. A lost connection
+/// (Connection::IsLost) ends the script; its failure is then the last.
 [[nodiscard]] std::vector<BatchFailure> RunWholeScript(ado::Connection& connection, const WholeScript& script);
-
-/// Whether the connection's last error was that it is lost.
-[[nodiscard]] bool IsLost(const ado::Connection& connection);
 
 }  // namespace quorvel::cli

@@ -45,7 +45,9 @@ TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFault) {
   RunSql(addColumn);
   EXPECT_THAT(Quorvel({"init"}).output, HasSubstr("Kept: the host's spTWCqvDeleteRemark; "));
   EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 2 of "));
-  ASSERT_THAT(Quorvel({"init", "--replace", "sptwcqvdeleteremark"}), Succeeds());
+  const Outcome replaced = Quorvel({"init", "--replace", "sptwcqvdeleteremark"});
+  EXPECT_THAT(replaced, Succeeds());
+  EXPECT_THAT(replaced.output, HasSubstr("Replaced: the host's spTWCqvDeleteRemark\n"));
   EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 1 of "));
 }
 

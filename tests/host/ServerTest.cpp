@@ -11,6 +11,7 @@ namespace quorvel::test {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using Part = StandInServer::Part;
@@ -125,6 +126,11 @@ TEST_F(OnServer, ScriptsShowMessagesAndLocateErrors) {
   EXPECT_EQ(refused.status, 1);
   EXPECT_THAT(refused.errors, AllOf(HasSubstr("Schema, batch 3, "), HasSubstr("CREATE TABLE permission denied"),
                                     HasSubstr("a member of db_owner")));
+
+  m_server.DropAtRequest(40);
+  EXPECT_THAT(Quorvel({"init"}).errors,
+              AllOf(HasSubstr("Schema, batch 3, "), ContainsRegex("\nSchema, batch [0-9]+, from line "),
+                    HasSubstr("a member of db_owner")));
 }
 
 TEST_F(OnServer, DoctorReportsALostConnection) {
