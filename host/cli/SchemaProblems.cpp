@@ -1,3 +1,5 @@
+// A table or column is probed with a statement that reads no row. Its error is the problem.
+
 #include "host/cli/SchemaProblems.h"
 
 #include <fmt/format.h>
@@ -48,6 +50,7 @@ std::vector<std::string> MissingColumns(ado::Connection& connection, const Expec
     const auto problem = BatchProblem(connection, fmt::format("SELECT {} FROM {} WHERE 1 = 0", column, table.name));
     if (!problem.empty()) missing.push_back(column);
   }
+  if (connection.IsLost()) missing.clear();
   return missing;
 }
 
@@ -56,18 +59,25 @@ std::string MissingColumnsProblem(const std::vector<std::string>& missing) {
 }
 
 std::string MissingColumnsRemedy(const ExpectedTable& table, const std::vector<std::string>& missing) {
-  std::string remedy = "'quorvel init' adds no column to a table. Restore the table from a backup, or run:";
+  std::string remedy = "'quorvel init' adds no column to a table. Restore the table from a backup";
+  std::string statements;
   for (const std::string& column : missing) {
-    remedy += fmt::format("\n        ALTER TABLE {} ADD {}", table.name, ColumnDefinition(table.name, column));
+    const std::string definition = ColumnDefinition(table.name, column);
+    // A table with rows refuses a column that has no value for them. No key of quorvel.sql has a DEFAULT.
+    if (definition.find(" DEFAULT ") == std::string::npos) {
+      return remedy + fmt::format("; the column {} cannot be added to a table with rows.", column);
+    }
+    statements += fmt::format("\n        ALTER TABLE {} ADD {}", table.name, definition);
   }
-  return remedy;
+  return remedy + ", or run:" + statements;
 }
 
 int FindLayoutVersion(ado::Connection& connection) {
-  const auto found = connection.Execute("SELECT OBJECT_ID('ttwLayout') AS Id");
+  const auto found = connection.Execute(fmt::format("SELECT OBJECT_ID('{}') AS Id", kLayoutTable));
   if (IsNull(found->Fields("Id").Value())) return 0;
-  const Value newest =
-      connection.Execute("SELECT MAX(LayoutVersion) AS Newest FROM ttwLayout")->Fields("Newest").Value();
+  const Value newest = connection.Execute(fmt::format("SELECT MAX(LayoutVersion) AS Newest FROM {}", kLayoutTable))
+                           ->Fields("Newest")
+                           .Value();
   return IsNull(newest) ? 0 : ToInt32(newest);
 }
 

@@ -18,11 +18,12 @@ namespace quorvel::cli {
 /// Why the expected columns cannot be read.
 [[nodiscard]] std::string TableProblem(ado::Connection& connection, const ExpectedTable& table);
 
-/// The expected columns that an existing table does not have; none for a table that cannot be read.
+/// The expected columns that an existing table does not have; none for a table that cannot be read, and none when the
+/// connection is lost.
 [[nodiscard]] std::vector<std::string> MissingColumns(ado::Connection& connection, const ExpectedTable& table);
 /// "lacks the columns A, B".
 [[nodiscard]] std::string MissingColumnsProblem(const std::vector<std::string>& missing);
-/// The advice for them, with the statements that add them.
+/// The advice for them, with the statements that add them where each has a default value.
 [[nodiscard]] std::string MissingColumnsRemedy(const ExpectedTable& table, const std::vector<std::string>& missing);
 
 /// The newest version of the layout that was made in the database; 0 when it has none. Throws Error when the database
