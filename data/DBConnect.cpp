@@ -14,9 +14,7 @@ std::string Setting(std::string_view name) {
 
 /// A wrong line can hide a value.
 void LogProblems() {
-  const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
-  if (!key) return;
-  for (const std::string& problem : key->Problems()) {
+  for (const auto& problem : registry::Key::Problems(registry::Hive::LocalMachine, modRegistry::kSettingsKey)) {
     LogWarning(fmt::format("Settings in {}: {}", registry::StoreLocation(), problem));
   }
 }

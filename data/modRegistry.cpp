@@ -2,21 +2,27 @@
 
 #include <fmt/format.h>
 
+#include <exception>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
 #include "platform/Environment.h"
 #include "platform/Error.h"
-#include "platform/OperatingSystem.h"
 
 namespace quorvel::modRegistry {
 namespace {
 
-/// The description has no room for the reason, so the log has it.
+/// The description has no room for the reason, so the log has it, and an exception that is nested in the Error.
 [[noreturn]] void Refuse(std::string_view keyPath, std::string_view valueName, const std::error_code& reason) {
   std::string description = fmt::format("Could not read or create registry string value: {}\\{}", keyPath, valueName);
-  LogWarning(fmt::format("{} in {}: {}", description, registry::StoreLocation(), os::Explain(reason)));
-  throw Error(ErrorNumber::RegistryWrite, "GetRegStringValue", std::move(description));
+  const std::string why = registry::Explain(reason);
+  LogWarning(fmt::format("{} in {}: {}", description, registry::StoreLocation(), why));
+  try {
+    throw std::runtime_error(why);
+  } catch (const std::runtime_error&) {
+    std::throw_with_nested(Error(ErrorNumber::RegistryWrite, "GetRegStringValue", std::move(description)));
+  }
 }
 
 }  // namespace

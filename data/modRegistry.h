@@ -15,8 +15,8 @@ inline constexpr std::string_view kUserId = "UserId";
 inline constexpr std::string_view kPassword = "Password";
 
 /// The value's text. A missing key or value is created with `defaultValue`, and a value that is not a string is
-/// replaced with it, with a warning in the system's log. Error 110, with the reason in the log, when the value can
-/// neither be read nor created: nothing is written unless the value is certainly missing.
+/// replaced with it, with a warning in the system's log. Error 110 when the value can neither be read nor
+/// created; the reason is in the log and nested in the Error. Nothing is written unless the value is certainly missing.
 [[nodiscard]] std::string GetRegStringValue(registry::Hive hive, std::string_view keyPath, std::string_view valueName,
                                             std::string_view defaultValue);
 

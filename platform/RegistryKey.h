@@ -54,14 +54,18 @@ class Key {
   /// Writes one string value; false when it cannot be written, and then nothing has changed.
   [[nodiscard]] bool SetString(std::string_view name, std::string_view text) const;
 
-  /// The faults that a person has made in the key's part of the text file, a sentence each; none in a registry.
-  [[nodiscard]] std::vector<std::string> Problems() const;
+  /// The faults that a person has made in the key's part of the text file, a sentence each; none in a registry. They
+  /// can be the reason why the key cannot be opened.
+  [[nodiscard]] static std::vector<std::string> Problems(Hive hive, std::string_view path);
 
  private:
   Key(Hive hive, std::string path) : m_hive(hive), m_path(std::move(path)) {}
   Hive m_hive;
   std::string m_path;
 };
+
+/// Why a key could not be opened or changed, for messages.
+[[nodiscard]] std::string Explain(const std::error_code& failure);
 
 /// The place of the settings, for messages: the file's path, or a name for the operating system's registry.
 [[nodiscard]] std::string StoreLocation();

@@ -1,13 +1,15 @@
 #include "host/cli/ConnectionSettings.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 
 #include "data/modDatabase.h"
 #include "platform/Error.h"
-#include "platform/OperatingSystem.h"
 #include "platform/Text.h"
 
 namespace quorvel::cli {
@@ -32,9 +34,7 @@ std::optional<SettingValues> ReadSettings() {
 }
 
 std::vector<std::string> SettingsProblems() {
-  std::error_code ignored;
-  const auto key = OpenKey(ignored);
-  return key ? key->Problems() : std::vector<std::string>();
+  return registry::Key::Problems(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
 }
 
 void WriteSettings(const std::map<SettingIndex, std::string>& values) {
@@ -48,8 +48,10 @@ void WriteSettings(const std::map<SettingIndex, std::string>& values) {
   const auto key = OpenKey(failure);
   if (key) failure = key->Assign(assignments);
   if (!failure) return;
+  std::vector<std::string> reasons = {registry::Explain(failure)};
+  if (failure == std::errc::operation_canceled) std::ranges::copy(SettingsProblems(), std::back_inserter(reasons));
   throw Error(ErrorNumber::RegistryWrite, "quorvel.settings",
-              fmt::format("Could not write the settings: {}", os::Explain(failure)));
+              fmt::format("Could not write the settings: {}", fmt::join(reasons, ". ")));
 }
 
 bool UsesEmbeddedEngine() { return ado::IsEmbedded(modDatabase::Settings().Server()); }

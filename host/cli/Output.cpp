@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <exception>
 #include <system_error>
 
 #include <fmt/format.h>
@@ -39,6 +40,15 @@ void PrintDone(const std::string& done, const std::string& details) {
   } catch (const std::system_error& error) {
     throw DoneButNotPrinted(fmt::format("{}. {}: {}", done, kCannotWrite, error.code().message()));
   }
+}
+
+std::string CauseOf(const Error& error) {
+  try {
+    std::rethrow_if_nested(error);
+  } catch (const std::exception& cause) {
+    return fmt::format(" ({})", cause.what());
+  }
+  return {};
 }
 
 void PrintToErrors(const std::string& text) noexcept { (void)std::fputs(text.c_str(), stderr); }

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/Error.h"
+
 /// The standard streams of the program, which may be closed, full or a broken pipe.
 namespace quorvel::cli {
 
@@ -23,6 +25,9 @@ class DoneButNotPrinted : public std::runtime_error {
 /// Prints the result of a command that has changed the database. Throws DoneButNotPrinted with `done`, "Added remark
 /// 7", and the reason.
 void PrintDone(const std::string& done, const std::string& details);
+
+/// The exception that is nested in an error, in brackets after a blank; empty without one. Hosts do not see it.
+[[nodiscard]] std::string CauseOf(const Error& error);
 
 /// Prints to the standard error, if that takes it.
 void PrintToErrors(const std::string& text) noexcept;

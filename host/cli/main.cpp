@@ -68,16 +68,6 @@ void PrintError(std::int32_t number, std::string_view source, std::string_view d
       fmt::format("quorvel: error {} at {}: {}{}\n", number, source, Printable(description), Printable(place)));
 }
 
-/// The error that an error has hidden from hosts, in brackets.
-std::string CauseOf(const Error& error) {
-  try {
-    std::rethrow_if_nested(error);
-  } catch (const std::exception& cause) {
-    return fmt::format(" ({})", cause.what());
-  }
-  return {};
-}
-
 int Run(int argc, const char* const* argv) {
   CLI::App app(kDescription, "quorvel");
   Describe(app);

@@ -6,6 +6,7 @@
 
 #include "platform/Environment.h"
 #include "platform/FileUpdate.h"
+#include "platform/OperatingSystem.h"
 #include "platform/RegistryExport.h"
 
 namespace quorvel::registry {
@@ -84,9 +85,18 @@ bool Key::SetString(std::string_view name, std::string_view text) const {
   return !Assign({&value, 1});
 }
 
-std::vector<std::string> Key::Problems() const {
+std::vector<std::string> Key::Problems(Hive hive, std::string_view path) {
   const auto store = ReadStore();
-  return store ? store->Problems(FullName(m_hive, m_path)) : std::vector<std::string>();
+  return store ? store->Problems(FullName(hive, path)) : std::vector<std::string>();
+}
+
+std::string Explain(const std::error_code& failure) {
+  if (failure == std::errc::device_or_resource_busy) {
+    return "another program keeps the file locked or keeps changing it";
+  }
+  if (failure != std::errc::operation_canceled) return os::Explain(failure);
+  return ReadStore() ? "the file has a line that cannot be read, or cannot hold a value"
+                     : "the file is not in the registry's export format";
 }
 
 std::string StoreLocation() {

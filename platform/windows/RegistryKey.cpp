@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "platform/OperatingSystem.h"
 #include "platform/windows/KeyHandle.h"
 #include "platform/windows/WideText.h"
 
@@ -108,7 +109,9 @@ bool Key::SetString(std::string_view name, std::string_view text) const {
   return !Assign({&value, 1});
 }
 
-std::vector<std::string> Key::Problems() const { return {}; }
+std::vector<std::string> Key::Problems(Hive /*hive*/, std::string_view /*path*/) { return {}; }
+
+std::string Explain(const std::error_code& failure) { return os::Explain(failure); }
 
 std::string StoreLocation() { return "the registry of this machine"; }
 

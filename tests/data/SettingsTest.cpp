@@ -108,6 +108,12 @@ TEST_F(Settings, WrongLinesAreReportedAndStay) {
   EXPECT_THAT(m_warnings, testing::ElementsAre(testing::HasSubstr("Could not read or create"),
                                                testing::HasSubstr("Line 4 gives \"Server\" no value"),
                                                testing::HasSubstr("Line 6 sets \"Database\" once more")));
+
+  m_warnings.clear();
+  std::ofstream(m_file) << kKey.substr(0, kKey.size() - 2) << "\n\"Server\"=\"SQL1\"\n";
+  EXPECT_EQ(test::Caught([] { DBConnect().Reload(); }).Number(), 110);
+  EXPECT_THAT(m_warnings, testing::ElementsAre(testing::HasSubstr(": the file has a line that cannot be read"),
+                                               testing::HasSubstr("Line 3 names a key without a closing bracket")));
 }
 
 /// Eight processes load for the first time while four set one value each. The exit status of each process is 0.

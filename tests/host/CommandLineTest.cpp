@@ -68,6 +68,23 @@ TEST_F(CommandLine, UnwritableSettingsAreAnErrorThatNamesTheFile) {
   EXPECT_THAT(outcome.errors, HasSubstr("/proc/no/such/settings.reg"));
 }
 
+TEST_F(CommandLine, SpoiltSettingsAreAnErrorThatSaysWhatToCorrect) {
+  const std::string header = "Windows Registry Editor Version 5.00\n";
+  const std::pair<std::string, const char*> cases[] = {
+      {"Server=SQL1\n", "the file is not in the registry's export format; "},
+      {header + "[HKEY_LOCAL_MACHINE\\Software\\Tarnwick\n",
+       "cannot hold a value. Line 2 names a key without a closing"},
+      {header + "[HKEY_LOCAL_MACHINE\\Software\\Tarnwick]\nServer=SQL1\n",
+       "cannot hold a value. Line 3 gives \"Server\""}};
+  for (const auto& [content, reason] : cases) {
+    std::ofstream(File("settings.reg")) << content;
+    EXPECT_THAT(Quorvel({"settings", "Database=Ledger"}).errors,
+                AllOf(HasSubstr("Could not write the settings: the file "), HasSubstr(reason)));
+    EXPECT_EQ(ReadWholeFile(File("settings.reg")), content);
+  }
+  EXPECT_THAT(Quorvel({"manage"}).errors, HasSubstr("Tarnwick\\Server (the file has a line that cannot be read, "));
+}
+
 TEST_F(CommandLine, MissingSettingsAreAnErrorWithAdvice) {
   for (const std::vector<std::string>& command :
        {std::vector<std::string>{"init"}, {"run", "-"}, OnAcme({"list"}), OnAcme({"popup"}), {"manage"}}) {

@@ -118,7 +118,9 @@ TEST_F(RegistryKey, AFileThatStaysLockedIsAnErrorAfterSeconds) {
   const Descriptor lock(::open(m_file.c_str(), O_RDONLY | O_CLOEXEC));
   ASSERT_EQ(::flock(lock.Get(), LOCK_EX), 0);
   const Assignment value{"Server", "SQL1"};
-  EXPECT_EQ(key->Assign({&value, 1}), std::errc::device_or_resource_busy);
+  const std::error_code failure = key->Assign({&value, 1});
+  EXPECT_EQ(failure, std::errc::device_or_resource_busy);
+  EXPECT_EQ(Explain(failure), "another program keeps the file locked or keeps changing it");
   EXPECT_FALSE(key->Query("Server"));
 }
 
