@@ -5,11 +5,13 @@
 #include <vector>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "data/modDatabase.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
 #include "host/cli/DatabaseChecks.h"
+#include "host/cli/Output.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -18,20 +20,31 @@ namespace quorvel::cli {
 namespace {
 
 std::string SettingsProblem() {
-  std::vector<std::string> problems = SettingsProblems();
   try {
     modDatabase::Settings().Reload();
+    return {};
   } catch (const Error& error) {
-    problems.insert(problems.begin(), error.Description());
+    return error.Description() + CauseOf(error);
   }
-  return Printable(fmt::format("{}", fmt::join(problems, ". ")));
+}
+
+/// Whether the settings can be read. A host works with some wrong lines, such as a value that is set twice.
+bool CheckSettingsFile(Report& report) {
+  const std::vector<std::string> wrongLines = SettingsProblems();
+  const bool isRead = report.Check(
+      fmt::format("settings, kept in {}", registry::StoreLocation()), SettingsProblem(),
+      wrongLines.empty()
+          ? "See that this user can read and write that file of settings, or set QUORVEL_REGISTRY to another."
+          : "Correct the lines that are named next.");
+  if (!wrongLines.empty()) {
+    report.Check("lines of the settings", fmt::format("{}", fmt::join(wrongLines, ". ")),
+                 "Correct each line in that file with an editor.");
+  }
+  return isRead;
 }
 
 bool CheckSettings(Report& report) {
-  if (!report.Check(fmt::format("settings, kept in {}", registry::StoreLocation()), SettingsProblem(),
-                    "Make that file readable and writable for this user, or set QUORVEL_REGISTRY to one that is.")) {
-    return false;
-  }
+  if (!CheckSettingsFile(report)) return false;
   const std::string server(TrimBlanks(modDatabase::Settings().Server()));
   const std::string database(TrimBlanks(modDatabase::Settings().Database()));
   const bool hasServer =

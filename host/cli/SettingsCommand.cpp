@@ -60,7 +60,8 @@ void PrintSettings() {
   }
   const std::string place = registry::StoreLocation();
   if (values) {
-    fmt::print("Kept in {}, which {} may read\n", OneLine(place), ReadersOf(place));
+    const std::string readers = ReadersOf(place);
+    fmt::print("Kept in {}{}\n", OneLine(place), readers.empty() ? "" : fmt::format(", which {} may read", readers));
   } else {
     fmt::print("Cannot be read, or is not a file of settings: {}\n", OneLine(place));
   }

@@ -1,3 +1,5 @@
+#include <fstream>
+
 #include "tests/host/CommandLine.h"
 
 namespace quorvel::test {
@@ -57,11 +59,15 @@ TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
   RunSql(
       "ALTER PROCEDURE spGetOrderName @OwnerID varchar(30) AS SELECT 1 AS OwnerKey\nGO\n"
       "ALTER PROCEDURE spGetCustomerName @OwnerID varchar(30) AS SELECT OwnerKey, OwnerName FROM Gone\nGO\n"
+      "DROP TABLE ttwBranch\nGO\nCREATE TABLE ttwBranch (BranchName nvarchar(60) NOT NULL)\nGO\n"
       "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
       "SELECT 9001, 'Cust.General', 501, 45, GETDATE(), 'admin', 'good' UNION ALL "
       "SELECT 9002, 'Cust.General', 501, 45, '2026-99-99 00:00:00.000', 'admin', 'bad'");
+  const std::string output = Quorvel({"doctor"}).output;
+  EXPECT_THAT(output, AllOf(HasSubstr("from a backup; the column BranchID cannot be added to a table with rows."),
+                            Not(HasSubstr("ALTER TABLE"))));
   EXPECT_THAT(
-      Quorvel({"doctor"}).output,
+      output,
       AllOf(HasSubstr("FAIL  owner procedure spGetOrderName, entity Order: its result lacks OwnerName\n"),
             HasSubstr("FAIL  owner procedure spGetCustomerName, entity Customer: Invalid object name 'Gone'"),
             HasSubstr("FAIL  dates of the memos: invalid in MemoKey 9002\n"), HasSubstr("SET DateStamp = GETDATE()")));
@@ -86,6 +92,21 @@ TEST_F(CommandLine, DoctorSaysWhyItCannotConnect) {
   const Outcome missing = Quorvel({"doctor"});
   EXPECT_EQ(missing.status, 1);
   EXPECT_THAT(missing.output, AllOf(HasSubstr("FAIL  connection: "), HasSubstr("gone.db"), HasSubstr("quorvel init")));
+}
+
+TEST_F(CommandLine, DoctorNamesWrongLinesOfTheSettingsAndGoesOnWhereAHostDoes) {
+  Initialize(true);
+  std::ofstream(File("settings.reg"), std::ios::app) << "\"UserId\"=\"app\"\n";
+  const Outcome doubled = Quorvel({"doctor"});
+  EXPECT_THAT(doubled.output, AllOf(HasSubstr("ok    settings, kept in "), HasSubstr("ok    table tciMemo\n"),
+                                    HasSubstr("FAIL  lines of the settings: Line 8 sets \"UserId\" once more"),
+                                    HasSubstr("\n      Correct each line in that file")));
+  EXPECT_THAT(doubled.errors, HasSubstr(" at quorvel.doctor: 1 of "));
+
+  std::ofstream(File("settings.reg"), std::ios::app) << "Server=SQL1\n";
+  EXPECT_THAT(Quorvel({"doctor"}).output,
+              AllOf(HasSubstr("FAIL  settings, kept in "), HasSubstr("Correct the lines that are named next."),
+                    HasSubstr("Line 9 gives \"Server\" no value"), Not(HasSubstr("QUORVEL_REGISTRY"))));
 }
 
 }  // namespace
