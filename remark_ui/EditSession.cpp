@@ -11,8 +11,10 @@
 
 #include "data/modWaitCursor.h"
 #include "grid/DataGrid.h"
+#include "platform/CurrentPrompts.h"
 #include "platform/RaisedFlag.h"
 #include "platform/wx/SendKeys.h"
+#include "remark_ui/CreatableTypes.h"
 #include "remark_ui/EditControls.h"
 #include "remark_ui/frmChooseType.h"
 #include "runtime/RemarkContext.h"
@@ -53,6 +55,7 @@ void EditSession::SetUpGrid() {
 
 void EditSession::New() {
   ShowSaved(CommitPending());
+  if (CreatableTypes(*m_context).empty()) return ExplainNew();
   std::int32_t position = -1;
   frmChooseType chooser;
   auto type = chooser.ChooseType(*m_context, position);
@@ -64,6 +67,13 @@ void EditSession::New() {
   }
   m_controls.Show(m_edited.Display());
   m_controls.frame.txtRemark->SetFocus();
+}
+
+// New is always enabled, and a button that does nothing looks broken.
+void EditSession::ExplainNew() {
+  CurrentPrompts().ShowMessage(
+      "You may not create remarks of any type here.  Your administrator can give you the right.", "Can Not Create",
+      PromptButtons::Ok, PromptIcon::Exclamation);
 }
 
 void EditSession::Save() {

@@ -40,6 +40,7 @@ class EditSession {
   EditedRemark::Outcome CommitPending();
 
  private:
+  static void ExplainNew();
   void SetUpGrid();
   void Refetch(std::int32_t rowIndex, std::int32_t line);
   void ShowSaved(EditedRemark::Outcome outcome);

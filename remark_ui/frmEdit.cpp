@@ -96,12 +96,16 @@ void frmEdit::cmdClose_Click() {
 // Esc closes the window from the grid only: a clerk who presses it in a text wants to leave the text.
 void frmEdit::KeyPressed(wxKeyEvent& event) {
   DataGrid& grid = *m_controls->gdxMemos;
-  if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers() && !grid.IsDescendant(FindFocus())) {
+  const bool isPlain = !event.HasAnyModifiers();
+  const bool isInGrid = grid.IsDescendant(FindFocus());
+  const int key = event.GetKeyCode();
+  const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+  if (key == WXK_ESCAPE && isPlain && !isInGrid) {
     grid.SetFocus();
-    return;
-  }
-  const bool isEnter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
-  if (isEnter && event.GetModifiers() == wxMOD_CONTROL && m_controls->cmdSave->IsEnabled()) {
+  } else if ((key == WXK_DELETE || key == WXK_NUMPAD_DELETE) && isPlain && isInGrid &&
+             m_controls->cmdDelete->IsEnabled()) {
+    m_session->Delete();
+  } else if (isEnter && event.GetModifiers() == wxMOD_CONTROL && m_controls->cmdSave->IsEnabled()) {
     m_session->Save();
   } else {
     event.Skip();

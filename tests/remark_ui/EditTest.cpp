@@ -247,6 +247,15 @@ TEST_F(EditTest, NewRemarkThatIsDeletedLeavesNothingToAskAbout) {
   });
 }
 
+TEST_F(EditTest, NewSaysThatTheUserMayCreateNoType) {
+  m_prompts->answers = {PromptAnswer::Ok};
+  View(ContextHolder("CustMaint", "C1044", "guest"), [&] {
+    Click("cmdNew");
+    EXPECT_EQ(m_prompts->shown.back().title, "Can Not Create");
+    Click("cmdClose");
+  });
+}
+
 TEST_F(EditTest, KeyboardReachesEverything) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   context->SetEditBehavior(EditBehavior::NoAutoSave);
@@ -279,6 +288,11 @@ TEST_F(EditTest, KeyboardReachesEverything) {
     keyboard.Char('z');
     keyboard.Char(WXK_ESCAPE);
     EXPECT_TRUE(HasFocus(Grid())) << "Esc leaves the text first";
+    keyboard.Char(WXK_DOWN);
+    EXPECT_TRUE(WaitFor([&] { return Position() == 3; }));
+    const std::int32_t count = context->MemoCount();
+    keyboard.Char(WXK_DELETE);
+    EXPECT_TRUE(WaitFor([&] { return context->MemoCount() == count - 1; }));
     keyboard.Char(WXK_ESCAPE);
     EXPECT_TRUE(Closes());
   });
