@@ -214,6 +214,15 @@ std::string SqlValue(const Value& value) {
   return ToText(value);
 }
 
+bool IsDuplicateKey(const Error& error) {
+  constexpr std::array kServerErrors = {2627, 2601};  // a constraint, a unique index
+  const auto& connection = SharedConnection();
+  return error.Number() == ErrorNumber::DbIntegrity && connection &&
+         std::ranges::any_of(connection->Errors(), [&](const ado::ProviderError& record) {
+           return std::ranges::count(kServerErrors, record.nativeError) != 0;
+         });
+}
+
 void GetNewID(std::string_view entityName, std::string& id) {
   id.clear();
   while (true) {

@@ -14,6 +14,7 @@
 #include "ado/Recordset.h"
 #include "data/Controls.h"
 #include "data/DBConnect.h"
+#include "platform/Error.h"
 #include "platform/Value.h"
 
 /// The only road from the component to its database. Each thread has its own connection and settings, made on first
@@ -71,6 +72,9 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
 /// A value as it is spliced into SQL: a text between single quotes, without doubling any inside it; any other value
 /// in its plain text form, a boolean as 1 or 0. Error 94 for NULL.
 [[nodiscard]] std::string SqlValue(const Value& value);
+
+/// Whether the last call failed with this error because a row with the key, or with another unique value, exists.
+[[nodiscard]] bool IsDuplicateKey(const Error& error);
 
 /// Asks the user for a new identifier of at most 30 characters; `id` is empty when the user cancels.
 void GetNewID(std::string_view entityName, std::string& id);

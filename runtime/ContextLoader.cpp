@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "data/modDatabase.h"
+#include "platform/Environment.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
@@ -42,12 +43,13 @@ Value TrimmedId(const ado::Field& field) {
 
 constexpr const char* kLoadMemos = "RemarkContext.LoadMemos";
 
-/// Every failure has the same description: it names the one thing that the host can correct. The cause is nested in it,
-/// for the command line.
+/// Every failure has the same description: it names the one thing that the host can correct. The system's log has the
+/// cause, and it is nested in the error, for the command line.
 std::shared_ptr<ado::Recordset> LookUpOwner(const std::string& procedure, const std::string& ownerID) {
   try {
     return ExecDeclaredSP(procedure, {Id("@OwnerID", ownerID)});
-  } catch (const std::exception&) {
+  } catch (const std::exception& cause) {
+    LogWarning("The lookup of an owner by " + procedure + " has failed: " + cause.what());
     std::throw_with_nested(Error(ErrorNumber::Component, kLoadMemos, "Context has not been loaded"));
   }
 }
@@ -73,7 +75,8 @@ struct MemoColumns {
 DateTime DateOf(const ado::Field& field) {
   try {
     return ToDateTime(field.Value());
-  } catch (const Error&) {
+  } catch (const Error& error) {
+    if (error.Number() != ErrorNumber::TypeMismatch) throw;
     return kZeroDate;
   }
 }

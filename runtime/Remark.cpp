@@ -80,7 +80,7 @@ void Remark::Write(const MemoOwner& owner) {
                                                                              {"@UserID", TrimmedText(m_userID)}});
   } catch (const Error& error) {
     // An update under this key would overwrite the memo that has it. A memo that was stored before has its own key.
-    m_isKeyTaken = !m_storedFor && error.Number() == ErrorNumber::DbIntegrity;
+    m_isKeyTaken = !m_storedFor && modDatabase::IsDuplicateKey(error);
     throw;
   }
 }

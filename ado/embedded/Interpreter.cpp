@@ -64,8 +64,7 @@ std::optional<RowSet> Interpreter::Run(Program& program, Frame& frame) {
   frame.resize(program.variables.size());
   ++m_depth;
   try {
-    if (m_depth == 1) RequireFileInPlace(m_database);
-    RunBlock(program.steps, running);
+    RunInPlace(program.steps, running);
   } catch (...) {
     --m_depth;
     m_transaction.Abandon();
@@ -73,6 +72,15 @@ std::optional<RowSet> Interpreter::Run(Program& program, Frame& frame) {
   }
   --m_depth;
   return std::move(running.rows);
+}
+
+// A statement may have waited for another writer while the file was replaced, so what was written is looked for again.
+void Interpreter::RunInPlace(Block& steps, Running& running) {
+  const bool isOutermost = m_depth == 1;
+  const int changesBefore = sqlite3_total_changes(m_database);
+  if (isOutermost) RequireFileInPlace(m_database);
+  RunBlock(steps, running);
+  if (isOutermost && sqlite3_total_changes(m_database) != changesBefore) RequireFileInPlace(m_database);
 }
 
 Interpreter::Flow Interpreter::RunBlock(Block& block, Running& running) {

@@ -33,6 +33,7 @@ class Interpreter {
     /// Takes the result set of a called program unless there is an earlier one.
     void KeepFirst(std::optional<RowSet> found);
   };
+  void RunInPlace(Block& steps, Running& running);
   Flow RunBlock(Block& block, Running& running);
   Flow RunOne(Step& step, Running& running);
 

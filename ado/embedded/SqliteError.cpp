@@ -50,13 +50,13 @@ DriverError ConstraintFailed(int extendedCode, const std::string& message) {
 DriverError StatementFailed(const std::string& message) {
   constexpr std::string_view kNoTable = "no such table: ";
   constexpr std::string_view kNoColumn = "no such column: ";
-  constexpr std::string_view kNoInsertedColumn = " has no column named ";
+  constexpr std::string_view kNoInsertedColumn = " has no column named ";  // after "table " and its name
   if (message.starts_with(kNoTable)) {
     return {"42S02", 208, fmt::format("Invalid object name '{}'.", After(message, kNoTable))};
   }
   if (message.ends_with(" already exists")) return {"42S01", 2714, message};
-  for (const std::string_view mark : {kNoColumn, kNoInsertedColumn}) {
-    if (message.find(mark) == std::string::npos) continue;
+  const std::string_view mark = message.starts_with("table ") ? kNoInsertedColumn : kNoColumn;
+  if (message.find(mark) != std::string::npos) {
     return {"42S22", 207, fmt::format("Invalid column name '{}'.", After(message, mark))};
   }
   return {"42000", 170, message};
@@ -75,7 +75,7 @@ bool IsOutcomeUnknown(int resultCode) {
 /// A failed read or write of the file or of the two beside it, with the reason that the operating system gives.
 DriverError FileFailed(sqlite3* database, int resultCode, const std::string& file) {
   const std::error_code cause(database != nullptr ? sqlite3_system_errno(database) : 0, std::system_category());
-  if (os::IsOutOfSpace(cause)) return DiskFull(file);
+  if (os::IsOutOfSpace(cause) && !IsOutcomeUnknown(resultCode)) return DiskFull(file);
   if (cause == std::errc::read_only_file_system) {
     return {"HY000", 3906,
             fmt::format("The database {} stands on a read-only file system and cannot be used there.", file)};
@@ -96,7 +96,8 @@ std::optional<std::error_code> FailedRead(sqlite3* database) {
     int cause = 0;
     if (file->pMethods == nullptr || file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &cause) != SQLITE_OK)
       continue;
-    if (cause == EIO || cause == ENXIO) return std::error_code(cause, std::generic_category());
+    const std::error_code error(cause, std::system_category());
+    if (error == std::errc::io_error || error == std::errc::no_such_device_or_address) return error;
   }
   return std::nullopt;
 }

@@ -42,12 +42,16 @@ std::string ReadWhole(const std::string& path, const std::string& source) {
   return whole;
 }
 
-std::string ReadTextArgument(const std::string& argument, const std::string& source) {
-  if (argument != kStandardInput) return argument;
-  std::string text = ReadWhole(argument, source);
+std::optional<std::string> ReadInputLine(const std::string& source) {
+  std::string text = ReadWhole(kStandardInput, source);
+  if (text.empty()) return std::nullopt;
   if (text.ends_with('\n')) text.pop_back();
   if (text.ends_with('\r')) text.pop_back();
   return text;
+}
+
+std::string ReadTextArgument(const std::string& argument, const std::string& source) {
+  return argument == kStandardInput ? ReadInputLine(source).value_or("") : argument;
 }
 
 }  // namespace quorvel::cli

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include <fmt/format.h>
@@ -14,6 +16,7 @@
 #include "host/cli/Input.h"
 #include "host/cli/Terminal.h"
 #include "host/cli/TextLayout.h"
+#include "platform/Error.h"
 #include "platform/Text.h"
 
 namespace quorvel::cli {
@@ -69,13 +72,20 @@ void PrintSettings() {
 }
 
 /// A password among the arguments would be seen by every user who lists the processes, and stay in the shell's history.
+/// An input without a line is that of a program that has failed: it must not erase the stored password.
 std::string ReadPassword() {
-  auto typed = AskSecret("Password: ");
-  return typed ? *std::move(typed) : ReadTextArgument("-", "quorvel.settings");
+  const std::optional<std::string> line =
+      IsInputTerminal() ? AskSecret("Password: ") : ReadInputLine("quorvel.settings");
+  if (line) return *line;
+  throw Error(ErrorNumber::Component, "quorvel.settings",
+              "No password was given, and nothing was written. An empty line stands for an empty password.");
 }
 
 void RunSettings(const std::vector<std::string>& arguments, bool asksForPassword) {
   Assignments assignments = ReadAssignments(arguments);
+  if (asksForPassword && assignments.contains(kPasswordIndex)) {
+    throw CLI::ValidationError("Password= and --password-stdin exclude each other");
+  }
   if (asksForPassword) assignments[kPasswordIndex] = ReadPassword();
   if (!assignments.empty()) {
     MakeDatabaseAbsolute(assignments);

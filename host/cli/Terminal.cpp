@@ -13,9 +13,11 @@ namespace {
 
 constexpr std::size_t kUsualWidth = 80;
 
-std::string ReadLine() {
+std::optional<std::string> ReadLine() {
+  constexpr int kControlC = 3;
   std::string line;
-  for (int character = std::getchar(); character != '\n' && character != EOF; character = std::getchar()) {
+  for (int character = std::getchar(); character != '\n'; character = std::getchar()) {
+    if (character == EOF || character == kControlC) return std::nullopt;
     line += static_cast<char>(character);
   }
   return line;
@@ -30,12 +32,15 @@ std::size_t OutputWidth() {
   return known ? size.ws_col : kUsualWidth;
 }
 
+bool IsInputTerminal() { return ::isatty(STDIN_FILENO) != 0; }
+
 std::optional<std::string> AskSecret(const char* prompt) {
   termios visible{};
-  if (::tcgetattr(STDIN_FILENO, &visible) != 0) return std::nullopt;
+  ::tcgetattr(STDIN_FILENO, &visible);
   std::fputs(prompt, stderr);
   termios hidden = visible;
-  hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+  // Without ISIG, Ctrl+C arrives as a character: a killed program would leave the terminal without echo.
+  hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
   ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
   const AtScopeEnd shown([&] {
     ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &visible);
@@ -45,7 +50,7 @@ std::optional<std::string> AskSecret(const char* prompt) {
 }
 
 bool WaitForEnter(const char* prompt) {
-  if (::isatty(STDIN_FILENO) == 0 || ::isatty(STDOUT_FILENO) == 0) return true;
+  if (!IsInputTerminal() || ::isatty(STDOUT_FILENO) == 0) return true;
   std::fputs(prompt, stdout);
   std::fflush(stdout);
   int character = 0;
