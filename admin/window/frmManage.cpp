@@ -287,15 +287,14 @@ void frmManage::BindMoves(std::size_t i) {
     CallAfter([this, i] { Guard([&] { ShowAddedLink(i); }); });
   };
   current.Bind(wxEVT_SET_FOCUS, showAdded);
-  // Some desktops take Enter for a double click, and a user who presses it in a list means no move.
-  const auto ignoreEnter = [](wxKeyEvent& event) {
-    event.Skip(event.GetKeyCode() != WXK_RETURN && event.GetKeyCode() != WXK_NUMPAD_ENTER);
-  };
-  current.Bind(wxEVT_CHAR, ignoreEnter);
-  m_controls.lstRemaining.at(i).Box().Bind(wxEVT_CHAR, ignoreEnter);
   current.Bind(wxEVT_LEFT_UP, showAdded);
-  current.Bind(wxEVT_LISTBOX_DCLICK, UserAction([this, i] { m_administration.ClickRemove(i); }));
-  m_controls.lstRemaining.at(i).Box().Bind(wxEVT_LISTBOX_DCLICK, UserAction([this, i] { AddToCurrent(i); }));
+  // A user who presses Enter or Space in a list means no move.
+  current.Bind(wxEVT_LISTBOX_DCLICK, UserAction([this, i] {
+                 if (!ui::IsCausedByKey()) m_administration.ClickRemove(i);
+               }));
+  m_controls.lstRemaining.at(i).Box().Bind(wxEVT_LISTBOX_DCLICK, UserAction([this, i] {
+                                             if (!ui::IsCausedByKey()) AddToCurrent(i);
+                                           }));
   m_controls.cmdAdd.at(i).Button().Bind(wxEVT_BUTTON, UserAction([this, i] { AddToCurrent(i); }));
   m_controls.cmdRemove.at(i).Button().Bind(wxEVT_BUTTON, UserAction([this, i] { m_administration.ClickRemove(i); }));
 }

@@ -42,6 +42,10 @@ void ExpectManyItems(wxListBox& list);
 /// Makes the arrow keys begin at the selected item of a list. Some desktops begin at the item that had the keys last.
 void PutCursorOn(wxListBox& list, int item);
 
+/// Whether the event that is being handled comes from a key. Some desktops report Enter and Space in a list as a double
+/// click.
+[[nodiscard]] bool IsCausedByKey();
+
 /// Selects a tab as a click does, with its events. The toolkit would also give the focus to the first control of the
 /// tab on some desktops.
 void ClickTab(wxBookCtrlBase& notebook, std::size_t tab);

@@ -110,6 +110,14 @@ void PutCursorOn(wxListBox& list, int item) {
   gtk_tree_path_free(path);
 }
 
+bool IsCausedByKey() {
+  GdkEvent* const event = gtk_get_current_event();
+  if (event == nullptr) return false;
+  const bool isKey = event->type == GDK_KEY_PRESS;
+  gdk_event_free(event);
+  return isKey;
+}
+
 void ClickTab(wxBookCtrlBase& notebook, std::size_t tab) {
   gtk_notebook_set_current_page(GTK_NOTEBOOK(notebook.GetHandle()), static_cast<int>(tab));
 }

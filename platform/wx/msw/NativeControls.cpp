@@ -56,6 +56,8 @@ void ExpectManyItems(wxListBox& /*list*/) {}
 
 void PutCursorOn(wxListBox& /*list*/, int /*item*/) {}
 
+bool IsCausedByKey() { return false; }
+
 void ClickTab(wxBookCtrlBase& notebook, std::size_t tab) { notebook.SetSelection(tab); }
 
 // The system underlines the access key itself.
