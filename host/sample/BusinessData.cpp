@@ -10,6 +10,8 @@
 #include <sqlite3.h>
 #include <wx/filefn.h>
 
+#include "host/sample/Advice.h"
+
 namespace sample {
 namespace {
 
@@ -21,6 +23,11 @@ using Database = std::unique_ptr<sqlite3, Closer>;
 using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
 
 [[noreturn]] void Fail(const wxString& text) { throw std::runtime_error(std::string(text.utf8_str())); }
+
+[[noreturn]] void FailWithAdvice(const wxString& text, int result) {
+  const wxString advice = AdviceOnFile(result);
+  Fail(advice.empty() ? text : text + "\n\n" + advice);
+}
 
 /// The value of `name` in the connection string. It may contain semicolons, so it ends where `next` begins.
 wxString Setting(const wxString& connectionString, const wxString& name, const wxString& next) {
@@ -46,7 +53,7 @@ Database Open(const wxString& file) {
   sqlite3* handle = nullptr;
   const int result = sqlite3_open_v2(file.utf8_str(), &handle, SQLITE_OPEN_READONLY, nullptr);
   Database database(handle);
-  if (result != SQLITE_OK) Fail("\"" + file + "\" cannot be opened: " + sqlite3_errstr(result));
+  if (result != SQLITE_OK) FailWithAdvice("\"" + file + "\" cannot be opened: " + sqlite3_errstr(result) + ".", result);
   sqlite3_busy_timeout(database.get(), 5000);
   return database;
 }
@@ -66,8 +73,7 @@ void ForEachRow(const Database& database, const char* query, Take take) {
     while ((result = sqlite3_step(handle)) == SQLITE_ROW) take(handle);
   }
   if (result != SQLITE_DONE) {
-    Fail("The customers cannot be read: " + wxString::FromUTF8(sqlite3_errmsg(database.get())) +
-         ".\n\nquorvel init --sample puts them into the database.");
+    FailWithAdvice("The customers cannot be read: " + wxString::FromUTF8(sqlite3_errmsg(database.get())) + ".", result);
   }
 }
 
@@ -108,8 +114,9 @@ std::vector<User> ReadUsers(const Database& database) {
 }  // namespace
 
 BusinessData ReadBusinessData(const wxString& connectionString) {
-  const Database database = Open(FileOf(connectionString));
   BusinessData data;
+  data.file = FileOf(connectionString);
+  const Database database = Open(data.file);
   data.customers = ReadCustomers(database);
   data.users = ReadUsers(database);
   return data;

@@ -26,6 +26,7 @@ struct User {
 
 /// The business's own records, read once.
 struct BusinessData {
+  wxString file;  ///< the database file
   std::vector<Customer> customers;
   std::vector<User> users;
 };

@@ -92,16 +92,21 @@ void OwnersRemarks::PopUp() { Check(m_context->PopupMemos(VARIANT_FALSE)); }
 
 void OwnersRemarks::Edit() { Check(m_context->EditMemos(VARIANT_FALSE)); }
 
-bool OwnersRemarks::IsLeftToSave() const {
-  EditBehavior behavior = AutoSaveOnClose;
-  Check(m_context->get_EditBehavior(&behavior));
-  if (behavior != NoAutoSave) return false;
+void OwnersRemarks::Save() { Check(m_context->Save(VARIANT_TRUE)); }
+
+bool OwnersRemarks::IsUnsaved() const {
   _RemarkList* delivered = nullptr;
   Check(m_context->get_RemarkList(&delivered));
   const Owned<_RemarkList> list(delivered);
   VARIANT_BOOL dirty = VARIANT_FALSE;
   if (list) Check(list->get_Dirty(&dirty));
   return dirty != VARIANT_FALSE;
+}
+
+bool OwnersRemarks::IsLeftToSave() const {
+  EditBehavior behavior = AutoSaveOnClose;
+  Check(m_context->get_EditBehavior(&behavior));
+  return behavior == NoAutoSave;
 }
 
 wxString ConnectionString() {

@@ -27,9 +27,13 @@ class OwnersRemarks {
   [[nodiscard]] long PopupCount() const;
   /// Shows them one by one.
   void PopUp();
-  /// Opens the editor. After an error this object still has the changes, and Edit shows them again.
+  /// Opens the editor. After an error this object still has the changes: Edit shows them again, and Save writes them.
   void Edit();
-  /// Whether changes are unsaved because the place leaves saving to this program.
+  /// Writes all changes, whatever the place says about saving.
+  void Save();
+  /// Whether changes are not in the database.
+  [[nodiscard]] bool IsUnsaved() const;
+  /// Whether the place leaves saving to this program: the editor then closes without a word, and nothing is written.
   [[nodiscard]] bool IsLeftToSave() const;
 
  private:

@@ -6,19 +6,13 @@
 #include <wx/timer.h>
 
 #include "host/sample/BusinessData.h"
+#include "host/sample/SampleControls.h"
 
-class wxButton;
-class wxCheckBox;
-class wxChoice;
-class wxSizer;
-class wxStaticText;
-class wxTextCtrl;
+class wxPanel;
 
 namespace sample {
 
-struct ComponentError;
 class OwnersRemarks;
-class RecordList;
 
 /// The main window of the business: its customers with their orders, and buttons for the component's windows.
 class SampleFrame : public wxFrame {
@@ -26,10 +20,8 @@ class SampleFrame : public wxFrame {
   explicit SampleFrame(BusinessData data);
 
  private:
-  wxSizer* MakeHead(wxWindow* panel);
-  wxSizer* MakeCustomers(wxWindow* panel);
-  wxSizer* MakeOrders(wxWindow* panel);
-  wxSizer* MakeButtons(wxWindow* panel);
+  /// Shows the choice on the left and the database file on the right.
+  void MakeStatusBar();
   void BindEvents();
 
   /// Lists the users and chooses the one with that ID, or the first.
@@ -42,7 +34,6 @@ class SampleFrame : public wxFrame {
   void PopUpIfWanted();
   void PopUp();
   void EditRemarks();
-  void EditUntilClosed(OwnersRemarks& remarks);
 
   /// Opens the administration, then reads the users again, because it may have changed them.
   void Manage();
@@ -54,20 +45,10 @@ class SampleFrame : public wxFrame {
   [[nodiscard]] OwnersRemarks Remarks() const;
   /// Runs the action and shows its error.
   void Try(const std::function<void()>& action);
-  void ShowError(const wxString& text);
-  [[nodiscard]] bool WantsItOpenAgain(const ComponentError& error);
 
   BusinessData m_data;
-  wxChoice* m_user = nullptr;
-  wxChoice* m_place = nullptr;
-  wxTextCtrl* m_search = nullptr;
-  RecordList* m_customers = nullptr;
-  wxStaticText* m_name = nullptr;
-  RecordList* m_orders = nullptr;
-  wxCheckBox* m_popsUp = nullptr;
-  wxButton* m_popUp = nullptr;
-  wxButton* m_remarks = nullptr;
-  wxButton* m_manage = nullptr;
+  wxPanel* m_panel;
+  SampleControls m_controls;
   wxTimer m_rested;
 };
 

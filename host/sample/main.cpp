@@ -1,9 +1,10 @@
 #include <exception>
 
 #include <wx/app.h>
-#include <wx/msgdlg.h>
 #include <wx/uilocale.h>
 
+#include "host/sample/Boxes.h"
+#include "host/sample/BusinessData.h"
 #include "host/sample/Component.h"
 #include "host/sample/SampleFrame.h"
 
@@ -14,20 +15,17 @@ class SampleApp : public wxApp {
  public:
   bool OnInit() override {
     wxUILocale::UseDefault();
-    SetAppDisplayName("Customers and Orders");
+    SetAppDisplayName(kProgramTitle);
     try {
       (new SampleFrame(ReadBusinessData(ConnectionString())))->Show();
       return true;
     } catch (const ComponentError& error) {
-      Refuse(error.description);
+      ShowFailure(nullptr, Describe(error));
     } catch (const std::exception& error) {
-      Refuse(wxString::FromUTF8(error.what()));
+      ShowFailure(nullptr, wxString::FromUTF8(error.what()));
     }
     return false;
   }
-
- private:
-  static void Refuse(const wxString& why) { wxMessageBox(why, "Customers and Orders", wxOK | wxICON_ERROR); }
 };
 
 }  // namespace

@@ -1,4 +1,6 @@
 #include <clocale>
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <string>
 
@@ -53,7 +55,14 @@ TEST_F(SampleData, ReportsWhatIsMissing) {
   EXPECT_THAT([&] { (void)ReadFrom(missing); }, refuses("There is no database file \"" + missing + "\""));
   Initialize(false);
   EXPECT_THAT([&] { (void)ReadFrom(File("test.db")); },
-              refuses("The customers cannot be read: no such table: Customer"));
+              refuses("The customers cannot be read: no such table: Customer.\n\nquorvel init --sample"));
+
+  // The advice is not to make the schema when the reason is another.
+  std::ofstream(File("letter.txt")) << "Dear Mrs Smith, the delivery of last week has arrived.";
+  EXPECT_THAT([&] { (void)ReadFrom(File("letter.txt")); }, refuses("file is not a database.\n\nThe file is something"));
+  std::filesystem::remove(File("test.db-wal"));
+  std::filesystem::create_directory(File("test.db-wal"));  // as where SQLite may not make its second file
+  EXPECT_THAT([&] { (void)ReadFrom(File("test.db")); }, refuses("\n\nThis user must be able to write the file"));
 }
 
 }  // namespace
