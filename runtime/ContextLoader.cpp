@@ -147,6 +147,7 @@ void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const Rem
                       Integer("@OwnerKey", ado::DataType::Integer, owner.ownerKey)});
   if (rows->EndOfFile()) return;
   const MemoColumns row(*rows);
+  remarks.Reserve(rows->RecordCount());
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     const auto type = types != nullptr ? types->Item(TrimmedId(row.typeID)) : nullptr;
     if (!type || type->CanRead() <= 0) continue;

@@ -86,6 +86,10 @@ void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) {
   m_items->push_back(std::move(i_oRemark));
 }
 
+void RemarkList::Reserve(std::int32_t count) {
+  if (m_items) m_items->reserve(m_items->size() + static_cast<std::size_t>(std::max(count, 0)));
+}
+
 void RemarkList::Save() {
   if (m_items) {
     for (const auto& remark : *m_items) {

@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 
 #include "ado/embedded/BatchParser.h"
-#include "ado/embedded/FileInPlace.h"
 #include "ado/embedded/SqliteError.h"
 
 namespace quorvel::ado::embedded {
@@ -42,7 +41,7 @@ bool IsTrue(const Value& value) { return !IsNull(value) && ToBoolean(value); }
 }  // namespace
 
 Interpreter::Interpreter(sqlite3* database, Procedures& procedures)
-    : m_database(database), m_procedures(procedures), m_transaction(database) {
+    : m_database(database), m_procedures(procedures), m_transaction(database), m_file(database) {
   const auto rowCount = [](sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
     sqlite3_result_int64(context, *static_cast<std::int64_t*>(sqlite3_user_data(context)));
   };
@@ -64,7 +63,7 @@ std::optional<RowSet> Interpreter::Run(Program& program, Frame& frame) {
   frame.resize(program.variables.size());
   ++m_depth;
   try {
-    RunInPlace(program.steps, running);
+    RunInPlace(program, running);
   } catch (...) {
     --m_depth;
     m_transaction.Abandon();
@@ -75,12 +74,12 @@ std::optional<RowSet> Interpreter::Run(Program& program, Frame& frame) {
 }
 
 // A statement may have waited for another writer while the file was replaced, so what was written is looked for again.
-void Interpreter::RunInPlace(Block& steps, Running& running) {
-  const bool isOutermost = m_depth == 1;
+void Interpreter::RunInPlace(Program& program, Running& running) {
+  if (m_depth > 1) return static_cast<void>(RunBlock(program.steps, running));
+  program.onlyReads ? m_file.RequireForRead() : m_file.RequireForWrite();
   const int changesBefore = sqlite3_total_changes(m_database);
-  if (isOutermost) RequireFileInPlace(m_database);
-  RunBlock(steps, running);
-  if (isOutermost && sqlite3_total_changes(m_database) != changesBefore) RequireFileInPlace(m_database);
+  RunBlock(program.steps, running);
+  if (sqlite3_total_changes(m_database) != changesBefore) m_file.RequireForWrite();
 }
 
 Interpreter::Flow Interpreter::RunBlock(Block& block, Running& running) {

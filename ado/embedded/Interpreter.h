@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ado/embedded/CallFrame.h"
+#include "ado/embedded/FileInPlace.h"
 #include "ado/embedded/NestedTransaction.h"
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/Program.h"
@@ -19,7 +20,7 @@ class Interpreter {
   Interpreter(sqlite3* database, Procedures& procedures);
 
   /// Runs a program with its variables in `frame` and returns its first result set. DriverError 08S01 when the
-  /// database's file was deleted or replaced.
+  /// database's file was deleted or replaced; a program that only reads may notice that a moment later.
   std::optional<RowSet> Run(Program& program, Frame& frame);
 
  private:
@@ -33,7 +34,7 @@ class Interpreter {
     /// Takes the result set of a called program unless there is an earlier one.
     void KeepFirst(std::optional<RowSet> found);
   };
-  void RunInPlace(Block& steps, Running& running);
+  void RunInPlace(Program& program, Running& running);
   Flow RunBlock(Block& block, Running& running);
   Flow RunOne(Step& step, Running& running);
 
@@ -55,6 +56,7 @@ class Interpreter {
   sqlite3* m_database;
   Procedures& m_procedures;
   NestedTransaction m_transaction;
+  FileWatch m_file;
   std::int64_t m_rowCount = 0;  ///< rows that the last query read or changed: @@ROWCOUNT
   int m_depth = 0;              ///< how deep calls are nested
 };

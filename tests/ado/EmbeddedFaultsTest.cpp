@@ -85,8 +85,11 @@ TEST(EmbeddedFaults, DeletedOrReplacedFileTakesNoWrite) {
   const std::string file = database.DatabaseFile();
   const auto writer = database.Connect();
   const auto committer = database.Connect();
+  const auto reader = database.Connect();
   const std::string insert = "INSERT INTO Note VALUES ('lost')";
   committer->Execute("BEGIN TRANSACTION " + insert);
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  EXPECT_THAT(RowsOf(*reader, "SELECT t FROM Note"), ElementsAre("kept"));
 
   std::filesystem::rename(file, file + ".old");
   for (const auto& [connection, batch] :
@@ -95,6 +98,15 @@ TEST(EmbeddedFaults, DeletedOrReplacedFileTakesNoWrite) {
     EXPECT_EQ(connection->Errors().front().sqlState, "08S01") << batch;
     if (!std::filesystem::exists(file)) std::ofstream(file) << "another file";
   }
+  const auto reads = [&] {
+    try {
+      return !RowsOf(*reader, "SELECT t FROM Note").empty();
+    } catch (const Error&) {
+      return false;
+    }
+  };
+  while (reads()) ASSERT_LT(std::chrono::steady_clock::now(), deadline) << "a reader never sees the new file";
+  EXPECT_THAT(FailureOf(*reader, insert).Description(), HasSubstr(file + " was deleted or replaced"));
   std::filesystem::rename(file + ".old", file);
   EXPECT_THAT(RowsOf(*writer, "SELECT t FROM Note"), ElementsAre("kept"));
 }
