@@ -36,6 +36,7 @@ DataGrid::DataGrid(wxWindow* parent, std::vector<GridColumn> columns, std::vecto
   m_heights.Apply(m_state.content.Rows());
   BindEvents();
   BindMouse();
+  BindMenu();
 }
 
 DataGrid::~DataGrid() = default;
@@ -75,6 +76,7 @@ void DataGrid::BindEvents() {
          const std::int32_t rowIndex = RowIndex(event.GetRowOrCol() + 1);
          if (rowIndex > 0) m_heights.RowDragged(rowIndex, GetRowSize(event.GetRowOrCol()));
        }));
+  cells->Bind(wxEVT_PAINT, Guarded([this](wxPaintEvent& event) { Paint(event); }));
   cells->Bind(wxEVT_SIZE, Guarded([this](wxSizeEvent& event) {
                 event.Skip();
                 m_widths.Share();
@@ -112,6 +114,31 @@ void DataGrid::BindMouse() {
                         }));
 }
 
+// The toolkit reports a right click as a question for a menu on some desktops only, and the menu key on all of them.
+void DataGrid::BindMenu() {
+  wxWindow* const cells = GetGridWindow();
+  cells->Bind(wxEVT_RIGHT_UP, Guarded([this](wxMouseEvent& event) {
+                event.Skip();
+                AskForMenu(event.GetPosition());
+              }));
+  cells->Bind(
+      wxEVT_CONTEXT_MENU, Guarded([this](wxContextMenuEvent& event) {
+        if (event.GetPosition() != wxDefaultPosition) return;
+        const int row = std::max(m_state.currentLine, 1) - 1;
+        AskForMenu(row < GetNumberRows() ? CalcScrolledPosition(CellToRect(row, 0).GetBottomLeft()) : wxPoint());
+      }));
+}
+
+void DataGrid::AskForMenu(const wxPoint& inCells) {
+  if (MenuAsked) MenuAsked(inCells + GetGridWindow()->GetPosition());
+}
+
+void DataGrid::Paint(wxPaintEvent& event) {
+  if (m_state.content.Rows().LineCount() > 0 || m_state.emptyText.empty()) return event.Skip();
+  wxPaintDC dc(GetGridWindow());
+  m_renderer->DrawEmptyText(dc, GetGridWindow()->GetClientSize());
+}
+
 void DataGrid::ReportFailure(std::exception_ptr failure) noexcept {
   if (Failed) Failed(std::move(failure));
 }
@@ -141,6 +168,12 @@ void DataGrid::Bind(std::shared_ptr<ado::Recordset> recordset) {
   auto bound = recordset ? std::make_unique<RecordsetSource>(std::move(recordset), m_state.content.Columns()) : nullptr;
   m_state.content.SetSource(bound.get());
   m_bound = std::move(bound);
+}
+
+void DataGrid::SetEmptyText(std::string text) {
+  m_state.emptyText = std::move(text);
+  m_cursor.Speak();
+  ForceRefresh();
 }
 
 void DataGrid::SetRowHint(std::function<std::string(std::int32_t rowIndex)> hint) {
@@ -175,7 +208,8 @@ void DataGrid::SelectRowIndex(std::int32_t rowIndex) {
   SelectLine(rows.LineOf(rowIndex));
 }
 
-void DataGrid::SelectNone() {
+void DataGrid::SelectNone(std::int32_t resumeLine) {
+  m_state.resumeLine = resumeLine;
   m_cursor.MoveTo(0);
   Announce();
 }

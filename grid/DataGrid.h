@@ -35,7 +35,8 @@ class RecordsetSource;
 ///
 /// Keys: Up, Down, Page Up, Page Down, Home and End move; Left and - close a group, Right and + open it, Enter and
 /// Space do either; Left on a row goes to its heading; Shift+Tab leaves the grid backwards; Ctrl+C copies the line. Tab
-/// is left to the watcher; without a watcher it leaves the grid. Every other key goes on to the window.
+/// is left to the watcher; without a watcher it leaves the grid. Every other key goes on to the window. The menu key,
+/// Shift+F10 and the right mouse button ask for a menu.
 ///
 /// Changes of the layout (columns, groups, sort keys, source) show at the next Refetch.
 class DataGrid : public wxGrid {
@@ -48,6 +49,8 @@ class DataGrid : public wxGrid {
 
   /// The name of the grid for assistive technology while no line is current.
   void SetSpokenName(std::string name) { m_cursor.SetSpokenName(std::move(name)); }
+  /// The words that the grid shows and speaks when it has no lines; none at first.
+  void SetEmptyText(std::string text);
   void ShowColumn(std::int32_t column, bool visible) { m_state.content.ShowColumn(column, visible); }
   /// Opens all groups.
   void GroupBy(std::optional<SortKey> group) { m_state.content.GroupBy(group); }
@@ -72,8 +75,9 @@ class DataGrid : public wxGrid {
   void SelectLine(std::int32_t line);
   /// The same for the line of a row; opens its group.
   void SelectRowIndex(std::int32_t rowIndex);
-  /// Leaves no line current. The keys then begin at the first.
-  void SelectNone();
+  /// Leaves no line current. Down then goes to the first row from `resumeLine` on, Up to the line before `resumeLine`,
+  /// which is 1 to one more than there are lines.
+  void SelectNone(std::int32_t resumeLine = 1);
   /// Opens or closes the group whose heading is on `line`. When the current row is hidden, its heading becomes current.
   void SetGroupOpen(std::int32_t line, bool open);
   /// A click on the caption at `position`: sorts by its column, or reverses the order if the rows are sorted by it
@@ -83,6 +87,8 @@ class DataGrid : public wxGrid {
   [[nodiscard]] const GridContent& Content() const noexcept { return m_state.content; }
   /// 0 when no line is current.
   [[nodiscard]] std::int32_t CurrentLine() const noexcept { return m_state.currentLine; }
+  /// As SelectNone says.
+  [[nodiscard]] std::int32_t ResumeLine() const noexcept { return m_state.resumeLine; }
   /// The row on a line; 0 on headings and for lines that do not exist.
   [[nodiscard]] std::int32_t RowIndex(std::int32_t line) const noexcept;
   /// The explanation of the current row; empty when there is none.
@@ -99,6 +105,8 @@ class DataGrid : public wxGrid {
   /// Another row or heading has become current, by the user or by a call. Runs after the grid has moved, so it may
   /// change the grid.
   std::function<void()> CurrentLineChanged;
+  /// The user asks for a menu at a point of the grid; the line there, if any, is current. May be empty.
+  std::function<void(const wxPoint& point)> MenuAsked;
   /// Receives what a handler, the source or the watcher threw, since nothing may pass through the toolkit. Errors of
   /// drawing arrive after the drawing, one until the next Refetch.
   std::function<void(std::exception_ptr)> Failed;
@@ -107,6 +115,7 @@ class DataGrid : public wxGrid {
   void SetUpToolkit();
   void BindEvents();
   void BindMouse();
+  void BindMenu();
   template <typename Handler>
   auto Guarded(Handler handler);
   void ReportFailure(std::exception_ptr failure) noexcept;
@@ -116,6 +125,8 @@ class DataGrid : public wxGrid {
   void ShowLinesAt(const GridCursor::Mark& mark, std::int32_t fallback);
   void ShowColumns();
   void FitColumn(int position);
+  void Paint(wxPaintEvent& event);
+  void AskForMenu(const wxPoint& inCells);
   void Announce();
   void Restyle();
 

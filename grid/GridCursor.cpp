@@ -18,7 +18,11 @@ void GridCursor::SetSpokenName(std::string name) {
 }
 
 void GridCursor::Speak() const {
-  if (m_state.currentLine == 0) return ui::SetAccessibleName(*m_grid.GetGridWindow(), m_spokenName);
+  if (m_state.currentLine == 0) {
+    const bool isEmpty = m_state.content.Rows().LineCount() == 0 && !m_state.emptyText.empty();
+    const std::string name = isEmpty ? m_spokenName + ". " + m_state.emptyText : m_spokenName;
+    return ui::SetAccessibleName(*m_grid.GetGridWindow(), name);
+  }
   std::string line = m_state.SpokenLine(m_state.currentLine);
   if (const std::string hint = m_state.Hint(m_state.currentLine); !hint.empty()) line += ". " + hint;
   // The toolkit's text holds nothing that is not UTF-8.

@@ -60,8 +60,19 @@ GridKeys::Action GridKeys::ActionOf(int key) {
   return nullptr;
 }
 
-void GridKeys::Up() { m_grid.SelectLine(m_grid.CurrentLine() - 1); }
-void GridKeys::Down() { m_grid.SelectLine(m_grid.CurrentLine() + 1); }
+void GridKeys::Up() {
+  const std::int32_t current = m_grid.CurrentLine();
+  m_grid.SelectLine((current > 0 ? current : m_grid.ResumeLine()) - 1);
+}
+
+void GridKeys::Down() {
+  if (m_grid.CurrentLine() > 0) return m_grid.SelectLine(m_grid.CurrentLine() + 1);
+  const GridRows& rows = m_grid.Content().Rows();
+  std::int32_t line = m_grid.ResumeLine();
+  while (rows.GroupAt(line) != nullptr) ++line;
+  m_grid.SelectLine(std::min(line, rows.LineCount()));
+}
+
 void GridKeys::First() { m_grid.SelectLine(1); }
 void GridKeys::Last() { m_grid.SelectLine(m_grid.Content().Rows().LineCount()); }
 

@@ -66,7 +66,7 @@ void GridRenderer::TakeStyle(const wxGrid& grid) {
   // The current line stays visible, and its colour shows that keys go elsewhere.
   m_selectedUnfocused = readable(Mix(highlight, window, 0.5), text);
   m_line = ToWxColour(Mix(window, text, 0.2));
-  m_emptySpace = ToWxColour(window);
+  m_empty = {ToWxColour(window), ToWxColour(text)};
 }
 
 bool GridRenderer::IsOnTriangle(const wxWindow& grid, int x) { return x < grid.FromDIP(kTriangle + 2 * kCellMargin); }
@@ -97,6 +97,20 @@ void GridRenderer::Draw(wxGrid& grid, wxGridCellAttr& /*attribute*/, wxDC& dc, c
     if (cell.isChecked) DrawCheckMark(dc, rect, style.text);
   }
   DrawBorder(dc, rect);
+}
+
+void GridRenderer::DrawEmptyText(wxDC& dc, const wxSize& size) const {
+  dc.SetPen(*wxTRANSPARENT_PEN);
+  dc.SetBrush(wxBrush(m_empty.background));
+  dc.DrawRectangle({0, 0}, size);
+  dc.SetFont(m_font);
+  dc.SetTextForeground(m_empty.text);
+  const CellLines words = LayOutCell(dc, m_state.emptyText, size.x - 2 * kCellMargin, LineCountOf(dc, size.y));
+  int y = dc.GetCharHeight();
+  for (const wxString& line : words.lines) {
+    dc.DrawText(line, (size.x - dc.GetTextExtent(line).x) / 2, y);
+    y += dc.GetCharHeight();
+  }
 }
 
 void GridRenderer::DrawText(wxDC& dc, const wxRect& rect, const std::string& text) const {

@@ -20,13 +20,15 @@ class GridRenderer : public wxGridCellRenderer {
   /// Takes colours from the desktop and the font from `grid`. To be called again when those have changed.
   void TakeStyle(const wxGrid& grid);
   void SetFocused(bool focused) noexcept { m_isFocused = focused; }
-  [[nodiscard]] const wxColour& EmptySpace() const noexcept { return m_emptySpace; }
+  [[nodiscard]] const wxColour& EmptySpace() const noexcept { return m_empty.background; }
 
   /// Whether `x`, counted from the left border of the grid, is on the triangle of a heading.
   [[nodiscard]] static bool IsOnTriangle(const wxWindow& grid, int x);
 
   void Draw(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, const wxRect& rect, int row, int column,
             bool isSelected) override;
+  /// Draws the words of a grid without lines, over all of a window of that size.
+  void DrawEmptyText(wxDC& dc, const wxSize& size) const;
   wxSize GetBestSize(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, int row, int column) override;
   int GetBestHeight(wxGrid& grid, wxGridCellAttr& attribute, wxDC& dc, int row, int column, int width) override;
   /// State, colours and fonts are one grid's; a second renderer would draw the same.
@@ -51,8 +53,8 @@ class GridRenderer : public wxGridCellRenderer {
   Style m_heading;
   Style m_selected;
   Style m_selectedUnfocused;
+  Style m_empty;
   wxColour m_line;
-  wxColour m_emptySpace;
   bool m_isFocused = false;
 };
 

@@ -14,6 +14,9 @@ namespace quorvel {
 struct GridState {
   GridContent content;
   std::int32_t currentLine = 0;  ///< 0 when no line is current
+  /// The line at which Down goes on while no line is current; Up goes on at the line before it.
+  std::int32_t resumeLine = 1;
+  std::string emptyText{};  ///< shown and spoken when there are no lines
   /// Explains a row to the user who rests on it; may be empty.
   std::function<std::string(std::int32_t rowIndex)> rowHint{};
   /// Called with the error in flight when something cannot be read.

@@ -5,6 +5,7 @@
 #include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/gdicmn.h>
+#include <wx/menu.h>
 #include <wx/sizer.h>
 
 #include "grid/DataGrid.h"
@@ -66,6 +67,20 @@ void EditControls::Enable(const RemarkDisplay& display) {
   enable(*cmdDelete, display.canDelete);
   // A disabled control keeps the focus, and the window would then ignore the keyboard.
   if (isFocusLost) gdxMemos->SetFocus();
+}
+
+void EditControls::OfferMenu(const wxPoint& point) {
+  wxMenu menu;
+  for (const wxButton* each : {cmdNew, cmdSave, cmdDelete, cmdClose}) {
+    menu.Append(each->GetId(), each->GetLabel())->Enable(each->IsEnabled());
+  }
+  const int chosen = gdxMemos->GetPopupMenuSelectionFromUser(menu, point);
+  for (wxButton* each : {cmdNew, cmdSave, cmdDelete, cmdClose}) {
+    if (each->GetId() != chosen) continue;
+    wxCommandEvent click(wxEVT_BUTTON, chosen);
+    click.SetEventObject(each);
+    each->Command(click);
+  }
 }
 
 void EditControls::Clear() {

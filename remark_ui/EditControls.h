@@ -4,6 +4,7 @@
 #include "remark_ui/RemarkFrame.h"
 
 class wxButton;
+class wxPoint;
 
 namespace quorvel {
 
@@ -24,6 +25,8 @@ class EditControls {
   /// Enables what the user may do with the remark. If that disables the control with the focus, the grid gets the
   /// focus.
   void Enable(const RemarkDisplay& display);
+  /// Offers a menu of what the buttons do, enabled as they are, at a point of the grid.
+  void OfferMenu(const wxPoint& point);
   /// Shows no remark, and no rows once the grid has no source.
   void Clear();
 

@@ -46,6 +46,7 @@ void EditSession::SetUpGrid() {
   DataGrid& grid = *m_controls.gdxMemos;
   const bool isGrouped = m_context->GroupByType();
   grid.SetSource(&m_rows);
+  grid.SetEmptyText(m_rows.EmptyText());
   grid.AllowRowSizing(m_context->AllowRowSizing());
   grid.ShowColumn(RemarkRows::kTypeColumn, !isGrouped);
   grid.GroupBy(isGrouped ? std::optional(SortKey{RemarkRows::kTypeColumn, true}) : std::nullopt);
@@ -83,12 +84,21 @@ void EditSession::Save() {
 }
 
 void EditSession::Delete() {
+  DataGrid& grid = *m_controls.gdxMemos;
+  const std::int32_t line = grid.CurrentLine();
+  const std::int32_t lineCount = grid.Content().Rows().LineCount();
   // A new remark that was added only to be removed would leave a change to be asked about.
   if (!m_edited.IsNew()) CommitPending();
   m_edited.Remove();
   Refetch(0, 0);
+  // The other rows keep their order. The heading of a group goes with its last row.
+  const std::int32_t lost = lineCount - grid.Content().Rows().LineCount();
+  if (line > 0) {
+    const RaisedFlag refetching(m_isRefetching);
+    grid.SelectNone(line + 1 - lost);
+  }
   ShowSelected();
-  m_controls.gdxMemos->SetFocus();
+  grid.SetFocus();
 }
 
 void EditSession::Close() {

@@ -1,5 +1,6 @@
 #include "remark_ui/RemarkRows.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -44,6 +45,14 @@ std::vector<GridColumn> RemarkRows::Columns() {
 std::vector<std::int32_t> RemarkRows::ColumnOrder() { return {1, kDateColumn, kTypeColumn, 4, 5}; }
 
 void RemarkRows::SetContext(std::shared_ptr<const RemarkContext> context) noexcept { m_context = std::move(context); }
+
+// Only a user who may read every kind can be told that there are none.
+std::string RemarkRows::EmptyText() const {
+  const auto types = m_context ? m_context->Types() : nullptr;
+  const bool readsAll =
+      types && std::ranges::all_of(types->All(), [](const auto& type) { return type->CanRead() > 0; });
+  return readsAll ? "There are no remarks." : "There are no remarks that you may read.";
+}
 
 std::int32_t RemarkRows::RowCount() const { return m_context ? m_context->MemoCount() : 0; }
 

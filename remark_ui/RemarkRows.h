@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "grid/GridColumn.h"
@@ -25,6 +26,9 @@ class RemarkRows : public RowSource {
 
   /// Null shows nothing. The context is asked for its list at each read, since it may replace the list.
   void SetContext(std::shared_ptr<const RemarkContext> context) noexcept;
+
+  /// The words to show when there are no rows.
+  [[nodiscard]] std::string EmptyText() const;
 
   [[nodiscard]] std::int32_t RowCount() const override;
   /// Null for a row that the list does not have (any more) and for other columns.

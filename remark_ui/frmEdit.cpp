@@ -53,6 +53,9 @@ void frmEdit::BindHandlers() {
   controls.gdxMemos->CurrentLineChanged = [this] {
     if (m_session) m_session->RowChanged();
   };
+  controls.gdxMemos->MenuAsked = [this](const wxPoint& point) {
+    if (m_session) m_controls->OfferMenu(point);
+  };
   controls.gdxMemos->Failed = [this](std::exception_ptr failure) { HandleFailure(std::move(failure)); };
   Bind(wxEVT_CHAR_HOOK, UserAction([this](wxKeyEvent& event) { KeyPressed(event); }));
 }

@@ -5,6 +5,7 @@
 #include <gtk/gtk.h>
 
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -49,6 +50,23 @@ wxImage Picture(DataGrid& grid) {
 
 Colour ColourAt(const wxImage& picture, int x, int y) {
   return {picture.GetRed(x, y), picture.GetGreen(x, y), picture.GetBlue(x, y)};
+}
+
+/// The window as it is on the screen.
+wxImage OnScreen(wxWindow& window) {
+  test::WaitUntilDrawn(window);
+  HandleEvents();
+  const wxSize size = window.GetClientSize();
+  return wxBitmap(gdk_pixbuf_get_from_window(window.GTKGetDrawingWindow(), 0, 0, size.x, size.y)).ConvertToImage();
+}
+
+/// How many pixels differ from the one in the corner.
+int InkOf(const wxImage& picture) {
+  int ink = 0;
+  for (int y = 0; y < picture.GetHeight(); ++y) {
+    for (int x = 0; x < picture.GetWidth(); ++x) ink += ColourAt(picture, x, y) == ColourAt(picture, 0, 0) ? 0 : 1;
+  }
+  return ink;
 }
 
 TEST_F(DataGridTest, KeysMoveAndCloseGroups) {
@@ -179,6 +197,37 @@ TEST_F(DataGridTest, CurrentLineIsSpokenAndCopied) {
   m_source.rows.clear();
   m_grid->Refetch();
   EXPECT_EQ(spoken(), "Rows");
+  m_grid->SetEmptyText("There are none.");
+  EXPECT_EQ(spoken(), "Rows. There are none.");
+  const auto inEmptySpace = [this] { return InkOf(OnScreen(*m_grid->GetGridWindow())); };
+  EXPECT_GT(inEmptySpace(), 20) << "the words";
+  m_grid->SetEmptyText("");
+  EXPECT_EQ(inEmptySpace(), 0);
+}
+
+TEST_F(DataGridTest, KeysGoOnWhereNoLineIsCurrent) {
+  // The lines are heading 1, row 2, heading 3, rows 4 to 6.
+  for (const auto& [resumeLine, down, up] : {std::tuple(1, 2, 0), {3, 4, 2}, {5, 5, 4}, {7, 6, 6}}) {
+    for (const auto& [key, line] : {std::pair<int, std::int32_t>{WXK_DOWN, down}, {WXK_UP, up}}) {
+      m_grid->SelectNone(resumeLine);
+      Press(key);
+      EXPECT_EQ(m_grid->CurrentLine(), line) << resumeLine;
+    }
+  }
+}
+
+TEST_F(DataGridTest, MouseAndMenuKeyAskForAMenu) {
+  std::vector<wxPoint> asked;
+  m_grid->MenuAsked = [&](const wxPoint& point) { asked.push_back(point); };
+  ClickLine(4, 60, wxEVT_RIGHT_DOWN);
+  EXPECT_EQ(Row(), 4);
+  Mouse(wxEVT_RIGHT_UP, m_grid->GetGridWindow(), 60, 70);
+  wxContextMenuEvent byMouse(wxEVT_CONTEXT_MENU, wxID_ANY, {200, 200});
+  m_grid->GetGridWindow()->ProcessWindowEvent(byMouse);
+  wxContextMenuEvent byKey(wxEVT_CONTEXT_MENU);
+  m_grid->GetGridWindow()->ProcessWindowEvent(byKey);
+  const wxPoint cells = m_grid->GetGridWindow()->GetPosition();
+  EXPECT_THAT(asked, ElementsAre(wxPoint(60, 70) + cells, m_grid->CellToRect(3, 0).GetBottomLeft() + cells));
 }
 
 TEST_F(DataGridTest, DrawsAlternatingColoursAndCheckMarks) {

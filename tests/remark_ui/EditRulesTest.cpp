@@ -8,6 +8,7 @@
 #include "platform/wx/BoxText.h"
 #include "remark_ui/EditLayout.h"
 #include "remark_ui/EditedRemark.h"
+#include "remark_ui/RemarkRows.h"
 #include "runtime/RemarkRights.h"
 #include "tests/runtime/RuntimeTest.h"
 
@@ -47,6 +48,17 @@ class EditRulesTest : public testing::Test {
   EditedRemark m_edited{*m_context};
   const std::string m_login = modUserName::GetUserName();
 };
+
+TEST_F(EditRulesTest, EmptyGridSaysWhy) {
+  RemarkRows rows;
+  EXPECT_EQ(rows.EmptyText(), "There are no remarks that you may read.");
+  for (const auto& [user, words] :
+       {std::pair("admin", "There are no remarks."), {"guest", "There are no remarks that you may read."}}) {
+    const ContextHolder context("CustMaint", "C1001", user);
+    rows.SetContext(context->shared_from_this());
+    EXPECT_EQ(rows.EmptyText(), words);
+  }
+}
 
 TEST_F(EditRulesTest, AuthorsMayChangeTheirOwnRemarks) {
   struct Case {

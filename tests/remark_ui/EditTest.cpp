@@ -8,6 +8,7 @@
 
 #include <wx/choice.h>
 #include <wx/listbox.h>
+#include <wx/menu.h>
 #include <wx/uiaction.h>
 
 #include "data/modUserName.h"
@@ -243,6 +244,58 @@ TEST_F(EditTest, NewRemarkThatIsDeletedLeavesNothingToAskAbout) {
     EXPECT_EQ(Position(), 0) << "the buttons act on the new remark, not on a row";
     Type("typed");
     Click("cmdDelete");
+    Click("cmdClose");
+  });
+}
+
+TEST_F(EditTest, DownAfterDeleteGoesToTheRowThatFollowed) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  View(context, [&] {
+    wxUIActionSimulator keyboard;
+    Grid().SetFocus();
+    EXPECT_TRUE(HasFocus(Grid()));
+    // The only remark of its group takes the heading with it.
+    for (const std::int32_t position : {kGeneral, 3}) {
+      Go(position);
+      std::int32_t line = Grid().CurrentLine() + 1;
+      while (Grid().RowIndex(line) == 0) ++line;
+      const std::string next = RemarkAt(context, Grid().RowIndex(line)).MemoText();
+      keyboard.Char(WXK_DELETE);
+      EXPECT_TRUE(WaitFor([&] { return Position() == 0; })) << position;
+      keyboard.Char(WXK_DOWN);
+      EXPECT_TRUE(WaitFor([&] { return Text() == next; })) << position;
+    }
+    keyboard.Char(WXK_ESCAPE);
+    EXPECT_TRUE(Closes());
+  });
+}
+
+TEST_F(EditTest, MenuOfTheGridDoesWhatTheButtonsDo) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  View(context, [&] {
+    wxUIActionSimulator keyboard;
+    Grid().SetFocus();
+    EXPECT_TRUE(HasFocus(Grid()));
+    const std::int32_t count = context->MemoCount();
+    std::string enabled;
+    int key = 'D';
+    m_form.Bind(wxEVT_MENU_OPEN, [&](wxMenuEvent& event) {
+      for (const wxMenuItem* item : event.GetMenu()->GetMenuItems()) {
+        if (item->IsEnabled()) enabled += ui::FromWx(item->GetItemLabelText()) + ' ';
+      }
+      m_form.CallAfter([&] { keyboard.Char(key); });
+    });
+    keyboard.Char(WXK_F10, wxMOD_SHIFT);
+    EXPECT_TRUE(WaitFor([&] { return context->MemoCount() == count - 1; }));
+    EXPECT_EQ(enabled, "New Save Delete Close ");
+    enabled.clear();
+    key = WXK_ESCAPE;
+    keyboard.Char(WXK_F10, wxMOD_SHIFT);
+    EXPECT_TRUE(WaitFor([&] { return !enabled.empty(); }));
+    EXPECT_EQ(enabled, "New Close ") << "none is selected after Delete";
+    EXPECT_TRUE(m_form.IsShown()) << "Esc leaves the menu first";
     Click("cmdClose");
   });
 }
