@@ -84,6 +84,7 @@ bool IsAboutParameters(const Error& error) {
 /// asked for them; then they are asked again, once.
 template <typename Call>
 auto CallDiscovered(std::string_view procName, const Call& call) {
+  const modWaitCursor::BusyPointer busy;
   const auto dropped = DropLostConnection();
   ado::Command command = ProcedureCall(procName);
   try {

@@ -29,6 +29,11 @@ class Prompts {
 
   /// Sets the pointer. Never throws; does nothing where there is no pointer.
   virtual void SetPointer(PointerShape shape) noexcept = 0;
+
+  /// Call it again and again while this thread waits for another program. Lets the component's windows draw themselves;
+  /// no key, click or timer takes effect, and the database is not used. Never throws; does nothing on a thread without
+  /// windows.
+  virtual void KeepDrawing() noexcept {}
 };
 
 }  // namespace quorvel

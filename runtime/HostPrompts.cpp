@@ -47,6 +47,10 @@ void HostPrompts::SetPointer(PointerShape shape) noexcept {
   if (m_boxes) m_boxes->SetPointer(shape);
 }
 
+void HostPrompts::KeepDrawing() noexcept {
+  if (m_boxes) m_boxes->KeepDrawing();
+}
+
 void UseHostPrompts() {
   static std::once_flag once;
   std::call_once(once, [] {

@@ -24,6 +24,7 @@ class HostPrompts : public Prompts {
                            PromptIcon icon) override;
   std::optional<std::string> AskText(std::string_view prompt, std::string_view title) override;
   void SetPointer(PointerShape shape) noexcept override;
+  void KeepDrawing() noexcept override;
 
  private:
   template <typename Question>

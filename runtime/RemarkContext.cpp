@@ -7,6 +7,7 @@
 
 #include "data/modDatabase.h"
 #include "data/modUserName.h"
+#include "data/modWaitCursor.h"
 #include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
 #include "platform/RaisedFlag.h"
@@ -164,6 +165,7 @@ void RemarkContext::Save(bool bForceSave) {
       return;
     }
   }
+  const modWaitCursor::BusyPointer busy;
   list->Save();
 }
 

@@ -71,8 +71,7 @@ std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
   CheckFile(options.initialCatalog);
   DatabaseHandle database = OpenFile(options.initialCatalog, SQLITE_OPEN_READWRITE);
   sqlite3* handle = database.Get();
-  auto session = std::make_unique<EmbeddedSession>(std::move(database));
-  session->SetCommandTimeout(options.commandTimeout);
+  auto session = std::make_unique<EmbeddedSession>(std::move(database), options.commandTimeout);
   Configure(handle);
   return session;
 }

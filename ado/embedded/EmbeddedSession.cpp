@@ -2,26 +2,21 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <limits>
-
 #include "ado/embedded/BatchParser.h"
 #include "ado/embedded/CallFrame.h"
 
 namespace quorvel::ado::embedded {
 
-EmbeddedSession::EmbeddedSession(DatabaseHandle database)
+EmbeddedSession::EmbeddedSession(DatabaseHandle database, std::chrono::seconds commandTimeout)
     : m_database(std::move(database)),
       m_procedures(m_database.Get()),
       m_interpreter(m_database.Get(), m_procedures),
-      m_reading(m_database.Get()) {}
-
-void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) {
-  // ADO's 0 means to wait without end, SQLite's not to wait at all.
-  constexpr std::chrono::seconds kLongest{std::numeric_limits<int>::max() / 1000};
-  const auto wait = timeout.count() <= 0 ? kLongest : std::min(timeout, kLongest);
-  sqlite3_busy_timeout(m_database.Get(), static_cast<int>(wait.count()) * 1000);
+      m_reading(m_database.Get()) {
+  m_wait.SetLimit(commandTimeout);
+  m_wait.Attach(m_database.Get());
 }
+
+void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) { m_wait.SetLimit(timeout); }
 
 Result EmbeddedSession::Execute(std::string_view batch) {
   Program program = BatchParser(TokenCursor(batch), m_procedures.Tables()).Parse();

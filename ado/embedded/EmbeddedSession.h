@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ado/embedded/BusyWait.h"
 #include "ado/embedded/Interpreter.h"
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/ReadTransaction.h"
@@ -11,7 +12,7 @@ namespace quorvel::ado::embedded {
 /// A session of the embedded engine on an open database.
 class EmbeddedSession final : public Session {
  public:
-  explicit EmbeddedSession(DatabaseHandle database);
+  EmbeddedSession(DatabaseHandle database, std::chrono::seconds commandTimeout);
 
   void SetCommandTimeout(std::chrono::seconds timeout) override;
   Result Execute(std::string_view batch) override;
@@ -24,6 +25,7 @@ class EmbeddedSession final : public Session {
  private:
   Result CallNow(std::string_view procedure, std::span<Parameter> parameters);
 
+  BusyWait m_wait;
   DatabaseHandle m_database;
   Procedures m_procedures;
   Interpreter m_interpreter;

@@ -4,7 +4,7 @@
 
 namespace sample {
 
-/// What a user can do about a failure, as a sentence; empty when its description says all.
+/// Advice to the user about a failure, as a sentence; empty when its description says all.
 
 /// `number` is that of a ComponentError.
 [[nodiscard]] wxString AdviceOnCall(long number);

@@ -4,7 +4,7 @@
 
 namespace sample {
 
-/// What the user wants when changes are not in the database.
+/// The user's wish for changes that are not in the database.
 enum class UnsavedAnswer { Save, OpenAgain, ThrowAway };
 
 /// Opens the editor, and lets no change be lost unasked: where saving failed, or where the place leaves saving to this

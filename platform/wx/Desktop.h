@@ -5,6 +5,8 @@
 
 #include "platform/Error.h"
 
+class wxWindow;
+
 namespace quorvel::ui {
 
 // The desktop that the component runs on, with one body for each system.
@@ -22,6 +24,14 @@ void RequireDesktop();
 /// Starts wxWidgets with the application object that is set, as part of the module that contains this code. Returns
 /// false when it does not start. Call RequireDesktop first.
 [[nodiscard]] bool StartToolkit();
+
+// For a thread that waits and does not run its loop.
+
+/// Receives what the desktop sends, so that the desktop knows that the program lives and the program knows which parts
+/// of its windows to draw. Nothing is done about keys, clicks and everything else, which stay in their order.
+void ReceiveEvents();
+/// Draws what `window` and its controls have to draw, and shows it.
+void DrawNow(wxWindow& window);
 
 /// While it lives, controls that the calling thread makes have the look of today's programs, even in a host that asked
 /// the system for the old look. Scopes of a thread end in the reverse order of their beginning. Has an effect on

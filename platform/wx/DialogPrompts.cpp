@@ -6,6 +6,7 @@
 #include <wx/utils.h>
 
 #include "platform/wx/Desktop.h"
+#include "platform/wx/GuardedWindow.h"
 #include "platform/wx/HostWindows.h"
 #include "platform/wx/MessageDialog.h"
 #include "platform/wx/ModalDialog.h"
@@ -18,6 +19,13 @@ namespace {
 
 /// Whether the component shows the hourglass. Only one thread has windows.
 bool isWaiting = false;
+
+/// Draws the component's windows only: a host does not expect to draw its own inside a call of the component.
+void DrawWindows() {
+  for (wxWindow* window : wxTopLevelWindows) {
+    if (dynamic_cast<GuardedWindow*>(window) != nullptr) DrawNow(*window);
+  }
+}
 
 bool HasWindows() { return wxAppConsole::GetInstance() != nullptr && wxThread::IsMain(); }
 
@@ -88,6 +96,16 @@ void DialogPrompts::SetPointer(PointerShape shape) noexcept {
     ShowHourglass(shape == PointerShape::Hourglass);
   } catch (...) {
     // A wrong pointer is no reason to fail.
+  }
+}
+
+void DialogPrompts::KeepDrawing() noexcept {
+  if (!HasWindows()) return;
+  try {
+    ReceiveEvents();
+    DrawWindows();
+  } catch (...) {
+    // An undrawn window is no reason to fail.
   }
 }
 

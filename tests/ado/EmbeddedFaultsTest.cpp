@@ -15,6 +15,7 @@
 #include "ado/embedded/EmbeddedEngine.h"
 #include "tests/support/Caught.h"
 #include "tests/support/Rows.h"
+#include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
 
 namespace quorvel::ado {
@@ -126,9 +127,11 @@ TEST(EmbeddedFaults, WritersWaitFromTheirFirstReadUpToCommandTimeout) {
   second->SetCommandTimeout(std::chrono::seconds(1));
   // A batch that defines a procedure reads and writes, too.
   for (const char* batch : {"EXEC spCount", "ALTER PROCEDURE spCount AS SELECT 1 AS n"}) {
+    const quorvel::test::PromptsGuard prompts;
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_EQ(FailureOf(*second, batch).Number(), ErrorNumber::DbTimeout) << batch;
     EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(900)) << batch;
+    EXPECT_GT(prompts->drawings, 9) << "windows draw themselves during the wait";
   }
 
   second->SetCommandTimeout(std::chrono::seconds(60));

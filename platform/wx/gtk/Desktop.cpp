@@ -7,8 +7,10 @@
 #include <clocale>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <wx/init.h>
+#include <wx/window.h>
 
 #include "platform/OperatingSystem.h"
 
@@ -93,6 +95,21 @@ bool StartToolkit() {
   int argumentCount = 0;
   return wxEntryStart(argumentCount, static_cast<wxChar**>(nullptr));
 }
+
+// GDK takes note of the parts to draw when it reads an event from the display. The loop of GTK is not run: it would
+// also run the timers of the host, which may call the component again.
+void ReceiveEvents() {
+  GdkDisplay* const display = gdk_display_get_default();
+  if (display == nullptr) return;
+  std::vector<GdkEvent*> events;
+  while (GdkEvent* event = gdk_display_get_event(display)) events.push_back(event);
+  for (GdkEvent* event : events) {
+    gdk_display_put_event(display, event);
+    gdk_event_free(event);
+  }
+}
+
+void DrawNow(wxWindow& window) { window.Update(); }
 
 // The desktop's theme is the same for all programs.
 VisualStyles::VisualStyles() noexcept = default;

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <wx/init.h>
+#include <wx/window.h>
 
 #include "platform/windows/ModulePath.h"
 
@@ -68,6 +69,16 @@ bool StartToolkit() {
   // The toolkit looks up which library of controls there is and keeps the answer.
   const VisualStyles styles;
   return module != nullptr && wxEntryStart(module);
+}
+
+// The system takes a program that looks at no message for five seconds for a dead one.
+void ReceiveEvents() {
+  MSG first{};
+  static_cast<void>(::PeekMessageW(&first, nullptr, 0, 0, PM_NOREMOVE));
+}
+
+void DrawNow(wxWindow& window) {
+  ::RedrawWindow(window.GetHandle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 VisualStyles::VisualStyles() noexcept {

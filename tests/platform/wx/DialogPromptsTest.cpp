@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include <wx/dcclient.h>
 #include <wx/frame.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -15,6 +16,7 @@
 #include "platform/wx/Text.h"
 #include "tests/support/wx/ModalScript.h"
 #include "tests/support/wx/TestWindow.h"
+#include "tests/support/wx/WaitFor.h"
 
 namespace quorvel::ui {
 namespace {
@@ -112,6 +114,36 @@ TEST_F(DialogPromptsTest, BoxBelongsToTheTopmostWindowAndHasTheDefaultPointer) {
     dialog.Finish();
   });
   ExpectBox(GTK_RESPONSE_OK);
+  window.RunModal();
+}
+
+TEST_F(DialogPromptsTest, WaitDrawsWindowsOfTheComponentAndRunsNothing) {
+  TestWindow window("Owner");
+  script.ExpectWindow<TestWindow>("Owner", [this](TestWindow& dialog) {
+    test::WaitUntilDrawn(dialog);
+    int drawn = 0;
+    dialog.Bind(wxEVT_PAINT, [&drawn](wxPaintEvent&) { ++drawn; });
+    bool timerRan = false;
+    const auto run = [](gpointer ran) { return static_cast<gboolean>(*static_cast<bool*>(ran) = true); };
+    const guint timer = g_timeout_add(0, run, &timerRan);
+    GdkEvent* typed = gdk_event_new(GDK_KEY_PRESS);
+    typed->key.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(dialog.GetHandle())));
+    gdk_event_put(typed);
+    dialog.Refresh();
+    prompts.KeepDrawing();
+    EXPECT_EQ(drawn, 1);
+    EXPECT_FALSE(timerRan) << "a host's timer may call the component";
+    GdkEvent* kept = gdk_event_get();
+    while (kept != nullptr && kept->type != GDK_KEY_PRESS) {
+      gdk_event_free(kept);
+      kept = gdk_event_get();
+    }
+    EXPECT_NE(kept, nullptr) << "the key still waits";
+    if (kept != nullptr) gdk_event_free(kept);
+    gdk_event_free(typed);
+    g_source_remove(timer);
+    dialog.Finish();
+  });
   window.RunModal();
 }
 

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <chrono>
+
+namespace quorvel::ado::embedded {
+
+/// The wait of a database for a lock that another program or thread holds. SQLite would sleep by itself; here the
+/// windows of this program draw themselves meanwhile.
+class BusyWait {
+ public:
+  BusyWait() = default;
+  BusyWait(const BusyWait&) = delete;
+  BusyWait& operator=(const BusyWait&) = delete;
+
+  /// Waits for the locks of `database` from now on. The object must outlive the open database.
+  void Attach(sqlite3* database) noexcept;
+  /// How long one wait may take; 0 means without a limit, as ADO counts.
+  void SetLimit(std::chrono::seconds limit) noexcept { m_limit = limit; }
+
+ private:
+  static int Handle(void* self, int tries) noexcept;
+  /// Sleeps for a moment; false when the limit is reached.
+  [[nodiscard]] bool GoOn(int tries);
+
+  std::chrono::seconds m_limit{0};
+  std::chrono::steady_clock::time_point m_begin;
+};
+
+}  // namespace quorvel::ado::embedded
