@@ -9,7 +9,7 @@
 namespace quorvel {
 
 /// The content of a regular file; the empty text when the file or its folder does not exist. Nothing when the file
-/// cannot be read.
+/// cannot be read. Removes a copy that a killed writer has left, when no other writer is at work.
 [[nodiscard]] std::optional<std::string> ReadWholeFile(const std::filesystem::path& file);
 
 /// Returns the new content for the old one, which is empty when there is no file. Nothing when the content cannot be

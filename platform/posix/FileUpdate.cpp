@@ -118,20 +118,30 @@ bool IsStillTheLock(const fs::path& file, const Descriptor& locked) {
   return IsSameFile(now, held);
 }
 
-/// An invalid descriptor after a failure or at the deadline, and errno then says why.
+/// An invalid descriptor after a failure, and errno then says why; EWOULDBLOCK when another writer has the lock.
+Descriptor TryLock(const fs::path& file) {
+  Descriptor descriptor = OpenForLock(file);
+  if (!descriptor || ::flock(descriptor.Get(), LOCK_EX | LOCK_NB) != 0) return {};
+  if (IsStillTheLock(file, descriptor)) return descriptor;
+  errno = EWOULDBLOCK;
+  return {};
+}
+
+/// Waits for the lock; EBUSY at the deadline.
 Descriptor Lock(const fs::path& file, Clock::time_point deadline) {
   do {
-    Descriptor descriptor = OpenForLock(file);
-    if (!descriptor) return descriptor;
-    if (::flock(descriptor.Get(), LOCK_EX | LOCK_NB) == 0) {
-      if (IsStillTheLock(file, descriptor)) return descriptor;
-    } else if (errno != EWOULDBLOCK && errno != EINTR) {
-      return {};
-    }
+    Descriptor locked = TryLock(file);
+    if (locked || (errno != EWOULDBLOCK && errno != EINTR)) return locked;
     std::this_thread::sleep_for(kPause);
   } while (Clock::now() < deadline);
   errno = EBUSY;
   return {};
+}
+
+/// A writer that was killed may have left a copy. Without waiting, because the lock may be that of a writer at work.
+void RemoveLeftover(const fs::path& target) {
+  if (!NewFile::HasLeftover(target)) return;
+  if (const Descriptor lock = TryLock(target)) NewFile::RemoveLeftover(target);
 }
 
 /// Writes the new content in place of what was read; the caller holds the lock. An error of EAGAIN means that the file
@@ -169,6 +179,7 @@ std::error_code Attempt(const fs::path& target, const ContentChange& change, Set
 }  // namespace
 
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& file) {
+  RemoveLeftover(Resolve(file));
   Reading reading;
   return Read(file, reading) ? std::optional(std::move(reading.content)) : std::nullopt;
 }

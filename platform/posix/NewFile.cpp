@@ -14,13 +14,16 @@ constexpr mode_t kWidestMode = S_IRUSR | S_IWUSR | S_IRGRP;
 /// The names of open files, through which a file without a name gets one.
 constexpr const char* kOpenFiles = "/proc/self/fd/";
 
+std::filesystem::path TemporaryName(const std::filesystem::path& target) {
+  return target.parent_path() / ("." + target.filename().string() + ".new");
+}
+
 }  // namespace
 
 void DescriptorTraits::Close(int descriptor) { ::close(descriptor); }
 
-NewFile::NewFile(std::filesystem::path target)
-    : m_target(std::move(target)), m_temporary(m_target.parent_path() / ("." + m_target.filename().string() + ".new")) {
-  ::unlink(m_temporary.c_str());
+NewFile::NewFile(std::filesystem::path target) : m_target(std::move(target)), m_temporary(TemporaryName(m_target)) {
+  RemoveLeftover(m_target);
   if (::access(kOpenFiles, X_OK) == 0) {
     m_file.Reset(::open(m_target.parent_path().c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, kWidestMode));
   }
@@ -34,6 +37,13 @@ NewFile::~NewFile() {
   if (m_isNamed) ::unlink(m_temporary.c_str());
   errno = reason;
 }
+
+bool NewFile::HasLeftover(const std::filesystem::path& target) {
+  struct stat status {};
+  return ::lstat(TemporaryName(target).c_str(), &status) == 0;
+}
+
+void NewFile::RemoveLeftover(const std::filesystem::path& target) { ::unlink(TemporaryName(target).c_str()); }
 
 bool NewFile::TakeAccess(const struct stat& replaced) {
   if (!m_file) return false;

@@ -18,9 +18,8 @@ struct DescriptorTraits {
 using Descriptor = UniqueHandle<DescriptorTraits>;
 
 /// A file that is written completely before it gets its name. Until then it has no name, so that a process that is
-/// killed leaves no copy of it; on a file system without such files it has a temporary one, which the next NewFile for
-/// the same target removes. The caller keeps other writers of the target out. Every function is false after a failure,
-/// and errno then says why.
+/// killed leaves no copy of it; on a file system without such files it has a temporary one. The caller keeps other
+/// writers of the target out. Every function is false after a failure, and errno then says why.
 class NewFile {
  public:
   /// The file will stand at `target`. Its mode is 0640, or less with a stricter umask.
@@ -28,6 +27,12 @@ class NewFile {
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
   ~NewFile();
+
+  /// Whether there is a file that a killed writer of `target` has left, or that another one is writing.
+  [[nodiscard]] static bool HasLeftover(const std::filesystem::path& target);
+
+  /// Removes what a killed writer of `target` has left.
+  static void RemoveLeftover(const std::filesystem::path& target);
 
   /// Takes over the owner, the group and a narrower mode of the file that will be replaced.
   [[nodiscard]] bool TakeAccess(const struct stat& replaced);
