@@ -30,6 +30,12 @@ class Error : public std::exception {
   std::string m_description;
 };
 
+/// The error of a window or a box that cannot be opened: the user has seen nothing.
+class NoWindow : public Error {
+ public:
+  using Error::Error;
+};
+
 /// Numbers that hosts test for. The small ones are those of the classic language runtime; the negative
 /// ones are the HRESULTs that ADO and its providers give.
 namespace ErrorNumber {

@@ -11,7 +11,7 @@
 namespace quorvel {
 
 template <typename Question>
-auto HostPrompts::AskOnTerminal(Question question, const Error& noBox) {
+auto HostPrompts::AskOnTerminal(Question question, const NoWindow& noBox) {
   try {
     return question(m_terminal);
   } catch (const Error& noTerminal) {
@@ -25,7 +25,7 @@ auto HostPrompts::Ask(Question question) {
   try {
     if (m_boxes) return question(*m_boxes);
     static_cast<void>(CurrentRemarkWindows("Quorvel.Prompts"));
-  } catch (const Error& noBox) {
+  } catch (const NoWindow& noBox) {
     return AskOnTerminal(question, noBox);
   }
   // The start of the windows has installed prompts with boxes, unless the host keeps its own.

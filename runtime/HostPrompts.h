@@ -12,9 +12,10 @@
 namespace quorvel {
 
 /// The prompts inside a host: message boxes, and the terminal where no box can be shown, for example on another thread
-/// than that of the windows. Without either, the error gives both reasons. Those without boxes start the window library
-/// with the first question, which installs others. They live in the core and not with the published objects that need
-/// them, because a host may unload the published objects and load them again.
+/// than that of the windows. Without either, the error gives both reasons. After another error of a box the user may
+/// have seen the question, so it is not asked again. Prompts without boxes start the window library with the first
+/// question, which installs others. They live in the core and not with the published objects that need them, because a
+/// host may unload the published objects and load them again.
 class HostPrompts : public Prompts {
  public:
   explicit HostPrompts(std::shared_ptr<Prompts> boxes = nullptr, TerminalPrompts terminal = {})
@@ -30,7 +31,7 @@ class HostPrompts : public Prompts {
   template <typename Question>
   auto Ask(Question question);
   template <typename Question>
-  auto AskOnTerminal(Question question, const Error& noBox);
+  auto AskOnTerminal(Question question, const NoWindow& noBox);
 
   std::shared_ptr<Prompts> m_boxes;
   TerminalPrompts m_terminal;

@@ -30,7 +30,7 @@ void Start(CurrentState& current, std::string_view source) {
     current.formerPrompts = ExchangePrompts(std::make_shared<HostPrompts>(std::move(library.prompts)));
     current.windows = std::move(library.windows);
   } catch (const Error& error) {
-    throw Error(error.Number(), std::string(source), error.Description());
+    throw NoWindow(error.Number(), std::string(source), error.Description());
   }
 }
 

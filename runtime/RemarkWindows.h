@@ -21,8 +21,8 @@ class RemarkWindows {
   virtual void ViewManager(std::int32_t modal) = 0;
 };
 
-/// The installed windows. The first call starts the window library and installs its windows and prompts. Throws error
-/// -1 from `source` when it cannot start, for example without a display; a later call tries again.
+/// The installed windows. The first call starts the window library and installs its windows and prompts. Throws
+/// NoWindow, error -1 from `source`, when it cannot start, for example without a display; a later call tries again.
 [[nodiscard]] RemarkWindows& CurrentRemarkWindows(std::string_view source);
 
 /// Whether windows are installed.

@@ -12,7 +12,7 @@ namespace quorvel::ui {
 // The desktop that the component runs on, with one body for each system.
 
 /// Error -1, "No window can be opened: " and the reason.
-[[nodiscard]] Error NoWindowError(std::string_view reason);
+[[nodiscard]] NoWindow NoWindowError(std::string_view reason);
 inline constexpr std::string_view kOtherThreadHasWindows =
     "another thread of the program has windows already, and only one thread can have them";
 inline constexpr std::string_view kSystemMakesNone = "the system makes no window for the program";

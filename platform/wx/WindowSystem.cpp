@@ -44,7 +44,7 @@ void Start() {
 
 }  // namespace
 
-Error NoWindowError(std::string_view reason) {
+NoWindow NoWindowError(std::string_view reason) {
   return {ErrorNumber::Component, std::string(kApplicationName), "No window can be opened: " + std::string(reason)};
 }
 

@@ -76,5 +76,14 @@ TEST(ComponentWindows, QuestionsOfOtherThreadsAreAskedOnTheTerminal) {
   }).join();
 }
 
+TEST(ComponentWindows, QuestionThatWasShownIsNotAskedAgainOnTheTerminal) {
+  const auto boxes = std::make_shared<ScriptedPrompts>();
+  boxes->meanwhile = [] { throw Error(-1, "host", "the handler of a timer"); };
+  const Terminal terminal("y\n");
+  HostPrompts prompts(boxes, terminal.Prompts());
+  EXPECT_THAT(Caught([&] { prompts.ShowMessage("Save?", "Remarks", PromptButtons::YesNo, PromptIcon::Question); }),
+              IsError(-1, "host", "the handler of a timer"));
+}
+
 }  // namespace
 }  // namespace quorvel::test
