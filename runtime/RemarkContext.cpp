@@ -42,7 +42,9 @@ void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
   m_owner.key = ownerKey;
   if (!m_remarkList) ThrowObjectNotSet();
   m_remarkList->Clear(true);
-  m_remarkList->SetOrigin({MemoOwner{m_context.entityKey, ownerKey}, m_context.editBehavior});
+  // After a failed Load the entity may be that of the record that was not loaded.
+  const auto owner = m_isLoaded ? std::optional(MemoOwner{m_context.entityKey, ownerKey}) : std::nullopt;
+  m_remarkList->SetOrigin({owner, m_context.editBehavior});
 }
 
 std::shared_ptr<RemarkType> RemarkContext::Item(const Value& i_vIndexKey) const noexcept {
@@ -91,7 +93,9 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   RefuseWhileEdited("RemarkContext.Load");
   modDatabase::EnsureConnection();
   Save(false);
+  const auto former = m_remarkList;
   m_isLoaded = false;
+  if (former) former->SetTakesNew(false);
   m_contextID = i_sContextID;
   contextLoader::LoadContext(m_contextID, m_context);
   m_types = std::make_shared<RemarkTypes>();
@@ -99,6 +103,7 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   m_userID = i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID;
   contextLoader::LoadRights(m_userID, *m_types);
   m_isLoaded = true;
+  if (former) former->SetTakesNew(true);
   m_ownerID = i_sOwnerID;
   LoadMemos();
 }
@@ -195,6 +200,8 @@ void RemarkContext::PopupMemos(bool i_bRefresh) {
 
 void RemarkContext::EditMemos(bool i_bRefresh) {
   if (i_bRefresh) RefreshRemarkList();
+  // The user would write to the owner of the former list below the caption of another one.
+  if (m_remarkList) RequireLoaded("RemarkContext.EditMemos");
   RemarkWindows& windows = CurrentRemarkWindows("RemarkContext.EditMemos");
   // The host may let go of this object while the window is open.
   const auto keepAlive = weak_from_this().lock();

@@ -46,7 +46,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] const std::string& EntityName() const noexcept { return m_context.entityName; }
   [[nodiscard]] std::int32_t OwnerKey() const noexcept { return m_owner.key; }
   /// Stores the key and empties the list without saving or reading; remarks that are added from now on belong to this
-  /// owner. Error 91, after storing the key, when there is no list.
+  /// owner, and after a failed Load to none. Error 91, after storing the key, when there is no list.
   void SetOwnerKey(std::int32_t ownerKey);
   [[nodiscard]] const std::string& OwnerName() const noexcept { return m_owner.name; }
   /// The owner's remarks; null before an owner lookup and after Dispose.
@@ -74,8 +74,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
 
   /// Saves what is pending (Save(false)), then reads context, types, rights, owner and remarks in this order. An empty
   /// owner gives an empty list, an empty user means the logon name. An error ends the load and keeps what was read.
-  /// Until another Load succeeds, the remarks that were there before can still be saved, and AddRemark,
-  /// RefreshRemarkList and a new OwnerID raise error -1.
+  /// Until another Load succeeds, the remarks that were there before can still be saved, and AddRemark, the list's Add,
+  /// RefreshRemarkList, EditMemos and a new OwnerID raise error -1.
   void Load(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
   /// Load, then EditMemos.
   void Edit(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});

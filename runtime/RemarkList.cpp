@@ -83,6 +83,10 @@ std::shared_ptr<Remark> RemarkList::Add() {
 
 void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) {
   if (!m_items || !i_oRemark) ThrowObjectNotSet();
+  if (!m_takesNew) {
+    throw Error(ErrorNumber::Component, "RemarkList.Add",
+                "The last Load failed, so these remarks are not those of the record that it should load");
+  }
   m_items->push_back(std::move(i_oRemark));
 }
 

@@ -24,6 +24,9 @@ class RemarkList : public Publishable {
 
   [[nodiscard]] const ListOrigin& Origin() const noexcept { return m_origin; }
   void SetOrigin(const ListOrigin& origin) noexcept { m_origin = origin; }
+  /// Whether new remarks are taken. After a failed Load its context still has this list, and a remark that is added
+  /// then is meant for another owner.
+  void SetTakesNew(bool takesNew) noexcept { m_takesNew = takesNew; }
   /// The owner of the remarks; error -1 from `source` when none is known.
   [[nodiscard]] const MemoOwner& Owner(const char* source) const;
 
@@ -43,9 +46,10 @@ class RemarkList : public Publishable {
   /// Without a Backup the list has no collections afterwards.
   void Restore() noexcept;
 
-  /// Appends a new empty remark and returns it. Error 91 when the list has no collections.
+  /// Appends a new empty remark and returns it. Error 91 when the list has no collections, -1 when it takes no new
+  /// ones.
   std::shared_ptr<Remark> Add();
-  /// Appends a remark. Error 91 when it is null or the list has no collections.
+  /// Appends a remark. Error 91 when it is null or the list has no collections, -1 when it takes no new ones.
   void AddRemark(std::shared_ptr<Remark> i_oRemark);
 
   /// Makes room for `count` more remarks, for the code that reads them: a collection that grows by itself leaves up to
@@ -71,6 +75,7 @@ class RemarkList : public Publishable {
 
  private:
   ListOrigin m_origin;
+  bool m_takesNew = true;
   std::shared_ptr<Collection> m_items;
   std::shared_ptr<Collection> m_deleted;
   std::shared_ptr<Collection> m_backupItems;

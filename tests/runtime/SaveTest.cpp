@@ -124,6 +124,8 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   EXPECT_THAT(Caught([&] { context->AddRemark("Ord.Note", "for no owner"); }), notLoaded("RemarkContext.AddRemark"));
   EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }), notLoaded("RemarkContext.RefreshRemarkList"));
   EXPECT_THAT(Caught([&] { remark->Commit(); }), notLoaded("Remark.Commit"));
+  EXPECT_THAT(Caught([&] { context->EditMemos(); }), notLoaded("RemarkContext.EditMemos"));
+  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("Load failed")));
   EXPECT_EQ(OwnerOf("refused first"), "");
   context->Load("OrderEntry", "SO20001", "admin");
   EXPECT_EQ(OwnerOf("refused first"), "501/45");
@@ -132,6 +134,17 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   remark->SetMemoText("taken along");
   EXPECT_THAT(Caught([&] { remark->Commit(); }), IsError(-1, "Remark.Commit", HasSubstr("another record")));
   EXPECT_EQ(OwnerOf("taken along"), "");
+
+  // An assigned key does not say of which entity it is.
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  context->AddRemark("Ord.Note", "restored");
+  context->RemarkList()->Backup();
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", std::string(31, 'u')); }),
+              HasNumber(ErrorNumber::AdoDataConversion));
+  context->SetOwnerKey(45);
+  context->RemarkList()->Restore();
+  EXPECT_THAT(Caught([&] { context->Save(true); }), IsError(-1, "RemarkList.Save", HasSubstr("is not known")));
+  EXPECT_EQ(OwnerOf("restored"), "");
 }
 
 TEST_F(SaveTest, RemarkIsSavedForTheOwnerThatTheHostChose) {
