@@ -4,11 +4,11 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <cmath>
 #include <string>
 
 #include "ado/embedded/Catalog.h"
 #include "ado/embedded/DateUnits.h"
+#include "ado/embedded/NumberRules.h"
 #include "ado/embedded/Sqlite.h"
 #include "ado/embedded/SqliteError.h"
 #include "platform/DateTime.h"
@@ -97,17 +97,17 @@ void DateAddFunction(sqlite3_context* context, int count, sqlite3_value** values
 }
 
 bool IsBlankText(sqlite3_value* value) {
-  return sqlite3_value_type(value) == SQLITE_TEXT && TextOf(value).find_first_not_of(' ') == std::string_view::npos;
+  return sqlite3_value_type(value) == SQLITE_TEXT && numberRules::IsZero(TextOf(value));
 }
 
-/// tsql_number(value, is whole): a value for a column of numbers, as a server converts it: a blank text is 0, and a
-/// whole number is cut and not refused. Everything else is left to the column's own check.
+/// tsql_number(value, is whole): a value for a column of numbers, as a server converts it. What it refuses is left to
+/// the column's own check.
 void NumberFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   const bool isCut = sqlite3_value_int(values[1]) != 0 && sqlite3_value_type(values[0]) == SQLITE_FLOAT;
   if (IsBlankText(values[0])) {
     sqlite3_result_int(context, 0);
   } else if (isCut) {
-    sqlite3_result_double(context, std::trunc(sqlite3_value_double(values[0])));
+    sqlite3_result_double(context, numberRules::Whole(sqlite3_value_double(values[0])));
   } else {
     sqlite3_result_value(context, values[0]);
   }

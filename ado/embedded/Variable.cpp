@@ -1,13 +1,12 @@
 #include "ado/embedded/Variable.h"
 
-#include <cmath>
 #include <cstdint>
 #include <string>
 
+#include "ado/embedded/NumberRules.h"
 #include "ado/embedded/SqlType.h"
 #include "ado/engine/DriverError.h"
 #include "platform/Error.h"
-#include "platform/Text.h"
 
 namespace quorvel::ado::embedded {
 
@@ -23,12 +22,11 @@ Variable ParseVariable(TokenCursor& cursor) {
 
 namespace {
 
-/// As a server converts to a number: a blank text is 0, and for a whole number a fraction is cut and not rounded.
 Value AsNumber(Value value, DataType type) {
   const auto* text = std::get_if<std::string>(&value);
-  if (text != nullptr && TrimBlanks(*text).empty()) return std::int64_t{0};
+  if (text != nullptr && numberRules::IsZero(*text)) return std::int64_t{0};
   const auto* fraction = std::get_if<double>(&value);
-  return fraction != nullptr && type != DataType::Double ? Value{std::trunc(*fraction)} : std::move(value);
+  return fraction != nullptr && type != DataType::Double ? Value{numberRules::Whole(*fraction)} : std::move(value);
 }
 
 }  // namespace
