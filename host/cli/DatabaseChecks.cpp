@@ -68,7 +68,8 @@ void CheckMemoDates(Report& report, ado::Connection& connection) {
   try {
     const auto rows = connection.Execute("SELECT TOP (10) MemoKey FROM tciMemo WHERE ISDATE(DateStamp) = 0");
     for (; !rows->EndOfFile(); rows->MoveNext()) keys.push_back(ToText(rows->Fields("MemoKey").Value()));
-  } catch (const Error&) {
+  } catch (const Error& error) {
+    RequireConnection(connection, error.Description());
     return;  // the host's table has other columns
   }
   report.Check("dates of the memos", keys.empty() ? "" : fmt::format("invalid in MemoKey {}", fmt::join(keys, ", ")),

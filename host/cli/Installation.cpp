@@ -42,6 +42,11 @@ bool CreatesKeyProcedure(std::string_view batch) {
   return batch.find(fmt::format("CREATE PROCEDURE {}\n", kKeyProcedure)) != std::string_view::npos;
 }
 
+/// The script's last batch, which says that everything before it is there.
+bool WritesLayoutVersion(std::string_view batch) {
+  return batch.find(fmt::format("INSERT INTO {} ", kLayoutTable)) != std::string_view::npos;
+}
+
 /// The procedure that does not fit the host's table of memos; empty for another failure.
 std::string_view ProcedureToAdapt(const BatchFailure& failure) {
   if (failure.nativeNumber != kInvalidColumn) return {};
@@ -106,8 +111,8 @@ void Installation::MakeSchema(const std::vector<std::string>& toReplace) {
     fmt::print("Kept: the host's {}; --replace {} puts this version's in its place\n", name, name);
   }
   const auto isKept = [&](std::string_view batch) {
-    return std::any_of(adapted.kept.begin(), adapted.kept.end(),
-                       [&](std::string_view name) { return Alters(batch, name); });
+    return WritesLayoutVersion(batch) || std::any_of(adapted.kept.begin(), adapted.kept.end(),
+                                                     [&](std::string_view name) { return Alters(batch, name); });
   };
   Apply("ttwContext", {"Schema", SchemaScript(), isKept, UsesEmbeddedEngine(), {}});
   for (const std::string_view name : adapted.replaced) {
@@ -126,9 +131,16 @@ void Installation::Apply(std::string_view lastTable, const WholeScript& script) 
   const bool wasThere = TableProblem(*m_connection, lastTable).empty();
   const std::size_t before = m_failures.size();
   RunKeeping(script);
-  if (script.name == "Schema") FindMissingColumns();
+  if (script.text == SchemaScript()) FinishSchema();
   const bool isComplete = m_failures.size() == before;
   fmt::print("{}: {}\n", script.name, !isComplete ? "not complete" : wasThere ? "up to date" : "created");
+}
+
+void Installation::FinishSchema() {
+  FindMissingColumns();
+  if (!m_failures.empty()) return;
+  const auto isOther = [](std::string_view batch) { return !WritesLayoutVersion(batch); };
+  RunKeeping({"Schema", SchemaScript(), isOther, UsesEmbeddedEngine(), {}});
 }
 
 /// A column that was dropped comes back only by hand: the script cannot know what it held.

@@ -35,6 +35,8 @@ class Installation {
  private:
   void Apply(std::string_view lastTable, const WholeScript& script);
   void RunKeeping(const WholeScript& script);
+  /// Writes the version of the layout when nothing has failed: the doctor believes it.
+  void FinishSchema();
   void FindMissingColumns();
   [[nodiscard]] bool HasFailedToAlter(std::string_view procedure) const;
 
