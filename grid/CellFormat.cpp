@@ -26,6 +26,11 @@ std::string FormatCell(Value value, CellFormat format) {
   return date != nullptr && format == CellFormat::ShortDate ? FormatShortDate(*date) : ToText(std::move(value));
 }
 
+std::string CompleteCell(const Value& value, CellFormat format) {
+  const auto* date = std::get_if<DateTime>(&value);
+  return date != nullptr && format == CellFormat::ShortDate ? FormatDateWithTime(*date) : std::string();
+}
+
 std::string SpeakCell(Value value, CellFormat format, const std::string& caption) {
   if (!IsFlag(value, format)) return FormatCell(std::move(value), format);
   if (IsNull(value)) return caption + " not set";

@@ -24,6 +24,9 @@ struct ShownCell {
 /// The value as text, for copying. Empty for null; a flag gives its number.
 [[nodiscard]] std::string FormatCell(Value value, CellFormat format);
 
+/// The whole value, of which ShowCell shows a part: a date with its time. Empty for other values.
+[[nodiscard]] std::string CompleteCell(const Value& value, CellFormat format);
+
 /// The value for screen readers: as FormatCell, but a flag is the column's caption and "checked", "not checked" or, for
 /// null, "not set".
 [[nodiscard]] std::string SpeakCell(Value value, CellFormat format, const std::string& caption);

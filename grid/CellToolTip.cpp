@@ -28,14 +28,16 @@ void CellToolTip::PointerMoved(const wxPoint& point) {
   wxWindow& cells = *m_grid.GetGridWindow();
   cells.UnsetToolTip();
   if (position == wxNOT_FOUND || m_state.content.Rows().RowIndex(line) < 1) return;
-  std::string tip = CutText(line, position);
+  std::string tip = HiddenText(line, position);
   const std::string hint = m_state.Hint(line);
   if (!tip.empty() && !hint.empty()) tip += '\n';
   tip += hint;
   if (!tip.empty()) cells.SetToolTip(ui::ToWx(BeginningOf(tip, kMostCharacters).text));
 }
 
-std::string CellToolTip::CutText(std::int32_t line, int position) const {
+std::string CellToolTip::HiddenText(std::int32_t line, int position) const {
+  std::string complete = m_state.CellTip(line, static_cast<std::size_t>(position));
+  if (!complete.empty()) return complete;
   std::string text = m_state.Cell(line, static_cast<std::size_t>(position)).text;
   wxClientDC dc(m_grid.GetGridWindow());
   dc.SetFont(m_grid.GetDefaultCellFont());

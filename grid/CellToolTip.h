@@ -10,7 +10,8 @@ namespace quorvel {
 
 struct GridState;
 
-/// Shows the whole text of the cell under the pointer where the cell cuts it, and the explanation of its row.
+/// Shows the whole text of the cell under the pointer where the cell cuts it, the time of a date, and the explanation
+/// of the row.
 class CellToolTip {
  public:
   /// Both outlive the object.
@@ -22,8 +23,8 @@ class CellToolTip {
   void Forget() noexcept { m_line = 0; }
 
  private:
-  /// The text of a cell that does not show all of it; else the empty text.
-  [[nodiscard]] std::string CutText(std::int32_t line, int position) const;
+  /// A date with its time, or the text of a cell that does not show all of it; else the empty text.
+  [[nodiscard]] std::string HiddenText(std::int32_t line, int position) const;
 
   wxGrid& m_grid;
   const GridState& m_state;

@@ -91,7 +91,7 @@ class DataGrid : public wxGrid {
   [[nodiscard]] std::int32_t ResumeLine() const noexcept { return m_state.resumeLine; }
   /// The row on a line; 0 on headings and for lines that do not exist.
   [[nodiscard]] std::int32_t RowIndex(std::int32_t line) const noexcept;
-  /// The explanation of the current row; empty when there is none.
+  /// The explanation of the current row or of its mark; empty when there is none.
   [[nodiscard]] std::string RowHint() const noexcept { return m_state.Hint(m_state.currentLine); }
   /// The recordset's bookmark of a row. Error 5 when there is no such row, 91 when nothing is bound.
   [[nodiscard]] std::int32_t Bookmark(std::int32_t rowIndex) const;

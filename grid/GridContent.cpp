@@ -5,7 +5,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
+
+#include "platform/Text.h"
 
 namespace quorvel {
 namespace {
@@ -90,6 +93,23 @@ std::string GridContent::SpokenCell(std::int32_t line, std::size_t position) con
   if (!value) return {};
   const GridColumn& column = ShownColumn(position);
   return SpeakCell(std::move(*value), column.format, column.caption);
+}
+
+bool GridContent::RowHas(std::int32_t rowIndex, std::string_view folded) const {
+  return m_source != nullptr && std::ranges::any_of(m_shown, [&](std::int32_t column) {
+    const CellFormat format = m_columns.at(static_cast<std::size_t>(column - 1)).format;
+    return FoldCase(FormatCell(m_source->At(rowIndex, column), format)).find(folded) != std::string::npos;
+  });
+}
+
+std::string GridContent::CellTip(std::int32_t line, std::size_t position) const {
+  const std::optional<Value> value = ValueAt(line, position);
+  return value ? CompleteCell(*value, ShownColumn(position).format) : std::string();
+}
+
+std::string GridContent::MarkOf(std::int32_t line) const {
+  const std::int32_t rowIndex = m_rows.RowIndex(line);
+  return rowIndex > 0 && m_source != nullptr ? m_source->MarkOf(rowIndex) : std::string();
 }
 
 std::string GridContent::HeadingText(const RowGroup& group) const {

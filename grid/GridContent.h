@@ -49,6 +49,12 @@ class GridContent {
   // Cells are empty on headings and where there is no such line.
   [[nodiscard]] ShownCell Cell(std::int32_t line, std::size_t position) const;
   [[nodiscard]] std::string CellText(std::int32_t line, std::size_t position) const;
+  /// Whether a row, also one of a closed group, shows `folded` (a text with its case folded) in a visible column.
+  [[nodiscard]] bool RowHas(std::int32_t rowIndex, std::string_view folded) const;
+  /// The cell completely, where it shows a part of its value: a date with its time. Otherwise empty.
+  [[nodiscard]] std::string CellTip(std::int32_t line, std::size_t position) const;
+  /// Why the row on a line has a mark; empty when it has none.
+  [[nodiscard]] std::string MarkOf(std::int32_t line) const;
   /// "Type: Collections (12)".
   [[nodiscard]] std::string HeadingText(const RowGroup& group) const;
   /// A line for screen readers: its cells, of each 200 bytes at most, or its heading.

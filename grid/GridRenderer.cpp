@@ -95,6 +95,7 @@ void GridRenderer::Draw(wxGrid& grid, wxGridCellAttr& /*attribute*/, wxDC& dc, c
     const ShownCell cell = m_state.Cell(line, static_cast<std::size_t>(column));
     DrawText(dc, rect, cell.text);
     if (cell.isChecked) DrawCheckMark(dc, rect, style.text);
+    if (column == 0 && !m_state.MarkOf(line).empty()) DrawMark(dc, rect);
   }
   DrawBorder(dc, rect);
 }
@@ -136,6 +137,13 @@ void GridRenderer::DrawHeading(wxGrid& grid, wxDC& dc, const wxRect& rect, const
   const int left = triangle.GetRight() + kCellMargin;
   const CellLines cell = LayOutCell(dc, text, rect.GetRight() - left - kCellMargin, 1);
   if (!cell.lines.empty()) dc.DrawText(cell.lines.front(), left, rect.y + (rect.height - dc.GetCharHeight()) / 2);
+}
+
+// In the margin of the cell, so that no text moves.
+void GridRenderer::DrawMark(wxDC& dc, const wxRect& rect) const {
+  dc.SetPen(*wxTRANSPARENT_PEN);
+  dc.SetBrush(wxBrush(dc.GetTextForeground()));
+  dc.DrawRectangle(rect.x, rect.y + 1, kCellMargin - 1, rect.height - 3);
 }
 
 void GridRenderer::DrawBorder(wxDC& dc, const wxRect& rect) const {

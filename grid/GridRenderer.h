@@ -10,8 +10,8 @@
 
 namespace quorvel {
 
-/// Draws rows in alternating colours, texts wrapped and cut to their cells, flags as check marks, and the headings of
-/// groups.
+/// Draws rows in alternating colours, texts wrapped and cut to their cells, flags as check marks, a bar at the left of
+/// marked rows, and the headings of groups.
 class GridRenderer : public wxGridCellRenderer {
  public:
   /// `state` outlives the renderer.
@@ -43,6 +43,7 @@ class GridRenderer : public wxGridCellRenderer {
   [[nodiscard]] const Style& StyleOf(std::int32_t line, bool isHeading) const;
   void DrawHeading(wxGrid& grid, wxDC& dc, const wxRect& rect, const RowGroup& heading) const;
   void DrawText(wxDC& dc, const wxRect& rect, const std::string& text) const;
+  void DrawMark(wxDC& dc, const wxRect& rect) const;
   void DrawBorder(wxDC& dc, const wxRect& rect) const;
 
   const GridState& m_state;

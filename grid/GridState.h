@@ -34,11 +34,17 @@ struct GridState {
   [[nodiscard]] std::string SpokenLine(std::int32_t line) const noexcept {
     return OrEmpty([&] { return content.SpokenLine(line); });
   }
-  /// The explanation of the row on a line; empty where there is none.
+  [[nodiscard]] std::string CellTip(std::int32_t line, std::size_t position) const noexcept {
+    return OrEmpty([&] { return content.CellTip(line, position); });
+  }
+  [[nodiscard]] std::string MarkOf(std::int32_t line) const noexcept {
+    return OrEmpty([&] { return content.MarkOf(line); });
+  }
+  /// The explanation of the row on a line, else of its mark; empty where there is none.
   [[nodiscard]] std::string Hint(std::int32_t line) const noexcept {
     return OrEmpty([&] {
       const std::int32_t rowIndex = content.Rows().RowIndex(line);
-      return rowIndex > 0 && rowHint ? rowHint(rowIndex) : std::string();
+      return rowIndex > 0 && rowHint ? rowHint(rowIndex) : content.MarkOf(line);
     });
   }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/Value.h"
 
@@ -13,6 +14,8 @@ class RowSource {
   [[nodiscard]] virtual std::int32_t RowCount() const = 0;
   /// Both 1-based. The grid passes errors on to its window.
   [[nodiscard]] virtual Value At(std::int32_t rowIndex, std::int32_t column) const = 0;
+  /// Why a row has a mark; empty for a row without one.
+  [[nodiscard]] virtual std::string MarkOf(std::int32_t /*rowIndex*/) const { return {}; }
 };
 
 }  // namespace quorvel

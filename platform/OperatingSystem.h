@@ -27,6 +27,8 @@ void WriteWarning(std::string_view message);
 
 /// A date in the short form of the user's regional settings; nothing without such settings, or outside their calendar.
 [[nodiscard]] std::optional<std::string> RegionalShortDate(std::chrono::year_month_day date);
+/// The same for a time of day, counted from midnight.
+[[nodiscard]] std::optional<std::string> RegionalTimeOfDay(std::chrono::seconds time);
 
 /// The operating system's text for an error, without a line break.
 [[nodiscard]] std::string Explain(const std::error_code& error);

@@ -10,4 +10,12 @@ std::string FormatShortDate(DateTime value) {
   return os::RegionalShortDate(date).value_or(FormatDateTime(value).substr(0, kDateLength));
 }
 
+std::string FormatDateWithTime(DateTime value) {
+  constexpr std::size_t kTimePosition = 11;
+  constexpr std::size_t kTimeLength = 8;
+  const auto time = std::chrono::floor<std::chrono::seconds>(value - std::chrono::floor<std::chrono::days>(value));
+  return FormatShortDate(value) + ' ' +
+         os::RegionalTimeOfDay(time).value_or(FormatDateTime(value).substr(kTimePosition, kTimeLength));
+}
+
 }  // namespace quorvel

@@ -11,4 +11,7 @@ namespace quorvel {
 /// not changed.
 [[nodiscard]] std::string FormatShortDate(DateTime value);
 
+/// The same with the time of day after it; without regional settings "YYYY-MM-DD HH:MM:SS".
+[[nodiscard]] std::string FormatDateWithTime(DateTime value);
+
 }  // namespace quorvel

@@ -9,6 +9,7 @@
 #include "data/modUserName.h"
 #include "platform/CurrentPrompts.h"
 #include "platform/Error.h"
+#include "platform/ShortDate.h"
 #include "platform/Text.h"
 #include "platform/wx/BoxText.h"
 #include "runtime/RemarkContext.h"
@@ -28,6 +29,7 @@ void EditedRemark::Show(std::int32_t position) {
   m_display.canSave = rights.canUpdate;
   m_display.canDelete = rights.canDelete;
   m_display.caption = rights.canUpdate ? "Edit Remark" : "View Remark";
+  m_display.stamp = m_remark->UserID() + ", " + FormatDateWithTime(m_remark->DateStamp());
   if (rights.canDelete) {
     OfferTypes([&](const TypeChoice& choice) { return EqualIgnoringCase(choice.caption, m_remark->TypeCaption()); });
   } else {  // changing the type takes the remark away from its old type, as deleting does
@@ -56,6 +58,7 @@ void EditedRemark::ShowNew(std::shared_ptr<RemarkType> type, std::int32_t typePo
   OfferTypes([&](const TypeChoice& choice) { return choice.position == typePosition; });
   m_display.canSave = true;
   m_display.caption = "Edit Remark";
+  m_display.stamp.clear();
 }
 
 void EditedRemark::TextEdited() noexcept {

@@ -25,6 +25,7 @@ struct RemarkDisplay {
   bool canSave = false;
   bool canDelete = false;
   std::string caption = "View/Edit Remark";
+  std::string stamp{};  ///< author, date and time; empty for a remark that is not in the list
 };
 
 /// The content of the editor's controls.

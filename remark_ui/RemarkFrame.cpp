@@ -27,11 +27,14 @@ RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
     : fmViewRemark(new wxStaticBox(&parent, wxID_ANY, "View/Edit Remark")),
       Label2(new wxStaticText(&parent, wxID_ANY, "Type Change")),
       cboRemarkType(new wxChoice(&parent, wxID_ANY)),
+      lblStamp(new wxStaticText(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
       txtRemark(new wxTextCtrl(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                wxTE_MULTILINE | wxTE_BESTWRAP)) {
   fmViewRemark->SetName("fmViewRemark");
   Label2->SetName("Label2");
   cboRemarkType->SetName("cboRemarkType");
+  lblStamp->SetName("lblStamp");
   txtRemark->SetName("txtRemark");
   ui::SetAccessibleName(*cboRemarkType, "Type Change");
   ui::SetAccessibleName(*txtRemark, "Remark");
@@ -49,9 +52,13 @@ RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
   auto* type = new wxBoxSizer(wxVERTICAL);
   type->Add(Label2, wxSizerFlags().Border(wxBOTTOM, padding / 2));
   type->Add(cboRemarkType, wxSizerFlags().Expand());
+  // Beside the label of the types, so that the text begins beside the list of types.
+  auto* text = new wxBoxSizer(wxVERTICAL);
+  text->Add(lblStamp, wxSizerFlags().Expand().Border(wxBOTTOM, padding / 2));
+  text->Add(txtRemark, wxSizerFlags(1).Expand());
   auto* frame = new wxStaticBoxSizer(fmViewRemark, wxHORIZONTAL);
   frame->Add(type, wxSizerFlags().Border(wxALL, padding));
-  frame->Add(txtRemark, wxSizerFlags(1).Expand().Border(wxTOP | wxRIGHT | wxBOTTOM, padding));
+  frame->Add(text, wxSizerFlags(1).Expand().Border(wxTOP | wxRIGHT | wxBOTTOM, padding));
   m_sizer = frame;
 }
 
@@ -59,6 +66,7 @@ void RemarkFrame::Show(const RemarkDisplay& display) {
   ShowText(display);
   ShowTypes(display);
   fmViewRemark->SetLabel(ui::ToWx(display.caption));
+  lblStamp->SetLabelText(ui::ToWx(display.stamp));
 }
 
 void RemarkFrame::ShowText(const RemarkDisplay& display) {

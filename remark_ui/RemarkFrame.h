@@ -38,6 +38,7 @@ class RemarkFrame {
   wxStaticBox* fmViewRemark;
   wxStaticText* Label2;
   wxChoice* cboRemarkType;
+  wxStaticText* lblStamp;
   wxTextCtrl* txtRemark;
 
  private:

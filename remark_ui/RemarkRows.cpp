@@ -56,9 +56,18 @@ std::string RemarkRows::EmptyText() const {
 
 std::int32_t RemarkRows::RowCount() const { return m_context ? m_context->MemoCount() : 0; }
 
-Value RemarkRows::At(std::int32_t rowIndex, std::int32_t column) const {
+std::shared_ptr<Remark> RemarkRows::RemarkAt(std::int32_t rowIndex) const {
   const auto list = m_context ? m_context->RemarkList() : nullptr;
-  const auto remark = list ? list->Item(std::int64_t{rowIndex}) : nullptr;
+  return list ? list->Item(std::int64_t{rowIndex}) : nullptr;
+}
+
+std::string RemarkRows::MarkOf(std::int32_t rowIndex) const {
+  const auto remark = RemarkAt(rowIndex);
+  return remark && remark->Dirty() ? "Not yet in the database" : "";
+}
+
+Value RemarkRows::At(std::int32_t rowIndex, std::int32_t column) const {
+  const auto remark = RemarkAt(rowIndex);
   const auto index = static_cast<std::size_t>(column) - 1;
   return remark && index < kColumns.size() ? kColumns[index].read(*remark) : Null{};
 }

@@ -10,6 +10,7 @@
 
 namespace quorvel {
 
+class Remark;
 class RemarkContext;
 
 /// The remarks of a context as rows of the editor's grid.
@@ -33,8 +34,12 @@ class RemarkRows : public RowSource {
   [[nodiscard]] std::int32_t RowCount() const override;
   /// Null for a row that the list does not have (any more) and for other columns.
   [[nodiscard]] Value At(std::int32_t rowIndex, std::int32_t column) const override;
+  /// Marks what the next save of the list writes.
+  [[nodiscard]] std::string MarkOf(std::int32_t rowIndex) const override;
 
  private:
+  [[nodiscard]] std::shared_ptr<Remark> RemarkAt(std::int32_t rowIndex) const;
+
   std::shared_ptr<const RemarkContext> m_context;
 };
 

@@ -47,22 +47,35 @@ bool IsRegional(const std::string& name) {
   return !name.empty() && name != "POSIX" && name != "C" && !name.starts_with("C.");
 }
 
-}  // namespace
-
-std::optional<std::string> RegionalShortDate(std::chrono::year_month_day date) {
+std::optional<std::string> Format(const char* format, const std::tm& parts) {
   const std::string name = LocaleName();
   if (!IsRegional(name)) return std::nullopt;
   locale_t locale = LocaleNamed(name);
   if (locale == nullptr) return std::nullopt;
+  std::array<char, 128> buffer{};
+  const std::string text(buffer.data(), ::strftime_l(buffer.data(), buffer.size(), format, &parts, locale));
+  // A locale may have another encoding than UTF-8.
+  return text.empty() || !utf::ToUtf16(text) ? std::nullopt : std::optional(text);
+}
+
+}  // namespace
+
+std::optional<std::string> RegionalShortDate(std::chrono::year_month_day date) {
   std::tm parts{};
   parts.tm_year = static_cast<int>(date.year()) - 1900;
   parts.tm_mon = static_cast<int>(static_cast<unsigned>(date.month())) - 1;
   parts.tm_mday = static_cast<int>(static_cast<unsigned>(date.day()));
   parts.tm_wday = static_cast<int>(std::chrono::weekday(date).c_encoding());
-  std::array<char, 128> buffer{};
-  const std::string text(buffer.data(), ::strftime_l(buffer.data(), buffer.size(), "%x", &parts, locale));
-  // A locale may have another encoding than UTF-8.
-  return text.empty() || !utf::ToUtf16(text) ? std::nullopt : std::optional(text);
+  return Format("%x", parts);
+}
+
+std::optional<std::string> RegionalTimeOfDay(std::chrono::seconds time) {
+  const std::chrono::hh_mm_ss clock(time);
+  std::tm parts{};
+  parts.tm_hour = static_cast<int>(clock.hours().count());
+  parts.tm_min = static_cast<int>(clock.minutes().count());
+  parts.tm_sec = static_cast<int>(clock.seconds().count());
+  return Format("%X", parts);
 }
 
 }  // namespace quorvel::os

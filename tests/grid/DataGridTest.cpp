@@ -156,6 +156,9 @@ TEST_F(DataGridTest, ToolTipShowsWhatACellCuts) {
   };
   const int inText = m_grid->GetColSize(0) + 20;
   EXPECT_THAT(tipAt(4, inText), StartsWith("four xxx"));
+  m_source.markedRow = 3;
+  EXPECT_EQ(tipAt(5, 20), "marked");
+  m_source.markedRow = 0;
   EXPECT_EQ(tipAt(4, 20), "");
   EXPECT_EQ(tipAt(5, inText), "");
   EXPECT_EQ(tipAt(3, inText), "") << "a heading";
@@ -228,6 +231,20 @@ TEST_F(DataGridTest, MouseAndMenuKeyAskForAMenu) {
   m_grid->GetGridWindow()->ProcessWindowEvent(byKey);
   const wxPoint cells = m_grid->GetGridWindow()->GetPosition();
   EXPECT_THAT(asked, ElementsAre(wxPoint(60, 70) + cells, m_grid->CellToRect(3, 0).GetBottomLeft() + cells));
+}
+
+TEST_F(DataGridTest, MarkedRowHasABarAndIsSpoken) {
+  m_source.markedRow = 4;
+  m_grid->Refetch();
+  const wxImage picture = Picture(*m_grid);
+  const auto hasBar = [&](std::int32_t line) {
+    const int middle = m_grid->GetColLabelSize() + m_grid->CellToRect(line - 1, 0).y + 10;
+    return !(ColourAt(picture, 1, middle) == ColourAt(picture, 1, middle - 10));
+  };
+  EXPECT_TRUE(hasBar(4));
+  EXPECT_FALSE(hasBar(5));
+  m_grid->SelectRowIndex(4);
+  EXPECT_EQ(m_grid->RowHint(), "marked");
 }
 
 TEST_F(DataGridTest, DrawsAlternatingColoursAndCheckMarks) {

@@ -144,6 +144,16 @@ TEST(GridContent, FlagsTellOneZeroAndNullApart) {
   }
 }
 
+TEST(GridContent, OnlyADateHasMoreToTell) {
+  const TableSource source({{*ParseDateTime("2024-03-11 13:30:00"), Text("a")}});
+  GridContent content({{"Date", "Date", 50, true, CellFormat::ShortDate}, {"Text", "Text", 50}}, {1, 2});
+  content.SetSource(&source);
+  content.Arrange();
+  EXPECT_THAT(content.CellTip(1, 0), testing::StartsWith(content.CellText(1, 0) + " "));
+  EXPECT_THAT(content.CellTip(1, 0), testing::HasSubstr("30:00"));
+  EXPECT_EQ(content.CellTip(1, 1), "");
+}
+
 TEST(GridContent, SpokenValuesAreCutBetweenCharacters) {
   const std::string most(200, 'x');
   const TableSource source({{most}, {most + "y"}, {std::string(199, 'x') + "\xC3\xA9"}});

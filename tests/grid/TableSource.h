@@ -20,7 +20,12 @@ class TableSource : public RowSource {
     return rows.at(static_cast<std::size_t>(rowIndex - 1)).at(static_cast<std::size_t>(column - 1));
   }
 
+  [[nodiscard]] std::string MarkOf(std::int32_t rowIndex) const override {
+    return rowIndex == markedRow ? "marked" : "";
+  }
+
   std::vector<std::vector<Value>> rows;
+  std::int32_t markedRow = 0;
   bool fails = false;
   mutable int reads = 0;
 };

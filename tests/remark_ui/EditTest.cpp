@@ -14,6 +14,7 @@
 #include "data/modUserName.h"
 #include "data/modWaitCursor.h"
 #include "grid/DataGrid.h"
+#include "platform/ShortDate.h"
 #include "remark_ui/frmChooseType.h"
 #include "remark_ui/frmEdit.h"
 #include "tests/remark_ui/FormTest.h"
@@ -199,6 +200,7 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
   RemarkAt(context, 1).SetDateStamp(kZeroDate);
   View(context, [&] {
     Click("cmdSave");
+    EXPECT_EQ(Grid().RowHint(), "") << "the row is as the database has it";
     EXPECT_EQ(RemarkAt(context, 1).MemoText(), odd) << "the text box cannot hold it, and nothing was typed";
     EXPECT_EQ(RemarkAt(context, 1).UserID(), "jsmith");
     EXPECT_EQ(RemarkAt(context, 1).DateStamp(), kZeroDate);
@@ -210,6 +212,8 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
     EXPECT_EQ(Position(), kGeneral);
     EXPECT_EQ(Text(), "changed");
     EXPECT_TRUE(CanPress("cmdSave")) << "the remark is shown again";
+    EXPECT_EQ(Grid().RowHint(), "Not yet in the database");
+    EXPECT_EQ(Caption("lblStamp"), m_login + ", " + FormatDateWithTime(RemarkAt(context, kGeneral).DateStamp()));
 
     const std::int32_t count = context->MemoCount();
     {
@@ -221,6 +225,7 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
     ClickNew("General");
     EXPECT_TRUE(HasFocus(TextBox()));
     EXPECT_TRUE(Text().empty());
+    EXPECT_EQ(Caption("lblStamp"), "");
     Click("cmdDelete");
     EXPECT_EQ(context->MemoCount(), count) << "a new remark is only forgotten";
     ClickNew("General");
