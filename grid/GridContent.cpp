@@ -97,9 +97,9 @@ std::string GridContent::SpokenCell(std::int32_t line, std::size_t position) con
 
 bool GridContent::RowHas(std::int32_t rowIndex, std::string_view folded) const {
   return m_source != nullptr && std::ranges::any_of(m_shown, [&](std::int32_t column) {
-    const CellFormat format = m_columns.at(static_cast<std::size_t>(column - 1)).format;
-    return FoldCase(FormatCell(m_source->At(rowIndex, column), format)).find(folded) != std::string::npos;
-  });
+           const CellFormat format = m_columns.at(static_cast<std::size_t>(column - 1)).format;
+           return FoldCase(FormatCell(m_source->At(rowIndex, column), format)).find(folded) != std::string::npos;
+         });
 }
 
 std::string GridContent::CellTip(std::int32_t line, std::size_t position) const {

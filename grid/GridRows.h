@@ -31,6 +31,8 @@ class GridRows {
   [[nodiscard]] std::int32_t RowCount() const noexcept { return static_cast<std::int32_t>(m_order.size()); }
   /// The group whose heading is on `line`, or null.
   [[nodiscard]] const RowGroup* GroupAt(std::int32_t line) const noexcept;
+  /// The indexes of all rows, group after group, as sorted.
+  [[nodiscard]] const std::vector<std::int32_t>& Order() const noexcept { return m_order; }
   [[nodiscard]] const std::vector<RowGroup>& Groups() const noexcept { return m_groups; }
   /// True for every second row of a group, counted from the first.
   [[nodiscard]] bool IsEvenRow(std::int32_t line) const noexcept;

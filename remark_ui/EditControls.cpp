@@ -6,6 +6,7 @@
 #include <wx/choice.h>
 #include <wx/gdicmn.h>
 #include <wx/menu.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 
 #include "grid/DataGrid.h"
@@ -17,6 +18,7 @@ namespace quorvel {
 
 EditControls::EditControls(wxWindow& window, const ui::TwipScale& scale)
     : gdxMemos(new DataGrid(&window, RemarkRows::Columns(), RemarkRows::ColumnOrder())),
+      find(window, *gdxMemos),
       frame(window, scale),
       cmdNew(ui::MakeButton(window, "cmdNew", "&New")),
       cmdSave(ui::MakeButton(window, "cmdSave", "&Save")),
@@ -25,6 +27,7 @@ EditControls::EditControls(wxWindow& window, const ui::TwipScale& scale)
   gdxMemos->SetName("gdxMemos");
   gdxMemos->SetSpokenName("Remarks");
   window.SetSizer(frame.Sizer());
+  find.Toggled = [this] { PlaceGrid(); };
 }
 
 EditSizes EditControls::Measure(const ui::TwipScale& scale) const {
@@ -39,13 +42,24 @@ EditSizes EditControls::Measure(const ui::TwipScale& scale) const {
 }
 
 void EditControls::Place(const EditLayout& layout, const ui::TwipScale& scale) {
-  gdxMemos->SetSize(scale.ToPixels(layout.grid));
+  m_gridPlace = scale.ToPixels(layout.grid);
+  PlaceGrid();
   const wxRect frameInside = scale.ToPixels(layout.frame);
   frame.Sizer()->SetDimension(frameInside.GetPosition(), frameInside.GetSize());
   cmdNew->SetSize(scale.ToPixels(layout.newButton));
   cmdSave->SetSize(scale.ToPixels(layout.saveButton));
   cmdDelete->SetSize(scale.ToPixels(layout.deleteButton));
   cmdClose->SetSize(scale.ToPixels(layout.closeButton));
+}
+
+void EditControls::PlaceGrid() {
+  wxRect grid = m_gridPlace;
+  if (find.IsOpen()) {
+    const int height = find.pnlFind->GetBestSize().GetHeight();
+    grid.height -= height;
+    find.pnlFind->SetSize(grid.x, grid.GetBottom() + 1, grid.width, height);
+  }
+  gdxMemos->SetSize(grid);
 }
 
 void EditControls::Show(const RemarkDisplay& display) {

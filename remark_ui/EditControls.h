@@ -1,6 +1,9 @@
 #pragma once
 
+#include <wx/gdicmn.h>
+
 #include "remark_ui/EditLayout.h"
+#include "remark_ui/FindField.h"
 #include "remark_ui/RemarkFrame.h"
 
 class wxButton;
@@ -15,6 +18,8 @@ class DataGrid;
 class EditControls {
  public:
   EditControls(wxWindow& window, const ui::TwipScale& scale);
+  EditControls(const EditControls&) = delete;
+  EditControls& operator=(const EditControls&) = delete;
 
   /// The room that the controls need.
   [[nodiscard]] EditSizes Measure(const ui::TwipScale& scale) const;
@@ -32,11 +37,17 @@ class EditControls {
 
   // In the order in which Tab passes them.
   DataGrid* gdxMemos;
+  FindField find;
   RemarkFrame frame;
   wxButton* cmdNew;
   wxButton* cmdSave;
   wxButton* cmdDelete;
   wxButton* cmdClose;
+
+ private:
+  void PlaceGrid();
+
+  wxRect m_gridPlace;  ///< of the grid with its field to find
 };
 
 }  // namespace quorvel

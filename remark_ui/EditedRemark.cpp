@@ -22,6 +22,7 @@ void EditedRemark::Show(std::int32_t position) {
   m_remark = list && position > 0 ? list->Item(std::int64_t{position}) : nullptr;
   m_position = m_remark ? position : 0;
   m_display = {};
+  m_display.remark = m_remark.get();
   if (!m_remark) return;
   const RemarkRights rights = RightsOnRemark(m_context, position, modUserName::GetUserName());
   m_display.text = ShownText(m_remark->MemoText());
@@ -52,6 +53,7 @@ void EditedRemark::ShowNew(std::shared_ptr<RemarkType> type, std::int32_t typePo
   m_remark = std::make_shared<Remark>();
   m_remark->SetRemarkType(std::move(type));
   m_position = 0;
+  m_display.remark = m_remark.get();
   m_display.text.clear();
   m_display.isLocked = false;
   m_display.canDelete = true;  // it is only forgotten

@@ -17,7 +17,8 @@ class RemarkType;
 
 /// The edited remark as the editor shows it.
 struct RemarkDisplay {
-  std::string text;  ///< as text boxes take it
+  const Remark* remark = nullptr;  ///< only tells whether it is another one than before
+  std::string text;                ///< as text boxes take it
   bool isLocked = true;
   std::vector<TypeChoice> types;  ///< position 0 when canChooseType is false
   std::optional<std::size_t> selectedType;

@@ -30,7 +30,8 @@ RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
       lblStamp(new wxStaticText(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                 wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
       txtRemark(new wxTextCtrl(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                               wxTE_MULTILINE | wxTE_BESTWRAP)) {
+                               wxTE_MULTILINE | wxTE_BESTWRAP)),
+      m_undo(*txtRemark) {
   fmViewRemark->SetName("fmViewRemark");
   Label2->SetName("Label2");
   cboRemarkType->SetName("cboRemarkType");
@@ -39,6 +40,7 @@ RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
   ui::SetAccessibleName(*cboRemarkType, "Type Change");
   ui::SetAccessibleName(*txtRemark, "Remark");
   ui::KeepScrollBars(*txtRemark);
+  ui::HoldScrollBar(*txtRemark);
   ui::SetTextMargins(*txtRemark);
   // A user who scrolls over the closed list on the way must not change the remark's type.
   cboRemarkType->Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
@@ -71,11 +73,15 @@ void RemarkFrame::Show(const RemarkDisplay& display) {
 
 void RemarkFrame::ShowText(const RemarkDisplay& display) {
   const wxString text = ui::ToWx(display.text);
-  if (txtRemark->GetValue() != text) {
+  const bool isOtherText = txtRemark->GetValue() != text;
+  if (isOtherText) {
     txtRemark->ChangeValue(text);
     txtRemark->SetInsertionPoint(0);
     txtRemark->ShowPosition(0);
   }
+  // Also a remark with the same text must not get an earlier text of the one before.
+  if (isOtherText || display.remark != m_shown) m_undo.Forget();
+  m_shown = display.remark;
   m_filledText = txtRemark->GetValue();
   txtRemark->SetEditable(!display.isLocked);
   // Some desktops draw a locked box like any other.

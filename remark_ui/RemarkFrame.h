@@ -4,6 +4,7 @@
 
 #include <wx/string.h>
 
+#include "platform/wx/TextUndo.h"
 #include "remark_ui/EditedRemark.h"
 
 class wxChoice;
@@ -47,7 +48,9 @@ class RemarkFrame {
 
   wxSizer* m_sizer;
   std::vector<TypeChoice> m_types;
-  wxString m_filledText;  ///< what txtRemark returned right after it was filled
+  ui::TextUndo m_undo;
+  const Remark* m_shown = nullptr;  ///< only compared
+  wxString m_filledText;            ///< what txtRemark returned right after it was filled
 };
 
 }  // namespace quorvel

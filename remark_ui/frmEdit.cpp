@@ -53,6 +53,10 @@ void frmEdit::BindHandlers() {
   controls.gdxMemos->CurrentLineChanged = [this] {
     if (m_session) m_session->RowChanged();
   };
+  controls.find.txtFind->Bind(wxEVT_TEXT, UserAction([this] { m_controls->find.TextChanged(); }));
+  controls.gdxMemos->GetGridWindow()->Bind(wxEVT_CHAR, UserAction([this](wxKeyEvent& event) {
+                                             if (!m_controls->find.TakesCharacter(event)) event.Skip();
+                                           }));
   controls.gdxMemos->MenuAsked = [this](const wxPoint& point) {
     if (m_session) m_controls->OfferMenu(point);
   };
@@ -86,6 +90,7 @@ void frmEdit::View(RemarkContext& context) {
 
 void frmEdit::Load(const RemarkContext& context) {
   SetTitle(ui::ToWx(OwnerTitle(context)));
+  m_controls->find.Reset();
   m_session->Start();
   CentreOnScreen();
   m_controls->gdxMemos->SetFocus();
@@ -98,6 +103,7 @@ void frmEdit::cmdClose_Click() {
 
 // Esc closes the window from the grid only: a clerk who presses it in a text wants to leave the text.
 void frmEdit::KeyPressed(wxKeyEvent& event) {
+  if (m_controls->find.TakesKey(event)) return;
   DataGrid& grid = *m_controls->gdxMemos;
   const bool isPlain = !event.HasAnyModifiers();
   const bool isInGrid = grid.IsDescendant(FindFocus());

@@ -25,6 +25,10 @@ void ActAtOnce(wxButton& button);
 /// pointer moves; until then a text that continues below looks complete.
 void KeepScrollBars(wxWindow& window);
 
+/// Shows the scroll bar of a box of several lines also while there is nothing to scroll. A bar that comes and goes
+/// while the user types flickers and wraps the text anew.
+void HoldScrollBar(wxTextCtrl& box);
+
 /// Keeps the text of a box of several lines a little off its border, on desktops that otherwise draw it there.
 void SetTextMargins(wxTextCtrl& box);
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "grid/GridRows.h"
+#include "grid/RowSearch.h"
 #include "tests/grid/TableSource.h"
 
 namespace quorvel {
@@ -141,6 +142,32 @@ TEST(GridContent, FlagsTellOneZeroAndNullApart) {
     EXPECT_EQ(content.Cell(line, 0).text, each.shown) << each.spoken;
     EXPECT_EQ(content.CopiedLine(line), each.copied);
     EXPECT_EQ(content.SpokenLine(line), each.spoken);
+  }
+}
+
+TEST(RowSearch, GoesRoundInTheOrderOfTheGrid) {
+  const TableSource source({{Text("General"), Text("alpha Straße")},
+                            {Text("Billing"), Text("beta")},
+                            {Text("General"), Text("Alphabet")},
+                            {Text("Billing"), Text("gamma")}});
+  GridContent content({{"Type", "Type", 50, false}, {"Text", "Text", 50}}, {1, 2});
+  content.SetSource(&source);
+  EXPECT_EQ(FindRow(content, 0, "a", SearchFrom::Here), 0) << "no rows yet";
+  content.GroupBy(kByType);
+  content.Arrange();
+  content.SetOpen(4, false);  // lines: Billing, row 2, row 4, General with rows 1 and 3
+  struct Case {
+    std::int32_t line;
+    const char* text;
+    SearchFrom from;
+    std::int32_t found;
+  };
+  using enum SearchFrom;
+  for (const Case& each :
+       {Case{0, "ALPHA", Here, 1}, Case{2, "a", Here, 2}, Case{2, "a", Next, 4}, Case{3, "a", Next, 1},
+        Case{2, "a", Previous, 3}, Case{1, "a", Here, 2}, Case{4, "a", Here, 1}, Case{4, "a", Previous, 4},
+        Case{2, "beta", Next, 2}, Case{2, "STRAßE", Next, 1}, Case{2, "general", Here, 0}, Case{2, "", Here, 0}}) {
+    EXPECT_EQ(FindRow(content, each.line, each.text, each.from), each.found) << each.line << each.text;
   }
 }
 

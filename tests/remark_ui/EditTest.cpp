@@ -357,6 +357,93 @@ TEST_F(EditTest, KeyboardReachesEverything) {
   EXPECT_THAT(RemarkAt(context, 2).MemoText(), StartsWith("x\r\nyzInvoice"));
 }
 
+TEST_F(EditTest, FindLeadsToTheNextRemarkWithTheText) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  for (int i = 0; i < 2000; ++i) context->AddRemark(Number(1), i % 1000 == 777 ? "has xyzzy in it" : "has not");
+  View(context, [&] {
+    wxUIActionSimulator keyboard;
+    auto& field = The<wxTextCtrl>("txtFind");
+    EXPECT_TRUE(HasFocus(Grid()));
+    const auto found = [&] { return Text() == "has xyzzy in it"; };
+    const auto isNotFound = [&] { return The<wxWindow>("lblFindResult").IsShown(); };
+    const int height = Grid().GetSize().y;
+    for (const char key : {'X', 'Y', 'Z'}) keyboard.Char(key);
+    EXPECT_TRUE(WaitFor([&] { return field.GetValue() == "xyz"; })) << "the first letter opens the field";
+    EXPECT_TRUE(WaitFor(found));
+    EXPECT_LT(Grid().GetSize().y, height);
+    EXPECT_TRUE(Grid().IsVisible(Grid().CurrentLine() - 1, 0));
+    const std::int32_t first = Position();
+    keyboard.Char(WXK_RETURN);
+    EXPECT_TRUE(WaitFor([&] { return found() && Position() != first; }));
+    keyboard.Char(WXK_F3);
+    EXPECT_TRUE(WaitFor([&] { return Position() == first; })) << "begins again at the top";
+    keyboard.Char('Q');
+    EXPECT_TRUE(WaitFor(isNotFound));
+    EXPECT_EQ(Position(), first);
+    keyboard.Char(WXK_ESCAPE);
+    EXPECT_TRUE(HasFocus(Grid()));
+    EXPECT_EQ(Grid().GetSize().y, height);
+    TextBox().SetFocus();
+    keyboard.Char('F', wxMOD_CONTROL);
+    EXPECT_TRUE(HasFocus(field));
+    EXPECT_EQ(field.GetStringSelection(), "xyzq") << "the next letter replaces it";
+    keyboard.Char(WXK_TAB);
+    keyboard.Char(WXK_TAB);
+    EXPECT_TRUE(HasFocus(TextBox()));
+    keyboard.Char(WXK_ESCAPE);
+    EXPECT_TRUE(WaitFor([&] { return !field.IsShownOnScreen(); }));
+    keyboard.Char(WXK_ESCAPE);
+    EXPECT_TRUE(Closes());
+  });
+}
+
+TEST_F(EditTest, TypingIsUndoneByWords) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  const std::string before = RemarkAt(context, 1).MemoText();
+  RemarkAt(context, 2).SetMemoText("one tw");
+  View(context, [&] {
+    wxUIActionSimulator keyboard;
+    const auto type = [&](const char* keys) {
+      for (; *keys != '\0'; ++keys) keyboard.Char(*keys);
+    };
+    const auto shows = [&](const std::string& text) {
+      EXPECT_TRUE(WaitFor([&] { return Text() == text; })) << Text() << " instead of " << text;
+    };
+    const auto undo = [&](const std::string& text) {
+      keyboard.Char('Z', wxMOD_CONTROL);
+      shows(text);
+    };
+    TextBox().SetFocus();
+    EXPECT_TRUE(HasFocus(TextBox()));
+    keyboard.Char('A', wxMOD_CONTROL);
+    type("ONE TWO");
+    keyboard.Char(WXK_BACK);
+    shows("one tw");
+    undo("one two");
+    undo("one ");
+    keyboard.Char('Y', wxMOD_CONTROL);
+    shows("one two");
+    keyboard.Char('Z', wxMOD_CONTROL | wxMOD_SHIFT);
+    shows("one tw");
+    Click("cmdSave");
+    undo("one two");
+    undo("one ");
+    undo(before);
+    undo(before);
+    EXPECT_TRUE(CanPress("cmdSave")) << "the stored text is another one now";
+    keyboard.Char('Y', wxMOD_CONTROL);
+    shows("one ");
+    type("TW");
+    shows("one tw");
+    Go(2);
+    undo("one tw");
+    EXPECT_EQ(Position(), 2);
+    Click("cmdClose");
+  });
+}
+
 TEST_F(EditTest, ErrorEndsTheWindowAndLosesNothingTyped) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   const auto typeAndFail = [&](const char* text, const std::function<void()>& fail) {

@@ -71,6 +71,10 @@ void KeepScrollBars(wxWindow& window) {
   }
 }
 
+void HoldScrollBar(wxTextCtrl& box) {
+  gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(box.GetHandle()), GTK_POLICY_NEVER, GTK_POLICY_ALWAYS);
+}
+
 void HideCaret(wxTextCtrl& box) {
   if (GtkTextView* const text = TextViewOf(box)) gtk_text_view_set_cursor_visible(text, FALSE);
 }

@@ -41,6 +41,8 @@ void ActAtOnce(wxButton& /*button*/) {}
 
 void KeepScrollBars(wxWindow& /*window*/) {}
 
+void HoldScrollBar(wxTextCtrl& /*box*/) {}
+
 void HideCaret(wxTextCtrl& box) {
   box.Bind(wxEVT_SET_FOCUS, [&box](wxFocusEvent& event) {
     event.Skip();
