@@ -215,6 +215,18 @@ std::string SqlValue(const Value& value) {
   return ToText(value);
 }
 
+bool IsRefusal(const Error& error) {
+  constexpr std::array kServerErrors = {229, 2812};  // no permission, no such procedure
+  const auto& connection = SharedConnection();
+  if (!connection) return false;
+  const auto& errors = connection->Errors();
+  const bool isOfDriver = !errors.empty() && errors.front().number == error.Number();
+  if (!isOfDriver || IsAboutParameters(errors.front())) return true;
+  const ado::ProviderError& first = errors.front();
+  return first.sqlState.starts_with("22") || first.sqlState.starts_with("23") ||
+         std::ranges::count(kServerErrors, first.nativeError) != 0;
+}
+
 bool IsDuplicateKey(const Error& error) {
   constexpr std::array kServerErrors = {2627, 2601};  // a constraint, a unique index
   const auto& connection = SharedConnection();

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "runtime/EditBehavior.h"
 
@@ -14,11 +15,12 @@ struct MemoOwner {
   friend bool operator==(const MemoOwner&, const MemoOwner&) = default;
 };
 
-/// The owner and the edit behaviour for which a list was read. They stay with the list when its context has begun to
-/// read something else.
+/// The owner, the edit behaviour and the user for which a list was read. They stay with the list when its context has
+/// begun to read something else.
 struct ListOrigin {
   std::optional<MemoOwner> owner;  ///< empty while no owner was found
   EditBehavior editBehavior = EditBehavior::AutoSaveOnClose;
+  std::string userID;  ///< the author of the remarks that have none
 };
 
 }  // namespace quorvel

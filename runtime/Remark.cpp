@@ -34,43 +34,50 @@ std::int32_t Remark::EntityKey() const noexcept {
 
 void Remark::SetMemoKey(std::int32_t key) noexcept {
   m_memoKey = key;
-  m_storedFor.reset();
-  m_isKeyTaken = false;
+  m_owner.reset();
+  m_isStored = false;
+  m_isRefused = false;
 }
 
 void Remark::SetStored(std::int32_t key, const MemoOwner& owner) noexcept {
   SetMemoKey(key);
-  m_storedFor = owner;
+  m_owner = owner;
+  m_isStored = true;
+}
+
+void Remark::SetListOwner(const std::optional<MemoOwner>& owner) noexcept {
+  if (!m_isStored && (m_memoKey == 0 || m_isRefused)) m_owner = owner;
 }
 
 void Remark::Commit() {
-  if (!m_remarkType) return CommitFor(MemoOwner{});
+  if (!m_remarkType) return CommitFor(MemoOwner{}, kNoText);
   const auto& context = m_remarkType->Context();
   if (!context) ThrowObjectNotSet();
-  CommitFor(context->LoadedOwner("Remark.Commit"));
+  CommitFor(context->LoadedOwner("Remark.Commit"), context->UserID());
 }
 
-void Remark::CommitFor(const MemoOwner& owner) {
+void Remark::CommitFor(const MemoOwner& owner, const std::string& userID) {
   // After Dispose the owner is unknown: writing the remark would take it from its owner.
   if (m_remarkType && !m_remarkType->Context()) ThrowObjectNotSet();
-  if (m_storedFor && *m_storedFor != owner) {
+  if (m_owner && *m_owner != owner) {
     throw Error(ErrorNumber::Component, "Remark.Commit",
-                "This remark belongs to another record than the one that is loaded; nothing was written");
+                "This remark belongs to another record than the one that is loaded, and was not written");
   }
   m_dateStamp = Now();
   if (m_userID.empty()) {
     if (!m_remarkType) ThrowObjectNotSet();
-    m_userID = m_remarkType->Context()->UserID();
+    m_userID = userID;
   }
   Write(owner);
-  m_storedFor = owner;
+  m_owner = owner;
+  m_isStored = true;
   m_dirty = false;
 }
 
 void Remark::Write(const MemoOwner& owner) {
-  const bool isNew = m_memoKey == 0 || m_isKeyTaken;
+  const bool isNew = m_memoKey == 0 || m_isRefused;
   if (isNew) m_memoKey = modDatabase::GetNextSurrogateKey("tciMemo");
-  m_isKeyTaken = false;
+  m_isRefused = false;
   try {
     modDatabase::ExecSP(isNew ? "spTWCqvAddRemark" : "spTWCqvUpdateRemark", {{"@MemoKey", Number(m_memoKey)},
                                                                              {"@MemoType", TypeID()},
@@ -79,23 +86,25 @@ void Remark::Write(const MemoOwner& owner) {
                                                                              {"@MemoText", TrimmedText(m_memoText)},
                                                                              {"@UserID", TrimmedText(m_userID)}});
   } catch (const Error& error) {
-    // An update under this key would overwrite the memo that has it. A memo that was stored before has its own key.
-    m_isKeyTaken = !m_storedFor && modDatabase::IsDuplicateKey(error);
+    // An update under this key would overwrite the memo that has it meanwhile. Where the insert may have succeeded, an
+    // insert under another key would store the remark twice. A memo that was stored before has its own key.
+    m_isRefused = isNew ? modDatabase::IsRefusal(error) : !m_isStored && modDatabase::IsDuplicateKey(error);
     throw;
   }
 }
 
 void Remark::Delete() const {
-  if (m_memoKey == 0 || m_isKeyTaken) return;
+  if (m_memoKey == 0 || m_isRefused) return;
   modDatabase::ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(m_memoKey)}});
 }
 
 std::shared_ptr<Remark> Remark::Copy() const {
   auto copy = std::make_shared<Remark>();
   copy->m_remarkType = m_remarkType;
-  copy->m_storedFor = m_storedFor;
+  copy->m_owner = m_owner;
   copy->m_memoKey = m_memoKey;
-  copy->m_isKeyTaken = m_isKeyTaken;
+  copy->m_isStored = m_isStored;
+  copy->m_isRefused = m_isRefused;
   copy->m_dateStamp = m_dateStamp;
   copy->m_memoText = m_memoText;
   copy->m_dirty = m_dirty;

@@ -23,6 +23,8 @@ class Remark : public Publishable {
   void SetMemoKey(std::int32_t key) noexcept;
   /// For the code that reads memos: the memo with this key belongs to `owner`.
   void SetStored(std::int32_t key, const MemoOwner& owner) noexcept;
+  /// For a list that takes the remark: a remark that was not stored yet belongs to the list's owner.
+  void SetListOwner(const std::optional<MemoOwner>& owner) noexcept;
   [[nodiscard]] DateTime DateStamp() const noexcept { return m_dateStamp; }
   void SetDateStamp(DateTime dateStamp) noexcept { m_dateStamp = dateStamp; }
   [[nodiscard]] const std::string& UserID() const noexcept { return m_userID; }
@@ -40,17 +42,19 @@ class Remark : public Publishable {
   [[nodiscard]] std::int32_t EntityKey() const noexcept;
 
   /// Writes the remark: an insert under a new key when MemoKey is 0, else an update. Text and user are sent trimmed;
-  /// the fields keep their blanks. A failed insert keeps its new key, and the next Commit updates; but when another
-  /// memo has the key, the next Commit inserts under another one. Database errors pass through; Dirty is cleared only
-  /// after success. Before anything is written: error 91 when the type's context was disposed of, or when the remark
-  /// has neither user nor type; error -1 when the memo belongs to another owner.
+  /// the fields keep their blanks. A failed insert keeps its new key; the next Commit inserts under another one when
+  /// the insert was refused, and updates when it may have succeeded after all. Database errors pass through; Dirty is
+  /// cleared only after success. Before anything is written: error 91 when the type's context was disposed of, or when
+  /// the remark has neither user nor type; error -1 when it belongs to another owner.
   ///
-  /// A new remark becomes the owner's that its context has loaded; error -1 when the last Load failed.
+  /// A new remark that was in no list becomes the owner's that its context has loaded; error -1 when the last Load
+  /// failed.
   void Commit();
-  /// The same for the remark of a list: a new remark becomes `owner`'s.
-  void CommitFor(const MemoOwner& owner);
+  /// The same for the remark of a list: a new remark becomes `owner`'s, and one without a user `userID`'s.
+  void CommitFor(const MemoOwner& owner, const std::string& userID);
 
-  /// Deletes the row; does nothing with key 0 or with a key that another memo has. The fields stay as they are.
+  /// Deletes the row; does nothing with key 0 or after a refused insert: another memo may have the key. The fields stay
+  /// as they are.
   void Delete() const;
 
   /// A copy for RemarkList::Backup: everything but UserID, which stays empty.
@@ -63,9 +67,10 @@ class Remark : public Publishable {
   std::string m_memoText;
   std::string m_userID;
   DateTime m_dateStamp = kZeroDate;
-  std::optional<MemoOwner> m_storedFor;  ///< the memo's owner, once it is known
+  std::optional<MemoOwner> m_owner;  ///< of the memo, or of the list that a new remark is in; empty when not known
   std::int32_t m_memoKey = 0;
-  bool m_isKeyTaken = false;  ///< the insert failed because another memo has the key
+  bool m_isStored = false;
+  bool m_isRefused = false;  ///< the insert failed and stored nothing, so that the key may be another memo's
   bool m_dirty = false;
 };
 

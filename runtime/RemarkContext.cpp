@@ -26,7 +26,7 @@ std::shared_ptr<RemarkContext> RemarkContext::Create() { return std::make_shared
 
 void RemarkContext::SetEditBehavior(quorvel::EditBehavior behavior) noexcept {
   m_context.editBehavior = behavior;
-  if (m_remarkList) m_remarkList->SetOrigin({m_remarkList->Origin().owner, behavior});
+  if (m_remarkList) m_remarkList->SetEditBehavior(behavior);
 }
 
 void RemarkContext::SetOwnerID(const std::string& ownerID) {
@@ -44,7 +44,7 @@ void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
   m_remarkList->Clear(true);
   // After a failed Load the entity may be that of the record that was not loaded.
   const auto owner = m_isLoaded ? std::optional(MemoOwner{m_context.entityKey, ownerKey}) : std::nullopt;
-  m_remarkList->SetOrigin({owner, m_context.editBehavior});
+  m_remarkList->SetOrigin({owner, m_context.editBehavior, m_userID});
 }
 
 std::shared_ptr<RemarkType> RemarkContext::Item(const Value& i_vIndexKey) const noexcept {
@@ -115,12 +115,12 @@ void RemarkContext::LoadMemos() {
   if (!hasOwner) return;
   RequireLoaded("RemarkContext.LoadMemos");
   contextLoader::LoadOwner(m_context.ownerProcedure, m_ownerID, m_owner);
-  m_remarkList->SetOrigin({MemoOwner{m_context.entityKey, m_owner.key}, m_context.editBehavior});
+  m_remarkList->SetOrigin({MemoOwner{m_context.entityKey, m_owner.key}, m_context.editBehavior, m_userID});
   RefreshRemarkList();
 }
 
 void RemarkContext::ReplaceList(std::optional<MemoOwner> owner) {
-  m_remarkList = std::make_shared<quorvel::RemarkList>(ListOrigin{owner, m_context.editBehavior});
+  m_remarkList = std::make_shared<quorvel::RemarkList>(ListOrigin{owner, m_context.editBehavior, m_userID});
 }
 
 // The loaders fill the object step by step, so after a failed load entity, types and owner may not belong together.

@@ -3,6 +3,7 @@
 #include "runtime/RemarkList.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/Error.h"
 
@@ -26,7 +27,7 @@ bool IsPosition(std::int32_t position, const Collection& remarks) {
 }  // namespace
 
 RemarkList::RemarkList(ListOrigin origin)
-    : m_origin(origin), m_items(std::make_shared<Collection>()), m_deleted(std::make_shared<Collection>()) {}
+    : m_origin(std::move(origin)), m_items(std::make_shared<Collection>()), m_deleted(std::make_shared<Collection>()) {}
 
 RemarkList::~RemarkList() { Clear(false); }
 
@@ -87,6 +88,7 @@ void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) {
     throw Error(ErrorNumber::Component, "RemarkList.Add",
                 "The last Load failed, so these remarks are not those of the record that it should load");
   }
+  i_oRemark->SetListOwner(m_origin.owner);
   m_items->push_back(std::move(i_oRemark));
 }
 
@@ -97,7 +99,7 @@ void RemarkList::Reserve(std::int32_t count) {
 void RemarkList::Save() {
   if (m_items) {
     for (const auto& remark : *m_items) {
-      if (remark->Dirty()) remark->CommitFor(Owner("RemarkList.Save"));
+      if (remark->Dirty()) remark->CommitFor(Owner("RemarkList.Save"), m_origin.userID);
     }
   }
   if (m_deleted) {

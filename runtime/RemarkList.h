@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/Value.h"
@@ -23,7 +24,8 @@ class RemarkList : public Publishable {
   RemarkList& operator=(const RemarkList&) = delete;
 
   [[nodiscard]] const ListOrigin& Origin() const noexcept { return m_origin; }
-  void SetOrigin(const ListOrigin& origin) noexcept { m_origin = origin; }
+  void SetOrigin(ListOrigin origin) noexcept { m_origin = std::move(origin); }
+  void SetEditBehavior(EditBehavior behavior) noexcept { m_origin.editBehavior = behavior; }
   /// Whether new remarks are taken. After a failed Load its context still has this list, and a remark that is added
   /// then is meant for another owner.
   void SetTakesNew(bool takesNew) noexcept { m_takesNew = takesNew; }

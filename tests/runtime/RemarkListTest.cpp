@@ -120,7 +120,8 @@ TEST_F(RemarkCommitTest, WritesTrimmedTextAndTheUserOfTheContext) {
   EXPECT_NE(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoKey = 7 AND DateStamp > '20240601'"), "0");
 }
 
-TEST_F(RemarkCommitTest, FailedInsertKeepsItsKeyForTheNextSave) {
+// A host may write memos of its own under the next key.
+TEST_F(RemarkCommitTest, RefusedInsertTouchesNoMemoThatGetsItsKey) {
   const auto remark = m_context->RemarkList()->Add();
   remark->SetRemarkType(m_context->Item(Number(3)));
   remark->SetMemoText("not lost");
@@ -130,11 +131,27 @@ TEST_F(RemarkCommitTest, FailedInsertKeepsItsKeyForTheNextSave) {
   EXPECT_EQ(remark->MemoKey(), 2043);
   EXPECT_TRUE(remark->Dirty());
 
+  m_database.Run(
+      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+      "SELECT 2043, 'Cust.General', 501, 45, GETDATE(), 'other', 'the host''s'");
+  const std::string others = Row(2043);
+  remark->Delete();
   remark->SetUserID("jsmith");
   m_context->RemarkList()->Save();
   EXPECT_FALSE(remark->Dirty());
-  // The row does not exist yet, so this is also the update of a remark that another user has deleted.
-  EXPECT_EQ(Row(2043), "Cust.General|501|45|jsmith|not lost");
+  EXPECT_EQ(Row(2043), others);
+  EXPECT_EQ(Row(2044), "Cust.General|501|45|jsmith|not lost");
+}
+
+// The procedure may have stored the memo before it failed, so a second insert could store it twice.
+TEST_F(RemarkCommitTest, InsertOfOpenOutcomeKeepsItsKeyForAnUpdate) {
+  m_database.Run(
+      "ALTER PROCEDURE spTWCqvAddRemark @MemoKey int, @MemoType varchar(30), @EntityType smallint, @OwnerKey int, "
+      "@MemoText nvarchar(max), @UserID varchar(30) AS RAISERROR('the mail was not sent', 16, 1)");
+  m_context->AddRemark("Cust.General", "once", "jsmith");
+  EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(ErrorNumber::DbStatement));
+  m_context->Save(true);
+  EXPECT_EQ(Row(2043), "Cust.General|501|45|jsmith|once");
 }
 
 // The generator of a host may give a key that a memo has already.

@@ -147,6 +147,23 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   EXPECT_EQ(OwnerOf("restored"), "");
 }
 
+TEST_F(SaveTest, FormerRemarksKeepOwnerAndAuthorAfterAnotherLoad) {
+  const ContextHolder context("CustMaint", "C1044", "jsmith");
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  context->AddRemark("Cust.General", "new for C1044", "jsmith");
+  const auto added = context->RemarkList()->Item(Number(context->MemoCount()));
+  RemarkAt(context, 1).SetMemoText("without author");
+  RemarkAt(context, 1).SetDirty(true);
+  context->RemarkList()->Backup();
+  context->RemarkList()->Restore();
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1007", std::string(31, 'u')); }),
+              HasNumber(ErrorNumber::AdoDataConversion));
+  context->Save(true);
+  EXPECT_EQ(m_database.Ask("SELECT UserID FROM tciMemo WHERE MemoText = 'without author'"), "jsmith");
+  context->Load("CustMaint", "C1007", "jsmith");
+  EXPECT_THAT(Caught([&] { added->Commit(); }), IsError(-1, "Remark.Commit", HasSubstr("another record")));
+}
+
 TEST_F(SaveTest, RemarkIsSavedForTheOwnerThatTheHostChose) {
   const ContextHolder context("OrderEntry", "SO20001", "admin");
   const auto list = context->RemarkList();
