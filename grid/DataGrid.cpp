@@ -55,6 +55,8 @@ void DataGrid::SetUpToolkit() {
   SetColLabelSize(GetCharHeight() + FromDIP(10));
   ShowScrollbars(wxSHOW_SB_NEVER, wxSHOW_SB_DEFAULT);
   ui::KeepScrollBars(*this);
+  ui::ShowOutline(*this);
+  ui::ShowFocus(*this);
   SetMargins(0, 0);
   AllowRowSizing(false);
   SetCanFocus(false);  // only the window inside that shows the cells: Tab would stop at both

@@ -24,6 +24,7 @@ FindField::FindField(wxWindow& parent, DataGrid& grid)
   sizer->Add(txtFind, wxSizerFlags(1).CentreVertical().Border(wxTOP, gap));
   sizer->Add(m_result, wxSizerFlags(2).CentreVertical().Border(wxTOP | wxLEFT, gap).ReserveSpaceEvenIfHidden());
   pnlFind->SetSizer(sizer);
+  ui::ShowFocus(*txtFind);
   pnlFind->Hide();
   SayFound(true);
 }

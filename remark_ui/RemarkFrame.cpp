@@ -41,6 +41,8 @@ RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
   ui::SetAccessibleName(*txtRemark, "Remark");
   ui::KeepScrollBars(*txtRemark);
   ui::HoldScrollBar(*txtRemark);
+  ui::ShowFocus(*txtRemark);
+  ui::ShowFocus(*cboRemarkType);
   ui::SetTextMargins(*txtRemark);
   // A user who scrolls over the closed list on the way must not change the remark's type.
   cboRemarkType->Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});

@@ -19,6 +19,7 @@ frmChooseType::frmChooseType() : ModalDialog("Choose Remark Type") {
                                 wxLB_SINGLE | wxLB_HSCROLL, wxDefaultValidator, "lstRemarkType");
   lstRemarkType->SetMinSize(wxSize(GetCharWidth() * 40, GetCharHeight() * 12));
   ui::SetAccessibleName(*lstRemarkType, "Remark type");
+  ui::ShowFocus(*lstRemarkType);
   m_search.Attach(*lstRemarkType);
   cmdOK = ui::MakeButton(*this, "cmdOK", "OK");
   cmdCancel = ui::MakeButton(*this, "cmdCancel", "Cancel");

@@ -46,6 +46,7 @@ void frmPopup::CreateControls() {
   txtRemark = textBox(wxTE_MULTILINE | wxTE_BESTWRAP, "txtRemark", "Remark");
   ui::SetTextMargins(*txtRemark);
   ui::KeepScrollBars(*txtRemark);
+  ui::ShowFocus(*txtRemark);
   lblRemarkCounter = label("Label1", "lblRemarkCounter");
   cmdPrev = ui::MakeButton(*this, "cmdPrev", "&Previous");
   ui::HideCaret(*txtRemark);

@@ -12,6 +12,7 @@ wxButton* MakeButton(wxWindow& parent, std::string_view name, std::string_view c
                               ToWx(name));
   SetAccessibleName(*button, FromWx(button->GetLabelText()));
   ActAtOnce(*button);
+  ShowFocus(*button);
   return button;
 }
 

@@ -25,8 +25,14 @@ void ActAtOnce(wxButton& button);
 /// pointer moves; until then a text that continues below looks complete.
 void KeepScrollBars(wxWindow& window);
 
-/// Shows the scroll bar of a box of several lines also while there is nothing to scroll. A bar that comes and goes
-/// while the user types flickers and wraps the text anew.
+/// Gives a control with the focus a frame that is easy to see, on desktops that mark it faintly or not at all.
+void ShowFocus(wxWindow& window);
+
+/// Gives a window that scrolls the outline of the desktop's fields, where the toolkit draws none.
+void ShowOutline(wxWindow& window);
+
+/// Keeps the place of the scroll bar in a box of several lines free while the text may be changed. A bar that comes and
+/// goes while the user types flickers, and each time the text wraps in another way.
 void HoldScrollBar(wxTextCtrl& box);
 
 /// Keeps the text of a box of several lines a little off its border, on desktops that otherwise draw it there.

@@ -239,7 +239,7 @@ TEST_F(DataGridTest, MarkedRowHasABarAndIsSpoken) {
   const wxImage picture = Picture(*m_grid);
   const auto hasBar = [&](std::int32_t line) {
     const int middle = m_grid->GetColLabelSize() + m_grid->CellToRect(line - 1, 0).y + 10;
-    return !(ColourAt(picture, 1, middle) == ColourAt(picture, 1, middle - 10));
+    return !(ColourAt(picture, 1, middle) == ColourAt(picture, m_grid->GetColSize(0) - 10, middle));
   };
   EXPECT_TRUE(hasBar(4));
   EXPECT_FALSE(hasBar(5));

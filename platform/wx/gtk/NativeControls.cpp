@@ -47,6 +47,26 @@ GtkTextView* TextViewOf(wxTextCtrl& box) {
   return GTK_IS_TEXT_VIEW(view) != FALSE ? GTK_TEXT_VIEW(view) : nullptr;
 }
 
+/// A bar that fills its whole place looks as if there was something to scroll.
+gboolean FadeIdleBar(gpointer scrolled) {
+  GtkAdjustment* const range = gtk_scrolled_window_get_vadjustment(GTK_SCROLLED_WINDOW(scrolled));
+  const double length = gtk_adjustment_get_upper(range) - gtk_adjustment_get_lower(range);
+  gtk_widget_set_opacity(gtk_scrolled_window_get_vscrollbar(GTK_SCROLLED_WINDOW(scrolled)),
+                         length > gtk_adjustment_get_page_size(range) ? 1 : 0);
+  return G_SOURCE_REMOVE;
+}
+
+/// Fades the bar later: the desktop is placing the controls, and would not draw the bar again.
+void RangeChanged(GtkAdjustment* /*range*/, GtkWidget* scrolled) {
+  g_idle_add_full(G_PRIORITY_DEFAULT_IDLE, FadeIdleBar, g_object_ref(scrolled), g_object_unref);
+}
+
+void HoldBar(GtkTextView* text, GParamSpec* /*property*/, gpointer /*data*/) {
+  const GtkPolicyType policy = gtk_text_view_get_editable(text) != FALSE ? GTK_POLICY_ALWAYS : GTK_POLICY_AUTOMATIC;
+  gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(gtk_widget_get_parent(GTK_WIDGET(text))), GTK_POLICY_NEVER,
+                                 policy);
+}
+
 gboolean FocusPart(GtkWidget* /*window*/, gboolean /*isOneOfSeveral*/, gpointer part) {
   gtk_widget_grab_focus(static_cast<GtkWidget*>(part));
   return TRUE;
@@ -72,7 +92,13 @@ void KeepScrollBars(wxWindow& window) {
 }
 
 void HoldScrollBar(wxTextCtrl& box) {
-  gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(box.GetHandle()), GTK_POLICY_NEVER, GTK_POLICY_ALWAYS);
+  GtkTextView* const text = TextViewOf(box);
+  if (text == nullptr) return;
+  g_signal_connect(text, "notify::editable", G_CALLBACK(HoldBar), nullptr);
+  HoldBar(text, nullptr, nullptr);
+  GtkWidget* const scrolled = box.GetHandle();
+  g_signal_connect_object(gtk_scrolled_window_get_vadjustment(GTK_SCROLLED_WINDOW(scrolled)), "changed",
+                          G_CALLBACK(RangeChanged), scrolled, static_cast<GConnectFlags>(0));
 }
 
 void HideCaret(wxTextCtrl& box) {

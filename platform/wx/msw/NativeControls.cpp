@@ -34,12 +34,16 @@ void SetAccessibleName(wxWindow& window, std::string_view name) {
   window.SetAccessible(new NamedControl(window, ToWx(name)));
 }
 
-// The system's buttons act at once, its scroll bars are always visible, its text boxes have margins, and a label leads
-// to the next control that takes keys.
+// The system's buttons act at once, its scroll bars are always visible, its text boxes have margins, its fields have
+// outlines and show the focus, and a label leads to the next control that takes keys.
 
 void ActAtOnce(wxButton& /*button*/) {}
 
 void KeepScrollBars(wxWindow& /*window*/) {}
+
+void ShowFocus(wxWindow& /*window*/) {}
+
+void ShowOutline(wxWindow& /*window*/) {}
 
 void HoldScrollBar(wxTextCtrl& /*box*/) {}
 
