@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -36,8 +37,18 @@ void WriteWarning(std::string_view message);
 /// Whether an error means that the disk is full or that the user's quota or the largest file size is reached.
 [[nodiscard]] bool IsOutOfSpace(const std::error_code& error);
 
+/// What tells a file from every other one, also from one that takes its place and name.
+struct FileIdentity {
+  std::uint64_t volume = 0;
+  std::uint64_t number = 0;
+  friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+/// Nothing when there is no such file. On Windows always nothing: no program can remove a file there that is open.
+[[nodiscard]] std::optional<FileIdentity> IdentityOf(const std::filesystem::path& file);
+
 /// Creates an empty file that its owner and group may read and write (mode 0660, or less with a stricter umask); on
-/// Windows the folder decides who may, and nothing is created. An existing file stays as it is.
+/// Windows the folder decides who may, and nothing is created. An existing file stays as it is; a symbolic link is
+/// followed.
 [[nodiscard]] std::error_code CreateSharedFile(const std::filesystem::path& file);
 
 /// A file name in the form that the file functions take.

@@ -73,6 +73,8 @@ std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
   sqlite3* handle = database.Get();
   auto session = std::make_unique<EmbeddedSession>(std::move(database), options.commandTimeout);
   Configure(handle);
+  // An empty batch looks for the files, while they are certainly those that were opened.
+  (void)session->Execute({});
   return session;
 }
 

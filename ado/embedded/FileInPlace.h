@@ -2,29 +2,36 @@
 
 #include <sqlite3.h>
 
+#include <array>
 #include <chrono>
+#include <optional>
+
+#include "platform/OperatingSystem.h"
 
 namespace quorvel::ado::embedded {
 
-/// Throws DriverError 08S01, a lost connection, when the file at the database's path is no longer the one that is open:
-/// a deleted or replaced file takes its content with it when it is closed. Windows lets no program remove an open
-/// file.
-void RequireFileInPlace(sqlite3* database);
-
-/// The same question before statements. It costs a system call, which is a good part of a small query.
+/// Watches that the files at a database's path stay those that are open: the database itself, its log (-wal) and the
+/// index of that (-shm). A deleted or replaced file takes its content with it when it is closed. Windows lets no
+/// program remove an open file.
+///
+/// Each function throws DriverError 08S01, a lost connection, when a file was deleted or replaced.
 class FileWatch {
  public:
   explicit FileWatch(sqlite3* database) noexcept : m_database(database) {}
 
-  /// Asks; every write needs it.
+  /// Asks the system; every write needs it.
   void RequireForWrite();
-  /// Asks unless the last answer is younger than a tenth of a second: what is read meanwhile stood in the file when it
-  /// was replaced.
+  /// Asks unless the last answer is younger than a tenth of a second, because asking takes a good part of a small
+  /// query. What is read meanwhile stood in the file when it was replaced.
   void RequireForRead();
 
  private:
+  void RequireDatabase() const;
+  void RequireFilesBeside();
+
   sqlite3* m_database;
-  std::chrono::steady_clock::time_point m_validUntil{};
+  std::array<std::optional<os::FileIdentity>, 2> m_beside;  ///< of the log and its index, once they were seen
+  std::chrono::steady_clock::time_point m_validUntil;
 };
 
 }  // namespace quorvel::ado::embedded

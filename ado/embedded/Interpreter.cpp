@@ -41,7 +41,7 @@ bool IsTrue(const Value& value) { return !IsNull(value) && ToBoolean(value); }
 }  // namespace
 
 Interpreter::Interpreter(sqlite3* database, Procedures& procedures)
-    : m_database(database), m_procedures(procedures), m_transaction(database), m_file(database) {
+    : m_database(database), m_procedures(procedures), m_file(database), m_transaction(database, m_file) {
   const auto rowCount = [](sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
     sqlite3_result_int64(context, *static_cast<std::int64_t*>(sqlite3_user_data(context)));
   };

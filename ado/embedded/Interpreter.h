@@ -55,8 +55,8 @@ class Interpreter {
 
   sqlite3* m_database;
   Procedures& m_procedures;
-  NestedTransaction m_transaction;
   FileWatch m_file;
+  NestedTransaction m_transaction;
   std::int64_t m_rowCount = 0;  ///< rows that the last query read or changed: @@ROWCOUNT
   int m_depth = 0;              ///< how deep calls are nested
 };

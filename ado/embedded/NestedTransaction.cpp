@@ -1,7 +1,5 @@
 #include "ado/embedded/NestedTransaction.h"
 
-#include "ado/embedded/FileInPlace.h"
-
 namespace quorvel::ado::embedded {
 
 void NestedTransaction::Begin() {
@@ -9,7 +7,7 @@ void NestedTransaction::Begin() {
   if (m_depth == 0) Execute(m_database, "BEGIN IMMEDIATE");
   ++m_depth;
   // The file may have been replaced while this writer waited for another one.
-  RequireFileInPlace(m_database);
+  m_file.RequireForWrite();
 }
 
 void NestedTransaction::Commit() {
@@ -17,7 +15,7 @@ void NestedTransaction::Commit() {
     throw DriverError("42000", 3902, "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION.");
   }
   if (m_depth == 1) {
-    RequireFileInPlace(m_database);
+    m_file.RequireForWrite();
     Execute(m_database, "COMMIT");
   }
   --m_depth;

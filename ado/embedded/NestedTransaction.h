@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ado/embedded/FileInPlace.h"
 #include "ado/embedded/Sqlite.h"
 
 namespace quorvel::ado::embedded {
@@ -7,7 +8,7 @@ namespace quorvel::ado::embedded {
 /// The transaction of a batch. It nests as on a server: an inner COMMIT commits nothing, ROLLBACK ends all levels.
 class NestedTransaction {
  public:
-  explicit NestedTransaction(sqlite3* database) noexcept : m_database(database) {}
+  NestedTransaction(sqlite3* database, FileWatch& file) noexcept : m_database(database), m_file(file) {}
 
   void Begin();
   /// DriverError without a transaction, as RollBack.
@@ -18,6 +19,7 @@ class NestedTransaction {
 
  private:
   sqlite3* m_database;
+  FileWatch& m_file;
   int m_depth = 0;
 };
 

@@ -104,7 +104,8 @@ std::optional<std::error_code> FailedRead(sqlite3* database) {
 
 DriverError WriteRefused(int extendedCode, const std::string& file) {
   if (extendedCode == SQLITE_READONLY) {
-    return {"HY000", 3906, fmt::format("The database {} is read-only here and did not take this change.", file)};
+    return {"HY000", 3906,
+            fmt::format("The database {0}, {0}-wal or {0}-shm is read-only here and did not take this change.", file)};
   }
   return {"HY000", 3906,
           fmt::format("The database {} cannot be used: this user must be able to write to its folder, where two files "

@@ -15,6 +15,7 @@
 #include <thread>
 #include <utility>
 
+#include "platform/posix/FollowLinks.h"
 #include "platform/posix/NewFile.h"
 
 namespace quorvel {
@@ -83,14 +84,6 @@ bool IsUnchanged(const fs::path& file, const struct stat& before) {
   struct stat now {};
   return ::stat(file.c_str(), &now) == 0 && IsSameFile(now, before) && now.st_size == before.st_size &&
          now.st_mtim.tv_sec == before.st_mtim.tv_sec && now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
-}
-
-/// The file that a path names. A symbolic link is followed, so that the new file does not replace the link.
-fs::path Resolve(const fs::path& path) {
-  std::error_code failure;
-  fs::path absolute = fs::absolute(path, failure);
-  fs::path resolved = fs::weakly_canonical(path, failure);
-  return failure ? absolute : resolved;
 }
 
 bool MakeFolders(const fs::path& folder) {
@@ -179,13 +172,14 @@ std::error_code Attempt(const fs::path& target, const ContentChange& change, Set
 }  // namespace
 
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& file) {
-  RemoveLeftover(Resolve(file));
+  RemoveLeftover(FollowLinks(file));
   Reading reading;
   return Read(file, reading) ? std::optional(std::move(reading.content)) : std::nullopt;
 }
 
 std::error_code UpdateFile(const std::filesystem::path& file, const ContentChange& change) {
-  const fs::path target = Resolve(file);
+  // A link is followed, so that the new file does not replace it.
+  const fs::path target = FollowLinks(file);
   if (!MakeFolders(target.parent_path())) return LastError();
   Settling settling;
   const auto deadline = Clock::now() + kLongestWait;

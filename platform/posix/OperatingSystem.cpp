@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/Environment.h"
+#include "platform/posix/FollowLinks.h"
 
 namespace quorvel::os {
 
@@ -59,9 +60,16 @@ bool IsOutOfSpace(const std::error_code& error) {
   return error.value() == ENOSPC || error.value() == EDQUOT || error.value() == EFBIG;
 }
 
+std::optional<FileIdentity> IdentityOf(const std::filesystem::path& file) {
+  struct stat status {};
+  if (::stat(file.c_str(), &status) != 0) return std::nullopt;
+  return FileIdentity{status.st_dev, status.st_ino};
+}
+
 std::error_code CreateSharedFile(const std::filesystem::path& file) {
   constexpr mode_t kMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP;
-  const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode);
+  // With O_EXCL the system follows no link. Without it this could open, and so unlock, a database that is in use.
+  const int descriptor = ::open(FollowLinks(file).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode);
   if (descriptor < 0) return errno == EEXIST ? std::error_code() : std::error_code(errno, std::generic_category());
   ::close(descriptor);
   return {};

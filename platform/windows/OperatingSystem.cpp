@@ -85,6 +85,8 @@ bool IsOutOfSpace(const std::error_code& error) {
          error == std::error_code(kQuotaExceeded, std::system_category());
 }
 
+std::optional<FileIdentity> IdentityOf(const std::filesystem::path& /*file*/) { return std::nullopt; }
+
 std::error_code CreateSharedFile(const std::filesystem::path& /*file*/) { return {}; }
 
 std::filesystem::path PathOf(std::string_view name) { return std::u8string(name.begin(), name.end()); }

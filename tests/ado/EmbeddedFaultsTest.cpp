@@ -64,6 +64,12 @@ TEST(EmbeddedFaults, OnlyOwnerAndGroupCanOpenANewDatabase) {
       EXPECT_EQ(modeOf(file + part), std::filesystem::perms(expected)) << file + part;
     }
   }
+  const std::string link = folder.File("link");
+  std::filesystem::create_symlink("target", link);
+  const mode_t usual = ::umask(0);
+  CreateEmbeddedDatabase(link);
+  ::umask(usual);
+  EXPECT_EQ(modeOf(folder.File("target")), std::filesystem::perms{0660});
 }
 
 // The byte says which version of the file's format is needed to write to it, so the file is read-only for root too.
@@ -110,6 +116,20 @@ TEST(EmbeddedFaults, DeletedOrReplacedFileTakesNoWrite) {
   EXPECT_THAT(FailureOf(*reader, insert).Description(), HasSubstr(file + " was deleted or replaced"));
   std::filesystem::rename(file + ".old", file);
   EXPECT_THAT(RowsOf(*writer, "SELECT t FROM Note"), ElementsAre("kept"));
+}
+
+// What is written to a log without a name is gone when the program is killed.
+TEST(EmbeddedFaults, DeletedFileBesideTheDatabaseTakesNoWrite) {
+  for (const char* beside : {"-wal", "-shm"}) {
+    const TestDatabase database(TestDatabase::Content::Empty);
+    const auto writer = database.Connect();
+    const std::string file = database.DatabaseFile() + beside;
+    std::filesystem::remove(file);
+    EXPECT_THAT(
+        FailureOf(*writer, "CREATE TABLE Note (t nvarchar(max)) INSERT INTO Note VALUES ('lost')").Description(),
+        HasSubstr(file + " was deleted or replaced"));
+    EXPECT_TRUE(writer->IsLost());
+  }
 }
 
 // Transactions that read before they write must wait for each other. SQLite by itself refuses the write of a reader

@@ -76,11 +76,12 @@ TEST_F(RegistryKey, CreatesFolderFileAndKeyForOwnerAndGroupOnly) {
 TEST_F(RegistryKey, KeepsASymbolicLinkAndChangesItsFile) {
   fs::create_directories(fs::path(m_file).parent_path());
   const std::string real = m_folder.File("real.reg");
-  Put(real, kHeader);
-  fs::create_symlink(real, m_file);
-  ASSERT_TRUE(OpenKey()->SetString("Server", "SQL1"));
-  EXPECT_TRUE(fs::is_symlink(m_file));
-  EXPECT_NE(ContentOf(real).find("SQL1"), std::string::npos);
+  fs::create_symlink("../../real.reg", m_file);
+  for (const char* server : {"into a new file", "into the same file"}) {
+    ASSERT_TRUE(OpenKey()->SetString("Server", server));
+    EXPECT_TRUE(fs::is_symlink(m_file));
+    EXPECT_NE(ContentOf(real).find(server), std::string::npos);
+  }
 }
 
 TEST_F(RegistryKey, RefusesPlacesThatCannotHoldAStore) {
