@@ -22,4 +22,9 @@ std::string ReadersOf(const std::string& file) {
   return readers;
 }
 
+std::string WhichMayRead(const std::string& file) {
+  const std::string readers = ReadersOf(file);
+  return readers.empty() ? readers : fmt::format(", which {} may read", readers);
+}
+
 }  // namespace quorvel::cli

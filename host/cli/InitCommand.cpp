@@ -13,6 +13,7 @@
 #include "data/modDatabase.h"
 #include "host/cli/Commands.h"
 #include "host/cli/ConnectionSettings.h"
+#include "host/cli/FileAccess.h"
 #include "host/cli/Installation.h"
 #include "host/cli/ShippedProcedures.h"
 #include "host/cli/TextLayout.h"
@@ -24,7 +25,7 @@ namespace {
 void MakeEmbeddedFile(const std::string& file) {
   const bool wasThere = std::filesystem::exists(file);
   ado::CreateEmbeddedDatabase(file);
-  fmt::print("Database file: {} {}\n", wasThere ? "found" : "created", OneLine(file));
+  fmt::print("Database file: {} {}{}\n", wasThere ? "found" : "created", OneLine(file), WhichMayRead(file));
 }
 
 struct InitOptions {

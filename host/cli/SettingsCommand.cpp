@@ -63,8 +63,7 @@ void PrintSettings() {
   }
   const std::string place = registry::StoreLocation();
   if (values) {
-    const std::string readers = ReadersOf(place);
-    fmt::print("Kept in {}{}\n", OneLine(place), readers.empty() ? "" : fmt::format(", which {} may read", readers));
+    fmt::print("Kept in {}{}\n", OneLine(place), WhichMayRead(place));
   } else {
     fmt::print("Cannot be read, or is not a file of settings: {}\n", OneLine(place));
   }
