@@ -70,11 +70,13 @@ struct MemoColumns {
   ado::Field memoText;
 };
 
-/// A file of the embedded engine can hold a date of another program that is none. It must hide neither the remark's
-/// text nor the owner's other remarks; `quorvel doctor` names the remark.
+/// A file of the embedded engine can hold a date of another program that is none, and a host's table may allow NULL. It
+/// must hide neither the remark's text nor the owner's other remarks; `quorvel doctor` names the remark.
 DateTime DateOf(const ado::Field& field) {
+  const Value date = field.Value();
+  if (IsNull(date)) return kZeroDate;
   try {
-    return ToDateTime(field.Value());
+    return ToDateTime(date);
   } catch (const Error& error) {
     if (error.Number() != ErrorNumber::TypeMismatch) throw;
     return kZeroDate;

@@ -242,12 +242,14 @@ TEST_F(LoadTest, FailedRefreshKeepsWhatItRead) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   m_database.Run(
       "ALTER PROCEDURE spTWCqvGetFilteredMemos @ContextID varchar(30), @EntityType smallint, @OwnerKey int AS "
-      "SELECT MemoType AS TypeID, MemoKey, DateStamp, UserID, CASE WHEN MemoKey = 3 THEN NULL ELSE MemoText END AS "
-      "MemoText FROM tciMemo WHERE OwnerKey = @OwnerKey AND EntityType = @EntityType ORDER BY MemoKey");
+      "SELECT MemoType AS TypeID, MemoKey, CASE WHEN MemoKey = 2 THEN NULL ELSE DateStamp END AS DateStamp, UserID, "
+      "CASE WHEN MemoKey = 3 THEN NULL ELSE MemoText END AS MemoText FROM tciMemo WHERE OwnerKey = @OwnerKey AND "
+      "EntityType = @EntityType ORDER BY MemoKey");
   EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }),
               IsError(ErrorNumber::InvalidUseOfNull, "Quorvel", "Invalid use of Null (MemoKey 3)"));
   ASSERT_EQ(context->MemoCount(), 3);
   EXPECT_EQ(RemarkAt(context, 2).MemoKey(), 2);
+  EXPECT_EQ(RemarkAt(context, 2).DateStamp(), kZeroDate);
   EXPECT_EQ(RemarkAt(context, 3).MemoText(), "");
 }
 
