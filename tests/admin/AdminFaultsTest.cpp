@@ -66,6 +66,14 @@ std::vector<std::string> Shown(const AdminSession& s) {
   return shown;
 }
 
+#ifdef __SANITIZE_ADDRESS__
+/// Here the sanitizers look for faults of the memory. What is stored is the same as in the release build, which
+/// compares.
+constexpr bool kComparesWithStored = false;
+#else
+constexpr bool kComparesWithStored = true;
+#endif
+
 struct Outcome {
   std::string failed;  ///< the call that failed
   bool isTold = false;
@@ -94,6 +102,7 @@ Outcome Do(const Operation& operation, int call) {
   EXPECT_THAT(s.Prompted(), testing::IsEmpty());
   EXPECT_FALSE(s.admin.IsBusy());
   outcome.shown = Shown(s);
+  if (!kComparesWithStored) return outcome;
   const std::string id = s.ShownID();
   s.admin.Load();
   s.Go(operation.view, id, operation.tab);
