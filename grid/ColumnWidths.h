@@ -12,8 +12,10 @@ class GridContent;
 /// No column becomes narrower than this, in pixels: the user could not drag its border any more.
 inline constexpr int kLeastColumnWidth = 24;
 
-/// Shares `total` pixels among columns in proportion to `widths`; the last column takes the rest.
-[[nodiscard]] std::vector<int> ShareWidth(const std::vector<int>& widths, int total);
+/// Shares `total` pixels among columns in proportion to `widths`; the last column takes the rest. A column gets at
+/// least its width in `least`, which may be empty.
+[[nodiscard]] std::vector<int> ShareWidth(const std::vector<int>& widths, int total,
+                                          const std::vector<int>& least = {});
 
 /// The widths after the border right of `position` was dragged: columns up to that border keep `widths`, the columns
 /// right of it share the rest.
@@ -25,7 +27,8 @@ class ColumnWidths {
   /// `grid` outlives the object.
   explicit ColumnWidths(wxGrid& grid) : m_grid(grid) {}
 
-  /// Takes the designed widths of the visible columns.
+  /// Takes the designed widths of the visible columns. With a large font a column of dates gets a larger share, as far
+  /// as it needs one.
   void Reset(const GridContent& content);
   /// To be called when the window's width has changed.
   void Share();
@@ -35,8 +38,11 @@ class ColumnWidths {
   void BorderDragged(int position);
 
  private:
+  [[nodiscard]] int WidthOfDates() const;
+
   wxGrid& m_grid;
   std::vector<int> m_widths;  ///< by position, as designed or dragged
+  std::vector<int> m_least;   ///< by position; empty when the user has dragged a border
 };
 
 }  // namespace quorvel

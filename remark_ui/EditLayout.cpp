@@ -28,7 +28,8 @@ ui::TwipSize GrowthOf(const EditSizes& sizes) noexcept {
 
 ui::TwipSize SmallestEditor(const EditSizes& sizes) noexcept {
   const ui::TwipSize growth = GrowthOf(sizes);
-  return {kSmallest.width + growth.width, kSmallest.height + growth.height};
+  return {std::min(kSmallest.width + growth.width, sizes.screen.width),
+          std::min(kSmallest.height + growth.height, sizes.screen.height)};
 }
 
 EditLayout LayOutEditor(const ui::TwipSize& window, const EditSizes& sizes) noexcept {
@@ -39,7 +40,7 @@ EditLayout LayOutEditor(const ui::TwipSize& window, const EditSizes& sizes) noex
   const int column = width - 1165 - growth.width;
 
   EditLayout layout;
-  layout.grid = {kMargin, kMargin, width - 243, height - 2040 - growth.height};
+  layout.grid = {kMargin, kMargin, width - 243, std::max(0, height - 2040 - growth.height)};
   const int top = layout.grid.top + layout.grid.height + kBelowGrid;
   layout.frame = {kMargin, top, column - 2 * kMargin, LowerHeight(sizes)};
   const auto button = [&](int index) {

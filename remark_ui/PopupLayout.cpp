@@ -33,7 +33,8 @@ ui::TwipRect LabelBeside(const ui::TwipRect& control, int inset) noexcept {
 
 ui::TwipSize SmallestPopup(const PopupSizes& sizes) noexcept {
   const Growth growth = GrowthOf(sizes);
-  return {kSmallest.width, kSmallest.height + growth.above + growth.below};
+  return {std::min(kSmallest.width, sizes.screen.width),
+          std::min(kSmallest.height + growth.above + growth.below, sizes.screen.height)};
 }
 
 PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupSizes& sizes) noexcept {

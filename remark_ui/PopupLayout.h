@@ -9,6 +9,7 @@ struct PopupSizes {
   int typeHeight = 285;
   ui::TwipSize next{1215, 375};
   ui::TwipSize previous{1215, 375};
+  ui::TwipSize screen = ui::kUnlimited;  ///< the largest window that the screen has room for
 };
 
 /// The rectangles of the controls inside the window, in twips.
@@ -23,7 +24,7 @@ struct PopupLayout {
 };
 
 /// The smallest size of the whole window, as TwipScale counts it. Controls that are higher than the design's make it
-/// higher, and the distances between the controls stay the same.
+/// higher, and the distances between the controls stay the same. It is not larger than the screen.
 [[nodiscard]] ui::TwipSize SmallestPopup(const PopupSizes& sizes) noexcept;
 /// Lays out a whole window of that size, or the smallest one.
 [[nodiscard]] PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupSizes& sizes) noexcept;

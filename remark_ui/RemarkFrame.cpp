@@ -48,6 +48,7 @@ RemarkFrame::RemarkFrame(wxWindow& parent, const ui::TwipScale& scale)
   cboRemarkType->Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
   // An empty list is lower than one that shows a type, and the layout does not change with the remark.
   cboRemarkType->Append(Label2->GetLabel());
+  cboRemarkType->SetSelection(0);
   cboRemarkType->SetMinSize({scale.ToPixels(kTypeWidth), cboRemarkType->GetBestSize().GetHeight()});
   cboRemarkType->Clear();
   txtRemark->SetMinSize({-1, kTextLines * txtRemark->GetCharHeight()});

@@ -28,12 +28,15 @@ constexpr ui::TwipSize kFirstSize{10800, 7800};
 frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
   m_controls.emplace(*this, Scale());
   BindHandlers();
-  m_sizes = m_controls->Measure(Scale());
-  SetSmallestInside(Scale().ClientSizeFor(SmallestEditor(m_sizes)));
   SetClientSize(Scale().ClientSizeFor(kFirstSize));
-  wxSize size = GetSize();
-  size.DecTo(wxGetClientDisplayRect().GetSize());
-  SetSize(size);
+}
+
+/// Measured each time, because screen and font may have changed; the user's size of the window is kept.
+void frmEdit::FitScreen() {
+  m_sizes = m_controls->Measure(Scale());
+  m_sizes.screen = Room();
+  SetSmallestInside(Scale().ClientSizeFor(SmallestEditor(m_sizes)));
+  PlaceInMiddle(GetClientSize());
 }
 
 void frmEdit::BindHandlers() {
@@ -92,7 +95,7 @@ void frmEdit::Load(const RemarkContext& context) {
   SetTitle(ui::ToWx(OwnerTitle(context)));
   m_controls->find.Reset();
   m_session->Start();
-  CentreOnScreen();
+  FitScreen();
   m_controls->gdxMemos->SetFocus();
 }
 

@@ -29,6 +29,7 @@ class frmEdit : public ui::ModalDialog {
  private:
   void BindHandlers();
   void Load(const RemarkContext& context);
+  void FitScreen();
   void cmdClose_Click();
   void KeyPressed(wxKeyEvent& event);
 

@@ -27,7 +27,6 @@ constexpr ui::TwipSize kFirstSize{7200, 4200};
 frmPopup::frmPopup() : ModalDialog(wxString()) {
   CreateControls();
   BindHandlers();
-  MeasureControls();
 }
 
 void frmPopup::CreateControls() {
@@ -76,6 +75,7 @@ void frmPopup::MeasureControls() {
                         std::max(drawn.height, scale.ToTwips(best.GetHeight() + 1))};
   };
   const PopupSizes drawn;
+  m_sizes = drawn;
   m_sizes.typeHeight = atLeast({0, drawn.typeHeight}, *txtRemarkType).height;
   m_sizes.previous = atLeast(drawn.previous, *cmdPrev);
   for (const char* caption : {"&Next", "&Finish"}) {
@@ -83,6 +83,7 @@ void frmPopup::MeasureControls() {
     const ui::TwipSize size = atLeast(drawn.next, *cmdNext);
     m_sizes.next = {std::max(m_sizes.next.width, size.width), std::max(m_sizes.next.height, size.height)};
   }
+  m_sizes.screen = Room();
   SetSmallestInside(scale.ClientSizeFor(SmallestPopup(m_sizes)));
 }
 
@@ -97,8 +98,8 @@ void frmPopup::View(RemarkContext& context) {
   });
   m_walk = std::move(walk);
   SetTitle(ui::ToWx(OwnerTitle(context)));
-  SetClientSize(Scale().ClientSizeFor(kFirstSize));
-  CentreOnScreen();
+  MeasureControls();
+  PlaceInMiddle(Scale().ClientSizeFor(kFirstSize));
   Display();
   txtRemark->SetFocus();
   RunModal();

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include <wx/display.h>
+
 #include "platform/CurrentPrompts.h"
 #include "platform/Environment.h"
 #include "platform/Error.h"
@@ -50,6 +52,19 @@ void GuardedWindow::SetSmallestInside(const wxSize& smallest) {
   m_smallest = smallest;
   m_border = m_window.GetSize() - m_window.GetClientSize();
   m_window.SetMinClientSize(smallest);
+}
+
+TwipSize GuardedWindow::Room() const {
+  const wxSize area = wxDisplay(&m_window).GetClientArea().GetSize();
+  const TwipScale scale = Scale();
+  return {.width = scale.ToTwips(area.x), .height = scale.ToTwips(area.y)};
+}
+
+void GuardedWindow::PlaceInMiddle(const wxSize& wanted) {
+  wxSize inside = wanted;
+  inside.DecTo(Scale().ClientSizeFor(Room()));
+  m_window.SetClientSize(inside);
+  m_window.CentreOnScreen();
 }
 
 // The toolkit limits the whole window, but learns the width of the border only when the window is on the screen.

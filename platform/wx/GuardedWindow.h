@@ -42,6 +42,12 @@ class GuardedWindow {
   /// The inside of the window, in pixels, never becomes smaller, whatever border the desktop draws round it.
   void SetSmallestInside(const wxSize& smallest);
 
+  /// The largest window that the work area of its screen has room for, as TwipScale counts it.
+  [[nodiscard]] TwipSize Room() const;
+  /// Gives the inside of the window the size `wanted`, in pixels, as far as the work area has room for it, and puts the
+  /// window in the middle.
+  void PlaceInMiddle(const wxSize& wanted);
+
   /// `handler`, which takes the event or nothing, as an event handler of the toolkit.
   template <typename Handler>
   [[nodiscard]] auto Guarded(Handler handler) {

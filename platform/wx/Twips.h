@@ -1,5 +1,7 @@
 #pragma once
 
+#include <limits>
+
 class wxWindow;
 class wxSize;
 class wxRect;
@@ -12,6 +14,7 @@ struct TwipSize {
   int height = 0;
   friend bool operator==(const TwipSize&, const TwipSize&) = default;
 };
+inline constexpr TwipSize kUnlimited{std::numeric_limits<int>::max(), std::numeric_limits<int>::max()};
 /// A rectangle in twips.
 struct TwipRect {
   int left = 0;

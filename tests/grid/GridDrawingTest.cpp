@@ -84,6 +84,8 @@ TEST(ColumnWidths, ShareTheTotal) {
   EXPECT_THAT(ShareWidth({73, 83, 377}, 1066), ElementsAre(146, 166, 754));
   EXPECT_THAT(ShareWidth({1, 1, 1}, 100), ElementsAre(33, 33, 34));
   EXPECT_THAT(ShareWidth({1, 100}, 200), ElementsAre(kLeastColumnWidth, 200 - kLeastColumnWidth));
+  EXPECT_THAT(ShareWidth({73, 112, 377}, 562, {100, 0, 0}), ElementsAre(100, 105, 357)) << "a large font";
+  EXPECT_THAT(ShareWidth({73, 112, 377}, 1124, {100}), ElementsAre(146, 224, 754));
   EXPECT_THAT(ShareWidth({5, 5}, 0), ElementsAre(kLeastColumnWidth, kLeastColumnWidth));
   EXPECT_THAT(ShareWidth({}, 100), ElementsAre());
   EXPECT_THAT(ShareWidthAfter({100, 50, 150}, 0, 300), ElementsAre(100, 50, 150));

@@ -204,6 +204,27 @@ TEST(EditLayoutTest, GridGetsAllAdditionalSpace) {
   EXPECT_EQ(LayOutEditor({12000, -5}, {}).frame.top, smallest.frame.top);
 }
 
+// The fonts of the scales 1 to 2, and the screens that a desktop with two pixels for one reports.
+TEST(EditLayoutTest, EveryControlIsOnTheScreenWithEveryFont) {
+  struct Screen {
+    int width, height, largestLine;
+  };
+  for (const Screen& screen : {Screen{1280, 1024, 34}, {1920, 1080, 34}, {640, 512, 17}, {960, 540, 17}}) {
+    for (int line = 13; line <= screen.largestLine; ++line) {
+      const ui::TwipScale scale(line);
+      const EditSizes sizes{.screen = {scale.ToTwips(screen.width), scale.ToTwips(screen.height)}};
+      const ui::TwipSize window = SmallestEditor(sizes);
+      EXPECT_LE(scale.ToPixels(window.width), screen.width) << line;
+      EXPECT_LE(scale.ToPixels(window.height), screen.height) << line;
+      const EditLayout layout = LayOutEditor(window, sizes);
+      EXPECT_LT(layout.closeButton.left + layout.closeButton.width, window.width) << line;
+      EXPECT_LT(layout.closeButton.top + layout.closeButton.height, window.height) << line;
+      EXPECT_GT(layout.grid.height, 10 * 195) << line << ": too few rows";
+      EXPECT_GT(layout.frame.width, 5000) << line << ": a narrow text box";
+    }
+  }
+}
+
 TEST(EditLayoutTest, RowsOfSixLinesAndMoreAreHigher) {
   for (const auto& [lines, height] : {std::pair{5, 1025}, {6, 1230}, {0, 75}}) {
     EXPECT_EQ(GridRowHeight(lines), height) << lines;

@@ -116,6 +116,7 @@ TEST(PopupLayout, LargerControlsMakeTheWindowHigher) {
   EXPECT_EQ(layout.next, (ui::TwipRect{3900, 1855 + 115, 1500, 420}));
   EXPECT_EQ(layout.previous, (ui::TwipRect{2240, 1855 + 115, 1600, 420}));
   EXPECT_LT(layout.counter.left + layout.counter.width, layout.previous.left);
+  EXPECT_EQ(SmallestPopup({.screen = {4000, 2000}}), (ui::TwipSize{4000, 2000})) << "a small screen";
 }
 
 }  // namespace
