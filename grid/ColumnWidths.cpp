@@ -41,8 +41,13 @@ std::vector<int> ShareWidthAfter(const std::vector<int>& widths, std::size_t pos
 }
 
 void ColumnWidths::Reset(const GridContent& content) {
+  m_columns = content.Shown();
   m_widths.clear();
   m_least.clear();
+  if (const auto dragged = m_dragged.find(m_columns); dragged != m_dragged.end()) {
+    m_widths = dragged->second;
+    return Share();
+  }
   for (std::size_t position = 0; position < content.Shown().size(); ++position) {
     const GridColumn& column = content.ShownColumn(position);
     m_widths.push_back(m_grid.FromDIP(column.width));
@@ -80,6 +85,7 @@ void ColumnWidths::BorderDragged(int position) {
   for (std::size_t i = 0; i < m_widths.size(); ++i) m_widths[i] = m_grid.GetColSize(static_cast<int>(i));
   m_least.clear();
   m_widths = ShareWidthAfter(m_widths, static_cast<std::size_t>(position), total);
+  m_dragged[m_columns] = m_widths;
   Share();
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <map>
 #include <vector>
 
 class wxGrid;
@@ -27,8 +29,8 @@ class ColumnWidths {
   /// `grid` outlives the object.
   explicit ColumnWidths(wxGrid& grid) : m_grid(grid) {}
 
-  /// Takes the designed widths of the visible columns. With a large font a column of dates gets a larger share, as far
-  /// as it needs one.
+  /// Takes the widths that the user has given these visible columns, else the designed ones. With a large font a column
+  /// of dates gets a larger share, as far as it needs one.
   void Reset(const GridContent& content);
   /// To be called when the window's width has changed.
   void Share();
@@ -41,8 +43,10 @@ class ColumnWidths {
   [[nodiscard]] int WidthOfDates() const;
 
   wxGrid& m_grid;
-  std::vector<int> m_widths;  ///< by position, as designed or dragged
-  std::vector<int> m_least;   ///< by position; empty when the user has dragged a border
+  std::vector<int> m_widths;            ///< by position, as designed or dragged
+  std::vector<int> m_least;             ///< by position; empty when the user has dragged a border
+  std::vector<std::int32_t> m_columns;  ///< by position
+  std::map<std::vector<std::int32_t>, std::vector<int>> m_dragged;  ///< m_widths by m_columns
 };
 
 }  // namespace quorvel

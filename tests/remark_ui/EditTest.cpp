@@ -473,6 +473,37 @@ TEST_F(EditTest, ErrorEndsTheWindowAndLosesNothingTyped) {
   });
 }
 
+TEST_F(EditTest, SizeAndColumnsStayAsTheUserMadeThem) {
+  const ContextHolder grouped("CustMaint", "C1044", "jsmith");
+  const ContextHolder ungrouped("CustInq", "C1044", "jsmith");
+  int width = 0;
+  // The desktop draws the grid's outline later.
+  const auto isLaidOut = [&] {
+    return WaitFor([&] { return Grid().GetGridWindow()->GetClientSize().x < Grid().GetSize().x; });
+  };
+  View(grouped, [&] {
+    m_form.SetClientSize(1000, 777);
+    EXPECT_TRUE(WaitFor([&] { return m_form.GetClientSize() == wxSize(1000, 777); }));
+    EXPECT_TRUE(isLaidOut());
+    Grid().SetColSize(0, 200);
+    wxGridSizeEvent dragged(Grid().GetId(), wxEVT_GRID_COL_SIZE, &Grid(), 0);
+    Grid().HandleWindowEvent(dragged);
+    width = Grid().GetColSize(1);
+    Click("cmdClose");
+  });
+  View(ungrouped, [&] {
+    EXPECT_NE(Grid().GetColSize(0), 200) << "another place with other columns";
+    Click("cmdClose");
+  });
+  View(grouped, [&] {
+    EXPECT_TRUE(isLaidOut());
+    EXPECT_EQ(m_form.GetClientSize(), wxSize(1000, 777));
+    EXPECT_EQ(Grid().GetColSize(0), 200);
+    EXPECT_EQ(Grid().GetColSize(1), width);
+    Click("cmdClose");
+  });
+}
+
 TEST_F(EditTest, ControlsFitDownToTheSmallestSize) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
   View(context, [&] {
