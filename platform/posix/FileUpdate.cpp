@@ -26,10 +26,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr mode_t kFolderMode = 0755;
 constexpr std::chrono::milliseconds kPause{20};
-/// The time that a content stays the same before it counts as settled.
+/// The time that a content is watched before it counts as settled.
 constexpr std::chrono::milliseconds kSettling{200};
-/// The same for an empty file: a program that writes a file begins by emptying it.
-constexpr std::chrono::milliseconds kSettlingEmpty{1000};
 constexpr std::chrono::seconds kLongestWait{5};
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
@@ -60,7 +58,14 @@ bool Read(const fs::path& file, Reading& reading) {
   }
 }
 
-/// Finds out whether a file stays the same from one look to the next.
+/// False also for a time in the future: the clock of a file server may be another one.
+bool IsOld(const struct stat& status) {
+  const auto written = std::chrono::seconds(status.st_mtim.tv_sec) + std::chrono::nanoseconds(status.st_mtim.tv_nsec);
+  return std::chrono::system_clock::now().time_since_epoch() - written >= kLongestStall;
+}
+
+/// Finds out whether a file is no longer being written: it stays the same from one look to the next, and its last
+/// change is longer ago than a writer stalls.
 class Settling {
  public:
   [[nodiscard]] bool Look(const Reading& reading) {
@@ -68,7 +73,8 @@ class Settling {
       m_seen = reading;
       m_since = Clock::now();
     }
-    return Clock::now() - m_since >= (reading.content.empty() ? kSettlingEmpty : kSettling);
+    const auto watched = Clock::now() - m_since;
+    return watched >= kLongestStall || (watched >= kSettling && (!reading.exists || IsOld(reading.status)));
   }
 
  private:
