@@ -3,6 +3,7 @@
 
 #include "host/cli/DatabaseChecks.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +17,7 @@
 #include "host/cli/PermissionChecks.h"
 #include "host/cli/ReadingProcedures.h"
 #include "host/cli/SchemaProblems.h"
+#include "host/cli/ShippedProcedures.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -61,6 +63,18 @@ void CheckLayout(Report& report, ado::Connection& connection) {
                found > expected ? "Use the program of the version that has set the database up." : SchemaRemedy());
 }
 
+/// The advice for a procedure that fails. Where a column is missing, `init` fails as well.
+std::string_view ProcedureRemedy(ado::Connection& connection, std::string_view procedure, std::string_view problem) {
+  if (!UsesEmbeddedEngine()) return SchemaRemedy();
+  const auto isForMemos = std::ranges::count(kMemoProcedures, procedure) != 0 || procedure == kKeyProcedure;
+  if (isForMemos && TableProblem(connection, kMemoTable).empty() &&
+      !TableProblem(connection, TableOfProcedures(kMemoTable)).empty()) {
+    return "The host's table of memos has other columns. Write the procedure for them; 'quorvel init' then keeps it "
+           "(docs/database.md).";
+  }
+  return problem.starts_with("Invalid column name") ? "A table lacks this column; see the tables above." : kRunInit;
+}
+
 /// A server has no invalid dates. In a file of the embedded engine another program can leave one, and a remark with it
 /// is shown without a date.
 void CheckMemoDates(Report& report, ado::Connection& connection) {
@@ -99,10 +113,14 @@ void CheckSchema(Report& report, ado::Connection& connection) {
   }
   CheckLayout(report, connection);
   CheckMemoTable(report, connection);
-  if (UsesEmbeddedEngine()) CheckMemoDates(report, connection);
+  if (UsesEmbeddedEngine()) {
+    CheckMemoDates(report, connection);
+    if (!IsAdapted(connection, kKeyProcedure)) CheckTable(report, connection, TableOfProcedures(kKeyTable));
+  }
   for (const ExpectedProcedure& procedure : ExpectedProcedures()) {
-    CheckObject(report, connection, fmt::format("procedure {} ({})", procedure.name, procedure.parameters),
-                CallProblem(connection, procedure), SchemaRemedy());
+    const std::string problem = CallProblem(connection, procedure);
+    CheckObject(report, connection, fmt::format("procedure {} ({})", procedure.name, procedure.parameters), problem,
+                problem.empty() ? "" : ProcedureRemedy(connection, procedure.name, problem));
   }
 }
 

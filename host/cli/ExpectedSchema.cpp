@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -96,6 +97,12 @@ const std::vector<ExpectedTable>& ExpectedTables() {
 const std::vector<ExpectedProcedure>& ExpectedProcedures() {
   static const std::vector<ExpectedProcedure> procedures = ReadProcedures();
   return procedures;
+}
+
+ExpectedTable TableOfProcedures(std::string_view name) {
+  std::string table(name);
+  auto columns = ColumnsOf(table);
+  return {std::move(table), std::move(columns), {}};
 }
 
 std::string ColumnDefinition(std::string_view table, std::string_view column) {

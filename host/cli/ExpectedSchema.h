@@ -22,11 +22,16 @@ struct ExpectedProcedure {
 
 /// The host's table of memos. The component reaches it through procedures only, so its columns may have any names.
 inline constexpr std::string_view kMemoTable = "tciMemo";
+/// The table from which the product's own procedure numbers the memos.
+inline constexpr std::string_view kKeyTable = "ttwSurrogateKey";
 /// The table with the version of the layout. Only `init` and `doctor` read it, and older databases have none.
 inline constexpr std::string_view kLayoutTable = "ttwLayout";
 
 [[nodiscard]] const std::vector<ExpectedTable>& ExpectedTables();
 [[nodiscard]] const std::vector<ExpectedProcedure>& ExpectedProcedures();
+
+/// A table that only procedures use, as quorvel.sql makes it.
+[[nodiscard]] ExpectedTable TableOfProcedures(std::string_view name);
 
 /// The column as quorvel.sql defines it: "RowHeight int NOT NULL ...".
 [[nodiscard]] std::string ColumnDefinition(std::string_view table, std::string_view column);

@@ -145,7 +145,9 @@ void Installation::FinishSchema() {
 
 /// A column that was dropped comes back only by hand: the script cannot know what it held.
 void Installation::FindMissingColumns() {
-  for (const ExpectedTable& table : ExpectedTables()) {
+  std::vector<ExpectedTable> tables = ExpectedTables();
+  if (!IsAdapted(*m_connection, kKeyProcedure)) tables.push_back(TableOfProcedures(kKeyTable));
+  for (const ExpectedTable& table : tables) {
     const std::vector<std::string> missing = MissingColumns(*m_connection, table);
     if (missing.empty()) continue;
     const std::string description = fmt::format("Table {} {}. {}", table.name, MissingColumnsProblem(missing),

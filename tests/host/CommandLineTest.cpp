@@ -129,6 +129,9 @@ TEST_F(CommandLine, InitGoesOnWhereTheMemoTableDiffersAndKeepsAdaptedProcedures)
   const std::string version = "SELECT LayoutVersion FROM ttwLayout";
   EXPECT_THAT(RunSql(version), HasSubstr("(0 rows)")) << "what comes after is made, and the layout is not complete";
 
+  EXPECT_THAT(Quorvel({"doctor"}).output, AllOf(HasSubstr("FAIL  procedure spTWCqvAddRemark "),
+                                                HasSubstr("Write the procedure for them; 'quorvel init' then keeps")));
+
   const std::string adapted = "PROCEDURE spTWCqvDeleteRemark @MemoKey int AS DELETE FROM tciMemo WHERE Id = @MemoKey";
   RunSql("ALTER " + adapted);
   const std::string stored = "SELECT OBJECT_DEFINITION(OBJECT_ID('spTWCqvDeleteRemark')) AS Text";

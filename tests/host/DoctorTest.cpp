@@ -73,6 +73,13 @@ TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
             HasSubstr("FAIL  dates of the memos: invalid in MemoKey 9002\n"), HasSubstr("SET DateStamp = GETDATE()")));
 }
 
+TEST_F(CommandLine, DoctorAndInitMissAColumnOfTheKeys) {
+  Initialize(false);
+  RunSql("DROP TABLE ttwSurrogateKey\nGO\nCREATE TABLE ttwSurrogateKey (TableName varchar(128) NOT NULL)");
+  EXPECT_THAT(Quorvel({"doctor"}).output, HasSubstr("FAIL  table ttwSurrogateKey: it lacks the column LastKey\n"));
+  EXPECT_THAT(Quorvel({"init"}).errors, HasSubstr("Table ttwSurrogateKey lacks the column LastKey. "));
+}
+
 TEST_F(CommandLine, NewerLayoutIsLeftAlone) {
   Initialize(false);
   RunSql("INSERT INTO ttwLayout (LayoutVersion) VALUES (99)");
