@@ -12,6 +12,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <thread>
 #include <utility>
 
@@ -26,8 +27,10 @@ using Clock = std::chrono::steady_clock;
 
 constexpr mode_t kFolderMode = 0755;
 constexpr std::chrono::milliseconds kPause{20};
-/// The time that a content is watched before it counts as settled.
+/// The time that a content stays the same before it counts as settled.
 constexpr std::chrono::milliseconds kSettling{200};
+/// The same for an empty file: a program that writes a file begins by emptying it.
+constexpr std::chrono::milliseconds kSettlingEmpty{1000};
 constexpr std::chrono::seconds kLongestWait{5};
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
@@ -58,14 +61,7 @@ bool Read(const fs::path& file, Reading& reading) {
   }
 }
 
-/// False also for a time in the future: the clock of a file server may be another one.
-bool IsOld(const struct stat& status) {
-  const auto written = std::chrono::seconds(status.st_mtim.tv_sec) + std::chrono::nanoseconds(status.st_mtim.tv_nsec);
-  return std::chrono::system_clock::now().time_since_epoch() - written >= kLongestStall;
-}
-
-/// Finds out whether a file is no longer being written: it stays the same from one look to the next, and its last
-/// change is longer ago than a writer stalls.
+/// Finds out whether a file stays the same from one look to the next.
 class Settling {
  public:
   [[nodiscard]] bool Look(const Reading& reading) {
@@ -73,14 +69,27 @@ class Settling {
       m_seen = reading;
       m_since = Clock::now();
     }
-    const auto watched = Clock::now() - m_since;
-    return watched >= kLongestStall || (watched >= kSettling && (!reading.exists || IsOld(reading.status)));
+    return Clock::now() - m_since >= (reading.content.empty() ? kSettlingEmpty : kSettling);
   }
 
  private:
   std::optional<Reading> m_seen;
   Clock::time_point m_since;
 };
+
+/// Whether a program has the file open for writing. It may have stopped for any time in the middle of a line. The
+/// kernel gives a lease on a file for reading only while nobody has it open for writing. It gives none to a user who
+/// does not own the file, and none on some file systems; the answer is then false.
+bool IsOpenForWriting(const fs::path& file) {
+  const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!descriptor) return false;
+  // A program that opens the file meanwhile makes the kernel send this signal, which programs ignore by default, and
+  // waits for the end of the lease.
+  ::fcntl(descriptor.Get(), F_SETSIG, SIGURG);
+  if (::fcntl(descriptor.Get(), F_SETLEASE, F_RDLCK) != 0) return errno == EAGAIN;
+  ::fcntl(descriptor.Get(), F_SETLEASE, F_UNLCK);
+  return false;
+}
 
 bool IsSameFile(const struct stat& left, const struct stat& right) {
   return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
@@ -166,7 +175,7 @@ std::error_code Attempt(const fs::path& target, const ContentChange& change, Set
   const Descriptor lock = Lock(target, deadline);
   Reading before;
   if (!lock || !Read(target, before)) return LastError();
-  const bool settled = settling.Look(before);
+  const bool settled = settling.Look(before) && !IsOpenForWriting(target);
   const bool isUnfinished = before.exists && before.content.empty() && !settled;
   const auto after = isUnfinished ? std::nullopt : change(before.content, settled);
   if (!after) {

@@ -3,10 +3,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdio>
-#include <ctime>
 #include <utility>
 
 namespace quorvel {
@@ -18,15 +16,6 @@ constexpr const char* kOpenFiles = "/proc/self/fd/";
 
 std::filesystem::path TemporaryName(const std::filesystem::path& target) {
   return target.parent_path() / ("." + target.filename().string() + ".new");
-}
-
-/// Where the time cannot be set, a reader that misses a value waits.
-void DateBack(int descriptor) {
-  timespec now{};
-  if (::clock_gettime(CLOCK_REALTIME, &now) != 0) return;
-  now.tv_sec -= kLongestStall.count();
-  const std::array<timespec, 2> times = {{{0, UTIME_OMIT}, now}};
-  ::futimens(descriptor, times.data());
 }
 
 }  // namespace
@@ -74,7 +63,6 @@ bool NewFile::Fill(std::string_view content) {
     if (count <= 0) return false;
     content.remove_prefix(static_cast<std::size_t>(count));
   }
-  DateBack(m_file.Get());
   return ::fsync(m_file.Get()) == 0;
 }
 

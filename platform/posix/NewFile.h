@@ -2,7 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <chrono>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -17,9 +16,6 @@ struct DescriptorTraits {
   static void Close(int descriptor);
 };
 using Descriptor = UniqueHandle<DescriptorTraits>;
-
-/// The longest time that a program which writes into a file itself is believed to stall.
-inline constexpr std::chrono::seconds kLongestStall{2};
 
 /// A file that is written completely before it gets its name. Until then it has no name, so that a process that is
 /// killed leaves no copy of it; on a file system without such files it has a temporary one. The caller keeps other
@@ -41,7 +37,7 @@ class NewFile {
   /// Takes over the owner, the group and a narrower mode of the file that will be replaced.
   [[nodiscard]] bool TakeAccess(const struct stat& replaced);
 
-  /// Writes the content to the disk, and dates it back by kLongestStall, so that nobody waits for more.
+  /// Writes the content to the disk.
   [[nodiscard]] bool Fill(std::string_view content);
 
   /// Names the file; EEXIST when the target exists.
