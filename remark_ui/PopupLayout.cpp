@@ -24,9 +24,9 @@ Growth GrowthOf(const PopupSizes& sizes) noexcept {
           std::max(sizes.next.height, sizes.previous.height) - design.next.height};
 }
 
-/// Level with the first line of text in `control`, `inset` below its edge.
-ui::TwipRect LabelBeside(const ui::TwipRect& control, int inset) noexcept {
-  return {kMargin, control.top + inset, control.left - kMargin, kLine};
+/// Left of `control`, `top` below its upper edge.
+ui::TwipRect LabelBeside(const ui::TwipRect& control, int top, int height) noexcept {
+  return {kMargin, control.top + top, control.left - kMargin, height};
 }
 
 }  // namespace
@@ -47,8 +47,8 @@ PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupSizes& sizes) noe
   PopupLayout layout;
   layout.remarkType = {kTextLeft, kMargin / 2, width - 1200, sizes.typeHeight};
   layout.remark = {kTextLeft, layout.remarkType.top + sizes.typeHeight + kGap, width - 1200, height - 1450};
-  layout.typeLabel = LabelBeside(layout.remarkType, (sizes.typeHeight - kLine) / 2);
-  layout.remarkLabel = LabelBeside(layout.remark, 15);
+  layout.typeLabel = LabelBeside(layout.remarkType, 0, sizes.typeHeight);
+  layout.remarkLabel = LabelBeside(layout.remark, sizes.firstLine, kLine);
   layout.next = {layout.remark.left + layout.remark.width - sizes.next.width, buttonTop, sizes.next.width,
                  sizes.next.height};
   layout.previous = {layout.next.left - sizes.previous.width - kGap, buttonTop, sizes.previous.width,

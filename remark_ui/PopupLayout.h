@@ -7,6 +7,7 @@ namespace quorvel {
 /// The sizes of the controls of the pop-up window on this desktop, in twips. The defaults are the design's.
 struct PopupSizes {
   int typeHeight = 285;
+  int firstLine = 15;  ///< from the upper edge of the remark's box to its first line
   ui::TwipSize next{1215, 375};
   ui::TwipSize previous{1215, 375};
   ui::TwipSize screen = ui::kUnlimited;  ///< the largest window that the screen has room for

@@ -47,6 +47,7 @@ void frmPopup::CreateControls() {
   ui::KeepScrollBars(*txtRemark);
   ui::ShowFocus(*txtRemark);
   lblRemarkCounter = label("Label1", "lblRemarkCounter");
+  for (wxStaticText* beside : {Label2, lblRemarkCounter}) ui::CentreText(*beside);
   cmdPrev = ui::MakeButton(*this, "cmdPrev", "&Previous");
   ui::HideCaret(*txtRemark);
   cmdNext = ui::MakeButton(*this, "cmdNext", "Next");
@@ -77,6 +78,7 @@ void frmPopup::MeasureControls() {
   const PopupSizes drawn;
   m_sizes = drawn;
   m_sizes.typeHeight = atLeast({0, drawn.typeHeight}, *txtRemarkType).height;
+  m_sizes.firstLine = scale.ToTwips(ui::FirstLineTop(*txtRemark));
   m_sizes.previous = atLeast(drawn.previous, *cmdPrev);
   for (const char* caption : {"&Next", "&Finish"}) {
     cmdNext->SetLabel(caption);

@@ -6,6 +6,7 @@
 class wxBookCtrlBase;
 class wxButton;
 class wxListBox;
+class wxStaticText;
 class wxTextCtrl;
 class wxWindow;
 
@@ -37,6 +38,12 @@ void HoldScrollBar(wxTextCtrl& box);
 
 /// Keeps the text of a box of several lines a little off its border, on desktops that otherwise draw it there.
 void SetTextMargins(wxTextCtrl& box);
+
+/// The distance from the upper edge of a box of several lines to its first line, in pixels.
+[[nodiscard]] int FirstLineTop(wxTextCtrl& box);
+
+/// Puts the text of a label of one line in the middle of its height, where boxes of one line and buttons have theirs.
+void CentreText(wxStaticText& label);
 
 /// Shows no insertion point in a box of several lines that is only read.
 void HideCaret(wxTextCtrl& box);

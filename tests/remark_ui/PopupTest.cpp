@@ -1,4 +1,6 @@
 // The pop-up as its user sees it. The rules of the walk are tested without a window in PopupWalkTest.
+#include <gtk/gtk.h>
+
 #include <wx/uiaction.h>
 
 #include "remark_ui/frmPopup.h"
@@ -107,6 +109,29 @@ TEST_F(PopupTest, ControlsFitDownToTheSmallestSize) {
     ExpectControlsFit({"Label2", "txtRemarkType", "Label1", "txtRemark", "lblRemarkCounter", "cmdPrev", "cmdNext"},
                       {"Label2", "Label1", "lblRemarkCounter", "cmdPrev", "cmdNext"});
     EXPECT_GE(The<wxTextCtrl>("txtRemarkType").GetClientSize().y, m_form.GetCharHeight());
+    m_form.Close();
+  });
+}
+
+TEST_F(PopupTest, LabelsStandOnTheBaseLineOfTheirNeighbours) {
+  // One font, so texts that begin at one height stand on one base line.
+  const auto textTop = [this](const char* name) {
+    GtkWidget* text = The<wxWindow>(name).GetHandle();
+    int top = 0;
+    if (GTK_IS_ENTRY(text) != FALSE) {
+      gtk_entry_get_layout_offsets(GTK_ENTRY(text), nullptr, &top);
+      GtkAllocation place{};
+      gtk_widget_get_allocation(text, &place);
+      return place.y + top;
+    }
+    if (GTK_IS_BUTTON(text) != FALSE) text = gtk_bin_get_child(GTK_BIN(text));
+    gtk_label_get_layout_offsets(GTK_LABEL(text), nullptr, &top);
+    return top;
+  };
+  View(m_context, [&] {
+    WaitUntilDrawn(m_form);
+    EXPECT_NEAR(textTop("Label2"), textTop("txtRemarkType"), 1);
+    EXPECT_NEAR(textTop("lblRemarkCounter"), textTop("cmdNext"), 1);
     m_form.Close();
   });
 }

@@ -8,6 +8,7 @@
 #include <wx/bookctrl.h>
 #include <wx/button.h>
 #include <wx/listbox.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 namespace quorvel::ui {
@@ -114,6 +115,17 @@ void SetTextMargins(wxTextCtrl& box) {
   gtk_text_view_set_top_margin(text, margin);
   gtk_text_view_set_bottom_margin(text, margin);
 }
+
+int FirstLineTop(wxTextCtrl& box) {
+  GtkTextView* const text = TextViewOf(box);
+  if (text == nullptr) return 0;
+  GtkStyleContext* const style = gtk_widget_get_style_context(box.GetHandle());
+  GtkBorder border{};
+  gtk_style_context_get_border(style, gtk_style_context_get_state(style), &border);
+  return border.top + gtk_text_view_get_top_margin(text);
+}
+
+void CentreText(wxStaticText& label) { gtk_label_set_yalign(GTK_LABEL(label.GetHandle()), 0.5F); }
 
 void LeadAccessKeyTo(wxWindow& part, wxWindow& window) {
   g_signal_connect_object(window.GetHandle(), "mnemonic-activate", G_CALLBACK(FocusPart), part.GetConnectWidget(),

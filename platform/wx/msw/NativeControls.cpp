@@ -4,6 +4,7 @@
 
 #include <wx/access.h>
 #include <wx/bookctrl.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/window.h>
 
@@ -55,6 +56,17 @@ void HideCaret(wxTextCtrl& box) {
 }
 
 void SetTextMargins(wxTextCtrl& /*box*/) {}
+
+int FirstLineTop(wxTextCtrl& box) {
+  RECT text{};
+  ::SendMessageW(box.GetHandle(), EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
+  return static_cast<int>(text.top) + (box.GetSize().y - box.GetClientSize().y) / 2;
+}
+
+void CentreText(wxStaticText& label) {
+  const HWND window = label.GetHandle();
+  ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | SS_CENTERIMAGE);
+}
 
 void LeadAccessKeyTo(wxWindow& /*part*/, wxWindow& /*window*/) {}
 
