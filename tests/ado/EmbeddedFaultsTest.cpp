@@ -3,20 +3,34 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <future>
 #include <memory>
+#include <thread>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "tests/support/Caught.h"
 #include "tests/support/Rows.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
+
+namespace {
+bool failsToSync = false;
+}
+
+/// In the place of the system's function, for SQLite as well.
+extern "C" int fdatasync(int descriptor) {
+  if (!failsToSync) return static_cast<int>(::syscall(SYS_fdatasync, descriptor));
+  errno = EIO;
+  return -1;
+}
 
 namespace quorvel::ado {
 namespace {
@@ -116,6 +130,36 @@ TEST(EmbeddedFaults, DeletedOrReplacedFileTakesNoWrite) {
   EXPECT_THAT(FailureOf(*reader, insert).Description(), HasSubstr(file + " was deleted or replaced"));
   std::filesystem::rename(file + ".old", file);
   EXPECT_THAT(RowsOf(*writer, "SELECT t FROM Note"), ElementsAre("kept"));
+}
+
+TEST(EmbeddedFaults, FileReplacedWhileAWriterWaitsTakesNoWrite) {
+  const TestDatabase database(TestDatabase::Content::Empty);
+  database.Run("CREATE TABLE Note (t nvarchar(max))");
+  const std::string file = database.DatabaseFile();
+  const std::string insert = "INSERT INTO Note VALUES ('lost') ";
+  for (const std::string& batch : {insert, "BEGIN TRANSACTION " + insert + "COMMIT"}) {
+    const auto first = database.Connect();
+    const auto second = database.Connect();
+    first->Execute("BEGIN TRANSACTION");
+    auto waiting = std::async(std::launch::async, [&] { return FailureOf(*second, batch).Description(); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    std::filesystem::rename(file, file + ".old");
+    EXPECT_THAT(FailureOf(*first, "COMMIT").Description(), HasSubstr("was deleted or replaced"));
+    EXPECT_THAT(waiting.get(), HasSubstr("was deleted or replaced")) << batch;
+    std::filesystem::rename(file + ".old", file);
+  }
+}
+
+// The disk fails after the commit was written, before it is known to be there.
+TEST(EmbeddedFaults, FailedCommitOfUnknownOutcomeSaysSo) {
+  const TestDatabase database(TestDatabase::Content::Empty);
+  const auto connection = database.Connect();
+  connection->Execute("CREATE TABLE Note (t nvarchar(max))");
+  failsToSync = true;
+  const Error error = FailureOf(*connection, "INSERT INTO Note VALUES ('perhaps')");
+  failsToSync = false;
+  EXPECT_THAT(error.Description(), testing::EndsWith("It is not known whether the last change was stored."));
+  EXPECT_THAT(error.Description(), HasSubstr(database.DatabaseFile()));
 }
 
 // What is written to a log without a name is gone when the program is killed.

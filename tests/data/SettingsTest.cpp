@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -156,14 +157,35 @@ TEST_F(Settings, FirstLoadsLoseNoValueThatIsSetMeanwhile) {
 TEST_F(Settings, UnwritableStoreIsError110AndIsReadAgain) {
   Put("\"Server\"=\"SQL1\"\n");
   DBConnect settings;
-  {
-    const test::ScopedVariable below("QUORVEL_REGISTRY", m_file + "/below.reg");
+  // The system opens the second one and cannot read it.
+  for (const std::string& place : {m_file + "/below.reg", std::string("/proc/self/mem")}) {
+    const test::ScopedVariable elsewhere("QUORVEL_REGISTRY", place);
     const Error error = test::Caught([&] { settings.Reload(); });
     EXPECT_EQ(error.Number(), 110);
     EXPECT_EQ(error.Source(), "GetRegStringValue");
     EXPECT_EQ(error.Description(), "Could not read or create registry string value: Software\\Tarnwick\\Server");
   }
   EXPECT_EQ(settings.Server(), "SQL1");
+}
+
+// With no spare descriptor nothing can be read; with one, the store can be read and not written.
+TEST_F(Settings, AHostAtItsDescriptorLimitErasesNothingAndWritesNoDefault) {
+  Put("\"Server\"=\"SQL1\"\n");
+  const std::string before = Content();
+  rlimit usual{};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+  for (rlim_t spare = 0; spare < 2; ++spare) {
+    const int next = ::dup(STDIN_FILENO);
+    ::close(next);
+    const rlimit few{static_cast<rlim_t>(next) + spare, usual.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+    const Error error = test::Caught([] { DBConnect().Reload(); });
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
+    EXPECT_EQ(error.Number(), 110) << spare;
+    EXPECT_THAT(m_warnings, testing::Contains(testing::HasSubstr("Too many open files"))) << spare;
+    m_warnings.clear();
+    EXPECT_EQ(Content(), before) << spare;
+  }
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -182,6 +183,22 @@ TEST_F(RegistryKey, WritersInOtherProcessesAndThreadsLoseNothing) {
   const std::string content = ContentOf(m_file);
   EXPECT_EQ(content.find("[HKEY"), content.rfind("[HKEY")) << "the key occurs once";
   EXPECT_EQ(std::ranges::count(content, '='), 6 * 8);
+}
+
+// Its caller could otherwise lead it to a database of his own.
+TEST_F(RegistryKey, AProgramWithChangedIdentityDoesNotObeyTheVariable) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only root can give a program another identity: nothing was tested";
+  const std::string program = m_folder.File("program");
+  fs::copy_file(STORE_LOCATION, program);
+  constexpr uid_t kOther = 65534;
+  ASSERT_EQ(::chown(program.c_str(), kOther, kOther), 0);
+  ASSERT_EQ(::chmod(program.c_str(), S_ISUID | S_IRUSR | S_IXUSR), 0);
+  std::FILE* output = ::popen(program.c_str(), "r");  // NOLINT(cert-env33-c): the name is the test's own
+  ASSERT_NE(output, nullptr);
+  std::array<char, 256> place{};
+  EXPECT_NE(std::fgets(place.data(), place.size(), output), nullptr);
+  if (::pclose(output) != 0) GTEST_SKIP() << "the system gives no other identity here: nothing was tested";
+  EXPECT_STREQ(place.data(), "/etc/quorvel/quorvel.reg\n");
 }
 
 }  // namespace

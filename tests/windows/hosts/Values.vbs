@@ -29,6 +29,10 @@ remark.MemoKey = "12"
 Equal "a text as number", remark.MemoKey, 12
 remark.MemoKey = 2.5
 Equal "half a number goes to the even one", remark.MemoKey, 2
+remark.MemoKey = CCur(12.5)
+Equal "a currency goes to the even number", remark.MemoKey, 12
+remark.MemoText = CCur(-12.5)
+Equal "a currency as text", CDbl(remark.MemoText), -12.5
 remark.Dirty = 1
 Equal "a number as flag", remark.Dirty, True
 remark.Dirty = "False"
