@@ -77,9 +77,11 @@ TEST_F(SaveTest, AsksBeforeItDeletesARemovedRemark) {
   context->Save();
   EXPECT_NE(TextOf(key), "");
   EXPECT_TRUE(context->RemarkList()->Dirty());
+  EXPECT_TRUE(m_prompts->pointers.empty());
   context->Save();
   EXPECT_EQ(TextOf(key), "");
   EXPECT_FALSE(context->RemarkList()->Dirty());
+  EXPECT_EQ(m_prompts->pointers, (std::vector{PointerShape::Hourglass, PointerShape::Default})) << "while it writes";
   ASSERT_EQ(m_prompts->shown.size(), 2U);
   EXPECT_EQ(m_prompts->shown[0].text, "Save changes to these remarks?");
   EXPECT_EQ(m_prompts->shown[0].title, "Edit Remarks");
