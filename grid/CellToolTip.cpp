@@ -35,6 +35,11 @@ void CellToolTip::PointerMoved(const wxPoint& point) {
   if (!tip.empty()) cells.SetToolTip(ui::ToWx(BeginningOf(tip, kMostCharacters).text));
 }
 
+void CellToolTip::Forget() {
+  m_line = 0;
+  m_grid.GetGridWindow()->UnsetToolTip();
+}
+
 std::string CellToolTip::HiddenText(std::int32_t line, int position) const {
   std::string complete = m_state.CellTip(line, static_cast<std::size_t>(position));
   if (!complete.empty()) return complete;

@@ -19,8 +19,8 @@ class CellToolTip {
 
   /// To be called when the pointer has moved to `point` in the window of the cells.
   void PointerMoved(const wxPoint& point);
-  /// To be called when the lines have changed.
-  void Forget() noexcept { m_line = 0; }
+  /// To be called when other cells may be under the pointer.
+  void Forget();
 
  private:
   /// A date with its time, or the text of a cell that does not show all of it; else the empty text.

@@ -36,7 +36,6 @@ DataGrid::DataGrid(wxWindow* parent, std::vector<GridColumn> columns, std::vecto
   m_heights.Apply(m_state.content.Rows());
   BindEvents();
   BindMouse();
-  BindMenu();
 }
 
 DataGrid::~DataGrid() = default;
@@ -82,6 +81,7 @@ void DataGrid::BindEvents() {
   cells->Bind(wxEVT_SIZE, Guarded([this](wxSizeEvent& event) {
                 event.Skip();
                 m_widths.Share();
+                m_toolTip.Forget();
               }));
   const auto onFocus = Guarded([this](wxFocusEvent& event) {
     event.Skip();
@@ -114,25 +114,8 @@ void DataGrid::BindMouse() {
                           event.Skip();
                           m_toolTip.PointerMoved(event.GetPosition());
                         }));
-}
-
-// The toolkit reports a right click as a question for a menu on some desktops only, and the menu key on all of them.
-void DataGrid::BindMenu() {
-  wxWindow* const cells = GetGridWindow();
-  cells->Bind(wxEVT_RIGHT_UP, Guarded([this](wxMouseEvent& event) {
-                event.Skip();
-                AskForMenu(event.GetPosition());
-              }));
-  cells->Bind(
-      wxEVT_CONTEXT_MENU, Guarded([this](wxContextMenuEvent& event) {
-        if (event.GetPosition() != wxDefaultPosition) return;
-        const int row = std::max(m_state.currentLine, 1) - 1;
-        AskForMenu(row < GetNumberRows() ? CalcScrolledPosition(CellToRect(row, 0).GetBottomLeft()) : wxPoint());
-      }));
-}
-
-void DataGrid::AskForMenu(const wxPoint& inCells) {
-  if (MenuAsked) MenuAsked(inCells + GetGridWindow()->GetPosition());
+  GetGridWindow()->Bind(wxEVT_RIGHT_UP, Guarded([this](wxMouseEvent& event) { m_mouse.RightUp(event); }));
+  GetGridWindow()->Bind(wxEVT_CONTEXT_MENU, Guarded([this](wxContextMenuEvent& event) { m_mouse.AskForMenu(event); }));
 }
 
 void DataGrid::Paint(wxPaintEvent& event) {

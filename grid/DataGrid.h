@@ -115,7 +115,6 @@ class DataGrid : public wxGrid {
   void SetUpToolkit();
   void BindEvents();
   void BindMouse();
-  void BindMenu();
   template <typename Handler>
   auto Guarded(Handler handler);
   void ReportFailure(std::exception_ptr failure) noexcept;
@@ -126,7 +125,6 @@ class DataGrid : public wxGrid {
   void ShowColumns();
   void FitColumn(int position);
   void Paint(wxPaintEvent& event);
-  void AskForMenu(const wxPoint& inCells);
   void Announce();
   void Restyle();
 

@@ -1,5 +1,7 @@
 #include "grid/GridMouse.h"
 
+#include <algorithm>
+
 #include "grid/DataGrid.h"
 #include "grid/GridRenderer.h"
 #include "grid/GridWatcher.h"
@@ -27,6 +29,25 @@ void GridMouse::DoubleClick(wxMouseEvent& event) {
   const std::int32_t line = m_grid.CurrentLine();
   const RowGroup* const group = m_grid.Content().Rows().GroupAt(line);
   if (group != nullptr) m_grid.SetGroupOpen(line, !group->open);
+}
+
+void GridMouse::RightUp(wxMouseEvent& event) {
+  event.Skip();
+  AskForMenuAt(event.GetPosition());
+}
+
+// The toolkit also reports the right button in this way, but on some desktops only; RightUp does that on all of them.
+void GridMouse::AskForMenu(const wxContextMenuEvent& event) {
+  if (event.GetPosition() != wxDefaultPosition) return;
+  const int row = std::max(m_grid.CurrentLine(), 1) - 1;
+  wxPoint point;
+  if (row < m_grid.GetNumberRows()) point = m_grid.CalcScrolledPosition(m_grid.CellToRect(row, 0).GetBottomLeft());
+  // The line may be out of sight.
+  AskForMenuAt({point.x, std::clamp(point.y, 0, m_grid.GetGridWindow()->GetClientSize().y)});
+}
+
+void GridMouse::AskForMenuAt(const wxPoint& inCells) {
+  if (m_grid.MenuAsked) m_grid.MenuAsked(inCells + m_grid.GetGridWindow()->GetPosition());
 }
 
 bool GridMouse::IsOnRowBorder(const wxGridEvent& event) const {

@@ -1,7 +1,9 @@
 #pragma once
 
+class wxContextMenuEvent;
 class wxGridEvent;
 class wxMouseEvent;
+class wxPoint;
 
 namespace quorvel {
 
@@ -9,7 +11,7 @@ class DataGrid;
 class GridWatcher;
 
 /// Handles the mouse in a grid: a press makes a line current, a press on a heading's triangle or a double-click on a
-/// heading opens or closes the group.
+/// heading opens or closes the group, the right button asks for a menu.
 class GridMouse {
  public:
   /// Both outlive the object.
@@ -18,8 +20,12 @@ class GridMouse {
   void Down(wxMouseEvent& event);
   void DoubleClick(wxMouseEvent& event);
   void CellClick(wxGridEvent& event);
+  void RightUp(wxMouseEvent& event);
+  /// Asks for a menu at the current line when the event comes from a key.
+  void AskForMenu(const wxContextMenuEvent& event);
 
  private:
+  void AskForMenuAt(const wxPoint& inCells);
   [[nodiscard]] bool IsOnRowBorder(const wxGridEvent& event) const;
 
   DataGrid& m_grid;

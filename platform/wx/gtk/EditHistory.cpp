@@ -37,7 +37,7 @@ void EditHistory::Commit(Changes changes, Clock::time_point now) {
     Step& step = m_done.back();
     if (step.isTyping && now - step.last < kPause && Continues(step.changes.back(), changes.front())) {
       step.last = now;
-      return Append(step.changes.back(), std::move(changes.front()));
+      return Append(step.changes.back(), changes.front());
     }
   }
   m_done.push_back({std::move(changes), now, isTyping});
@@ -54,7 +54,7 @@ bool EditHistory::Continues(const TextChange& before, const TextChange& change) 
   return change.offset == before.offset && (isBlank || !IsBlank(before.text.back()));
 }
 
-void EditHistory::Append(TextChange& before, TextChange change) {
+void EditHistory::Append(TextChange& before, const TextChange& change) {
   const bool isInFront = !change.isInsertion && IsBackspace(before, change);
   before.length += change.length;
   if (isInFront) {

@@ -42,7 +42,7 @@ class EditHistory {
 
   static Changes Move(std::vector<Step>& from, std::vector<Step>& to);
   static bool Continues(const TextChange& before, const TextChange& change);
-  static void Append(TextChange& before, TextChange change);
+  static void Append(TextChange& before, const TextChange& change);
   void Commit(Changes changes, Clock::time_point now);
 
   std::vector<Step> m_done;

@@ -40,6 +40,11 @@ void Make(GtkTextBuffer* buffer, const TextChange& change, bool isInsertion) {
 }  // namespace
 
 struct TextUndo::State {
+  explicit State(wxTextCtrl& watched)
+      : box(watched),
+        view(GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(box.GetHandle())))),
+        buffer(gtk_text_view_get_buffer(view)) {}
+
   wxTextCtrl& box;
   GtkTextView* view;
   GtkTextBuffer* buffer;
@@ -104,9 +109,7 @@ struct TextUndo::State {
   }
 };
 
-TextUndo::TextUndo(wxTextCtrl& box) {
-  auto* const view = GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(box.GetHandle())));
-  m_state.reset(new State{box, view, gtk_text_view_get_buffer(view)});
+TextUndo::TextUndo(wxTextCtrl& box) : m_state(std::make_unique<State>(box)) {
   const auto listen = [this](const char* signal, GCallback handler) {
     g_signal_connect(m_state->buffer, signal, handler, m_state.get());
   };

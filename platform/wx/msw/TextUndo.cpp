@@ -6,10 +6,12 @@ namespace quorvel::ui {
 
 // The system's text boxes undo.
 struct TextUndo::State {
+  explicit State(wxTextCtrl& watched) : box(watched) {}
+
   wxTextCtrl& box;
 };
 
-TextUndo::TextUndo(wxTextCtrl& box) : m_state(new State{box}) {}
+TextUndo::TextUndo(wxTextCtrl& box) : m_state(std::make_unique<State>(box)) {}
 
 TextUndo::~TextUndo() = default;
 
