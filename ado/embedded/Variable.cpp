@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include <fmt/format.h>
+
 #include "ado/embedded/NumberRules.h"
 #include "ado/embedded/SqlType.h"
 #include "ado/engine/DriverError.h"
@@ -25,6 +27,10 @@ namespace {
 Value AsNumber(Value value, DataType type) {
   const auto* text = std::get_if<std::string>(&value);
   if (text != nullptr && numberRules::IsZero(*text)) return std::int64_t{0};
+  const bool isWhole = type == DataType::SmallInt || type == DataType::Integer || type == DataType::BigInt;
+  if (text != nullptr && isWhole && !numberRules::IsWhole(*text)) {
+    throw DriverError("22018", 245, fmt::format("Conversion failed when converting '{}' to a whole number.", *text));
+  }
   const auto* fraction = std::get_if<double>(&value);
   return fraction != nullptr && type != DataType::Double ? Value{numberRules::Whole(*fraction)} : std::move(value);
 }

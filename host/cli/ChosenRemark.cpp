@@ -28,16 +28,30 @@ std::int32_t FindKey(const RemarkContext& context, std::int32_t key, const std::
   return static_cast<std::int32_t>(found - remarks.begin()) + 1;
 }
 
+/// The number without leading zeros: the option would read 010 as an octal one.
+std::string DecimalNumber(const std::string& text) {
+  const std::string sign = text.starts_with('-') ? "-" : "";
+  const std::string digits = text.substr(sign.size());
+  if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) {
+    throw CLI::ValidationError(fmt::format("{} is not a whole number", OneLine(text)));
+  }
+  return sign + digits.substr(std::min(digits.find_first_not_of('0'), digits.size() - 1));
+}
+
 }  // namespace
 
 void AddChoiceOptions(CLI::App& command, RemarkChoice& choice) {
   CLI::Option* key = command.add_option("--key", choice.key, "Which remark: its key, after the # in the list");
-  key->type_name("KEY");
+  key->transform(DecimalNumber)->type_name("KEY");
   CLI::Option* index = command.add_option("--index", choice.index,
                                           "Which remark: its number in the list; it changes\n"
                                           "when another user adds or deletes a remark");
-  index->check(CLI::Range(1, std::numeric_limits<std::int32_t>::max()))->type_name("N")->excludes(key);
+  index->check(CLI::Range(1, std::numeric_limits<std::int32_t>::max()))
+      ->transform(DecimalNumber)
+      ->type_name("N")
+      ->excludes(key);
   command.add_option("--expect", choice.expect, "With --index: refuse when that remark has another key")
+      ->transform(DecimalNumber)
       ->type_name("KEY")
       ->needs(index);
 }

@@ -19,7 +19,8 @@ constexpr const char* kCannotWrite = "The standard output cannot be written";
 }  // namespace
 
 void PrepareStreams() {
-  (void)std::signal(SIGPIPE, SIG_IGN);
+  // A reader that is gone and a file at its size limit are then failed writes, and end no command that has saved.
+  for (const int signal : {SIGPIPE, SIGXFSZ}) (void)std::signal(signal, SIG_IGN);
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(stream, F_GETFD) != -1) continue;
     // The system takes the lowest free number. The wrong direction keeps reading or writing an error.

@@ -75,7 +75,11 @@ void PrintSettings() {
 std::string ReadPassword() {
   const std::optional<std::string> line =
       IsInputTerminal() ? AskSecret("Password: ") : ReadInputLine("quorvel.settings");
-  if (line) return *line;
+  if (line && line->find('\n') == std::string::npos) return *line;
+  if (line) {
+    throw Error(ErrorNumber::Component, "quorvel.settings",
+                "The standard input has more than one line, and a password is one; nothing was written.");
+  }
   throw Error(ErrorNumber::Component, "quorvel.settings",
               "No password was given, and nothing was written. An empty line stands for an empty password.");
 }

@@ -13,8 +13,9 @@ namespace {
 
 constexpr std::size_t kUsualWidth = 80;
 
+constexpr cc_t kControlC = 3;
+
 std::optional<std::string> ReadLine() {
-  constexpr int kControlC = 3;
   std::string line;
   for (int character = std::getchar(); character != '\n'; character = std::getchar()) {
     if (character == EOF || character == kControlC) return std::nullopt;
@@ -39,8 +40,10 @@ std::optional<std::string> AskSecret(const char* prompt) {
   ::tcgetattr(STDIN_FILENO, &visible);
   std::fputs(prompt, stderr);
   termios hidden = visible;
-  // Without ISIG, Ctrl+C arrives as a character: a killed program would leave the terminal without echo.
+  // Without ISIG, Ctrl+C arrives as a character: a killed program would leave the terminal without echo. As an end of
+  // line it arrives at once.
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
+  hidden.c_cc[VEOL] = kControlC;
   ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
   const AtScopeEnd shown([&] {
     ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &visible);

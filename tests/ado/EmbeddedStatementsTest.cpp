@@ -186,6 +186,7 @@ TEST_F(EmbeddedStatements, ErrorsCarrySqlStateTextAndLine) {
       {"UPDATE ttwContext SET RowHeight = '1.5'", "22003", "RowHeight holds whole numbers"},
       {"UPDATE ttwContext SET GroupByType = 70000", "22003", "GroupByType holds whole numbers"},
       {"DECLARE @n smallint SET @n = 70000", "22003", ""},
+      {"DECLARE @n int SET @n = '1.5'", "22018", "Conversion failed when converting '1.5'"},
       {"SELECT CAST('abc' AS int)", "42000", "Conversion failed when converting 'abc'"},
       {"SELECT CONVERT(smallint, 70000)", "42000", "Arithmetic overflow: 70000"},
       {"SELECT CONVERT(tinyint, -1)", "42000", "Arithmetic overflow: -1"},

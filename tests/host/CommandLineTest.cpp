@@ -50,6 +50,7 @@ TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   EXPECT_THAT(ReadWholeFile(file).value_or(""), HasSubstr("a=b c"));
   EXPECT_THAT(Quorvel({"settings", "--password-stdin"}, "from \"stdin\"\n"), Succeeds());
   EXPECT_EQ(Quorvel({"settings", "--password-stdin"}).status, 1) << "as behind a program that has failed";
+  EXPECT_EQ(Quorvel({"settings", "--password-stdin"}, "two\nlines\n").status, 1);
   EXPECT_THAT(Quorvel({"settings", "Password=a", "--password-stdin"}, "b\n"), IsWrongUsage("exclude each other"));
   EXPECT_THAT(ReadWholeFile(file).value_or(""), HasSubstr(R"("Password"="from \"stdin\""
 )"));

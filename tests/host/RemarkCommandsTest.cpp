@@ -132,7 +132,8 @@ TEST_F(RemarkCommands, KeyFindsTheRemarkWhenTheListHasChanged) {
   EXPECT_EQ(ListAcme("jsmith"), before);
 
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "2", "--expect", key, "--text", "x"})), Succeeds());
-  EXPECT_THAT(Quorvel(OnAcme({"remove", "--key", key})).output, HasSubstr("Removed remark " + key + " "));
+  EXPECT_THAT(Quorvel(OnAcme({"remove", "--key", "0x1"})), IsWrongUsage("0x1 is not a whole number"));
+  EXPECT_THAT(Quorvel(OnAcme({"remove", "--key", "00" + key})).output, HasSubstr("Removed remark " + key + " "));
   EXPECT_THAT(
       Quorvel(OnAcme({"remove", "--key", key})),
       Fails("-1 at quorvel.remove: There is no remark with the key " + key + ": jsmith may read 6 remarks of C1044"));
@@ -159,7 +160,14 @@ TEST_F(RemarkCommands, OutputThatCannotBeWrittenIsAnErrorUnlessTheDatabaseWasCha
   }
   EXPECT_EQ(Redirected("2>/dev/full", {"list", "--context", "Nowhere"}).status, 1);
   EXPECT_EQ(Redirected(">/dev/full", {"--help"}).status, 1);
-  // The program outlives a reader that ends first.
+  // The program outlives the limit of a file's size, and a reader that ends first.
+  const std::string full =
+      "head -c 900000 /dev/zero >" + File("full") + "; ulimit -f 1600; exec \"$0\" \"$@\" >>" + File("full");
+  std::vector<std::string> adding = OnAcme({"add", "--type", "Cust.General", "--text", "to a full file"});
+  adding.insert(adding.begin(), {"sh", "-c", full, QUORVEL_PROGRAM});
+  const Outcome limited = RunProgram(adding);
+  EXPECT_EQ(limited.status, 0);
+  EXPECT_THAT(limited.errors, AllOf(HasSubstr("quorvel: Added remark "), HasSubstr(unwritable)));
   const std::string pipe = "(sleep 0.1; \"$0\" \"$@\"; echo $? >&2) | true";
   std::vector<std::string> arguments = OnAcme({"list"});
   arguments.insert(arguments.begin(), {"sh", "-c", pipe, QUORVEL_PROGRAM});
