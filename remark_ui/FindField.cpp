@@ -81,14 +81,16 @@ bool FindField::TakesCharacter(const wxKeyEvent& event) {
 
 void FindField::GoOn(bool upwards) {
   if (txtFind->IsEmpty()) return Open({});
-  Find(upwards ? SearchFrom::Previous : SearchFrom::Next);
+  // A closed field cannot say that nothing was found.
+  if (!Find(upwards ? SearchFrom::Previous : SearchFrom::Next) && !IsOpen()) Open({});
 }
 
-void FindField::Find(SearchFrom from) {
+bool FindField::Find(SearchFrom from) {
   const std::string text = ui::FromWx(txtFind->GetValue());
   const std::int32_t rowIndex = FindRow(m_grid.Content(), m_grid.CurrentLine(), text, from);
   SayFound(rowIndex > 0 || text.empty());
   if (rowIndex > 0) m_grid.SelectRowIndex(rowIndex);
+  return rowIndex > 0;
 }
 
 void FindField::SayFound(bool isFound) {

@@ -47,7 +47,7 @@ class FindField {
   wxTextCtrl* txtFind;
 
  private:
-  void Find(SearchFrom from);
+  bool Find(SearchFrom from);
   void GoOn(bool upwards);
   void SayFound(bool isFound);
 

@@ -21,7 +21,6 @@ constexpr const char* kRules = R"(
   entry:focus { border-color: @focus_frame; box-shadow: inset 0 0 0 1px @focus_frame; }
   scrolledwindow { padding: 1px; background-color: @theme_base_color; }
   scrolledwindow.focused-part { padding: 0; border-width: 2px; border-color: @focus_frame; }
-  scrolledwindow.focused-part:backdrop { border-color: @borders; }
 )";
 
 GtkStyleProvider* Rules() {
