@@ -1,5 +1,7 @@
 #include "remark_ui/FindField.h"
 
+#include <string>
+
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
