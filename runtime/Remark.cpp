@@ -2,10 +2,14 @@
 
 #include "runtime/Remark.h"
 
+#include <algorithm>
+
 #include "data/modDatabase.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "runtime/ContextLoader.h"
 #include "runtime/RemarkContext.h"
+#include "runtime/RemarkList.h"
 
 namespace quorvel {
 namespace {
@@ -88,8 +92,25 @@ void Remark::Write(const MemoOwner& owner) {
   } catch (const Error& error) {
     // An update under this key would overwrite the memo that has it meanwhile. Where the insert may have succeeded, an
     // insert under another key would store the remark twice. A memo that was stored before has its own key.
-    m_isRefused = isNew ? modDatabase::IsRefusal(error) : !m_isStored && modDatabase::IsDuplicateKey(error);
+    m_isRefused = isNew ? !MayBeStored(owner, error) : !m_isStored && modDatabase::IsDuplicateKey(error);
     throw;
+  }
+}
+
+// A procedure or a trigger of the host may raise any error, before or after the memo was stored.
+bool Remark::MayBeStored(const MemoOwner& owner, const Error& error) const {
+  if (modDatabase::IsRefusal(error)) return false;
+  const auto context = m_remarkType ? m_remarkType->Context() : nullptr;
+  if (!context || !modDatabase::SharedConnection() || error.Number() == ErrorNumber::DbTimeout) return true;
+  try {
+    RemarkList stored;
+    contextLoader::LoadRemarks(context->ContextID(), owner, context->Types().get(), stored);
+    return std::ranges::any_of(*stored.Items(), [&](const auto& memo) {
+      return memo->m_memoKey == m_memoKey && memo->m_memoText == TrimBlanks(m_memoText) &&
+             memo->m_userID == TrimBlanks(m_userID) && EqualIgnoringCase(memo->TypeID(), TypeID());
+    });
+  } catch (const Error&) {
+    return true;
   }
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/DateTime.h"
+#include "platform/Error.h"
 #include "runtime/MemoOwner.h"
 #include "runtime/Publishable.h"
 #include "runtime/RemarkType.h"
@@ -62,6 +63,9 @@ class Remark : public Publishable {
 
  private:
   void Write(const MemoOwner& owner);
+  /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos when that must be
+  /// known.
+  [[nodiscard]] bool MayBeStored(const MemoOwner& owner, const Error& error) const;
 
   std::shared_ptr<quorvel::RemarkType> m_remarkType;
   std::string m_memoText;

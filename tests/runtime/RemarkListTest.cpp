@@ -143,15 +143,31 @@ TEST_F(RemarkCommitTest, RefusedInsertTouchesNoMemoThatGetsItsKey) {
   EXPECT_EQ(Row(2044), "Cust.General|501|45|jsmith|not lost");
 }
 
-// The procedure may have stored the memo before it failed, so a second insert could store it twice.
-TEST_F(RemarkCommitTest, InsertOfOpenOutcomeKeepsItsKeyForAnUpdate) {
+// Such a procedure may raise any error, before it has stored the memo or afterwards.
+TEST_F(RemarkCommitTest, InsertThatFailsInTheHostsProcedureIsNeitherRepeatedNorTakenForAnotherMemo) {
   m_database.Run(
       "ALTER PROCEDURE spTWCqvAddRemark @MemoKey int, @MemoType varchar(30), @EntityType smallint, @OwnerKey int, "
-      "@MemoText nvarchar(max), @UserID varchar(30) AS RAISERROR('the mail was not sent', 16, 1)");
-  m_context->AddRemark("Cust.General", "once", "jsmith");
+      "@MemoText nvarchar(max), @UserID varchar(30) AS "
+      "IF EXISTS (SELECT MemoKey FROM tciMemo WHERE MemoKey = @MemoKey) RAISERROR('the key is in use', 16, 1) "
+      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+      "SELECT @MemoKey, @MemoType, @EntityType, @OwnerKey, GETDATE(), @UserID, @MemoText "
+      "IF @UserID = 'mail' RAISERROR('the mail was not sent', 16, 1)");
+  m_context->AddRemark("Cust.General", "stored", "mail");
+  EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(ErrorNumber::DbStatement));
+  RemarkAt(m_context, 8).SetMemoText("once");
+  m_context->Save(true);
+  EXPECT_EQ(Row(2043), "Cust.General|501|45|mail|once");
+
+  m_database.Run(
+      "ALTER PROCEDURE spGetNextSurrogateKey @iTableName varchar(128), @oNewKey int OUTPUT AS "
+      "UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName "
+      "SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName");
+  m_database.Run("UPDATE ttwSurrogateKey SET LastKey = 2042 WHERE TableName = 'tciMemo'");
+  m_context->AddRemark("Cust.General", "of the same owner", "jsmith");
   EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(ErrorNumber::DbStatement));
   m_context->Save(true);
-  EXPECT_EQ(Row(2043), "Cust.General|501|45|jsmith|once");
+  EXPECT_EQ(Row(2043), "Cust.General|501|45|mail|once");
+  EXPECT_EQ(Row(2044), "Cust.General|501|45|jsmith|of the same owner");
 }
 
 // The generator of a host may give a key that a memo has already.
