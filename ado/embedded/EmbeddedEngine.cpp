@@ -71,7 +71,8 @@ std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
   CheckFile(options.initialCatalog);
   DatabaseHandle database = OpenFile(options.initialCatalog, SQLITE_OPEN_READWRITE);
   sqlite3* handle = database.Get();
-  auto session = std::make_unique<EmbeddedSession>(std::move(database), options.commandTimeout);
+  auto session = std::make_unique<EmbeddedSession>(std::move(database), os::PathOf(options.initialCatalog),
+                                                   options.commandTimeout);
   Configure(handle);
   // An empty batch looks for the files, while they are certainly those that were opened.
   (void)session->Execute({});
@@ -82,7 +83,7 @@ void CreateEmbeddedDatabase(const std::string& path) {
   const std::filesystem::path file = os::PathOf(path);
   std::error_code error;
   if (std::filesystem::exists(file, error)) return;
-  if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), error);
+  if (file.has_parent_path()) error = os::CreateSharedFolders(file.parent_path());
   try {
     // SQLite lets every user read the files that it creates. The log and the index beside the file get its mode.
     if (!error) error = os::CreateSharedFile(file);

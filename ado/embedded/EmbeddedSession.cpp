@@ -7,10 +7,11 @@
 
 namespace quorvel::ado::embedded {
 
-EmbeddedSession::EmbeddedSession(DatabaseHandle database, std::chrono::seconds commandTimeout)
+EmbeddedSession::EmbeddedSession(DatabaseHandle database, const std::filesystem::path& path,
+                                 std::chrono::seconds commandTimeout)
     : m_database(std::move(database)),
       m_procedures(m_database.Get()),
-      m_interpreter(m_database.Get(), m_procedures),
+      m_interpreter(m_database.Get(), path, m_procedures),
       m_reading(m_database.Get()) {
   m_wait.SetLimit(commandTimeout);
   m_wait.Attach(m_database.Get());

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <chrono>
+#include <filesystem>
+
 #include "ado/embedded/BusyWait.h"
 #include "ado/embedded/Interpreter.h"
 #include "ado/embedded/Procedures.h"
@@ -12,7 +15,8 @@ namespace quorvel::ado::embedded {
 /// A session of the embedded engine on an open database.
 class EmbeddedSession final : public Session {
  public:
-  EmbeddedSession(DatabaseHandle database, std::chrono::seconds commandTimeout);
+  /// `path` is the path by which the database was opened.
+  EmbeddedSession(DatabaseHandle database, const std::filesystem::path& path, std::chrono::seconds commandTimeout);
 
   void SetCommandTimeout(std::chrono::seconds timeout) override;
   Result Execute(std::string_view batch) override;

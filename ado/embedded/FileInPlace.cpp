@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <string>
+#include <system_error>
 
 #include "ado/engine/DriverError.h"
 
@@ -11,7 +12,13 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kValidForReads{100};
-constexpr std::array kBeside = {"-wal", "-shm"};
+
+/// A host may change its current folder.
+std::filesystem::path Absolute(const std::filesystem::path& path) {
+  std::error_code failure;
+  std::filesystem::path absolute = std::filesystem::absolute(path, failure);
+  return failure ? path : absolute;
+}
 
 [[noreturn]] void ThrowMoved(const std::string& file) {
   throw DriverError("08S01", 0,
@@ -22,29 +29,27 @@ constexpr std::array kBeside = {"-wal", "-shm"};
 
 }  // namespace
 
-void FileWatch::RequireDatabase() const {
+// The log and its index stand beside the file to which a link leads.
+FileWatch::FileWatch(sqlite3* database, const std::filesystem::path& path) : m_database(database) {
+  const std::string resolved = sqlite3_db_filename(database, "main");
+  m_files[0].path = Absolute(path);
+  m_files[1].path = os::PathOf(resolved + "-wal");
+  m_files[2].path = os::PathOf(resolved + "-shm");
+}
+
+// SQLite answers for the file that it has opened. It keeps the log and the index open from the first access to the
+// last, so they are still those that were seen first.
+void FileWatch::RequireForWrite() {
+  m_validUntil = {};
   int hasMoved = 0;
   // A file system that cannot tell leaves the answer alone.
   sqlite3_file_control(m_database, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
   if (hasMoved != 0) ThrowMoved(sqlite3_db_filename(m_database, "main"));
-}
-
-// SQLite answers for the database file only. It keeps the two others open from the first access to the last, so they
-// are still those that were seen first.
-void FileWatch::RequireFilesBeside() {
-  const std::string database = sqlite3_db_filename(m_database, "main");
-  for (std::size_t i = 0; i < kBeside.size(); ++i) {
-    const std::string file = database + kBeside.at(i);
-    const auto identity = os::IdentityOf(os::PathOf(file));
-    if (m_beside.at(i) && identity != m_beside.at(i)) ThrowMoved(file);
-    m_beside.at(i) = identity;
+  for (File& file : m_files) {
+    const auto identity = os::IdentityOf(file.path);
+    if (file.seen && identity != file.seen) ThrowMoved(file.path.string());
+    file.seen = identity;
   }
-}
-
-void FileWatch::RequireForWrite() {
-  m_validUntil = {};
-  RequireDatabase();
-  RequireFilesBeside();
   m_validUntil = Clock::now() + kValidForReads;
 }
 

@@ -4,20 +4,22 @@
 
 #include <array>
 #include <chrono>
+#include <filesystem>
 #include <optional>
 
 #include "platform/OperatingSystem.h"
 
 namespace quorvel::ado::embedded {
 
-/// Watches that the files at a database's path stay those that are open: the database itself, its log (-wal) and the
-/// index of that (-shm). A deleted or replaced file takes its content with it when it is closed. Windows lets no
-/// program remove an open file.
+/// Watches that the files at a database's path stay those that are open: the database itself, also when the path is a
+/// link that is pointed to another file, its log (-wal) and the index of that (-shm). A deleted or replaced file takes
+/// its content with it when it is closed. Windows lets no program remove an open file.
 ///
 /// Each function throws DriverError 08S01, a lost connection, when a file was deleted or replaced.
 class FileWatch {
  public:
-  explicit FileWatch(sqlite3* database) noexcept : m_database(database) {}
+  /// `path` is the path by which the database was opened.
+  FileWatch(sqlite3* database, const std::filesystem::path& path);
 
   /// Asks the system; every write needs it.
   void RequireForWrite();
@@ -26,11 +28,13 @@ class FileWatch {
   void RequireForRead();
 
  private:
-  void RequireDatabase() const;
-  void RequireFilesBeside();
+  struct File {
+    std::filesystem::path path;
+    std::optional<os::FileIdentity> seen;
+  };
 
   sqlite3* m_database;
-  std::array<std::optional<os::FileIdentity>, 2> m_beside;  ///< of the log and its index, once they were seen
+  std::array<File, 3> m_files;
   std::chrono::steady_clock::time_point m_validUntil;
 };
 

@@ -40,8 +40,8 @@ bool IsTrue(const Value& value) { return !IsNull(value) && ToBoolean(value); }
 
 }  // namespace
 
-Interpreter::Interpreter(sqlite3* database, Procedures& procedures)
-    : m_database(database), m_procedures(procedures), m_file(database), m_transaction(database, m_file) {
+Interpreter::Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures)
+    : m_database(database), m_procedures(procedures), m_file(database, path), m_transaction(database, m_file) {
   const auto rowCount = [](sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
     sqlite3_result_int64(context, *static_cast<std::int64_t*>(sqlite3_user_data(context)));
   };

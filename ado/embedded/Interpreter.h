@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <vector>
 
@@ -17,7 +18,8 @@ namespace quorvel::ado::embedded {
 class Interpreter {
  public:
   /// Also registers tsql_rowcount() on the database, which must not run statements after the interpreter is gone.
-  Interpreter(sqlite3* database, Procedures& procedures);
+  /// `path` is the path by which the database was opened.
+  Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures);
 
   /// Runs a program with its variables in `frame` and returns its first result set. DriverError 08S01 when the
   /// database's file was deleted or replaced; a program that only reads may notice that a moment later.

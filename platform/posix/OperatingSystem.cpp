@@ -66,6 +66,15 @@ std::optional<FileIdentity> IdentityOf(const std::filesystem::path& file) {
   return FileIdentity{status.st_dev, status.st_ino};
 }
 
+std::error_code CreateSharedFolders(const std::filesystem::path& folder) {
+  constexpr mode_t kMode = S_IRWXU | S_IRWXG | S_IROTH | S_IXOTH;
+  std::error_code failure;
+  if (folder.empty() || std::filesystem::is_directory(folder, failure)) return {};
+  if (folder != folder.parent_path()) failure = CreateSharedFolders(folder.parent_path());
+  if (failure || ::mkdir(folder.c_str(), kMode) == 0 || errno == EEXIST) return failure;
+  return {errno, std::generic_category()};
+}
+
 std::error_code CreateSharedFile(const std::filesystem::path& file) {
   constexpr mode_t kMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP;
   // With O_EXCL the system follows no link. Without it this could open, and so unlock, a database that is in use.

@@ -87,6 +87,12 @@ bool IsOutOfSpace(const std::error_code& error) {
 
 std::optional<FileIdentity> IdentityOf(const std::filesystem::path& /*file*/) { return std::nullopt; }
 
+std::error_code CreateSharedFolders(const std::filesystem::path& folder) {
+  std::error_code failure;
+  std::filesystem::create_directories(folder, failure);
+  return failure;
+}
+
 std::error_code CreateSharedFile(const std::filesystem::path& /*file*/) { return {}; }
 
 std::filesystem::path PathOf(std::string_view name) { return std::u8string(name.begin(), name.end()); }

@@ -82,7 +82,11 @@ TEST(EmbeddedFaults, OnlyOwnerAndGroupCanOpenANewDatabase) {
   std::filesystem::create_symlink("target", link);
   const mode_t usual = ::umask(0);
   CreateEmbeddedDatabase(link);
+  CreateEmbeddedDatabase(folder.File("new/folders/file"));
   ::umask(usual);
+  for (const char* made : {"new", "new/folders"}) {
+    EXPECT_EQ(modeOf(folder.File(made)), std::filesystem::perms{0775}) << "other users could replace the file";
+  }
   EXPECT_EQ(modeOf(folder.File("target")), std::filesystem::perms{0660});
 }
 
@@ -148,6 +152,19 @@ TEST(EmbeddedFaults, FileReplacedWhileAWriterWaitsTakesNoWrite) {
     EXPECT_THAT(waiting.get(), HasSubstr("was deleted or replaced")) << batch;
     std::filesystem::rename(file + ".old", file);
   }
+}
+
+TEST(EmbeddedFaults, LinkThatLeadsToAnotherFileTakesNoWrite) {
+  const TestDatabase database(TestDatabase::Content::Empty);
+  const test::TemporaryFolder folder;
+  const std::string link = folder.File("link.db");
+  std::filesystem::create_symlink(database.DatabaseFile(), link);
+  const auto connection = test::ConnectBy("Data Source=(embedded);Initial Catalog=" + link);
+  connection->Execute("CREATE TABLE Note (t nvarchar(max))");
+  std::filesystem::remove(link);
+  std::filesystem::create_symlink(TestDatabase(TestDatabase::Content::Empty).DatabaseFile(), link);
+  EXPECT_THAT(FailureOf(*connection, "INSERT INTO Note VALUES ('lost')").Description(),
+              HasSubstr(link + " was deleted or replaced"));
 }
 
 // The disk fails after the commit was written, before it is known to be there.
