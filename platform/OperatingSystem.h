@@ -46,8 +46,8 @@ struct FileIdentity {
 /// Nothing when there is no such file. On Windows always nothing: no program can remove a file there that is open.
 [[nodiscard]] std::optional<FileIdentity> IdentityOf(const std::filesystem::path& file);
 
-/// Creates a folder and what is missing above it (mode 0775, or less with a stricter umask); on Windows the folder above
-/// decides who may use it. An existing folder stays as it is.
+/// Creates a folder and what is missing above it (mode 0775, or less with a stricter umask); on Windows the folder
+/// above decides who may use it. An existing folder stays as it is.
 [[nodiscard]] std::error_code CreateSharedFolders(const std::filesystem::path& folder);
 
 /// Creates an empty file that its owner and group may read and write (mode 0660, or less with a stricter umask); on
