@@ -78,7 +78,7 @@ class Settling {
 };
 
 /// Whether a program has the file open for writing. It may have stopped for any time in the middle of a line. The
-/// kernel gives a lease on a file for reading only while nobody has it open for writing. It gives none to a user who
+/// kernel gives a lease for reading only while no program has the file open for writing. It gives none to a user who
 /// does not own the file, and none on some file systems; the answer is then false.
 bool IsOpenForWriting(const fs::path& file) {
   const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
