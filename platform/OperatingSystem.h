@@ -37,7 +37,7 @@ void WriteWarning(std::string_view message);
 /// Whether an error means that the disk is full or that the user's quota or the largest file size is reached.
 [[nodiscard]] bool IsOutOfSpace(const std::error_code& error);
 
-/// What tells a file from every other one, also from one that takes its place and name.
+/// Two files have different identities, also when one takes the place and the name of the other.
 struct FileIdentity {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;

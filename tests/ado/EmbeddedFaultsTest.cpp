@@ -179,7 +179,7 @@ TEST(EmbeddedFaults, FailedCommitOfUnknownOutcomeSaysSo) {
   EXPECT_THAT(error.Description(), HasSubstr(database.DatabaseFile()));
 }
 
-// What is written to a log without a name is gone when the program is killed.
+// A log without a name is gone, with all that was written to it, when the program is killed.
 TEST(EmbeddedFaults, DeletedFileBesideTheDatabaseTakesNoWrite) {
   for (const char* beside : {"-wal", "-shm"}) {
     const TestDatabase database(TestDatabase::Content::Empty);
