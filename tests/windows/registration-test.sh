@@ -31,13 +31,21 @@ register() { wine regsvr32 /s "$dll"; }
 remove() { wine reg delete "$1" /f >/dev/null || ! wine reg query "$1" >/dev/null 2>&1; }
 unregister() { wine regsvr32 /s /u "$dll"; }
 
-# snapshot NAME: exports the hives to the files NAME.*, which later checks read; starting a program for each is slow.
+# save KEY FILE: saves the key with all that is below it as text, in the form of an export, without the times of changes.
+save() {
+  wine "$(windows_path "$build/save_key.exe")" "$1" "$2.saved"
+  key="$1" awk '
+    /^(WINE|;|#)/ { next }
+    /^\[/ { sub(/\] [0-9]+$/, "]"); gsub(/\\\\/, "\\"); $0 = "[" ENVIRON["key"] "\\" substr($0, 2) }
+    { print }' "$2.saved" >"$2.txt"
+}
+
+# snapshot NAME: saves the hives to the files NAME.*.txt, which later checks read; starting a program for each is slow.
 snapshot() {
   now=$1
-  wine reg export "$machine" "$1.machine" /y >/dev/null
-  wine reg export "$user" "$1.user" /y >/dev/null
-  wine reg export "$eventSources" "$1.events" /y >/dev/null
-  for hive in machine user events; do iconv -f UTF-16 -t UTF-8 "$1.$hive" | tr -d '\r' >"$1.$hive.txt"; done
+  save "$machine" "$1.machine"
+  save "$user" "$1.user"
+  save "$eventSources" "$1.events"
 }
 
 # expect_unchanged SNAPSHOT HIVE...

@@ -10,7 +10,7 @@
 
 # set -e ends a script without a message; this trap prints one.
 set -o errtrace
-trap 'printf "%s:%s: status %s of: %s\n" "${BASH_SOURCE[0]}" "$LINENO" "$?" "$BASH_COMMAND" >&2' ERR
+trap 'printf "%s:%s: status %s of: %s (called from lines: %s)\n" "${BASH_SOURCE[0]}" "$LINENO" "$?" "$BASH_COMMAND" "${BASH_LINENO[*]}" >&2' ERR
 
 build=$(readlink -f "$build")
 # Wine must not offer downloads, print messages or create menu entries.
