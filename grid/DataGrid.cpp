@@ -230,10 +230,11 @@ void DataGrid::ShowLines(std::int32_t currentLine) {
 }
 
 void DataGrid::ShowLinesAt(const GridCursor::Mark& mark, std::int32_t fallback) {
+  const bool hadLine = CurrentLine() > 0;
   const std::int32_t line = m_cursor.LineOf(mark);
   ShowLines(line > 0 ? line : fallback);
   m_cursor.BringIntoView();
-  if (line == 0) Announce();
+  if (hadLine && line == 0) Announce();
 }
 
 void DataGrid::ShowColumns() {

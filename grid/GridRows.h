@@ -33,6 +33,8 @@ class GridRows {
   [[nodiscard]] const RowGroup* GroupAt(std::int32_t line) const noexcept;
   /// The indexes of all rows, group after group, as sorted.
   [[nodiscard]] const std::vector<std::int32_t>& Order() const noexcept { return m_order; }
+  /// A row's place in Order, counted from 0.
+  [[nodiscard]] std::optional<std::int32_t> RankOf(std::int32_t rowIndex) const noexcept;
   [[nodiscard]] const std::vector<RowGroup>& Groups() const noexcept { return m_groups; }
   /// True for every second row of a group, counted from the first.
   [[nodiscard]] bool IsEvenRow(std::int32_t line) const noexcept;
@@ -41,10 +43,8 @@ class GridRows {
   void OpenAll() noexcept;
 
  private:
-  // A rank is a row's index in m_order.
   [[nodiscard]] const RowGroup* GroupOfLine(std::int32_t line) const noexcept;
   [[nodiscard]] const RowGroup* GroupOfRank(std::int32_t rank) const noexcept;
-  [[nodiscard]] std::optional<std::int32_t> RankOf(std::int32_t rowIndex) const noexcept;
   void NumberLines() noexcept;
 
   std::vector<std::int32_t> m_order;  ///< row indexes, group after group, as sorted

@@ -44,7 +44,8 @@ struct GridState {
   [[nodiscard]] std::string Hint(std::int32_t line) const noexcept {
     return OrEmpty([&] {
       const std::int32_t rowIndex = content.Rows().RowIndex(line);
-      return rowIndex > 0 && rowHint ? rowHint(rowIndex) : content.MarkOf(line);
+      const std::string hint = rowIndex > 0 && rowHint ? rowHint(rowIndex) : "";
+      return hint.empty() ? content.MarkOf(line) : hint;
     });
   }
 

@@ -1,6 +1,5 @@
 #include "grid/RowSearch.h"
 
-#include <algorithm>
 #include <string>
 
 #include "grid/GridContent.h"
@@ -16,11 +15,7 @@ struct Start {
 };
 
 Start StartOf(const GridRows& rows, std::int32_t line, SearchFrom from) {
-  const std::int32_t rowIndex = rows.RowIndex(line);
-  if (rowIndex > 0) {
-    const auto& order = rows.Order();
-    return {std::find(order.begin(), order.end(), rowIndex) - order.begin(), from == SearchFrom::Here ? 0 : 1};
-  }
+  if (const auto rank = rows.RankOf(rows.RowIndex(line))) return {*rank, from == SearchFrom::Here ? 0 : 1};
   const RowGroup* heading = rows.GroupAt(line);
   return {heading != nullptr ? heading->first : 0, from == SearchFrom::Previous ? 1 : 0};
 }

@@ -31,8 +31,8 @@ class Prompts {
   virtual void SetPointer(PointerShape shape) noexcept = 0;
 
   /// Call it again and again while this thread waits for another program. Lets the component's windows draw themselves;
-  /// no key, click or timer takes effect, and the database is not used. Never throws; does nothing on a thread without
-  /// windows.
+  /// no key, click or timer takes effect, and the database is not used. On Windows the system delivers messages that
+  /// other threads send meanwhile. Never throws; does nothing on a thread without windows.
   virtual void KeepDrawing() noexcept {}
 };
 

@@ -32,7 +32,7 @@ EditControls::EditControls(wxWindow& window, const ui::TwipScale& scale)
 
 EditSizes EditControls::Measure(const ui::TwipScale& scale) const {
   EditSizes sizes;
-  for (const wxButton* each : {cmdNew, cmdSave, cmdDelete, cmdClose}) {
+  for (const wxButton* each : Buttons()) {
     const wxSize best = each->GetBestSize();
     sizes.button.width = std::max(sizes.button.width, scale.ToTwips(best.GetWidth()));
     sizes.button.height = std::max(sizes.button.height, scale.ToTwips(best.GetHeight()));
@@ -85,11 +85,11 @@ void EditControls::Enable(const RemarkDisplay& display) {
 
 void EditControls::OfferMenu(const wxPoint& point) {
   wxMenu menu;
-  for (const wxButton* each : {cmdNew, cmdSave, cmdDelete, cmdClose}) {
+  for (const wxButton* each : Buttons()) {
     menu.Append(each->GetId(), each->GetLabel())->Enable(each->IsEnabled());
   }
   const int chosen = gdxMemos->GetPopupMenuSelectionFromUser(menu, point);
-  for (wxButton* each : {cmdNew, cmdSave, cmdDelete, cmdClose}) {
+  for (wxButton* each : Buttons()) {
     if (each->GetId() != chosen) continue;
     wxCommandEvent click(wxEVT_BUTTON, chosen);
     click.SetEventObject(each);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include <wx/gdicmn.h>
 
 #include "remark_ui/EditLayout.h"
@@ -7,7 +9,6 @@
 #include "remark_ui/RemarkFrame.h"
 
 class wxButton;
-class wxPoint;
 
 namespace quorvel {
 
@@ -46,6 +47,7 @@ class EditControls {
 
  private:
   void PlaceGrid();
+  [[nodiscard]] std::array<wxButton*, 4> Buttons() const { return {cmdNew, cmdSave, cmdDelete, cmdClose}; }
 
   wxRect m_gridPlace;  ///< of the grid with its field to find
 };

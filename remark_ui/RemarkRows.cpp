@@ -49,8 +49,8 @@ void RemarkRows::SetContext(std::shared_ptr<const RemarkContext> context) noexce
 // Only a user who may read every kind can be told that there are none.
 std::string RemarkRows::EmptyText() const {
   const auto types = m_context ? m_context->Types() : nullptr;
-  const bool readsAll =
-      types && std::ranges::all_of(types->All(), [](const auto& type) { return type->CanRead() > 0; });
+  const bool readsAll = types && !types->All().empty() &&
+                        std::ranges::all_of(types->All(), [](const auto& type) { return type->CanRead() > 0; });
   return readsAll ? "There are no remarks." : "There are no remarks that you may read.";
 }
 

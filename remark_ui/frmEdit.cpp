@@ -31,12 +31,13 @@ frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
   SetClientSize(Scale().ClientSizeFor(kFirstSize));
 }
 
-/// Measured each time, because screen and font may have changed; the user's size of the window is kept.
+/// Measured and placed each time, because screen and font may have changed; the user's size of the window is kept.
 void frmEdit::FitScreen() {
   m_sizes = m_controls->Measure(Scale());
   m_sizes.screen = Room();
   SetSmallestInside(Scale().ClientSizeFor(SmallestEditor(m_sizes)));
   PlaceInMiddle(GetClientSize());
+  Layout();
 }
 
 void frmEdit::BindHandlers() {
@@ -104,7 +105,8 @@ void frmEdit::cmdClose_Click() {
   Finish();
 }
 
-// Esc closes the window from the grid only: a clerk who presses it in a text wants to leave the text.
+// Esc closes the window from the grid only: a clerk who presses it in a text wants to leave the text. Del acts on a row
+// only: a new remark is on none.
 void frmEdit::KeyPressed(wxKeyEvent& event) {
   if (m_controls->find.TakesKey(event)) return;
   DataGrid& grid = *m_controls->gdxMemos;
@@ -112,10 +114,10 @@ void frmEdit::KeyPressed(wxKeyEvent& event) {
   const bool isInGrid = grid.IsDescendant(FindFocus());
   const int key = event.GetKeyCode();
   const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+  const bool isDelete = key == WXK_DELETE || key == WXK_NUMPAD_DELETE;
   if (key == WXK_ESCAPE && isPlain && !isInGrid) {
     grid.SetFocus();
-  } else if ((key == WXK_DELETE || key == WXK_NUMPAD_DELETE) && isPlain && isInGrid &&
-             m_controls->cmdDelete->IsEnabled()) {
+  } else if (isDelete && isPlain && isInGrid && grid.CurrentLine() > 0 && m_controls->cmdDelete->IsEnabled()) {
     m_session->Delete();
   } else if (isEnter && event.GetModifiers() == wxMOD_CONTROL && m_controls->cmdSave->IsEnabled()) {
     m_session->Save();

@@ -37,6 +37,7 @@ void frmPopup::CreateControls() {
     auto* box = new wxTextCtrl(this, wxID_ANY, "Text1", wxDefaultPosition, wxDefaultSize, style | wxTE_READONLY,
                                wxDefaultValidator, name);
     ui::SetAccessibleName(*box, spokenName);
+    ui::ShowFocus(*box);
     return box;
   };
   Label2 = label("Type", "Label2");
@@ -45,7 +46,6 @@ void frmPopup::CreateControls() {
   txtRemark = textBox(wxTE_MULTILINE | wxTE_BESTWRAP, "txtRemark", "Remark");
   ui::SetTextMargins(*txtRemark);
   ui::KeepScrollBars(*txtRemark);
-  ui::ShowFocus(*txtRemark);
   lblRemarkCounter = label("Label1", "lblRemarkCounter");
   for (wxStaticText* beside : {Label2, lblRemarkCounter}) ui::CentreText(*beside);
   cmdPrev = ui::MakeButton(*this, "cmdPrev", "&Previous");

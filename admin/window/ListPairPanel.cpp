@@ -51,6 +51,7 @@ wxListBox* ListPairPanel::AddList(wxSizer& column, const std::string& name, std:
   list->SetMinSize({kListCharacters * list->GetCharWidth(), kListLines * list->GetCharHeight()});
   ui::SetAccessibleName(*list, ui::FromWx(wxControl::RemoveMnemonics(ui::ToWx(caption))));
   ui::KeepScrollBars(*list);
+  ui::ShowFocus(*list);
   ui::LeadAccessKeyTo(*list, *list);
   ui::ExpectManyItems(*list);
   column.Add(list, wxSizerFlags(1).Expand());

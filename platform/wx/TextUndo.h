@@ -7,7 +7,7 @@ class wxTextCtrl;
 namespace quorvel::ui {
 
 /// Undo and redo in a text box of several lines: Ctrl+Z takes typing back word by word, Ctrl+Y and Ctrl+Shift+Z bring
-/// it again. Where the desktop's own text boxes can undo, it is theirs.
+/// it again. On Windows the system's box undoes: it knows the last change only, and a second Ctrl+Z brings that again.
 class TextUndo {
  public:
   /// `box` outlives the object.

@@ -248,6 +248,13 @@ TEST_F(EditTest, NewRemarkThatIsDeletedLeavesNothingToAskAbout) {
     ClickNew("General");
     EXPECT_EQ(Position(), 0) << "the buttons act on the new remark, not on a row";
     Type("typed");
+    Grid().SetFocus();
+    EXPECT_TRUE(HasFocus(Grid()));
+    wxKeyEvent del(wxEVT_CHAR_HOOK);
+    del.m_keyCode = WXK_DELETE;
+    m_form.ProcessWindowEvent(del);
+    Grid().SortByCaption(0);
+    EXPECT_EQ(Text(), "typed") << "no row is selected that Del could remove or another order could move";
     Click("cmdDelete");
     Click("cmdClose");
   });

@@ -11,6 +11,8 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include "platform/wx/gtk/TextView.h"
+
 namespace quorvel::ui {
 namespace {
 
@@ -41,19 +43,13 @@ void SetLabel(GtkWidget* widget, gpointer text) {
   }
 }
 
-/// The widget that draws the text of a box of several lines; null for a box of one line.
-GtkTextView* TextViewOf(wxTextCtrl& box) {
-  GtkWidget* const scrolled = box.GetHandle();
-  GtkWidget* const view = GTK_IS_BIN(scrolled) != FALSE ? gtk_bin_get_child(GTK_BIN(scrolled)) : nullptr;
-  return GTK_IS_TEXT_VIEW(view) != FALSE ? GTK_TEXT_VIEW(view) : nullptr;
-}
-
 /// A bar that fills its whole place looks as if there was something to scroll.
 gboolean FadeIdleBar(gpointer scrolled) {
+  GtkWidget* const bar = gtk_scrolled_window_get_vscrollbar(GTK_SCROLLED_WINDOW(scrolled));
+  if (bar == nullptr) return G_SOURCE_REMOVE;  // the control was destroyed meanwhile
   GtkAdjustment* const range = gtk_scrolled_window_get_vadjustment(GTK_SCROLLED_WINDOW(scrolled));
   const double length = gtk_adjustment_get_upper(range) - gtk_adjustment_get_lower(range);
-  gtk_widget_set_opacity(gtk_scrolled_window_get_vscrollbar(GTK_SCROLLED_WINDOW(scrolled)),
-                         length > gtk_adjustment_get_page_size(range) ? 1 : 0);
+  gtk_widget_set_opacity(bar, length > gtk_adjustment_get_page_size(range) ? 1 : 0);
   return G_SOURCE_REMOVE;
 }
 
@@ -74,6 +70,12 @@ gboolean FocusPart(GtkWidget* /*window*/, gboolean /*isOneOfSeveral*/, gpointer 
 }
 
 }  // namespace
+
+GtkTextView* TextViewOf(wxTextCtrl& box) {
+  GtkWidget* const scrolled = box.GetHandle();
+  GtkWidget* const view = GTK_IS_BIN(scrolled) != FALSE ? gtk_bin_get_child(GTK_BIN(scrolled)) : nullptr;
+  return GTK_IS_TEXT_VIEW(view) != FALSE ? GTK_TEXT_VIEW(view) : nullptr;
+}
 
 void SetAccessibleName(wxWindow& window, std::string_view name) {
   std::string text(name);
@@ -121,8 +123,10 @@ int FirstLineTop(wxTextCtrl& box) {
   if (text == nullptr) return 0;
   GtkStyleContext* const style = gtk_widget_get_style_context(box.GetHandle());
   GtkBorder border{};
+  GtkBorder padding{};
   gtk_style_context_get_border(style, gtk_style_context_get_state(style), &border);
-  return border.top + gtk_text_view_get_top_margin(text);
+  gtk_style_context_get_padding(style, gtk_style_context_get_state(style), &padding);
+  return border.top + padding.top + gtk_text_view_get_top_margin(text);
 }
 
 void CentreText(wxStaticText& label) { gtk_label_set_yalign(GTK_LABEL(label.GetHandle()), 0.5F); }

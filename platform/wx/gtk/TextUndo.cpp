@@ -13,6 +13,7 @@
 #include "platform/RaisedFlag.h"
 #include "platform/wx/GuardedHandler.h"
 #include "platform/wx/gtk/EditHistory.h"
+#include "platform/wx/gtk/TextView.h"
 
 namespace quorvel::ui {
 namespace {
@@ -40,10 +41,7 @@ void Make(GtkTextBuffer* buffer, const TextChange& change, bool isInsertion) {
 }  // namespace
 
 struct TextUndo::State {
-  explicit State(wxTextCtrl& watched)
-      : box(watched),
-        view(GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(box.GetHandle())))),
-        buffer(gtk_text_view_get_buffer(view)) {}
+  explicit State(wxTextCtrl& watched) : box(watched), view(TextViewOf(box)), buffer(gtk_text_view_get_buffer(view)) {}
 
   wxTextCtrl& box;
   GtkTextView* view;

@@ -4,7 +4,7 @@
 
 namespace quorvel::ui {
 
-// The system's text boxes undo.
+// The system's text boxes undo their last change.
 struct TextUndo::State {
   explicit State(wxTextCtrl& watched) : box(watched) {}
 
