@@ -23,8 +23,8 @@ using ContentChange = std::function<std::optional<std::string>(const std::string
 /// can read the file (mode 0640, or less with a stricter umask); a narrower mode, the owner and the group are kept. An
 /// unchanged content is not written.
 ///
-/// After a failure the file is unchanged: device_or_resource_busy when another program keeps it locked or keeps
-/// changing it, operation_canceled when `change` returned nothing, otherwise the system's error.
+/// After a failure the file is unchanged: device_or_resource_busy when another program keeps it locked or open for
+/// writing, or keeps changing it, operation_canceled when `change` returned nothing, otherwise the system's error.
 [[nodiscard]] std::error_code UpdateFile(const std::filesystem::path& file, const ContentChange& change);
 
 }  // namespace quorvel

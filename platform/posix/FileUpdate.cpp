@@ -5,18 +5,22 @@
 #include "platform/FileUpdate.h"
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <thread>
 #include <utility>
 
 #include "platform/posix/FollowLinks.h"
+#include "platform/posix/MakeFolders.h"
 #include "platform/posix/NewFile.h"
 
 namespace quorvel {
@@ -77,12 +81,20 @@ class Settling {
   Clock::time_point m_since;
 };
 
-/// Whether a program has the file open for writing. It may have stopped for any time in the middle of a line. The
-/// kernel gives a lease for reading only while no program has the file open for writing. It gives none to a user who
-/// does not own the file, and none on some file systems; the answer is then false.
+/// Whether the file is on another machine. The kernel then answers for that machine, and refuses leases mostly.
+bool IsRemote(const Descriptor& descriptor) {
+  struct statfs system {};
+  if (::fstatfs(descriptor.Get(), &system) != 0) return true;
+  const auto type = static_cast<std::uint32_t>(system.f_type);
+  return type == NFS_SUPER_MAGIC || type == SMB_SUPER_MAGIC || type == CIFS_SUPER_MAGIC || type == SMB2_SUPER_MAGIC;
+}
+
+/// Whether a program of this machine has the file open for writing. It may have stopped for any time in the middle of a
+/// line. The kernel gives a lease for reading only while no program has the file open for writing, and only to the
+/// file's owner. The answer is false for other users and for a file on another machine.
 bool IsOpenForWriting(const fs::path& file) {
   const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  if (!descriptor) return false;
+  if (!descriptor || IsRemote(descriptor)) return false;
   // A program that opens the file meanwhile makes the kernel send this signal, which programs ignore by default, and
   // waits for the end of the lease.
   ::fcntl(descriptor.Get(), F_SETSIG, SIGURG);
@@ -99,12 +111,6 @@ bool IsUnchanged(const fs::path& file, const struct stat& before) {
   struct stat now {};
   return ::stat(file.c_str(), &now) == 0 && IsSameFile(now, before) && now.st_size == before.st_size &&
          now.st_mtim.tv_sec == before.st_mtim.tv_sec && now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
-}
-
-bool MakeFolders(const fs::path& folder) {
-  std::error_code failure;
-  if (folder == folder.parent_path() || fs::is_directory(folder, failure)) return true;
-  return MakeFolders(folder.parent_path()) && (::mkdir(folder.c_str(), kFolderMode) == 0 || errno == EEXIST);
 }
 
 /// Opens what writers lock: the file, which only its owner and group can open and so lock, or the folder while there
@@ -195,7 +201,7 @@ std::optional<std::string> ReadWholeFile(const std::filesystem::path& file) {
 std::error_code UpdateFile(const std::filesystem::path& file, const ContentChange& change) {
   // A link is followed, so that the new file does not replace it.
   const fs::path target = FollowLinks(file);
-  if (!MakeFolders(target.parent_path())) return LastError();
+  if (const auto failure = MakeFolders(target.parent_path(), kFolderMode)) return failure;
   Settling settling;
   const auto deadline = Clock::now() + kLongestWait;
   while (true) {

@@ -14,6 +14,7 @@
 
 #include "platform/Environment.h"
 #include "platform/posix/FollowLinks.h"
+#include "platform/posix/MakeFolders.h"
 
 namespace quorvel::os {
 
@@ -67,12 +68,7 @@ std::optional<FileIdentity> IdentityOf(const std::filesystem::path& file) {
 }
 
 std::error_code CreateSharedFolders(const std::filesystem::path& folder) {
-  constexpr mode_t kMode = S_IRWXU | S_IRWXG | S_IROTH | S_IXOTH;
-  std::error_code failure;
-  if (folder.empty() || std::filesystem::is_directory(folder, failure)) return {};
-  if (folder != folder.parent_path()) failure = CreateSharedFolders(folder.parent_path());
-  if (failure || ::mkdir(folder.c_str(), kMode) == 0 || errno == EEXIST) return failure;
-  return {errno, std::generic_category()};
+  return MakeFolders(folder, S_IRWXU | S_IRWXG | S_IROTH | S_IXOTH);
 }
 
 std::error_code CreateSharedFile(const std::filesystem::path& file) {

@@ -92,7 +92,7 @@ std::vector<std::string> Key::Problems(Hive hive, std::string_view path) {
 
 std::string Explain(const std::error_code& failure) {
   if (failure == std::errc::device_or_resource_busy) {
-    return "another program keeps the file locked or keeps changing it";
+    return "another program keeps the file locked or open for writing";
   }
   if (failure != std::errc::operation_canceled) return os::Explain(failure);
   return ReadStore() ? "the file has a line that cannot be read, or cannot hold a value"

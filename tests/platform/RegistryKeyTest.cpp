@@ -131,7 +131,7 @@ TEST_F(RegistryKey, AFileThatStaysLockedIsAnErrorAfterSeconds) {
   const Assignment value{"Server", "SQL1"};
   const std::error_code failure = key->Assign({&value, 1});
   EXPECT_EQ(failure, std::errc::device_or_resource_busy);
-  EXPECT_EQ(Explain(failure), "another program keeps the file locked or keeps changing it");
+  EXPECT_EQ(Explain(failure), "another program keeps the file locked or open for writing");
   EXPECT_FALSE(key->Query("Server"));
 }
 
