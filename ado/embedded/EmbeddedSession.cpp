@@ -11,15 +11,20 @@ EmbeddedSession::EmbeddedSession(DatabaseHandle database, const std::filesystem:
                                  std::chrono::seconds commandTimeout)
     : m_database(std::move(database)),
       m_procedures(m_database.Get()),
-      m_interpreter(m_database.Get(), path, m_procedures),
+      m_interpreter(m_database.Get(), path, m_procedures, m_timeLimit),
       m_reading(m_database.Get()) {
-  m_wait.SetLimit(commandTimeout);
   m_wait.Attach(m_database.Get());
+  m_timeLimit.Attach(m_database.Get());
+  EmbeddedSession::SetCommandTimeout(commandTimeout);
 }
 
-void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) { m_wait.SetLimit(timeout); }
+void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) {
+  m_wait.SetLimit(timeout);
+  m_timeLimit.SetLimit(timeout);
+}
 
 Result EmbeddedSession::Execute(std::string_view batch) {
+  const TimeLimit::Command command(m_timeLimit);
   Program program = BatchParser(TokenCursor(batch), m_procedures.Tables()).Parse();
   Frame frame;
   return {m_interpreter.Run(program, frame), {}};
@@ -46,6 +51,7 @@ Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> pa
 }
 
 Result EmbeddedSession::CallNow(std::string_view procedure, std::span<Parameter> parameters) {
+  const TimeLimit::Command command(m_timeLimit);
   const auto program = m_procedures.Find(procedure);
   // The procedure may have changed to one that writes, and a reader must not turn writer.
   if (!program->onlyReads) m_reading.End();

@@ -8,6 +8,7 @@
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/ReadTransaction.h"
 #include "ado/embedded/Sqlite.h"
+#include "ado/embedded/TimeLimit.h"
 #include "ado/engine/Session.h"
 
 namespace quorvel::ado::embedded {
@@ -30,6 +31,7 @@ class EmbeddedSession final : public Session {
   Result CallNow(std::string_view procedure, std::span<Parameter> parameters);
 
   BusyWait m_wait;
+  TimeLimit m_timeLimit;
   DatabaseHandle m_database;
   Procedures m_procedures;
   Interpreter m_interpreter;

@@ -41,7 +41,7 @@ constexpr std::array<KnownFunction, 22> kFunctions = {{
     {"ABS", 1, "abs({0})", Kind::Number},
     {"SUBSTRING", 3, "substr({0}, {1}, {2})", Kind::Text},
     {"LEFT", 2, "substr({0}, 1, {1})", Kind::Text},
-    {"RIGHT", 2, "substr({0}, max(length({0}) - {1} + 1, 1), {1})", Kind::Text},
+    {"RIGHT", 2, "tsql_right({0}, {1})", Kind::Text},
     {"REPLACE", 3, "replace({0}, {1}, {2})", Kind::Text},
     {"CHARINDEX", 2, "instr({1}, {0})", Kind::Number},
     {"REPLICATE", 2, "replace(hex(zeroblob({1})), '00', {0})", Kind::Text},

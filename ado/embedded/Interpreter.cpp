@@ -5,11 +5,14 @@
 
 #include "ado/embedded/BatchParser.h"
 #include "ado/embedded/SqliteError.h"
+#include "platform/Stack.h"
 
 namespace quorvel::ado::embedded {
 namespace {
 
 constexpr int kDeepestNesting = 32;  // a server's limit
+/// Enough for SQLite to run a statement, and for an error on its way out.
+constexpr std::size_t kStackOfStatement = std::size_t{64} * 1024;
 
 /// Gives an error without a line the line of the statement.
 [[noreturn]] void RethrowAtLine(const DriverError& error, int line) {
@@ -40,8 +43,13 @@ bool IsTrue(const Value& value) { return !IsNull(value) && ToBoolean(value); }
 
 }  // namespace
 
-Interpreter::Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures)
-    : m_database(database), m_procedures(procedures), m_file(database, path), m_transaction(database, m_file) {
+Interpreter::Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures,
+                         const TimeLimit& limit)
+    : m_database(database),
+      m_procedures(procedures),
+      m_timeLimit(limit),
+      m_file(database, path),
+      m_transaction(database, m_file) {
   const auto rowCount = [](sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
     sqlite3_result_int64(context, *static_cast<std::int64_t*>(sqlite3_user_data(context)));
   };
@@ -82,11 +90,20 @@ void Interpreter::RunInPlace(Program& program, Running& running) {
   if (sqlite3_total_changes(m_database) != changesBefore) m_file.RequireForWrite();
 }
 
+// Every loop and every call runs a block, also an empty one.
 Interpreter::Flow Interpreter::RunBlock(Block& block, Running& running) {
+  RequireTimeAndStack();
   for (Step& step : block) {
     if (RunOne(step, running) == Flow::Return) return Flow::Return;
   }
   return Flow::Next;
+}
+
+void Interpreter::RequireTimeAndStack() const {
+  if (m_timeLimit.IsReached()) ThrowDriverError(m_database, SQLITE_INTERRUPT);
+  if (os::StackLeft() < kStackOfStatement) {
+    throw DriverError("42000", 217, "Procedures and blocks are nested too deeply for the stack of this thread.");
+  }
 }
 
 Interpreter::Flow Interpreter::RunOne(Step& step, Running& running) {

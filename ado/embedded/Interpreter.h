@@ -9,6 +9,7 @@
 #include "ado/embedded/NestedTransaction.h"
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/Program.h"
+#include "ado/embedded/TimeLimit.h"
 #include "ado/engine/RowSet.h"
 
 namespace quorvel::ado::embedded {
@@ -19,10 +20,11 @@ class Interpreter {
  public:
   /// Also registers tsql_rowcount() on the database, which must not run statements after the interpreter is gone.
   /// `path` is the path by which the database was opened.
-  Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures);
+  Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures, const TimeLimit& limit);
 
   /// Runs a program with its variables in `frame` and returns its first result set. DriverError 08S01 when the
-  /// database's file was deleted or replaced; a program that only reads may notice that a moment later.
+  /// database's file was deleted or replaced; a program that only reads may notice that a moment later. HYT00 at the
+  /// end of the command's time.
   std::optional<RowSet> Run(Program& program, Frame& frame);
 
  private:
@@ -38,6 +40,7 @@ class Interpreter {
   };
   void RunInPlace(Program& program, Running& running);
   Flow RunBlock(Block& block, Running& running);
+  void RequireTimeAndStack() const;
   Flow RunOne(Step& step, Running& running);
 
   Flow Do(QueryStep& step, Running& running);
@@ -57,6 +60,7 @@ class Interpreter {
 
   sqlite3* m_database;
   Procedures& m_procedures;
+  const TimeLimit& m_timeLimit;
   FileWatch m_file;
   NestedTransaction m_transaction;
   std::int64_t m_rowCount = 0;  ///< rows that the last query read or changed: @@ROWCOUNT

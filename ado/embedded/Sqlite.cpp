@@ -1,15 +1,31 @@
 // The calls of SQLite's C interface that the engine needs, with exceptions for result codes and Value for cells.
 #include "ado/embedded/Sqlite.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "ado/embedded/SqlType.h"
 #include "ado/embedded/SqliteError.h"
+#include "platform/Stack.h"
 
 namespace quorvel::ado::embedded {
+namespace {
+
+/// SQLite calls itself for each level of an expression, and a sum of many numbers has as many levels.
+int DeepestExpression() noexcept {
+  constexpr std::size_t kLimitOfSqlite = 1000;
+  constexpr std::size_t kStackOfLevel = 512;  // SQLite 3.40 takes about 400
+  constexpr std::size_t kStackOfStatement = std::size_t{32} * 1024;
+  const std::size_t left = os::StackLeft();
+  const std::size_t levels = left > kStackOfStatement ? (left - kStackOfStatement) / kStackOfLevel : 0;
+  return static_cast<int>(std::clamp<std::size_t>(levels, 1, kLimitOfSqlite));  // 0 would mean without a limit
+}
+
+}  // namespace
 
 StatementHandle Prepare(sqlite3* database, std::string_view sql) {
   if (sql.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) ThrowDriverError(nullptr, SQLITE_TOOBIG);
+  sqlite3_limit(database, SQLITE_LIMIT_EXPR_DEPTH, DeepestExpression());
   StatementHandle statement;
   const int code = sqlite3_prepare_v3(database, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
                                       statement.Put(), nullptr);

@@ -54,6 +54,9 @@ DriverError StatementFailed(const std::string& message) {
   if (message.starts_with(kNoTable)) {
     return {"42S02", 208, fmt::format("Invalid object name '{}'.", After(message, kNoTable))};
   }
+  if (message == "parser stack overflow" || message.starts_with("Expression tree is too large")) {
+    return {"42000", 191, "Some part of the statement is nested too deeply."};
+  }
   if (message.ends_with(" already exists")) return {"42S01", 2714, message};
   const std::string_view mark = message.starts_with("table ") ? kNoInsertedColumn : kNoColumn;
   if (message.find(mark) != std::string::npos) {
@@ -126,6 +129,10 @@ DriverError Translate(sqlite3* database, int resultCode) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
       return {"HYT00", 0, fmt::format("Timeout expired: another program kept the database {} locked.", file)};
+    case SQLITE_INTERRUPT:
+      return {"HYT00", 0, "Timeout expired: the command took longer than the command timeout."};
+    case SQLITE_AUTH:
+      return {"42000", 229, "The embedded engine does not let a statement or a view of the file reach this."};
     case SQLITE_READONLY:
       return WriteRefused(extended, file);
     case SQLITE_FULL:

@@ -74,6 +74,22 @@ void PlusFunction(sqlite3_context* context, int count, sqlite3_value** values) {
   }
 }
 
+/// tsql_right(text, count): the last characters. SQLite's substr needs the text and the count twice, and a text that is
+/// written twice at each level grows beyond all memory.
+void RightFunction(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  const std::string_view text = TextOf(values[0]);
+  const auto isInsideCharacter = [&](std::size_t at) {
+    return (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+  };
+  std::size_t begin = text.size();
+  for (sqlite3_int64 wanted = sqlite3_value_int64(values[1]); wanted > 0 && begin > 0; --wanted) {
+    do --begin;
+    while (begin > 0 && isInsideCharacter(begin));
+  }
+  ReturnText(context, text.substr(begin));
+}
+
 /// tsql_isdate(value): whether the engine can read it as a date.
 void IsDateFunction(sqlite3_context* context, int count, sqlite3_value** values) {
   sqlite3_result_int(context, !AnyNull(count, values) && ParseDateTime(TextOf(values[0])) ? 1 : 0);
@@ -195,12 +211,13 @@ void RegisterExtensions(sqlite3* database) {
     void (*body)(sqlite3_context*, int, sqlite3_value**);
   };
   constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-  constexpr std::array<Function, 9> kFunctions = {
+  constexpr std::array<Function, 10> kFunctions = {
       {{"tsql_now", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &NowFunction},
        {"tsql_datetime", 1, kPure, &DateTimeFunction},
        {"tsql_isdate", 1, kPure, &IsDateFunction},
        {"tsql_number", 2, kPure, &NumberFunction},
        {"tsql_plus", 2, kPure, &PlusFunction},
+       {"tsql_right", 2, kPure, &RightFunction},
        {"tsql_dateadd", 3, kPure, &DateAddFunction},
        {"tsql_int", 3, kPure, &IntFunction},
        {"tsql_object_id", 2, SQLITE_UTF8, &ObjectIdFunction},

@@ -8,6 +8,7 @@
 #include <array>
 
 #include "ado/engine/DriverError.h"
+#include "platform/Stack.h"
 #include "platform/Text.h"
 
 namespace quorvel::ado::embedded {
@@ -86,7 +87,9 @@ std::string TokenCursor::ExpectVariable() {
 
 TokenCursor::NestingGuard TokenCursor::EnterNesting() {
   constexpr int kDeepest = 200;
-  if (m_depth >= kDeepest) {
+  // Enough for the functions between this level and the next one, and for an error on its way out.
+  constexpr std::size_t kStackOfLevel = std::size_t{64} * 1024;
+  if (m_depth >= kDeepest || os::StackLeft() < kStackOfLevel) {
     throw DriverError("42000", 191, "Some part of the statement is nested too deeply.", Peek().line);
   }
   return NestingGuard(m_depth);

@@ -45,7 +45,7 @@ class TokenCursor {
    private:
     int& m_depth;
   };
-  /// DriverError when the text is nested deeper than a parser that calls itself can follow.
+  /// DriverError when the text is nested deeper than a parser that calls itself can follow on the stack of this thread.
   [[nodiscard]] NestingGuard EnterNesting();
 
   /// "Incorrect syntax near ...", at the next token.
