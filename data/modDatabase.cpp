@@ -57,6 +57,14 @@ ado::Command ProcedureCall(std::string_view procName) {
   return command;
 }
 
+/// The driver's first record of the error with which the last call failed; null for an error that arose here.
+const ado::ProviderError* RecordOf(const Error& error) {
+  const auto& connection = SharedConnection();
+  if (!connection || connection->Errors().empty()) return nullptr;
+  const ado::ProviderError& first = connection->Errors().front();
+  return first.number == error.Number() ? &first : nullptr;
+}
+
 bool IsAboutParameters(const ado::ProviderError& record) {
   // SQL Server's numbers: one is missing, of another type, too many, unknown, or there should be none. The state is
   // that of a driver that cannot leave out a parameter.
@@ -75,9 +83,8 @@ bool IsAboutParameters(const Error& error) {
     default:
       break;
   }
-  const auto& connection = SharedConnection();
-  return connection && !connection->Errors().empty() && connection->Errors().front().number == error.Number() &&
-         IsAboutParameters(connection->Errors().front());
+  const ado::ProviderError* const record = RecordOf(error);
+  return record != nullptr && IsAboutParameters(*record);
 }
 
 /// Runs `call` with a command whose parameters are discovered. The procedure may have been changed since the connection
@@ -215,17 +222,7 @@ std::string SqlValue(const Value& value) {
   return ToText(value);
 }
 
-bool IsRefusal(const Error& error) {
-  constexpr std::array kServerErrors = {229, 2812};  // no permission, no such procedure
-  const auto& connection = SharedConnection();
-  if (!connection) return false;
-  const auto& errors = connection->Errors();
-  const bool isOfDriver = !errors.empty() && errors.front().number == error.Number();
-  if (!isOfDriver || IsAboutParameters(errors.front())) return true;
-  const ado::ProviderError& first = errors.front();
-  return first.sqlState.starts_with("22") || first.sqlState.starts_with("23") ||
-         std::ranges::count(kServerErrors, first.nativeError) != 0;
-}
+bool WasNotSent(const Error& error) { return SharedConnection() && RecordOf(error) == nullptr; }
 
 bool IsDuplicateKey(const Error& error) {
   constexpr std::array kServerErrors = {2627, 2601};  // a constraint, a unique index

@@ -76,10 +76,9 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
 /// Whether the last call failed with this error because a row with the key, or with another unique value, exists.
 [[nodiscard]] bool IsDuplicateKey(const Error& error);
 
-/// Whether the last call failed with this error without storing anything: its values do not fit, a constraint or the
-/// permissions refuse them, or there is no such procedure. False when it may have stored something: the connection was
-/// lost, the time was up, or a procedure or trigger raised the error.
-[[nodiscard]] bool IsRefusal(const Error& error);
+/// Whether the last call failed with this error before anything was sent, because its values do not fit. False for
+/// every error of the database: a procedure or trigger may raise any of them after it has stored something.
+[[nodiscard]] bool WasNotSent(const Error& error);
 
 /// Asks the user for a new identifier of at most 30 characters; `id` is empty when the user cancels.
 void GetNewID(std::string_view entityName, std::string& id);

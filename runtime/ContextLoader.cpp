@@ -95,6 +95,19 @@ void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row) {
   }
 }
 
+std::shared_ptr<ado::Recordset> ReadMemos(const std::string& contextID, const MemoOwner& owner) {
+  return ExecDeclaredSP("spTWCqvGetFilteredMemos",
+                        {Id("@ContextID", contextID), Integer("@EntityType", ado::DataType::SmallInt, owner.entityKey),
+                         Integer("@OwnerKey", ado::DataType::Integer, owner.ownerKey)});
+}
+
+bool IsMemoOf(const Remark& remark, const MemoColumns& row) {
+  return ToInt32(row.memoKey.Value()) == remark.MemoKey() &&
+         ToText(row.memoText.Value()) == TrimBlanks(remark.MemoText()) &&
+         Trimmed(ToText(row.userID.Value())) == TrimBlanks(remark.UserID()) &&
+         EqualIgnoringCase(Trimmed(ToText(row.typeID.Value())), remark.TypeID());
+}
+
 }  // namespace
 
 void LoadContext(const std::string& contextID, ContextRecord& record) {
@@ -143,10 +156,7 @@ void LoadOwner(const std::string& procedure, const std::string& ownerID, OwnerRe
 }
 
 void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const RemarkTypes* types, RemarkList& remarks) {
-  const auto rows =
-      ExecDeclaredSP("spTWCqvGetFilteredMemos",
-                     {Id("@ContextID", contextID), Integer("@EntityType", ado::DataType::SmallInt, owner.entityKey),
-                      Integer("@OwnerKey", ado::DataType::Integer, owner.ownerKey)});
+  const auto rows = ReadMemos(contextID, owner);
   if (rows->EndOfFile()) return;
   const MemoColumns row(*rows);
   remarks.Reserve(rows->RecordCount());
@@ -157,6 +167,16 @@ void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const Rem
     remark->SetRemarkType(type);
     Fill(*remark, owner, row);
   }
+}
+
+bool IsStored(const std::string& contextID, const MemoOwner& owner, const Remark& remark) {
+  const auto rows = ReadMemos(contextID, owner);
+  if (rows->EndOfFile()) return false;
+  const MemoColumns row(*rows);
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    if (IsMemoOf(remark, row)) return true;
+  }
+  return false;
 }
 
 }  // namespace quorvel::contextLoader

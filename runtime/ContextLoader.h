@@ -5,12 +5,13 @@
 
 #include "runtime/ContextRecord.h"
 #include "runtime/MemoOwner.h"
+#include "runtime/Remark.h"
 #include "runtime/RemarkList.h"
 #include "runtime/RemarkTypes.h"
 
-/// The five queries of a load, in the order in which RemarkContext runs them, on the thread's shared connection. Each
-/// function fills an object of the caller value by value, so that an error leaves what was read before it. Database
-/// errors pass through unchanged. Blanks around identifiers do not count.
+/// The five queries of a load, in the order in which RemarkContext runs them, on the thread's shared connection, and a
+/// look for one memo. Each function of the load fills an object of the caller value by value, so that an error keeps
+/// the values read before it. Database errors pass through unchanged. Blanks around identifiers do not count.
 namespace quorvel::contextLoader {
 
 /// Error -1 when there is no such context.
@@ -27,5 +28,8 @@ void LoadOwner(const std::string& procedure, const std::string& ownerID, OwnerRe
 
 /// Appends the owner's remarks whose type is in `types` and readable. Null means no types.
 void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const RemarkTypes* types, RemarkList& remarks);
+
+/// Whether the owner has this remark's memo, with its texts as they are sent, also when the user may not read it.
+[[nodiscard]] bool IsStored(const std::string& contextID, const MemoOwner& owner, const Remark& remark);
 
 }  // namespace quorvel::contextLoader

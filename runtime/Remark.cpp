@@ -2,19 +2,17 @@
 
 #include "runtime/Remark.h"
 
-#include <algorithm>
-
 #include "data/modDatabase.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "runtime/ContextLoader.h"
 #include "runtime/RemarkContext.h"
-#include "runtime/RemarkList.h"
 
 namespace quorvel {
 namespace {
 
 const std::string kNoText;
+const ListOrigin kNoList{MemoOwner{}, EditBehavior::AutoSaveOnClose, {}, {}};
 
 Value Number(std::int32_t number) { return std::int64_t{number}; }
 
@@ -37,6 +35,7 @@ std::int32_t Remark::EntityKey() const noexcept {
 }
 
 void Remark::SetMemoKey(std::int32_t key) noexcept {
+  if (key == m_memoKey) return;
   m_memoKey = key;
   m_owner.reset();
   m_isStored = false;
@@ -44,9 +43,10 @@ void Remark::SetMemoKey(std::int32_t key) noexcept {
 }
 
 void Remark::SetStored(std::int32_t key, const MemoOwner& owner) noexcept {
-  SetMemoKey(key);
+  m_memoKey = key;
   m_owner = owner;
   m_isStored = true;
+  m_isRefused = false;
 }
 
 void Remark::SetListOwner(const std::optional<MemoOwner>& owner) noexcept {
@@ -54,61 +54,59 @@ void Remark::SetListOwner(const std::optional<MemoOwner>& owner) noexcept {
 }
 
 void Remark::Commit() {
-  if (!m_remarkType) return CommitFor(MemoOwner{}, kNoText);
+  if (!m_remarkType) return CommitFor(kNoList);
   const auto& context = m_remarkType->Context();
   if (!context) ThrowObjectNotSet();
-  CommitFor(context->LoadedOwner("Remark.Commit"), context->UserID());
+  CommitFor(context->LoadedOrigin("Remark.Commit"));
 }
 
-void Remark::CommitFor(const MemoOwner& owner, const std::string& userID) {
+void Remark::CommitFor(const ListOrigin& list) {
   // After Dispose the owner is unknown: writing the remark would take it from its owner.
   if (m_remarkType && !m_remarkType->Context()) ThrowObjectNotSet();
-  if (m_owner && *m_owner != owner) {
+  if (m_owner && m_owner != list.owner) {
     throw Error(ErrorNumber::Component, "Remark.Commit",
                 "This remark belongs to another record than the one that is loaded, and was not written");
   }
   m_dateStamp = Now();
   if (m_userID.empty()) {
     if (!m_remarkType) ThrowObjectNotSet();
-    m_userID = userID;
+    m_userID = list.userID;
   }
-  Write(owner);
-  m_owner = owner;
+  Write(list);
+  m_owner = list.owner;
   m_isStored = true;
   m_dirty = false;
 }
 
-void Remark::Write(const MemoOwner& owner) {
+void Remark::Write(const ListOrigin& list) {
   const bool isNew = m_memoKey == 0 || m_isRefused;
   if (isNew) m_memoKey = modDatabase::GetNextSurrogateKey("tciMemo");
   m_isRefused = false;
   try {
-    modDatabase::ExecSP(isNew ? "spTWCqvAddRemark" : "spTWCqvUpdateRemark", {{"@MemoKey", Number(m_memoKey)},
-                                                                             {"@MemoType", TypeID()},
-                                                                             {"@EntityType", Number(owner.entityKey)},
-                                                                             {"@OwnerKey", Number(owner.ownerKey)},
-                                                                             {"@MemoText", TrimmedText(m_memoText)},
-                                                                             {"@UserID", TrimmedText(m_userID)}});
+    modDatabase::ExecSP(isNew ? "spTWCqvAddRemark" : "spTWCqvUpdateRemark",
+                        {{"@MemoKey", Number(m_memoKey)},
+                         {"@MemoType", TypeID()},
+                         {"@EntityType", Number(list.owner->entityKey)},
+                         {"@OwnerKey", Number(list.owner->ownerKey)},
+                         {"@MemoText", TrimmedText(m_memoText)},
+                         {"@UserID", TrimmedText(m_userID)}});
   } catch (const Error& error) {
     // An update under this key would overwrite the memo that has it meanwhile. Where the insert may have succeeded, an
     // insert under another key would store the remark twice. A memo that was stored before has its own key.
-    m_isRefused = isNew ? !MayBeStored(owner, error) : !m_isStored && modDatabase::IsDuplicateKey(error);
+    m_isRefused = isNew ? !MayBeStored(list, error) : !m_isStored && modDatabase::IsDuplicateKey(error);
+    if (isNew && !m_isRefused) m_owner = list.owner;
     throw;
   }
 }
 
-// A procedure or a trigger of the host may raise any error, before or after the memo was stored.
-bool Remark::MayBeStored(const MemoOwner& owner, const Error& error) const {
-  if (modDatabase::IsRefusal(error)) return false;
-  const auto context = m_remarkType ? m_remarkType->Context() : nullptr;
-  if (!context || !modDatabase::SharedConnection() || error.Number() == ErrorNumber::DbTimeout) return true;
+// A procedure or a trigger of the host may raise any error, also a violated constraint of its own table, and it may do
+// so before or after the memo was stored.
+bool Remark::MayBeStored(const ListOrigin& list, const Error& error) const {
+  if (modDatabase::WasNotSent(error)) return false;
+  // No context shows a memo without a type, so it would not be found.
+  if (!m_remarkType || !modDatabase::SharedConnection() || error.Number() == ErrorNumber::DbTimeout) return true;
   try {
-    RemarkList stored;
-    contextLoader::LoadRemarks(context->ContextID(), owner, context->Types().get(), stored);
-    return std::ranges::any_of(*stored.Items(), [&](const auto& memo) {
-      return memo->m_memoKey == m_memoKey && memo->m_memoText == TrimBlanks(m_memoText) &&
-             memo->m_userID == TrimBlanks(m_userID) && EqualIgnoringCase(memo->TypeID(), TypeID());
-    });
+    return contextLoader::IsStored(list.contextID, *list.owner, *this);
   } catch (const Error&) {
     return true;
   }

@@ -20,7 +20,7 @@ class Remark : public Publishable {
   void SetRemarkType(std::shared_ptr<quorvel::RemarkType> type) noexcept { m_remarkType = std::move(type); }
   /// 0 for a remark that was never stored.
   [[nodiscard]] std::int32_t MemoKey() const noexcept { return m_memoKey; }
-  /// Makes this the remark of another memo, whose owner is not known.
+  /// Makes this the remark of another memo, whose owner is not known. Does nothing with the key that it has.
   void SetMemoKey(std::int32_t key) noexcept;
   /// For the code that reads memos: the memo with this key belongs to `owner`.
   void SetStored(std::int32_t key, const MemoOwner& owner) noexcept;
@@ -51,8 +51,9 @@ class Remark : public Publishable {
   /// A new remark that was in no list becomes the owner's that its context has loaded; error -1 when the last Load
   /// failed.
   void Commit();
-  /// The same for the remark of a list: a new remark becomes `owner`'s, and one without a user `userID`'s.
-  void CommitFor(const MemoOwner& owner, const std::string& userID);
+  /// The same for the remark of a list: a new remark becomes that of the list's owner, which must be known, and one
+  /// without a user that of the list's user.
+  void CommitFor(const ListOrigin& list);
 
   /// Deletes the row; does nothing with key 0 or after a refused insert: another memo may have the key. The fields stay
   /// as they are.
@@ -62,10 +63,9 @@ class Remark : public Publishable {
   [[nodiscard]] std::shared_ptr<Remark> Copy() const;
 
  private:
-  void Write(const MemoOwner& owner);
-  /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos when that must be
-  /// known.
-  [[nodiscard]] bool MayBeStored(const MemoOwner& owner, const Error& error) const;
+  void Write(const ListOrigin& list);
+  /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos to know it.
+  [[nodiscard]] bool MayBeStored(const ListOrigin& list, const Error& error) const;
 
   std::shared_ptr<quorvel::RemarkType> m_remarkType;
   std::string m_memoText;

@@ -43,8 +43,8 @@ void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
   if (!m_remarkList) ThrowObjectNotSet();
   m_remarkList->Clear(true);
   // After a failed Load the entity may be that of the record that was not loaded.
-  const auto owner = m_isLoaded ? std::optional(MemoOwner{m_context.entityKey, ownerKey}) : std::nullopt;
-  m_remarkList->SetOrigin({owner, m_context.editBehavior, m_userID});
+  const bool isLoaded = m_loadState == LoadState::Done;
+  m_remarkList->SetOrigin(OriginOf(isLoaded ? std::optional(MemoOwner{m_context.entityKey, ownerKey}) : std::nullopt));
 }
 
 std::shared_ptr<RemarkType> RemarkContext::Item(const Value& i_vIndexKey) const noexcept {
@@ -94,7 +94,7 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   modDatabase::EnsureConnection();
   Save(false);
   const auto former = m_remarkList;
-  m_isLoaded = false;
+  m_loadState = LoadState::Failed;
   if (former) former->SetTakesNew(false);
   m_contextID = i_sContextID;
   contextLoader::LoadContext(m_contextID, m_context);
@@ -102,7 +102,7 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   contextLoader::LoadTypes(m_contextID, shared_from_this(), *m_types);
   m_userID = i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID;
   contextLoader::LoadRights(m_userID, *m_types);
-  m_isLoaded = true;
+  m_loadState = LoadState::Done;
   if (former) former->SetTakesNew(true);
   m_ownerID = i_sOwnerID;
   LoadMemos();
@@ -111,28 +111,35 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
 void RemarkContext::LoadMemos() {
   m_owner = {};
   const bool hasOwner = !m_ownerID.empty();
-  ReplaceList(hasOwner ? std::nullopt : std::optional(MemoOwner{m_context.entityKey, 0}));
-  if (!hasOwner) return;
+  const bool isForNoOwner = !hasOwner && m_loadState == LoadState::Done;
+  ReplaceList(isForNoOwner ? std::optional(MemoOwner{m_context.entityKey, 0}) : std::nullopt);
+  if (!hasOwner && m_loadState != LoadState::Failed) return;
   RequireLoaded("RemarkContext.LoadMemos");
   contextLoader::LoadOwner(m_context.ownerProcedure, m_ownerID, m_owner);
-  m_remarkList->SetOrigin({MemoOwner{m_context.entityKey, m_owner.key}, m_context.editBehavior, m_userID});
+  m_remarkList->SetOrigin(OriginOf(MemoOwner{m_context.entityKey, m_owner.key}));
   RefreshRemarkList();
 }
 
 void RemarkContext::ReplaceList(std::optional<MemoOwner> owner) {
-  m_remarkList = std::make_shared<quorvel::RemarkList>(ListOrigin{owner, m_context.editBehavior, m_userID});
+  m_remarkList = std::make_shared<quorvel::RemarkList>(OriginOf(owner));
+  m_remarkList->SetTakesNew(m_loadState != LoadState::Failed);
+}
+
+ListOrigin RemarkContext::OriginOf(std::optional<MemoOwner> owner) const {
+  return {owner, m_context.editBehavior, m_userID, m_contextID};
 }
 
 // The loaders fill the object step by step, so after a failed load entity, types and owner may not belong together.
 void RemarkContext::RequireLoaded(const char* source) const {
-  if (m_isLoaded) return;
+  if (m_loadState == LoadState::Done) return;
   throw Error(ErrorNumber::Component, source, "Context has not been loaded");
 }
 
-MemoOwner RemarkContext::LoadedOwner(const char* source) const {
+ListOrigin RemarkContext::LoadedOrigin(const char* source) const {
   RequireLoaded(source);
   if (!m_remarkList) ThrowObjectNotSet();
-  return m_remarkList->Owner(source);
+  static_cast<void>(m_remarkList->Owner(source));
+  return m_remarkList->Origin();
 }
 
 void RemarkContext::RefreshRemarkList() {
@@ -180,7 +187,7 @@ void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string
   if (!type) {
     throw Error(ErrorNumber::Component, "RemarkContext.AddRemark", "Illegal remark type for this context");
   }
-  static_cast<void>(LoadedOwner("RemarkContext.AddRemark"));
+  static_cast<void>(LoadedOrigin("RemarkContext.AddRemark"));
   auto remark = std::make_shared<Remark>();
   remark->SetRemarkType(std::move(type));
   remark->SetMemoText(i_sRemarkText);
@@ -200,8 +207,8 @@ void RemarkContext::PopupMemos(bool i_bRefresh) {
 
 void RemarkContext::EditMemos(bool i_bRefresh) {
   if (i_bRefresh) RefreshRemarkList();
-  // The user would write to the owner of the former list below the caption of another one.
-  if (m_remarkList) RequireLoaded("RemarkContext.EditMemos");
+  // The user would write to the owner of the former list, or to none, below the caption of another one.
+  if (m_loadState == LoadState::Failed) RequireLoaded("RemarkContext.EditMemos");
   RemarkWindows& windows = CurrentRemarkWindows("RemarkContext.EditMemos");
   // The host may let go of this object while the window is open.
   const auto keepAlive = weak_from_this().lock();

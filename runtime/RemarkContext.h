@@ -46,7 +46,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] const std::string& EntityName() const noexcept { return m_context.entityName; }
   [[nodiscard]] std::int32_t OwnerKey() const noexcept { return m_owner.key; }
   /// Stores the key and empties the list without saving or reading; remarks that are added from now on belong to this
-  /// owner, and after a failed Load to none. Error 91, after storing the key, when there is no list.
+  /// owner, and after a failed Load none are added. Error 91, after storing the key, when there is no list.
   void SetOwnerKey(std::int32_t ownerKey);
   [[nodiscard]] const std::string& OwnerName() const noexcept { return m_owner.name; }
   /// The owner's remarks; null before an owner lookup and after Dispose.
@@ -59,8 +59,9 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] std::int32_t PopupCount() const noexcept;
   /// Types whose CanCreate is greater than 0.
   [[nodiscard]] std::int32_t CreateableTypes() const noexcept;
-  /// The owner of the list, for remarks without a list; error -1 from `source` when the last Load failed.
-  [[nodiscard]] MemoOwner LoadedOwner(const char* source) const;
+  /// The origin of the list, for remarks without a list; error -1 from `source` when the last Load failed or did not
+  /// find the owner, 91 after Dispose.
+  [[nodiscard]] ListOrigin LoadedOrigin(const char* source) const;
   /// The types in load order, for walking over them; null after Dispose.
   [[nodiscard]] const std::shared_ptr<RemarkTypes>& Types() const noexcept { return m_types; }
   [[nodiscard]] std::string ConnectionString() const;
@@ -91,7 +92,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   /// the question are saved, unless the host has forgotten them.
   void Save(bool bForceSave = false);
   /// Appends a new remark in memory, whatever CanCreate says: the host decides. An empty user means the logon name.
-  /// Error -1 when the context has no such type, or when the last Load failed and the owner is not known.
+  /// Error -1 when the context has no such type, or when the last Load failed or the owner is not known.
   void AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText, const std::string& i_sUserID = {});
 
   /// Open the windows; `i_bRefresh` reads the remarks again first. Error -1 when no window can be opened. While the
@@ -105,8 +106,11 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   void Dispose();
 
  private:
+  enum class LoadState { None, Failed, Done };
+
   void LoadMemos();
-  /// Makes a new, empty list for the context that is loaded.
+  [[nodiscard]] ListOrigin OriginOf(std::optional<MemoOwner> owner) const;
+  /// Makes a new, empty list.
   void ReplaceList(std::optional<MemoOwner> owner);
   void RequireLoaded(const char* source) const;
   [[nodiscard]] std::shared_ptr<RemarkType> TypeOfRemark(std::int32_t index) const;
@@ -119,8 +123,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   OwnerRecord m_owner;
   std::shared_ptr<RemarkTypes> m_types = std::make_shared<RemarkTypes>();
   std::shared_ptr<quorvel::RemarkList> m_remarkList;
-  bool m_isLoaded = false;  ///< context, types and rights are those of one load
-  bool m_isEdited = false;  ///< the editor is open on this context
+  LoadState m_loadState = LoadState::None;  ///< Done: context, types and rights are those of one load
+  bool m_isEdited = false;                  ///< the editor is open on this context
 };
 
 }  // namespace quorvel

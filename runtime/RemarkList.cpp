@@ -99,7 +99,9 @@ void RemarkList::Reserve(std::int32_t count) {
 void RemarkList::Save() {
   if (m_items) {
     for (const auto& remark : *m_items) {
-      if (remark->Dirty()) remark->CommitFor(Owner("RemarkList.Save"), m_origin.userID);
+      if (!remark->Dirty()) continue;
+      static_cast<void>(Owner("RemarkList.Save"));
+      remark->CommitFor(m_origin);
     }
   }
   if (m_deleted) {

@@ -151,23 +151,47 @@ TEST_F(RemarkCommitTest, InsertThatFailsInTheHostsProcedureIsNeitherRepeatedNorT
       "IF EXISTS (SELECT MemoKey FROM tciMemo WHERE MemoKey = @MemoKey) RAISERROR('the key is in use', 16, 1) "
       "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
       "SELECT @MemoKey, @MemoType, @EntityType, @OwnerKey, GETDATE(), @UserID, @MemoText "
-      "IF @UserID = 'mail' RAISERROR('the mail was not sent', 16, 1)");
+      "IF @UserID = 'mail' RAISERROR('the mail was not sent', 16, 1) "
+      "IF @UserID = 'log' INSERT INTO ttwUser (UserKey, UserID) SELECT UserKey, UserID FROM ttwUser");
+  const auto storeOnce = [&](std::int32_t error) {
+    EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(error));
+    Remark& remark = RemarkAt(m_context, m_context->MemoCount());
+    remark.SetMemoText("once");
+    m_context->Save(true);
+    EXPECT_EQ(Row(remark.MemoKey()), "Cust.General|501|45|" + remark.UserID() + "|once");
+  };
   m_context->AddRemark("Cust.General", "stored", "mail");
-  EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(ErrorNumber::DbStatement));
-  RemarkAt(m_context, 8).SetMemoText("once");
-  m_context->Save(true);
-  EXPECT_EQ(Row(2043), "Cust.General|501|45|mail|once");
+  storeOnce(ErrorNumber::DbStatement);
+  m_context->Item("Cust.General")->SetCanRead(0);
+  m_context->AddRemark("Cust.General", "stored", "log");
+  storeOnce(ErrorNumber::DbIntegrity);
+  m_context->SetEditBehavior(EditBehavior::NoAutoSave);
+  m_context->AddRemark("Cust.General", "stored", "mail");
+  EXPECT_THAT(Caught([&] { m_context->Load("OrderEntry", "SO20001", std::string(31, 'u')); }),
+              HasNumber(ErrorNumber::AdoDataConversion));
+  storeOnce(ErrorNumber::DbStatement);
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'stored'"), "0");
+
+  m_context->Load("CustMaint", "C1044", "admin");
+  const auto alone = std::make_shared<Remark>();
+  alone->SetRemarkType(m_context->Item("Cust.General"));
+  alone->SetMemoText("of the owner that was loaded");
+  alone->SetUserID("mail");
+  EXPECT_THAT(Caught([&] { alone->Commit(); }), HasNumber(ErrorNumber::DbStatement));
+  m_context->Load("CustMaint", "C1000", "admin");
+  EXPECT_THAT(Caught([&] { alone->Commit(); }), HasNumber(ErrorNumber::Component));
+  m_context->Load("CustMaint", "C1044", "admin");
 
   m_database.Run(
       "ALTER PROCEDURE spGetNextSurrogateKey @iTableName varchar(128), @oNewKey int OUTPUT AS "
       "UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName "
       "SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName");
-  m_database.Run("UPDATE ttwSurrogateKey SET LastKey = 2042 WHERE TableName = 'tciMemo'");
+  m_database.Run("UPDATE ttwSurrogateKey SET LastKey = LastKey - 1 WHERE TableName = 'tciMemo'");
   m_context->AddRemark("Cust.General", "of the same owner", "jsmith");
   EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(ErrorNumber::DbStatement));
   m_context->Save(true);
-  EXPECT_EQ(Row(2043), "Cust.General|501|45|mail|once");
-  EXPECT_EQ(Row(2044), "Cust.General|501|45|jsmith|of the same owner");
+  EXPECT_EQ(Row(2046), "Cust.General|501|45|mail|of the owner that was loaded");
+  EXPECT_EQ(Row(2047), "Cust.General|501|45|jsmith|of the same owner");
 }
 
 // The generator of a host may give a key that a memo has already.

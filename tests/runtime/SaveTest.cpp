@@ -134,6 +134,7 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
 
   // The host still has the remark.
   remark->SetMemoText("taken along");
+  remark->SetMemoKey(remark->MemoKey());
   EXPECT_THAT(Caught([&] { remark->Commit(); }), IsError(-1, "Remark.Commit", HasSubstr("another record")));
   EXPECT_EQ(OwnerOf("taken along"), "");
 
@@ -147,6 +148,14 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   context->RemarkList()->Restore();
   EXPECT_THAT(Caught([&] { context->Save(true); }), IsError(-1, "RemarkList.Save", HasSubstr("is not known")));
   EXPECT_EQ(OwnerOf("restored"), "");
+  context->SetEditBehavior(EditBehavior::NoAutoSave);
+  EXPECT_THAT(Caught([&] { context->SetOwnerID(""); }), notLoaded("RemarkContext.LoadMemos"));
+  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("Load failed")));
+  EXPECT_FALSE(context->RemarkList()->Origin().owner);
+
+  const ContextHolder first;
+  EXPECT_THAT(Caught([&] { first->Load("nowhere"); }), HasNumber(ErrorNumber::Component));
+  EXPECT_THAT(Caught([&] { first->EditMemos(); }), notLoaded("RemarkContext.EditMemos"));
 }
 
 TEST_F(SaveTest, FormerRemarksKeepOwnerAndAuthorAfterAnotherLoad) {
