@@ -120,6 +120,14 @@ Attempt TryToOpen(std::string_view sql) {
   return {std::move(recordset), std::nullopt};
 }
 
+Attempt TryTwiceToOpen(std::string_view sql) {
+  const modWaitCursor::BusyPointer busy;
+  Attempt attempt = TryToOpen(sql);
+  if (attempt.recordset) return attempt;
+  OpenConnection();
+  return TryToOpen(sql);
+}
+
 std::string LoadReport(std::string_view sql, const std::optional<Error>& failure) {
   std::string report = failure ? fmt::format("{}\r\nSQL={}", failure->Description(), sql) : "Unknown error in LoadRst";
   const auto& errors = SharedConnection()->Errors();
@@ -158,11 +166,7 @@ DBConnect& Settings() { return PerThread<State>().settings; }
 
 std::shared_ptr<ado::Recordset> LoadRst(std::string_view sql) {
   const auto dropped = DropLostConnection();
-  Attempt attempt = TryToOpen(sql);
-  if (!attempt.recordset) {
-    OpenConnection();
-    attempt = TryToOpen(sql);
-  }
+  const Attempt attempt = TryTwiceToOpen(sql);
   if (!attempt.recordset) {
     CurrentPrompts().ShowMessage(LoadReport(sql, attempt.failure), "Database Error in LoadRst", PromptButtons::Ok,
                                  PromptIcon::None);
@@ -187,6 +191,7 @@ std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializ
 }
 
 std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::vector<ado::Parameter> parameters) {
+  const modWaitCursor::BusyPointer busy;
   const auto dropped = DropLostConnection();
   ado::Command command = ProcedureCall(procName);
   for (ado::Parameter& parameter : parameters) command.Append(std::move(parameter));
@@ -209,7 +214,8 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
                                       keyColumn, SqlValue(keyValue));
   if (!keyColumn2.empty()) statement += fmt::format(" and {} = {}", keyColumn2, SqlValue(keyValue2));
   const auto dropped = DropLostConnection();
-  const auto& connection = UsableConnection();
+  // While the statement waits, code of the host may make another connection the shared one.
+  const auto connection = UsableConnection();
   if (!connection) ThrowObjectNotSet();
   connection->Execute(statement, ado::kUnspecified);
   modWaitCursor::EndWait();

@@ -37,7 +37,8 @@ void WriteWarning(std::string_view message);
 /// Whether an error means that the disk is full or that the user's quota or the largest file size is reached.
 [[nodiscard]] bool IsOutOfSpace(const std::error_code& error);
 
-/// Two files have different identities, also when one takes the place and the name of the other.
+/// A file that is open has another identity than the one that takes its place and its name. After it is closed and
+/// deleted, a new file may get the same.
 struct FileIdentity {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;

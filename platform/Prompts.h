@@ -31,8 +31,9 @@ class Prompts {
   virtual void SetPointer(PointerShape shape) noexcept = 0;
 
   /// Call it again and again while this thread waits for another program. Lets the component's windows draw themselves;
-  /// no key, click or timer takes effect, and the database is not used. On Windows the system delivers messages that
-  /// other threads send meanwhile. Never throws; does nothing on a thread without windows.
+  /// no key, click or timer takes effect. On Windows the system may deliver a message that another thread sends, and
+  /// run the host's handler of it; the waiting connection refuses what this handler asks of it. Never throws; does
+  /// nothing on a thread without windows.
   virtual void KeepDrawing() noexcept {}
 };
 

@@ -78,18 +78,20 @@ void RemarkList::Restore() noexcept {
 
 std::shared_ptr<Remark> RemarkList::Add() {
   auto remark = std::make_shared<Remark>();
-  AddRemark(remark);
+  Append(remark, "RemarkList.Add");
   return remark;
 }
 
-void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) {
-  if (!m_items || !i_oRemark) ThrowObjectNotSet();
+void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) { Append(std::move(i_oRemark), "RemarkList.AddRemark"); }
+
+void RemarkList::Append(std::shared_ptr<Remark> remark, const char* source) {
+  if (!m_items || !remark) ThrowObjectNotSet();
   if (!m_takesNew) {
-    throw Error(ErrorNumber::Component, "RemarkList.Add",
+    throw Error(ErrorNumber::Component, source,
                 "The last Load failed, so these remarks are not those of the record that it should load");
   }
-  i_oRemark->SetListOwner(m_origin.owner);
-  m_items->push_back(std::move(i_oRemark));
+  remark->SetListOwner(m_origin.owner);
+  m_items->push_back(std::move(remark));
 }
 
 void RemarkList::Reserve(std::int32_t count) {

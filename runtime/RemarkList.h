@@ -76,6 +76,8 @@ class RemarkList : public Publishable {
   [[nodiscard]] std::shared_ptr<const Collection> Items() const noexcept { return m_items; }
 
  private:
+  void Append(std::shared_ptr<Remark> remark, const char* source);
+
   ListOrigin m_origin;
   bool m_takesNew = true;
   std::shared_ptr<Collection> m_items;

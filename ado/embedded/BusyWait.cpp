@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <thread>
 
+#include "ado/engine/DriverError.h"
 #include "platform/CurrentPrompts.h"
+#include "platform/RaisedFlag.h"
 
 namespace quorvel::ado::embedded {
 namespace {
@@ -19,12 +21,22 @@ void BusyWait::Attach(sqlite3* database) noexcept { sqlite3_busy_handler(databas
 
 int BusyWait::Handle(void* self, int tries) noexcept { return static_cast<BusyWait*>(self)->GoOn(tries) ? 1 : 0; }
 
+void BusyWait::RefuseWhileWaiting() const {
+  if (!m_isDrawing) return;
+  throw DriverError("HY010", 0,
+                    "The connection waits for another program that has locked the database file. Nothing else can be "
+                    "read or written before the call that waits has ended.");
+}
+
 bool BusyWait::GoOn(int tries) {
   const auto now = std::chrono::steady_clock::now();
   if (tries == 0) m_begin = now;
   const auto waited = std::chrono::duration_cast<milliseconds>(now - m_begin);
   if (m_limit.count() > 0 && waited >= m_limit) return false;
-  CurrentPrompts().KeepDrawing();
+  {
+    const RaisedFlag drawing(m_isDrawing);
+    CurrentPrompts().KeepDrawing();
+  }
   const milliseconds pause = Pause(tries);
   std::this_thread::sleep_for(m_limit.count() > 0 ? std::min(pause, milliseconds(m_limit) - waited) : pause);
   return true;

@@ -18,6 +18,9 @@ class BusyWait {
   void Attach(sqlite3* database) noexcept;
   /// How long one wait may take; 0 means without a limit, as ADO counts.
   void SetLimit(std::chrono::seconds limit) noexcept { m_limit = limit; }
+  /// DriverError while this database waits. Drawing may run code of the host, and SQLite takes no other statement in
+  /// the middle of one.
+  void RefuseWhileWaiting() const;
 
  private:
   static int Handle(void* self, int tries) noexcept;
@@ -26,6 +29,7 @@ class BusyWait {
 
   std::chrono::seconds m_limit{0};
   std::chrono::steady_clock::time_point m_begin;
+  bool m_isDrawing = false;
 };
 
 }  // namespace quorvel::ado::embedded

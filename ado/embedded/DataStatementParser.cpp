@@ -111,7 +111,8 @@ std::string DataStatementParser::Stored(const std::string& value, const Target& 
   if (type == DataType::DBTimeStamp) return fmt::format("tsql_datetime({})", value);
   const bool isNumber = type != DataType::Empty && !IsTextType(type);
   if (!isNumber || value.ends_with('*')) return value;
-  return fmt::format("tsql_number({}, {})", value, type == DataType::Double ? 0 : 1);
+  if (type == DataType::Double) return fmt::format("tsql_number({}, 'number')", value);
+  return fmt::format("tsql_number({}, '{}')", value, type == DataType::Boolean ? "bit" : "whole");
 }
 
 Step DataStatementParser::Finish(int line, std::string sql) const {

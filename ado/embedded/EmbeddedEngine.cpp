@@ -76,8 +76,7 @@ std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
   auto session = std::make_unique<EmbeddedSession>(std::move(database), os::PathOf(options.initialCatalog),
                                                    options.commandTimeout);
   Configure(handle);
-  // An empty batch looks for the files, while they are certainly those that were opened.
-  (void)session->Execute({});
+  session->LookForFiles();
   return session;
 }
 

@@ -18,12 +18,15 @@ EmbeddedSession::EmbeddedSession(DatabaseHandle database, const std::filesystem:
   EmbeddedSession::SetCommandTimeout(commandTimeout);
 }
 
+void EmbeddedSession::LookForFiles() { m_interpreter.LookForFiles(); }
+
 void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) {
   m_wait.SetLimit(timeout);
   m_timeLimit.SetLimit(timeout);
 }
 
 Result EmbeddedSession::Execute(std::string_view batch) {
+  m_wait.RefuseWhileWaiting();
   const TimeLimit::Command command(m_timeLimit);
   Program program = BatchParser(TokenCursor(batch), m_procedures.Tables()).Parse();
   Frame frame;
@@ -31,6 +34,7 @@ Result EmbeddedSession::Execute(std::string_view batch) {
 }
 
 std::vector<ParameterInfo> EmbeddedSession::DiscoverParameters(std::string_view procedure) {
+  m_wait.RefuseWhileWaiting();
   const auto program = m_procedures.Find(procedure);
   std::vector<ParameterInfo> parameters;
   for (std::size_t i = 0; i < program->parameterCount; ++i) parameters.push_back(program->variables[i].info);
@@ -38,6 +42,7 @@ std::vector<ParameterInfo> EmbeddedSession::DiscoverParameters(std::string_view 
 }
 
 Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> parameters) {
+  m_wait.RefuseWhileWaiting();
   if (!m_procedures.IsKnownReader(procedure)) return CallNow(procedure, parameters);
   m_reading.Begin();
   try {

@@ -13,12 +13,15 @@
 
 namespace quorvel::ado::embedded {
 
-/// A session of the embedded engine on an open database.
+/// A session of the embedded engine on an open database. While a call waits for another program's lock, the calls that
+/// code of the host makes on the same thread are refused (BusyWait::RefuseWhileWaiting).
 class EmbeddedSession final : public Session {
  public:
   /// `path` is the path by which the database was opened.
   EmbeddedSession(DatabaseHandle database, const std::filesystem::path& path, std::chrono::seconds commandTimeout);
 
+  /// Remembers which files the database has; DriverError 08S01 when one was replaced since it was opened.
+  void LookForFiles();
   void SetCommandTimeout(std::chrono::seconds timeout) override;
   Result Execute(std::string_view batch) override;
   std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) override;

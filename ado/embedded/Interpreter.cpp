@@ -83,8 +83,15 @@ std::optional<RowSet> Interpreter::Run(Program& program, Frame& frame) {
 
 // A statement may have waited for another writer while the file was replaced, so what was written is looked for again.
 void Interpreter::RunInPlace(Program& program, Running& running) {
-  if (m_depth > 1) return static_cast<void>(RunBlock(program.steps, running));
-  program.onlyReads ? m_file.RequireForRead() : m_file.RequireForWrite();
+  if (m_depth > 1) {
+    RunBlock(program.steps, running);
+    return;
+  }
+  if (program.onlyReads) {
+    m_file.RequireForRead();
+  } else {
+    m_file.RequireForWrite();
+  }
   const int changesBefore = sqlite3_total_changes(m_database);
   RunBlock(program.steps, running);
   if (sqlite3_total_changes(m_database) != changesBefore) m_file.RequireForWrite();

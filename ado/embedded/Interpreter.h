@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ado/embedded/CallFrame.h"
-#include "ado/embedded/FileInPlace.h"
+#include "ado/embedded/FileWatch.h"
 #include "ado/embedded/NestedTransaction.h"
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/Program.h"
@@ -21,6 +21,9 @@ class Interpreter {
   /// Also registers tsql_rowcount() on the database, which must not run statements after the interpreter is gone.
   /// `path` is the path by which the database was opened.
   Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures, const TimeLimit& limit);
+
+  /// FileWatch::RequireForWrite.
+  void LookForFiles() { m_file.RequireForWrite(); }
 
   /// Runs a program with its variables in `frame` and returns its first result set. DriverError 08S01 when the
   /// database's file was deleted or replaced; a program that only reads may notice that a moment later. HYT00 at the

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ado/embedded/FileInPlace.h"
+#include "ado/embedded/FileWatch.h"
 #include "ado/embedded/Sqlite.h"
 
 namespace quorvel::ado::embedded {

@@ -116,13 +116,16 @@ bool IsBlankText(sqlite3_value* value) {
   return sqlite3_value_type(value) == SQLITE_TEXT && numberRules::IsZero(TextOf(value));
 }
 
-/// tsql_number(value, is whole): a value for a column of numbers, as a server converts it. What it refuses is left to
-/// the column's own check.
+/// tsql_number(value, 'number' or 'whole' or 'bit'): a value for a column of this kind, as a server converts it. What
+/// it refuses is left to the column's own check.
 void NumberFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-  const bool isCut = sqlite3_value_int(values[1]) != 0 && sqlite3_value_type(values[0]) == SQLITE_FLOAT;
+  const bool isFraction = sqlite3_value_type(values[0]) == SQLITE_FLOAT;
+  const std::string_view kind = TextOf(values[1]);
   if (IsBlankText(values[0])) {
     sqlite3_result_int(context, 0);
-  } else if (isCut) {
+  } else if (isFraction && kind == "bit") {
+    sqlite3_result_int(context, sqlite3_value_double(values[0]) != 0 ? 1 : 0);
+  } else if (isFraction && kind == "whole") {
     sqlite3_result_double(context, numberRules::Whole(sqlite3_value_double(values[0])));
   } else {
     sqlite3_result_value(context, values[0]);

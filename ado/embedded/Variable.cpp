@@ -24,15 +24,18 @@ Variable ParseVariable(TokenCursor& cursor) {
 
 namespace {
 
+bool IsWhole(DataType type) {
+  return type == DataType::SmallInt || type == DataType::Integer || type == DataType::BigInt;
+}
+
 Value AsNumber(Value value, DataType type) {
   const auto* text = std::get_if<std::string>(&value);
   if (text != nullptr && numberRules::IsZero(*text)) return std::int64_t{0};
-  const bool isWhole = type == DataType::SmallInt || type == DataType::Integer || type == DataType::BigInt;
-  if (text != nullptr && isWhole && !numberRules::IsWhole(*text)) {
+  if (text != nullptr && IsWhole(type) && !numberRules::IsWhole(*text)) {
     throw DriverError("22018", 245, fmt::format("Conversion failed when converting '{}' to a whole number.", *text));
   }
   const auto* fraction = std::get_if<double>(&value);
-  return fraction != nullptr && type != DataType::Double ? Value{numberRules::Whole(*fraction)} : std::move(value);
+  return fraction != nullptr && IsWhole(type) ? Value{numberRules::Whole(*fraction)} : std::move(value);
 }
 
 }  // namespace

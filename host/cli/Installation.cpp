@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <iterator>
+#include <utility>
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -68,6 +70,10 @@ std::string AdaptAdvice(const std::vector<BatchFailure>& failures) {
       fmt::join(names, ", "));
 }
 
+WholeScript WholeSchema(std::function<bool(std::string_view batch)> skips) {
+  return {"Schema", SchemaScript(), std::move(skips), UsesEmbeddedEngine(), {}};
+}
+
 bool Contains(const std::vector<std::string>& names, std::string_view name) {
   return std::any_of(names.begin(), names.end(), [&](const auto& each) { return EqualIgnoringCase(each, name); });
 }
@@ -114,7 +120,7 @@ void Installation::MakeSchema(const std::vector<std::string>& toReplace) {
     return WritesLayoutVersion(batch) || std::any_of(adapted.kept.begin(), adapted.kept.end(),
                                                      [&](std::string_view name) { return Alters(batch, name); });
   };
-  Apply("ttwContext", {"Schema", SchemaScript(), isKept, UsesEmbeddedEngine(), {}});
+  Apply("ttwContext", WholeSchema(isKept));
   for (const std::string_view name : adapted.replaced) {
     if (!HasFailedToAlter(name)) fmt::print("Replaced: the host's {}\n", name);
   }
@@ -140,7 +146,7 @@ void Installation::FinishSchema() {
   FindMissingColumns();
   if (!m_failures.empty()) return;
   const auto isOther = [](std::string_view batch) { return !WritesLayoutVersion(batch); };
-  RunKeeping({"Schema", SchemaScript(), isOther, UsesEmbeddedEngine(), {}});
+  RunKeeping(WholeSchema(isOther));
 }
 
 /// A column that was dropped comes back only by hand: the script cannot know what it held.

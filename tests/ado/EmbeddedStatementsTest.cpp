@@ -135,12 +135,14 @@ TEST_F(EmbeddedStatements, RunsControlFlowAndVariables) {
 
 // A server converts to the column's or variable's type; SQLite keeps what it gets.
 TEST_F(EmbeddedStatements, NumbersAreConvertedAsOnAServer) {
-  m_connection->Execute("CREATE TABLE Amount (n int, r float)");
+  m_connection->Execute("CREATE TABLE Amount (n int, r float) CREATE TABLE Flag (b bit)");
   m_connection->Execute("INSERT INTO Amount VALUES ('', '') INSERT INTO Amount (n, r) VALUES (1.9, 1.9), (-1.9, ' ')");
+  m_connection->Execute("INSERT INTO Flag VALUES (0.5)");
   m_connection->Execute("INSERT INTO Amount SELECT * FROM Amount WHERE n = 1 UPDATE Amount SET n = '  ' WHERE n = -1");
   EXPECT_THAT(Rows("SELECT n, r FROM Amount"), ElementsAre("0|0", "1|1.9", "0|0", "1|1.9"));
   EXPECT_THAT(Rows("DECLARE @n int = 1.9 DECLARE @m smallint = '' SELECT @n AS n, @m AS m, CAST('' AS int) AS c"),
               ElementsAre("1|0|0"));
+  EXPECT_THAT(Rows("DECLARE @b bit = 0.5 SELECT b, CASE WHEN @b = 1 THEN 1 END AS v FROM Flag"), ElementsAre("1|1"));
 }
 
 TEST_F(EmbeddedStatements, ColumnIsAddedWithItsDefaultAndItsType) {

@@ -74,6 +74,7 @@ TEST_F(SaveTest, AsksBeforeItDeletesARemovedRemark) {
   const std::int32_t key = RemarkAt(context, 1).MemoKey();
   context->RemarkList()->Remove(Number(1));
   m_prompts->answers = {PromptAnswer::No, PromptAnswer::Yes};
+  m_prompts->pointers.clear();
   context->Save();
   EXPECT_NE(TextOf(key), "");
   EXPECT_TRUE(context->RemarkList()->Dirty());

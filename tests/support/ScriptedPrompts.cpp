@@ -33,6 +33,11 @@ std::optional<std::string> ScriptedPrompts::AskText(std::string_view prompt, std
   return text;
 }
 
+void ScriptedPrompts::KeepDrawing() noexcept {
+  if (const auto act = std::exchange(meanwhile, nullptr)) act();
+  ++drawings;
+}
+
 PromptsGuard::PromptsGuard() { m_before = ExchangePrompts(m_prompts); }
 
 PromptsGuard::~PromptsGuard() { ExchangePrompts(m_before); }

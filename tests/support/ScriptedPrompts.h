@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -26,14 +27,14 @@ class ScriptedPrompts : public Prompts {
                            PromptIcon icon) override;
   std::optional<std::string> AskText(std::string_view prompt, std::string_view title) override;
   void SetPointer(PointerShape shape) noexcept override { pointers.push_back(shape); }
-  void KeepDrawing() noexcept override { ++drawings; }
+  void KeepDrawing() noexcept override;
 
   std::deque<PromptAnswer> answers;
   std::deque<std::optional<std::string>> texts;
-  std::function<void()> meanwhile;  ///< what the host does once, while the next message is shown
+  std::function<void()> meanwhile;  ///< what the host does once, while the next message is shown or the next wait draws
   std::vector<Shown> shown;
   std::vector<PointerShape> pointers;
-  int drawings = 0;  ///< how often a wait let the windows draw themselves
+  std::atomic<int> drawings = 0;  ///< how often a wait let the windows draw themselves
 };
 
 /// Installs scripted prompts, and the previous ones again at the end.

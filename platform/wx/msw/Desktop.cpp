@@ -71,10 +71,11 @@ bool StartToolkit() {
   return module != nullptr && wxEntryStart(module);
 }
 
-// The system takes a program that looks at no message for five seconds for a dead one.
+// The system takes a program that looks at no message for five seconds for a dead one. The flags leave out what other
+// threads send, because handlers of the host would run; not every system obeys them, and Wine does not.
 void ReceiveEvents() {
   MSG first{};
-  static_cast<void>(::PeekMessageW(&first, nullptr, 0, 0, PM_NOREMOVE));
+  static_cast<void>(::PeekMessageW(&first, nullptr, 0, 0, PM_NOREMOVE | PM_QS_INPUT | PM_QS_PAINT));
 }
 
 void DrawNow(wxWindow& window) {

@@ -1,4 +1,4 @@
-#include "ado/embedded/FileInPlace.h"
+#include "ado/embedded/FileWatch.h"
 
 #include <fmt/format.h>
 
@@ -32,6 +32,8 @@ std::filesystem::path Absolute(const std::filesystem::path& path) {
 // The log and its index stand beside the file to which a link leads.
 FileWatch::FileWatch(sqlite3* database, const std::filesystem::path& path) : m_database(database) {
   const std::string resolved = sqlite3_db_filename(database, "main");
+  // A link may lead to another file since the database was opened.
+  m_files[0].seen = os::IdentityOf(os::PathOf(resolved));
   m_files[0].path = Absolute(path);
   m_files[1].path = os::PathOf(resolved + "-wal");
   m_files[2].path = os::PathOf(resolved + "-shm");
