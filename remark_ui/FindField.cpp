@@ -17,12 +17,12 @@ FindField::FindField(wxWindow& parent, DataGrid& grid)
     : pnlFind(new wxPanel(&parent)), txtFind(new wxTextCtrl(pnlFind, wxID_ANY)), m_grid(grid) {
   pnlFind->SetName("pnlFind");
   txtFind->SetName("txtFind");
-  txtFind->SetHint("Find");
   txtFind->SetMinSize({-1, txtFind->GetCharHeight() + pnlFind->FromDIP(12)});
   m_result = new wxStaticText(pnlFind, wxID_ANY, "Not found");
   m_result->SetName("lblFindResult");
   const int gap = pnlFind->FromDIP(5);
   auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
+  sizer->Add(new wxStaticText(pnlFind, wxID_ANY, "Find"), wxSizerFlags().CentreVertical().Border(wxTOP | wxRIGHT, gap));
   sizer->Add(txtFind, wxSizerFlags(1).CentreVertical().Border(wxTOP, gap));
   sizer->Add(m_result, wxSizerFlags(2).CentreVertical().Border(wxTOP | wxLEFT, gap).ReserveSpaceEvenIfHidden());
   pnlFind->SetSizer(sizer);

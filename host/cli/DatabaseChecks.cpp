@@ -154,13 +154,25 @@ std::vector<Permission> CheckOwnerProcedures(Report& report, ado::Connection& co
   return needed;
 }
 
+/// From a file that can only be read hosts load remarks, and save none. The last check: the refusal ends the
+/// connection.
+void CheckWriting(Report& report, ado::Connection& connection) {
+  report.Check("writing to the file", BatchProblem(connection, fmt::format("DELETE FROM {} WHERE 1 = 0", kMemoTable)),
+               "Give this user the right to write that file, and the files beside it whose names begin with its name. "
+               "The file that ends in -shm can be deleted while no program uses the database.");
+}
+
 }  // namespace
 
 void CheckDatabase(Report& report, ado::Connection& connection) {
   try {
     CheckSchema(report, connection);
     std::vector<Permission> ownerProcedures = CheckOwnerProcedures(report, connection);
-    if (!UsesEmbeddedEngine()) CheckPermissions(report, connection, std::move(ownerProcedures));
+    if (UsesEmbeddedEngine()) {
+      CheckWriting(report, connection);
+    } else {
+      CheckPermissions(report, connection, std::move(ownerProcedures));
+    }
   } catch (const LostConnection& lost) {
     report.Check("connection", fmt::format("it was lost: {}", lost.reason),
                  "See that server and network stay up, and run this again. What follows was not checked.");

@@ -4,9 +4,10 @@ namespace sample {
 
 RecordList::RecordList(wxWindow* parent, const wxString& idCaption, const wxString& textCaption)
     : wxDataViewListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_SINGLE) {
-  AppendTextColumn(idCaption, wxDATAVIEW_CELL_INERT, parent->FromDIP(90), wxALIGN_LEFT,
+  const int character = GetCharWidth();
+  AppendTextColumn(idCaption, wxDATAVIEW_CELL_INERT, 12 * character, wxALIGN_LEFT,
                    wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE);
-  AppendTextColumn(textCaption, wxDATAVIEW_CELL_INERT, parent->FromDIP(200), wxALIGN_LEFT,
+  AppendTextColumn(textCaption, wxDATAVIEW_CELL_INERT, 25 * character, wxALIGN_LEFT,
                    wxDATAVIEW_COL_RESIZABLE | wxDATAVIEW_COL_SORTABLE);
 }
 

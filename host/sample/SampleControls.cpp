@@ -52,8 +52,10 @@ wxSizer* SampleControls::MakeCustomers(wxWindow& panel) {
   auto* searchLabel = Label(panel, "&Find");
   search = new wxTextCtrl(&panel, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
   search->SetHint("Part of a name or number");
+  // The toolkit measures a field as if its font were not larger.
+  search->SetMinSize({-1, search->GetCharHeight() + panel.FromDIP(12)});
   customers = new RecordList(&panel, "Customer", "Name");
-  customers->SetMinSize(panel.FromDIP(wxSize(340, 240)));
+  customers->SetMinSize({30 * panel.GetCharWidth(), 10 * panel.GetCharHeight()});
 
   const int gap = panel.FromDIP(6);
   auto* find = new wxBoxSizer(wxHORIZONTAL);
@@ -70,7 +72,7 @@ wxSizer* SampleControls::MakeOrders(wxWindow& panel) {
   name->SetFont(name->GetFont().Bold().Larger());
   auto* ordersLabel = Label(panel, "&Orders");
   orders = new RecordList(&panel, "Order", "Date");
-  orders->SetMinSize(panel.FromDIP(wxSize(240, 160)));
+  orders->SetMinSize({20 * panel.GetCharWidth(), 6 * panel.GetCharHeight()});
 
   const int gap = panel.FromDIP(6);
   auto* column = new wxBoxSizer(wxVERTICAL);

@@ -11,6 +11,7 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
+#include <wx/display.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -42,7 +43,11 @@ SampleFrame::SampleFrame(BusinessData data)
   SetIcons(quorvel::ui::ProductIcons());
   m_panel->GetSizer()->SetSizeHints(this);
   MakeStatusBar();
-  SetSize(FromDIP(wxSize(820, 540)));
+  // In lines of the font, because the desktop's scale of texts may be another one than that of its pixels.
+  const int line = GetCharHeight();
+  wxSize size(48 * line, 32 * line);
+  size.DecTo(wxDisplay(this).GetClientArea().GetSize());
+  SetSize(size);
   Centre();
   BindEvents();
   FillUsers({});
@@ -90,7 +95,11 @@ void SampleFrame::BindEvents() {
   Bind(wxEVT_TIMER, [this](wxTimerEvent&) { PopUpIfWanted(); });
   m_controls.place->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowState(); });
   m_controls.popUp->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Try([this] { PopUp(); }); });
-  m_controls.remarks->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Try([this] { EditRemarks(); }); });
+  m_controls.remarks->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+    // The user was faster than the pop-up, which must be seen first.
+    if (m_rested.IsRunning()) PopUpIfWanted();
+    Try([this] { EditRemarks(); });
+  });
   m_controls.manage->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Try([this] { Manage(); }); });
 }
 
