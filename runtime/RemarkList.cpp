@@ -20,6 +20,15 @@ std::shared_ptr<Collection> CopyOf(const std::shared_ptr<Collection>& remarks) {
   return copy;
 }
 
+/// While a statement waits, code of the host may run that changes the list.
+template <typename Operation>
+void ForEach(std::shared_ptr<const Collection> remarks, const Operation& operation) {
+  for (std::size_t i = 0; remarks && i < remarks->size(); ++i) {
+    const std::shared_ptr<Remark> remark = (*remarks)[i];
+    operation(*remark);
+  }
+}
+
 bool IsPosition(std::int32_t position, const Collection& remarks) {
   return position >= 1 && static_cast<std::size_t>(position) <= remarks.size();
 }
@@ -99,17 +108,15 @@ void RemarkList::Reserve(std::int32_t count) {
 }
 
 void RemarkList::Save() {
-  if (m_items) {
-    for (const auto& remark : *m_items) {
-      if (!remark->Dirty()) continue;
-      static_cast<void>(Owner("RemarkList.Save"));
-      remark->CommitFor(m_origin);
-    }
-  }
-  if (m_deleted) {
-    for (const auto& remark : *m_deleted) remark->Delete();
-    m_deleted = std::make_shared<Collection>();
-  }
+  const ListOrigin origin = m_origin;
+  ForEach(m_items, [&](Remark& remark) {
+    if (!remark.Dirty()) return;
+    static_cast<void>(Owner("RemarkList.Save"));
+    remark.CommitFor(origin);
+  });
+  if (!m_deleted) return;
+  ForEach(m_deleted, [](const Remark& remark) { remark.Delete(); });
+  m_deleted = std::make_shared<Collection>();
 }
 
 void RemarkList::Remove(const Value& i_vIndexKey) {

@@ -227,6 +227,24 @@ TEST_F(SaveTest, HostMayChangeEverythingWhileTheUserIsAsked) {
   }
 }
 
+// On Windows a handler of the host may run while a statement waits for another program's lock.
+TEST_F(SaveTest, HostMayChangeTheListWhileASaveWaits) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  const auto list = context->RemarkList();
+  context->AddRemark("Cust.General", "for its own owner", "admin");
+  const auto writer = m_database.Connect();
+  writer->Execute("BEGIN TRANSACTION");
+  m_prompts->meanwhile = [&] {
+    EXPECT_THAT(Caught([&] { RemarkAt(context, 1).Commit(); }).Description(), HasSubstr("waits for another program"));
+    for (int i = 0; i < 100; ++i) list->Add();
+    context->SetOwnerKey(3);
+    context->Dispose();
+    writer->Execute("COMMIT");
+  };
+  list->Save();
+  EXPECT_EQ(OwnerOf("for its own owner"), "501/45");
+}
+
 TEST_F(SaveTest, ReplacedDatabaseFileTakesTheTextWithTheNextSave) {
   const std::string file = m_database.DatabaseFile();
   const ContextHolder context("CustMaint", "C1044", "admin");
