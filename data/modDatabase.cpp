@@ -34,8 +34,9 @@ struct State {
   DBConnect settings;
 };
 
-/// The shared connection, opened again after a loss; null before the first EnsureConnection.
-const std::shared_ptr<ado::Connection>& UsableConnection() {
+/// The shared connection, opened again after a loss; null before the first EnsureConnection. Keep it during a call:
+/// while that waits, code of the host may make another connection the shared one.
+std::shared_ptr<ado::Connection> UsableConnection() {
   if (PerThread<State>().isLost) OpenConnection();
   return SharedConnection();
 }
@@ -214,7 +215,6 @@ void UpdateField(std::string_view table, std::string_view column, const Value& v
                                       keyColumn, SqlValue(keyValue));
   if (!keyColumn2.empty()) statement += fmt::format(" and {} = {}", keyColumn2, SqlValue(keyValue2));
   const auto dropped = DropLostConnection();
-  // While the statement waits, code of the host may make another connection the shared one.
   const auto connection = UsableConnection();
   if (!connection) ThrowObjectNotSet();
   connection->Execute(statement, ado::kUnspecified);

@@ -20,15 +20,6 @@ std::shared_ptr<Collection> CopyOf(const std::shared_ptr<Collection>& remarks) {
   return copy;
 }
 
-/// While a statement waits, code of the host may run that changes the list.
-template <typename Operation>
-void ForEach(std::shared_ptr<const Collection> remarks, const Operation& operation) {
-  for (std::size_t i = 0; remarks && i < remarks->size(); ++i) {
-    const std::shared_ptr<Remark> remark = (*remarks)[i];
-    operation(*remark);
-  }
-}
-
 bool IsPosition(std::int32_t position, const Collection& remarks) {
   return position >= 1 && static_cast<std::size_t>(position) <= remarks.size();
 }
@@ -107,16 +98,18 @@ void RemarkList::Reserve(std::int32_t count) {
   if (m_items) m_items->reserve(m_items->size() + static_cast<std::size_t>(std::max(count, 0)));
 }
 
+// While a statement waits, code of the host may run that changes the list.
 void RemarkList::Save() {
   const ListOrigin origin = m_origin;
-  ForEach(m_items, [&](Remark& remark) {
-    if (!remark.Dirty()) return;
+  const Collection items = m_items ? *m_items : Collection{};
+  for (const auto& remark : items) {
+    if (!remark->Dirty()) continue;
     static_cast<void>(Owner("RemarkList.Save"));
-    remark.CommitFor(origin);
-  });
-  if (!m_deleted) return;
-  ForEach(m_deleted, [](const Remark& remark) { remark.Delete(); });
-  m_deleted = std::make_shared<Collection>();
+    remark->CommitFor(origin);
+  }
+  const Collection deleted = m_deleted ? *m_deleted : Collection{};
+  for (const auto& remark : deleted) remark->Delete();
+  if (m_deleted) m_deleted = std::make_shared<Collection>();
 }
 
 void RemarkList::Remove(const Value& i_vIndexKey) {
