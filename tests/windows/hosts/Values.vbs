@@ -69,4 +69,4 @@ Equal "stored and read again: umlauts", InStr(found, "umlauts ") > 0, True
 Equal "stored and read again: zeros", InStr(found, "zeros ") > 0, True
 Equal "stored and read again: empty", InStr(found, "empty ") > 0, True
 
-Finish 20
+Finish 22
