@@ -49,7 +49,8 @@ bool Command::DiscoverAgain() {
 
 std::shared_ptr<Recordset> Command::Execute(int /*options*/) {
   Connection& connection = OpenConnection();
-  Result result = m_type == CommandType::StoredProcedure ? connection.Call(m_text, m_parameters) : RunText(connection);
+  Result result =
+      m_type == CommandType::StoredProcedure ? connection.Call(m_text, m_parameters, m_access) : RunText(connection);
   return std::make_shared<Recordset>(m_connection, std::move(result.rows));
 }
 

@@ -19,6 +19,8 @@ class Command {
  public:
   void SetActiveConnection(std::shared_ptr<Connection> connection) { m_connection = std::move(connection); }
   void SetCommandType(CommandType type) noexcept { m_type = type; }
+  /// Whether a stored procedure may write; at first it may.
+  void SetAccess(Access access) noexcept { m_access = access; }
   /// Forgets discovered parameters; declared ones stay.
   void SetCommandText(std::string text);
 
@@ -46,6 +48,7 @@ class Command {
 
   std::shared_ptr<Connection> m_connection;
   CommandType m_type = CommandType::Text;
+  Access m_access = Access::ReadWrite;
   std::string m_text;
   std::vector<Parameter> m_parameters;
   bool m_isDiscovered = false;

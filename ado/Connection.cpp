@@ -56,9 +56,9 @@ Result Connection::Run(std::string_view batch) {
   return KeepMessages(Guard([&] { return session.Execute(batch); }));
 }
 
-Result Connection::Call(std::string_view procedure, std::span<Parameter> parameters) {
+Result Connection::Call(std::string_view procedure, std::span<Parameter> parameters, Access access) {
   Session& session = OpenedSession();
-  return KeepMessages(Guard([&] { return session.Call(procedure, parameters); }));
+  return KeepMessages(Guard([&] { return session.Call(procedure, parameters, access); }));
 }
 
 std::vector<ParameterInfo> Connection::DiscoverParameters(std::string_view procedure) {

@@ -63,7 +63,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
   /// For Command and Recordset. adErrObjectClosed when not open.
   Result Run(std::string_view batch);
-  Result Call(std::string_view procedure, std::span<Parameter> parameters);
+  Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access);
   [[nodiscard]] std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure);
   /// The next DiscoverParameters asks the database.
   void ForgetParameters();

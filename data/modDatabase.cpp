@@ -195,6 +195,7 @@ std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::v
   const modWaitCursor::BusyPointer busy;
   const auto dropped = DropLostConnection();
   ado::Command command = ProcedureCall(procName);
+  command.SetAccess(ado::Access::Read);
   for (ado::Parameter& parameter : parameters) command.Append(std::move(parameter));
   return command.Execute(ado::kUnspecified);
 }

@@ -57,8 +57,9 @@ using NamedValue = std::pair<std::string_view, Value>;
 /// has not run.
 std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializer_list<NamedValue> pairs = {});
 
-/// Calls a stored procedure with parameters that the caller declares, in the procedure's order, and returns its
-/// result. Works for procedures whose parameter names are not known: the host's own. Nothing is retried.
+/// Calls a stored procedure that only reads with parameters that the caller declares, in the procedure's order, and
+/// returns its result. Works for procedures whose parameter names are not known: the host's own. Nothing is retried.
+/// The embedded engine refuses a procedure that writes.
 std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::vector<ado::Parameter> parameters);
 
 /// The next free key of a table. No two callers get the same.

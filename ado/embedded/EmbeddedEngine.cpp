@@ -6,7 +6,6 @@
 #include <filesystem>
 
 #include "ado/embedded/EmbeddedSession.h"
-#include "ado/embedded/Restrictions.h"
 #include "ado/embedded/Sqlite.h"
 #include "ado/embedded/SqliteError.h"
 #include "ado/embedded/SqliteExtensions.h"
@@ -46,7 +45,6 @@ void Configure(sqlite3* database) {
   sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   RegisterExtensions(database);
-  Restrict(database);
   Execute(database, "PRAGMA foreign_keys = ON");
   if (!UsesWriteAheadLog(database) && sqlite3_db_readonly(database, "main") == 0) {
     // Fails while another program uses the file with its former journal; then this connection does the same.

@@ -11,10 +11,11 @@ EmbeddedSession::EmbeddedSession(DatabaseHandle database, const std::filesystem:
                                  std::chrono::seconds commandTimeout)
     : m_database(std::move(database)),
       m_procedures(m_database.Get()),
-      m_interpreter(m_database.Get(), path, m_procedures, m_timeLimit),
+      m_interpreter(m_database.Get(), path, m_procedures, m_timeLimit, m_restrictions),
       m_reading(m_database.Get()) {
   m_wait.Attach(m_database.Get());
   m_timeLimit.Attach(m_database.Get());
+  m_restrictions.Attach(m_database.Get());
   EmbeddedSession::SetCommandTimeout(commandTimeout);
 }
 
@@ -41,8 +42,22 @@ std::vector<ParameterInfo> EmbeddedSession::DiscoverParameters(std::string_view 
   return parameters;
 }
 
-Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> parameters) {
+Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> parameters, Access access) {
   m_wait.RefuseWhileWaiting();
+  if (access == Access::ReadWrite) return CallInOneRead(procedure, parameters);
+  const Restrictions::ReadOnly readOnly(m_restrictions);
+  try {
+    return CallInOneRead(procedure, parameters);
+  } catch (const DriverError& error) {
+    if (const std::string refused = readOnly.Refused(); !refused.empty()) {
+      throw DriverError("42000", 229, fmt::format("{} was called to read and may not change {}.", procedure, refused),
+                        error.Records().front().line);
+    }
+    throw;
+  }
+}
+
+Result EmbeddedSession::CallInOneRead(std::string_view procedure, std::span<Parameter> parameters) {
   if (!m_procedures.IsKnownReader(procedure)) return CallNow(procedure, parameters);
   m_reading.Begin();
   try {
@@ -64,7 +79,7 @@ Result EmbeddedSession::CallNow(std::string_view procedure, std::span<Parameter>
   given.reserve(parameters.size());
   for (const Parameter& parameter : parameters) given.push_back(parameter.Given());
   Frame frame = MakeFrame(*program, std::move(given), procedure);
-  Result result{m_interpreter.Run(*program, frame), {}};
+  Result result{m_interpreter.RunCalled(*program, frame), {}};
   for (std::size_t i = 0; i < parameters.size(); ++i) {
     if (parameters[i].IsOutput()) parameters[i].SetOutput(std::move(frame[i]));
   }

@@ -7,6 +7,7 @@
 #include "ado/embedded/Interpreter.h"
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/ReadTransaction.h"
+#include "ado/embedded/Restrictions.h"
 #include "ado/embedded/Sqlite.h"
 #include "ado/embedded/TimeLimit.h"
 #include "ado/engine/Session.h"
@@ -17,7 +18,7 @@ namespace quorvel::ado::embedded {
 /// code of the host makes on the same thread are refused (BusyWait::RefuseWhileWaiting).
 class EmbeddedSession final : public Session {
  public:
-  /// `path` is the path by which the database was opened.
+  /// `path` is the path by which the database was opened. From now on it is restricted.
   EmbeddedSession(DatabaseHandle database, const std::filesystem::path& path, std::chrono::seconds commandTimeout);
 
   /// Remembers which files the database has; DriverError 08S01 when one was replaced since it was opened.
@@ -27,14 +28,16 @@ class EmbeddedSession final : public Session {
   std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) override;
   /// Does nothing: changes of procedures are noticed.
   void ForgetParameters() override {}
-  Result Call(std::string_view procedure, std::span<Parameter> parameters) override;
+  Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) override;
   [[nodiscard]] std::string Describe() const override;
 
  private:
+  Result CallInOneRead(std::string_view procedure, std::span<Parameter> parameters);
   Result CallNow(std::string_view procedure, std::span<Parameter> parameters);
 
   BusyWait m_wait;
   TimeLimit m_timeLimit;
+  Restrictions m_restrictions;
   DatabaseHandle m_database;
   Procedures m_procedures;
   Interpreter m_interpreter;

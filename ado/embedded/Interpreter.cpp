@@ -44,10 +44,11 @@ bool IsTrue(const Value& value) { return !IsNull(value) && ToBoolean(value); }
 }  // namespace
 
 Interpreter::Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures,
-                         const TimeLimit& limit)
+                         const TimeLimit& limit, const Restrictions& restrictions)
     : m_database(database),
       m_procedures(procedures),
       m_timeLimit(limit),
+      m_restrictions(restrictions),
       m_file(database, path),
       m_transaction(database, m_file) {
   const auto rowCount = [](sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
@@ -79,6 +80,16 @@ std::optional<RowSet> Interpreter::Run(Program& program, Frame& frame) {
   }
   --m_depth;
   return std::move(running.rows);
+}
+
+std::optional<RowSet> Interpreter::RunCalled(Program& procedure, Frame& frame) {
+  const int before = m_transaction.Depth();
+  auto rows = Run(procedure, frame);
+  if (m_transaction.Depth() > before) {
+    m_transaction.Abandon();
+    throw DriverError("25000", 266, "The procedure began a transaction and did not end it.");
+  }
+  return rows;
 }
 
 // A statement may have waited for another writer while the file was replaced, so what was written is looked for again.
@@ -130,9 +141,15 @@ Interpreter::Flow Interpreter::Do(QueryStep& step, Running& running) {
   return Flow::Next;
 }
 
+// A statement that writes may have been compiled for a call that was allowed to.
+sqlite3_stmt* Interpreter::Begin(Query& query, const Frame& frame) {
+  if (m_restrictions.IsReadOnly()) query.ForgetWriter();
+  return query.Begin(m_database, frame);
+}
+
 /// The last row wins, as on a server.
 void Interpreter::AssignRows(QueryStep& step, Running& running) {
-  sqlite3_stmt* statement = step.query.Begin(m_database, running.frame);
+  sqlite3_stmt* statement = Begin(step.query, running.frame);
   const ResetGuard guard(statement);
   std::int64_t rowsRead = 0;
   for (; Advance(m_database, statement); ++rowsRead) {
@@ -146,7 +163,7 @@ void Interpreter::AssignRows(QueryStep& step, Running& running) {
 }
 
 void Interpreter::ReadRows(Query& query, Running& running) {
-  sqlite3_stmt* statement = query.Begin(m_database, running.frame);
+  sqlite3_stmt* statement = Begin(query, running.frame);
   const ResetGuard guard(statement);
   std::int64_t rowsRead = 0;
   const bool isResult = sqlite3_column_count(statement) > 0 && !running.rows.has_value();
@@ -160,7 +177,7 @@ void Interpreter::ReadRows(Query& query, Running& running) {
 }
 
 Value Interpreter::Evaluate(Query& query, const Running& running) {
-  sqlite3_stmt* statement = query.Begin(m_database, running.frame);
+  sqlite3_stmt* statement = Begin(query, running.frame);
   const ResetGuard guard(statement);
   return Advance(m_database, statement) ? ReadValue(statement, 0) : Value{};
 }

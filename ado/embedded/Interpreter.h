@@ -9,6 +9,7 @@
 #include "ado/embedded/NestedTransaction.h"
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/Program.h"
+#include "ado/embedded/Restrictions.h"
 #include "ado/embedded/TimeLimit.h"
 #include "ado/engine/RowSet.h"
 
@@ -20,7 +21,8 @@ class Interpreter {
  public:
   /// Also registers tsql_rowcount() on the database, which must not run statements after the interpreter is gone.
   /// `path` is the path by which the database was opened.
-  Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures, const TimeLimit& limit);
+  Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures, const TimeLimit& limit,
+              const Restrictions& restrictions);
 
   /// FileWatch::RequireForWrite.
   void LookForFiles() { m_file.RequireForWrite(); }
@@ -29,6 +31,9 @@ class Interpreter {
   /// database's file was deleted or replaced; a program that only reads may notice that a moment later. HYT00 at the
   /// end of the command's time.
   std::optional<RowSet> Run(Program& program, Frame& frame);
+  /// Run for a procedure that the component calls. It must end the transactions that it begins: what the component
+  /// saves later would never be stored. Otherwise they are rolled back, and DriverError 266, as on a server.
+  std::optional<RowSet> RunCalled(Program& procedure, Frame& frame);
 
  private:
   enum class Flow { Next, Return };
@@ -55,6 +60,7 @@ class Interpreter {
   Flow Do(RaiseStep& step, Running& running);
   Flow Do(const DefineProcedureStep& step, Running& running);
 
+  [[nodiscard]] sqlite3_stmt* Begin(Query& query, const Frame& frame);
   void AssignRows(QueryStep& step, Running& running);
   void ReadRows(Query& query, Running& running);
   [[nodiscard]] Value Evaluate(Query& query, const Running& running);
@@ -64,6 +70,7 @@ class Interpreter {
   sqlite3* m_database;
   Procedures& m_procedures;
   const TimeLimit& m_timeLimit;
+  const Restrictions& m_restrictions;
   FileWatch m_file;
   NestedTransaction m_transaction;
   std::int64_t m_rowCount = 0;  ///< rows that the last query read or changed: @@ROWCOUNT

@@ -16,6 +16,8 @@ class NestedTransaction {
   void RollBack();
   /// Rolls back what is open, if anything is.
   void Abandon() noexcept;
+  /// How many are open, one in the other.
+  [[nodiscard]] int Depth() const noexcept { return m_depth; }
 
  private:
   sqlite3* m_database;

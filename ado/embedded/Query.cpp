@@ -6,6 +6,12 @@ void Query::Compile(sqlite3* database) {
   if (!m_statement) m_statement = Prepare(database, m_sql);
 }
 
+void Query::ForgetWriter() noexcept {
+  if (!m_statement || sqlite3_stmt_readonly(m_statement.Get()) != 0) return;
+  m_statement.Reset();
+  m_describedCompilation = -1;
+}
+
 sqlite3_stmt* Query::Begin(sqlite3* database, const Frame& frame) {
   Compile(database);
   sqlite3_stmt* statement = m_statement.Get();

@@ -23,6 +23,9 @@ class Query {
   /// Compiles the statement unless that is done. DriverError when it cannot be compiled.
   void Compile(sqlite3* database);
 
+  /// Drops the compiled statement if it writes: it is compiled again under the restrictions of the next run.
+  void ForgetWriter() noexcept;
+
   /// The compiled statement, ready to run with its variables bound to their values in `frame`, which must not change
   /// until the statement is reset.
   [[nodiscard]] sqlite3_stmt* Begin(sqlite3* database, const Frame& frame);

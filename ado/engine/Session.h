@@ -19,6 +19,12 @@ struct Result {
   std::vector<Diagnostic> messages;  ///< warnings of a run that succeeded
 };
 
+/// The purpose of a call.
+enum class Access {
+  Read,  ///< the embedded engine refuses what the procedure would change; on a server its permissions decide
+  ReadWrite,
+};
+
 /// One open session of a database engine. Everything it throws is a DriverError. One thread uses
 /// it at a time, and nothing of it stays open between two calls: no cursor, no read transaction.
 class Session {
@@ -39,7 +45,7 @@ class Session {
   /// Runs a procedure. `parameters` are matched by position: one without a value takes the procedure's default, except
   /// that a server gets NULL for an output parameter. Then sets the values of the output parameters; a call that throws
   /// changes none.
-  virtual Result Call(std::string_view procedure, std::span<Parameter> parameters) = 0;
+  virtual Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) = 0;
 
   /// Engine, version and file or server, as text for people.
   [[nodiscard]] virtual std::string Describe() const = 0;

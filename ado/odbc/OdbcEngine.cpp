@@ -42,7 +42,7 @@ class OdbcSession final : public Session {
 
   void ForgetParameters() override { m_catalog.Forget(); }
 
-  Result Call(std::string_view procedure, std::span<Parameter> parameters) override {
+  Result Call(std::string_view procedure, std::span<Parameter> parameters, Access /*access*/) override {
     Statement statement(m_connection, m_timeout);
     return CallProcedure(statement, procedure, parameters);
   }

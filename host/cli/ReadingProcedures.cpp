@@ -65,6 +65,7 @@ std::string ProblemOf(ado::Connection& connection, const ReadingProcedure& proce
   command.SetActiveConnection(connection.shared_from_this());
   command.SetCommandType(ado::CommandType::StoredProcedure);
   command.SetCommandText(std::string(procedure.name));
+  command.SetAccess(ado::Access::Read);
   for (const ado::DataType type : procedure.parameters) command.Append(Nothing(type));
   try {
     return ResultProblem(*command.Execute(), procedure.columns);

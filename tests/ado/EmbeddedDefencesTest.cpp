@@ -13,12 +13,15 @@
 #include <utility>
 #include <vector>
 
+#include "ado/Command.h"
+#include "tests/support/Caught.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
 namespace quorvel::ado {
 namespace {
 
+using test::Caught;
 using test::FailureOf;
 using test::RowsOf;
 using test::TestDatabase;
@@ -93,6 +96,61 @@ TEST(EmbeddedDefences, ViewsOfFileCallOnlyHarmlessFunctions) {
     EXPECT_THAT(FailureOf(*connection, batch).Description(), AnyOf(HasSubstr(description), HasSubstr("does not let")))
         << batch;
   }
+}
+
+/// Calls the procedure as the component calls one that reads, and returns its first value.
+std::string Read(const std::shared_ptr<Connection>& connection, const std::string& procedure) {
+  Command command;
+  command.SetActiveConnection(connection);
+  command.SetCommandType(CommandType::StoredProcedure);
+  command.SetCommandText(procedure);
+  command.SetAccess(Access::Read);
+  return test::Shown(command.Execute()->Fields(std::size_t{0}).Value());
+}
+
+TEST(EmbeddedDefences, ProcedureThatIsCalledToReadChangesNothing) {
+  const TestDatabase database(TestDatabase::Content::Empty);
+  RunOtherSoftware(database,
+                   "CREATE TABLE Note (n int);"
+                   "CREATE TABLE [#Watched] (n int);"
+                   "CREATE TRIGGER Watch AFTER INSERT ON [#Watched] BEGIN INSERT INTO Note VALUES (new.n); END");
+  const auto connection = database.Connect();
+  const BatchesAndErrors refused = {
+      {"spWrites", "INSERT INTO Note VALUES (1)"},
+      {"spWritesBelow", "EXEC spWrites"},
+      {"spWritesText", "EXEC ('DELETE FROM Note')"},
+      {"spTriggers", "INSERT INTO #Watched VALUES (1)"},
+      {"spMakes", "CREATE TABLE Other (n int)"},
+      {"spDrops", "DROP TABLE Note"},
+      {"spDefines", "EXEC ('ALTER PROCEDURE spWrites AS SELECT 1 AS n')"},
+  };
+  for (const auto& [name, body] : refused) connection->Execute("CREATE PROCEDURE " + name + " AS " + body);
+  // A statement that was compiled for a call that may write has no right of its own.
+  connection->Execute("EXEC spWritesBelow");
+  for (const auto& [name, body] : refused) {
+    const Error error = Caught([&] { Read(connection, name); });
+    EXPECT_EQ(error.Number(), ErrorNumber::DbStatement) << body;
+    EXPECT_THAT(error.Description(), HasSubstr(name + " was called to read and may not change ")) << body;
+  }
+  EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM Note"), "1");
+
+  connection->Execute(
+      "CREATE PROCEDURE spTemporary AS DECLARE @n int BEGIN TRANSACTION CREATE TABLE #Found (n int PRIMARY KEY) INSERT "
+      "INTO #Found SELECT n FROM Note SELECT @n = MAX(n) FROM #Found DROP TABLE #Found COMMIT SELECT @n AS n");
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(Read(connection, "spTemporary"), "1");
+  connection->Execute("EXEC spWrites");
+  EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM Note"), "2");
+}
+
+// Later changes would never be stored.
+TEST(EmbeddedDefences, CalledProcedureLeavesNoTransactionOpen) {
+  const TestDatabase database(TestDatabase::Content::Empty);
+  const auto connection = database.Connect();
+  connection->Execute("CREATE TABLE Note (n int)");
+  connection->Execute("CREATE PROCEDURE spOpens AS BEGIN TRANSACTION SELECT 1 AS n");
+  EXPECT_THAT(Caught([&] { Read(connection, "spOpens"); }).Description(), HasSubstr("did not end it"));
+  connection->Execute("INSERT INTO Note VALUES (1)");
+  EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM Note"), "1");
 }
 
 TEST(EmbeddedDefences, CommandWithoutEndIsStoppedAndRolledBack) {

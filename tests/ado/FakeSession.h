@@ -34,7 +34,8 @@ class FakeSession : public ado::Session {
     return m_engine.parameters;
   }
   void ForgetParameters() override {}
-  ado::Result Call(std::string_view procedure, std::span<ado::Parameter> /*parameters*/) override {
+  ado::Result Call(std::string_view procedure, std::span<ado::Parameter> /*parameters*/,
+                   ado::Access /*access*/) override {
     return Execute(procedure);
   }
   [[nodiscard]] std::string Describe() const override { return "a fake"; }

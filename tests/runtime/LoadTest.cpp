@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/modUserName.h"
+#include "platform/Environment.h"
 #include "tests/runtime/RuntimeTest.h"
 
 namespace quorvel {
@@ -135,6 +136,22 @@ TEST_F(LoadTest, EveryFailureToCallTheOwnerProcedureHasOneDescription) {
   m_database.Run("UPDATE ttwRemarkEntity SET spGetOwnerName = 'spTWCqvGetContext'");
   EXPECT_THAT(Caught([&] { context->Load("CustMaint", "CustMaint", "jsmith"); }),
               HasNumber(ErrorNumber::AdoItemNotFound));
+}
+
+// An administrator may name any procedure as a lookup, and every user's load would run it.
+TEST_F(LoadTest, ProceduresOfLoadMustNotWrite) {
+  m_database.Run(
+      "CREATE PROCEDURE spEmpty @OwnerID varchar(30) AS DELETE FROM tciMemo SELECT 45 AS OwnerKey, 'Acme' AS "
+      "OwnerName");
+  m_database.Run("UPDATE ttwRemarkEntity SET spGetOwnerName = 'spEmpty'");
+  std::string logged;
+  RedirectWarnings([&](std::string_view line) { logged = line; });
+  const ContextHolder context;
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "jsmith"); }),
+              IsError(-1, "RemarkContext.LoadMemos", "Context has not been loaded"));
+  RedirectWarnings({});
+  EXPECT_THAT(logged, testing::HasSubstr("spEmpty was called to read and may not change tciMemo"));
+  EXPECT_NE(m_database.Ask("SELECT COUNT(*) FROM tciMemo"), "0");
 }
 
 TEST_F(LoadTest, LoadsWithoutOwnerOrUser) {

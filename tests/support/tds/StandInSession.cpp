@@ -147,7 +147,7 @@ void StandInSession::CallProcedure(const Request& call, Writer& answer) {
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
     arguments.at(i) = ado::Parameter(arguments.at(i).Info(), call.parameters[i].value);
   }
-  const ado::Result result = m_session->Call(call.text, arguments);
+  const ado::Result result = m_session->Call(call.text, arguments, ado::Access::ReadWrite);
   if (result.rows) WriteRows(*result.rows, Writer::Last::InProcedure, answer);
   answer.ReturnStatus();
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
