@@ -1,13 +1,15 @@
 #pragma once
 
-#include <memory>
+#include "platform/wx/EditHistory.h"
+#include "platform/wx/WatchedText.h"
 
+class wxKeyEvent;
 class wxTextCtrl;
 
 namespace quorvel::ui {
 
 /// Undo and redo in a text box of several lines: Ctrl+Z takes typing back word by word, Ctrl+Y and Ctrl+Shift+Z bring
-/// it again. On Windows the system's box undoes: it knows the last change only, and a second Ctrl+Z brings that again.
+/// it again. The box sends the same events as for typing.
 class TextUndo {
  public:
   /// `box` outlives the object.
@@ -16,12 +18,15 @@ class TextUndo {
   TextUndo(const TextUndo&) = delete;
   TextUndo& operator=(const TextUndo&) = delete;
 
-  /// To be called when the box shows another text, which must not become the former one.
+  /// To be called when the program has put another text into the box, which must not become the former one.
   void Forget();
 
  private:
-  struct State;
-  std::unique_ptr<State> m_state;
+  void KeyDown(wxKeyEvent& event);
+
+  wxTextCtrl& m_box;
+  EditHistory m_history;
+  WatchedText m_text;
 };
 
 }  // namespace quorvel::ui

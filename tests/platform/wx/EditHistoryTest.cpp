@@ -1,8 +1,7 @@
-#include "platform/wx/gtk/EditHistory.h"
+#include "platform/wx/EditHistory.h"
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <chrono>
 #include <string>
 #include <vector>
@@ -10,22 +9,19 @@
 namespace quorvel::ui {
 namespace {
 
-/// A user at a text of plain letters, with a clock that only the test moves.
+/// A user at a text, with a clock that only the test moves.
 class EditHistoryTest : public testing::Test {
  protected:
-  void Insert(int offset, const std::string& added) { Make({true, offset, static_cast<int>(added.size()), added}); }
-  void Delete(int offset, int length) {
-    Make({false, offset, length, m_text.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(length))});
+  void Insert(std::size_t offset, const std::wstring& added) { Act({true, offset, added}); }
+  void Delete(std::size_t offset, std::size_t length) { Act({false, offset, m_text.substr(offset, length)}); }
+  void Type(const std::wstring& letters) {
+    for (const wchar_t letter : letters) Insert(m_text.size(), std::wstring(1, letter));
   }
-  void Type(const std::string& letters) {
-    for (const char letter : letters) Insert(static_cast<int>(m_text.size()), std::string(1, letter));
-  }
-  /// The text after each step back, up to the first.
-  std::vector<std::string> TextsBack() {
-    std::vector<std::string> texts;
-    for (auto changes = m_history.Undo(); !changes.empty(); changes = m_history.Undo()) {
-      std::ranges::reverse(changes);
-      for (const TextChange& change : changes) Apply(change, !change.isInsertion);
+  /// The text after each step back, up to the first, or after each step that is made again.
+  std::vector<std::wstring> TextsAfter(EditHistory::Changes (EditHistory::*step)()) {
+    std::vector<std::wstring> texts;
+    for (auto changes = (m_history.*step)(); !changes.empty(); changes = (m_history.*step)()) {
+      for (const TextChange& change : changes) Make(change);
       texts.push_back(m_text);
     }
     return texts;
@@ -33,49 +29,72 @@ class EditHistoryTest : public testing::Test {
 
   EditHistory m_history;
   EditHistory::Clock::time_point m_now;
-  std::string m_text;
+  std::wstring m_text;
 
  private:
-  void Make(const TextChange& change) {
-    Apply(change, change.isInsertion);
+  void Act(const TextChange& change) {
+    Make(change);
     m_history.Add(change, m_now);
   }
-  void Apply(const TextChange& change, bool isInsertion) {
-    const auto at = static_cast<std::size_t>(change.offset);
-    isInsertion ? m_text.insert(at, change.text) : m_text.erase(at, change.text.size());
+  void Make(const TextChange& change) {
+    change.isInsertion ? m_text.insert(change.offset, change.text) : m_text.erase(change.offset, change.text.size());
   }
 };
 
 TEST_F(EditHistoryTest, StepsEndAtWordsPausesAndOtherPlaces) {
-  Type("one two");
+  Type(L"one two");
   m_now += std::chrono::seconds(3);
-  Type("fold");
-  Insert(0, "x");
-  EXPECT_THAT(TextsBack(), testing::ElementsAre("one twofold", "one two", "one ", ""));
-  for (auto changes = m_history.Redo(); !changes.empty(); changes = m_history.Redo()) {
-    for (const TextChange& change : changes) m_text.insert(static_cast<std::size_t>(change.offset), change.text);
-  }
-  EXPECT_EQ(m_text, "xone twofold");
+  Type(L"fold");
+  Insert(0, L"x");
+  EXPECT_THAT(TextsAfter(&EditHistory::Undo), testing::ElementsAre(L"one twofold", L"one two", L"one ", L""));
+  EXPECT_THAT(TextsAfter(&EditHistory::Redo),
+              testing::ElementsAre(L"one ", L"one two", L"one twofold", L"xone twofold"));
 }
 
 TEST_F(EditHistoryTest, DeletingGoesBackByWordsInBothDirections) {
-  Insert(0, "one two");
-  for (const int offset : {6, 5, 4, 3, 2}) Delete(offset, 1);
-  EXPECT_THAT(TextsBack(), testing::ElementsAre("one ", "one two", ""));
-  Insert(0, "one two");
+  Insert(0, L"one two");
+  for (const std::size_t offset : {6U, 5U, 4U, 3U, 2U}) Delete(offset, 1);
+  EXPECT_THAT(TextsAfter(&EditHistory::Undo), testing::ElementsAre(L"one ", L"one two", L""));
+  Insert(0, L"one two");
   for (int i = 0; i < 5; ++i) Delete(0, 1);
-  EXPECT_THAT(TextsBack(), testing::ElementsAre("two", "one two", ""));
+  EXPECT_THAT(TextsAfter(&EditHistory::Undo), testing::ElementsAre(L"two", L"one two", L""));
 }
 
 TEST_F(EditHistoryTest, AReplacedSelectionIsOneStepAndClearsWhatWasTakenBack) {
-  Type("one");
+  Type(L"one");
   (void)m_history.Undo();
   m_history.Begin();
   Delete(0, 3);
-  Insert(0, "two");
+  Insert(0, L"two");
   m_history.End(m_now);
   EXPECT_TRUE(m_history.Redo().empty());
-  EXPECT_THAT(TextsBack(), testing::ElementsAre("one"));
+  EXPECT_THAT(TextsAfter(&EditHistory::Undo), testing::ElementsAre(L"one"));
+}
+
+TEST(DifferenceTest, TheInsertionPointTellsWhereAnActionTookPlace) {
+  struct Case {
+    const wchar_t* before;
+    const wchar_t* after;
+    std::size_t caret;
+    const wchar_t* changes;  ///< as + or -, offset, text
+  };
+  for (const Case& each : {
+           Case{L"", L"a", 1, L"+0a"},
+           Case{L"hello", L"helllo", 3, L"+2l"},
+           Case{L"hello", L"helo", 2, L"-2l"},
+           Case{L"hello", L"helo", 3, L"-3l"},
+           Case{L"a\r\nb", L"a\r\n\r\nb", 3, L"+1\r\n"},
+           Case{L"one two six", L"one 2 six", 5, L"-4two+42"},
+           Case{L"one two", L"one", 0, L"-3 two"},
+           Case{L"same", L"same", 4, L""},
+           Case{L"gone", L"", 9, L"-0gone"},
+       }) {
+    std::wstring changes;
+    for (const TextChange& change : Difference(each.before, each.after, each.caret)) {
+      changes += (change.isInsertion ? L"+" : L"-") + std::to_wstring(change.offset) + change.text;
+    }
+    EXPECT_EQ(changes, each.changes) << each.before << " -> " << each.after;
+  }
 }
 
 }  // namespace

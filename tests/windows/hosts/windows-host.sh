@@ -56,10 +56,16 @@ press alt+n
 appears 'Choose Remark Type'
 picture chooser
 press Down Return
-enter_text 'Gate code 4711'
+# Undo goes back by words; a line break is two characters in the system's text box, and a replaced selection is one step.
+enter_text $'Gate code 4711\nby the old door'
+press ctrl+z ctrl+z ctrl+y shift+Home
+enter_text 'in'
+press ctrl+z
 picture editor-new
-press alt+s
+press ctrl+Return
 picture editor-saved
+# The text of before is another one than the saved one, so that the next New saves it too.
+press ctrl+z
 # Text that is not saved when the window closes must be kept too.
 press alt+n
 appears 'Choose Remark Type'
@@ -93,6 +99,7 @@ SELECT r.CanRead, r.CanCreate FROM ttwRemarkRight r INNER JOIN ttwRemarkType t O
 WHERE t.RemarkTypeID = 'Cust.Credit' AND r.GroupKey = 1;"
 grep -q '^Joanna Anna' "$work/rights" || fail "The first name is not in the database."
 grep -Eq '^ *1 +0$' "$work/rights" || fail "The right is not in the database."
-for remark in 'Gate code 4711' 'Paid on Friday'; do
-  native list --context CustMaint --owner C1044 --user admin | grep -qF "$remark" || fail "\"$remark\" is not in the database."
+native list --context CustMaint --owner C1044 --user admin >"$work/list"
+for remark in 'Gate code 4711$' 'by the *$' 'Paid on Friday'; do
+  grep -q "$remark" "$work/list" || fail "\"$remark\" is not in the database."
 done
