@@ -56,6 +56,10 @@ struct FileIdentity {
 /// followed.
 [[nodiscard]] std::error_code CreateSharedFile(const std::filesystem::path& file);
 
+/// Gives a file that this user has made to the group of another file, if the user is a member of it. Otherwise, and on
+/// Windows, nothing changes.
+void TakeGroup(const std::filesystem::path& file, const std::filesystem::path& from) noexcept;
+
 /// A file name in the form that the file functions take.
 [[nodiscard]] std::filesystem::path PathOf(std::string_view name);
 

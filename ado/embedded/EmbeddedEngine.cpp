@@ -53,6 +53,13 @@ void Configure(sqlite3* database) {
   Execute(database, "PRAGMA synchronous = FULL");
 }
 
+/// SQLite gives the log and its index the mode of the file, and the user's own group, which the file's other users may
+/// not be in.
+void ShareFilesBeside(sqlite3* database) {
+  const std::string file = sqlite3_db_filename(database, "main");
+  for (const char* suffix : {"-wal", "-shm"}) os::TakeGroup(os::PathOf(file + suffix), os::PathOf(file));
+}
+
 DatabaseHandle OpenFile(const std::string& path, int flags) {
   DatabaseHandle database;
   const int code =
@@ -74,6 +81,7 @@ std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
   auto session = std::make_unique<EmbeddedSession>(std::move(database), os::PathOf(options.initialCatalog),
                                                    options.commandTimeout);
   Configure(handle);
+  ShareFilesBeside(handle);
   session->LookForFiles();
   return session;
 }

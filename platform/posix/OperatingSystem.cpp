@@ -80,6 +80,15 @@ std::error_code CreateSharedFile(const std::filesystem::path& file) {
   return {};
 }
 
+void TakeGroup(const std::filesystem::path& file, const std::filesystem::path& from) noexcept {
+  struct stat own {};
+  struct stat model {};
+  if (::lstat(file.c_str(), &own) != 0 || ::stat(from.c_str(), &model) != 0) return;
+  if (own.st_uid != ::geteuid() || own.st_gid == model.st_gid) return;
+  // The system refuses a group that the user is not in.
+  [[maybe_unused]] const int refused = ::lchown(file.c_str(), static_cast<uid_t>(-1), model.st_gid);
+}
+
 std::filesystem::path PathOf(std::string_view name) { return name; }
 
 }  // namespace quorvel::os

@@ -95,6 +95,8 @@ std::error_code CreateSharedFolders(const std::filesystem::path& folder) {
 
 std::error_code CreateSharedFile(const std::filesystem::path& /*file*/) { return {}; }
 
+void TakeGroup(const std::filesystem::path& /*file*/, const std::filesystem::path& /*from*/) noexcept {}
+
 std::filesystem::path PathOf(std::string_view name) { return std::u8string(name.begin(), name.end()); }
 
 }  // namespace quorvel::os

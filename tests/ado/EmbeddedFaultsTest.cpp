@@ -1,6 +1,7 @@
 // Faults of the outside: files that are no databases, other writers, a full disk.
 
 #include <gmock/gmock.h>
+#include <grp.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -16,6 +17,7 @@
 #include <thread>
 
 #include "ado/embedded/EmbeddedEngine.h"
+#include "platform/AtScopeEnd.h"
 #include "tests/support/Caught.h"
 #include "tests/support/Rows.h"
 #include "tests/support/ScriptedPrompts.h"
@@ -88,6 +90,33 @@ TEST(EmbeddedFaults, OnlyOwnerAndGroupCanOpenANewDatabase) {
     EXPECT_EQ(modeOf(folder.File(made)), std::filesystem::perms{0775}) << "other users could replace the file";
   }
   EXPECT_EQ(modeOf(folder.File("target")), std::filesystem::perms{0660});
+}
+
+// Two users of a file may have nothing but its group in common.
+TEST(EmbeddedFaults, LogGetsTheGroupOfTheFile) {
+  if (::geteuid() != 0) GTEST_SKIP() << "needs another user";
+  constexpr gid_t kShared = 3000;
+  constexpr id_t kUser = 4001;
+  const test::TemporaryFolder folder;
+  const std::string file = folder.File("shared.db");
+  CreateEmbeddedDatabase(file);
+  for (const std::string& each : {file, folder.Path().string()}) {
+    ASSERT_EQ(::chown(each.c_str(), 0, kShared), 0);
+    std::filesystem::permissions(each, std::filesystem::perms{0770});
+  }
+  const auto connection = std::make_shared<Connection>();
+  connection->SetConnectionString("Data Source=(embedded);Initial Catalog=" + file);
+  {
+    const AtScopeEnd back([] { EXPECT_EQ(::seteuid(0) + ::setegid(0) + ::setgroups(0, nullptr), 0); });
+    ASSERT_EQ(::setgroups(1, &kShared) + ::setegid(kUser) + ::seteuid(kUser), 0);
+    connection->Open();
+  }
+  for (const char* part : {"-wal", "-shm"}) {
+    struct stat status {};
+    ASSERT_EQ(::stat((file + part).c_str(), &status), 0) << part;
+    EXPECT_EQ(status.st_uid, kUser) << part;
+    EXPECT_EQ(status.st_gid, kShared) << part;
+  }
 }
 
 // The byte says which version of the file's format is needed to write to it, so the file is read-only for root too.
