@@ -106,13 +106,13 @@ EditedRemark::Outcome EditedRemark::Save(const RemarkInput& input) {
   std::string loginName = modUserName::GetUserName();
   const auto& list = m_context.RemarkList();
   if (!list) ThrowObjectNotSet();
-  const bool isNew = list->Index(m_remark) == 0;
-  if (isNew) {
+  m_display.canSave = false;
+  // A remark that was only looked at stays out of a list that the host has read again meanwhile.
+  if (!type && text == m_remark->MemoText()) return Outcome::Unchanged;
+  if (list->Index(m_remark) == 0) {
     list->AddRemark(m_remark);
     m_position = list->Count();
   }
-  m_display.canSave = false;
-  if (!isNew && !type && text == m_remark->MemoText()) return Outcome::Unchanged;
   m_remark->SetMemoText(std::move(text));
   if (type) m_remark->SetRemarkType(std::move(type));
   m_remark->SetUserID(std::move(loginName));

@@ -146,6 +146,20 @@ TEST_F(EditRulesTest, SavingAChangeStoresLogonNameAndDate) {
   EXPECT_TRUE(m_edited.Display().canSave);
 }
 
+TEST_F(EditRulesTest, HostThatReadsTheListAgainChangesNoRemark) {
+  Open("admin");
+  m_edited.Show(1);
+  const std::string text = m_edited.Display().text;
+  m_context->RefreshRemarkList();
+  EXPECT_EQ(m_edited.CommitPending({text, false, {}}), Outcome::Unchanged);
+  EXPECT_FALSE(m_context->RemarkList()->Dirty()) << "a new author and date for a remark that was only looked at";
+  m_edited.Show(1);
+  m_context->RefreshRemarkList();
+  EXPECT_EQ(m_edited.CommitPending(Typed("typed meanwhile")), Outcome::Changed);
+  m_context->Save(true);
+  EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 7"), "typed meanwhile");
+}
+
 TEST_F(EditRulesTest, EmptyTextIsRefusedBySaveAndDroppedByCommit) {
   Open("admin");
   const std::string before = RemarkAt(m_context, 1).MemoText();
