@@ -2,6 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "data/modRegistry.h"
 #include "platform/Environment.h"
 
@@ -45,13 +52,35 @@ void DBConnect::Reload() {
 void DBConnect::Load() {
   if (m_loaded) return;
   try {
-    ReadValues();
+    ReadTogether();
   } catch (...) {
     LogProblems();
     throw;
   }
   LogProblems();
   m_loaded = true;
+}
+
+// GetRegStringValue reads each value by itself, and another process may set all of them between two of them. What the
+// store holds at one moment replaces such a mixture.
+void DBConnect::ReadTogether() {
+  constexpr int kMostReads = 10;
+  for (int i = 0; i < kMostReads; ++i) {
+    ReadValues();
+    if (TakeTogether()) return;
+  }
+}
+
+bool DBConnect::TakeTogether() {
+  constexpr std::array kNames = {modRegistry::kServer, modRegistry::kDatabase, modRegistry::kUserId,
+                                 modRegistry::kPassword};
+  const std::array<std::string*, kNames.size()> values = {&m_server, &m_database, &m_userId, &m_password};
+  const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
+  const auto stored = key ? key->QueryTogether(kNames) : std::vector<std::optional<registry::StoredValue>>(1);
+  const auto isText = [](const auto& value) { return value && value->type == registry::ValueType::String; };
+  if (!std::ranges::all_of(stored, isText)) return false;
+  for (std::size_t i = 0; i < values.size(); ++i) *values.at(i) = stored[i]->text;
+  return true;
 }
 
 void DBConnect::ReadValues() {

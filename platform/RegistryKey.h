@@ -47,6 +47,9 @@ class Key {
   /// Nothing when the value does not exist or cannot be read.
   [[nodiscard]] std::optional<StoredValue> Query(std::string_view name) const;
 
+  /// The same for several values; in a text file they are those of one moment.
+  [[nodiscard]] std::vector<std::optional<StoredValue>> QueryTogether(std::span<const std::string_view> names) const;
+
   /// Writes string values, in a text file all or none of them. A value that cannot be read, because its line in the
   /// file is wrong for example, is not missing: with `onlyWhenMissing` it is an error and stays as it is.
   [[nodiscard]] std::error_code Assign(std::span<const Assignment> values) const;

@@ -51,7 +51,9 @@ void MakeDatabaseAbsolute(Assignments& assignments) {
   const std::string& database = values.at(kDatabaseIndex);
   const bool concernsFile = assignments.contains(kServerIndex) || assignments.contains(kDatabaseIndex);
   if (!concernsFile || !ado::IsEmbedded(values.at(kServerIndex)) || database.empty()) return;
-  assignments[kDatabaseIndex] = std::filesystem::absolute(database).lexically_normal().string();
+  const std::string file = std::filesystem::absolute(database).lexically_normal().string();
+  // A stored name that needs no change is not written: another program may set it meanwhile.
+  if (file != database) assignments[kDatabaseIndex] = file;
 }
 
 void PrintSettings() {

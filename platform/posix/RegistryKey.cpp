@@ -72,6 +72,14 @@ std::optional<StoredValue> Key::Query(std::string_view name) const {
   return store ? store->Find(FullName(m_hive, m_path), name) : std::nullopt;
 }
 
+std::vector<std::optional<StoredValue>> Key::QueryTogether(std::span<const std::string_view> names) const {
+  const auto store = ReadStore();
+  const std::string key = FullName(m_hive, m_path);
+  std::vector<std::optional<StoredValue>> found;
+  for (const std::string_view name : names) found.push_back(store ? store->Find(key, name) : std::nullopt);
+  return found;
+}
+
 std::error_code Key::Assign(std::span<const Assignment> values) const {
   const std::string key = FullName(m_hive, m_path);
   return ChangeStore([&](RegistryExport& file, bool isWhole) {

@@ -94,6 +94,12 @@ std::optional<StoredValue> Key::Query(std::string_view name) const {
   return status == ERROR_SUCCESS ? std::optional(StoredValue{static_cast<ValueType>(type), ""}) : std::nullopt;
 }
 
+std::vector<std::optional<StoredValue>> Key::QueryTogether(std::span<const std::string_view> names) const {
+  std::vector<std::optional<StoredValue>> found;
+  for (const std::string_view name : names) found.push_back(Query(name));
+  return found;
+}
+
 std::error_code Key::Assign(std::span<const Assignment> values) const {
   const auto path = os::ToWide(m_path);
   KeyHandle key;

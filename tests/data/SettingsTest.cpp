@@ -6,7 +6,10 @@
 #include <array>
 #include <chrono>
 #include <fstream>
+#include <set>
 #include <stdexcept>
+#include <stop_token>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -111,6 +114,24 @@ TEST_F(Settings, AWriterThatStallsBetweenTwoLinesLosesNoValue) {
   });
   EXPECT_THAT(DBConnect().ConnectionString(), testing::EndsWith("; Initial Catalog=Ledger; User ID=app; Password=p"));
   EXPECT_EQ(Content(), kKey + kFour);
+}
+
+TEST_F(Settings, AreThoseOfOneMoment) {
+  Put(kFour);
+  std::jthread writer([](const std::stop_token& stop) {
+    const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
+    for (int i = 0; !stop.stop_requested(); ++i) {
+      const std::string text = i % 2 == 0 ? "A" : "B";
+      EXPECT_FALSE(key->Assign(std::array<registry::Assignment, 4>{
+          {{"Server", text}, {"Database", text}, {"UserId", text}, {"Password", text}}}));
+    }
+  });
+  std::set<std::string> found;
+  for (int i = 0; i < 300; ++i) found.insert(DBConnect().ConnectionString());
+  writer = {};
+  for (const std::string& each : found) {
+    EXPECT_THAT(each, testing::MatchesRegex(".*Source=(A.*=A.*=A.*=A|B.*=B.*=B.*=B|SQL1.*=p)")) << each;
+  }
 }
 
 TEST_F(Settings, WrongLinesAreReportedAndStay) {
