@@ -101,6 +101,17 @@ std::shared_ptr<ado::Recordset> ReadMemos(const std::string& contextID, const Me
                          Integer("@OwnerKey", ado::DataType::Integer, owner.ownerKey)});
 }
 
+template <typename Matches>
+bool AnyMemo(const std::string& contextID, const MemoOwner& owner, const Matches& matches) {
+  const auto rows = ReadMemos(contextID, owner);
+  if (rows->EndOfFile()) return false;
+  const MemoColumns row(*rows);
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    if (matches(row)) return true;
+  }
+  return false;
+}
+
 bool IsMemoOf(const Remark& remark, const MemoColumns& row) {
   return ToInt32(row.memoKey.Value()) == remark.MemoKey() &&
          ToText(row.memoText.Value()) == TrimBlanks(remark.MemoText()) &&
@@ -170,13 +181,11 @@ void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const Rem
 }
 
 bool IsStored(const std::string& contextID, const MemoOwner& owner, const Remark& remark) {
-  const auto rows = ReadMemos(contextID, owner);
-  if (rows->EndOfFile()) return false;
-  const MemoColumns row(*rows);
-  for (; !rows->EndOfFile(); rows->MoveNext()) {
-    if (IsMemoOf(remark, row)) return true;
-  }
-  return false;
+  return AnyMemo(contextID, owner, [&](const MemoColumns& row) { return IsMemoOf(remark, row); });
+}
+
+bool HasMemo(const std::string& contextID, const MemoOwner& owner, std::int32_t memoKey) {
+  return AnyMemo(contextID, owner, [&](const MemoColumns& row) { return ToInt32(row.memoKey.Value()) == memoKey; });
 }
 
 }  // namespace quorvel::contextLoader

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -9,9 +10,9 @@
 #include "runtime/RemarkList.h"
 #include "runtime/RemarkTypes.h"
 
-/// The five queries of a load, in the order in which RemarkContext runs them, on the thread's shared connection, and a
-/// look for one memo. Each function of the load fills an object of the caller value by value, so that an error keeps
-/// the values read before it. Database errors pass through unchanged. Blanks around identifiers do not count.
+/// The five queries of a load, in the order in which RemarkContext runs them, on the thread's shared connection, and
+/// two looks for one memo. Each function of the load fills an object of the caller value by value, so that an error
+/// keeps the values read before it. Database errors pass through unchanged. Blanks around identifiers do not count.
 namespace quorvel::contextLoader {
 
 /// Error -1 when there is no such context.
@@ -31,5 +32,8 @@ void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const Rem
 
 /// Whether the owner has this remark's memo, with its texts as they are sent, also when the user may not read it.
 [[nodiscard]] bool IsStored(const std::string& contextID, const MemoOwner& owner, const Remark& remark);
+
+/// Whether the owner has a memo with this key, of any type of the context.
+[[nodiscard]] bool HasMemo(const std::string& contextID, const MemoOwner& owner, std::int32_t memoKey);
 
 }  // namespace quorvel::contextLoader

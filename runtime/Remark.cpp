@@ -18,6 +18,10 @@ Value Number(std::int32_t number) { return std::int64_t{number}; }
 
 Value TrimmedText(const std::string& text) { return std::string(TrimBlanks(text)); }
 
+bool IsWithoutAnswer(const Error& error) {
+  return !modDatabase::SharedConnection() || error.Number() == ErrorNumber::DbTimeout;
+}
+
 }  // namespace
 
 const std::string& Remark::TypeID() const noexcept { return m_remarkType ? m_remarkType->TypeID() : kNoText; }
@@ -39,18 +43,20 @@ void Remark::SetMemoKey(std::int32_t key) noexcept {
   m_memoKey = key;
   m_owner.reset();
   m_isStored = false;
-  m_isRefused = false;
+  m_isOpen = false;
+  m_hasNoMemo = false;
 }
 
 void Remark::SetStored(std::int32_t key, const MemoOwner& owner) noexcept {
   m_memoKey = key;
   m_owner = owner;
   m_isStored = true;
-  m_isRefused = false;
+  m_isOpen = false;
+  m_hasNoMemo = false;
 }
 
 void Remark::SetListOwner(const std::optional<MemoOwner>& owner) noexcept {
-  if (!m_isStored && (m_memoKey == 0 || m_isRefused)) m_owner = owner;
+  if (!m_isStored && (m_memoKey == 0 || m_hasNoMemo)) m_owner = owner;
 }
 
 void Remark::Commit() {
@@ -75,13 +81,14 @@ void Remark::CommitFor(const ListOrigin& list) {
   Write(list);
   m_owner = list.owner;
   m_isStored = true;
+  m_isOpen = false;
   m_dirty = false;
 }
 
 void Remark::Write(const ListOrigin& list) {
-  const bool isNew = m_memoKey == 0 || m_isRefused;
+  const bool isNew = m_memoKey == 0 || m_hasNoMemo;
   if (isNew) m_memoKey = modDatabase::GetNextSurrogateKey("tciMemo");
-  m_isRefused = false;
+  m_hasNoMemo = false;
   try {
     modDatabase::ExecSP(isNew ? "spTWCqvAddRemark" : "spTWCqvUpdateRemark",
                         {{"@MemoKey", Number(m_memoKey)},
@@ -93,8 +100,11 @@ void Remark::Write(const ListOrigin& list) {
   } catch (const Error& error) {
     // An update under this key would overwrite the memo that has it meanwhile. Where the insert may have succeeded, an
     // insert under another key would store the remark twice. A memo that was stored before has its own key.
-    m_isRefused = isNew ? !MayBeStored(list, error) : !m_isStored && modDatabase::IsDuplicateKey(error);
-    if (isNew && !m_isRefused) m_owner = list.owner;
+    m_hasNoMemo = isNew ? !MayBeStored(list, error) : !m_isStored && modDatabase::IsDuplicateKey(error);
+    if (isNew && !m_hasNoMemo) {
+      m_owner = list.owner;
+      m_isOpen = true;
+    }
     throw;
   }
 }
@@ -104,7 +114,7 @@ void Remark::Write(const ListOrigin& list) {
 bool Remark::MayBeStored(const ListOrigin& list, const Error& error) const {
   if (modDatabase::WasNotSent(error)) return false;
   // No context shows a memo without a type, so it would not be found.
-  if (!m_remarkType || !modDatabase::SharedConnection() || error.Number() == ErrorNumber::DbTimeout) return true;
+  if (!m_remarkType || IsWithoutAnswer(error)) return true;
   try {
     return contextLoader::IsStored(list.contextID, *list.owner, *this);
   } catch (const Error&) {
@@ -112,9 +122,24 @@ bool Remark::MayBeStored(const ListOrigin& list, const Error& error) const {
   }
 }
 
-void Remark::Delete() const {
-  if (m_memoKey == 0 || m_isRefused) return;
-  modDatabase::ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(m_memoKey)}});
+void Remark::Delete() {
+  const auto context = m_remarkType ? m_remarkType->Context() : nullptr;
+  DeleteFor(context ? context->ContextID() : kNoText);
+}
+
+// The procedure asks for no owner: it deletes any memo with the key.
+void Remark::DeleteFor(const std::string& contextID) {
+  if (m_memoKey == 0 || m_hasNoMemo) return;
+  const bool isGone = m_isOpen && m_owner && !contextLoader::HasMemo(contextID, *m_owner, m_memoKey);
+  try {
+    if (!isGone) modDatabase::ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(m_memoKey)}});
+  } catch (const Error& error) {
+    m_isOpen = IsWithoutAnswer(error);
+    throw;
+  }
+  m_hasNoMemo = true;
+  m_isOpen = false;
+  m_isStored = false;
 }
 
 std::shared_ptr<Remark> Remark::Copy() const {
@@ -123,7 +148,8 @@ std::shared_ptr<Remark> Remark::Copy() const {
   copy->m_owner = m_owner;
   copy->m_memoKey = m_memoKey;
   copy->m_isStored = m_isStored;
-  copy->m_isRefused = m_isRefused;
+  copy->m_isOpen = m_isOpen;
+  copy->m_hasNoMemo = m_hasNoMemo;
   copy->m_dateStamp = m_dateStamp;
   copy->m_memoText = m_memoText;
   copy->m_dirty = m_dirty;

@@ -55,9 +55,12 @@ class Remark : public Publishable {
   /// without a user that of the list's user.
   void CommitFor(const ListOrigin& list);
 
-  /// Deletes the row; does nothing with key 0 or after a refused insert: another memo may have the key. The fields stay
-  /// as they are.
-  void Delete() const;
+  /// Deletes the row; does nothing with key 0, after a refused insert and after another Delete: another memo may have
+  /// the key. After an insert or Delete that got no answer the row is deleted only when it is found among the owner's.
+  /// The fields stay as they are; the next Commit inserts the remark under another key.
+  void Delete();
+  /// The same for the remark of a list, which is read in that context.
+  void DeleteFor(const std::string& contextID);
 
   /// A copy for RemarkList::Backup: everything but UserID, which stays empty.
   [[nodiscard]] std::shared_ptr<Remark> Copy() const;
@@ -74,7 +77,8 @@ class Remark : public Publishable {
   std::optional<MemoOwner> m_owner;  ///< of the memo, or of the list that a new remark is in; empty when not known
   std::int32_t m_memoKey = 0;
   bool m_isStored = false;
-  bool m_isRefused = false;  ///< the insert failed and stored nothing, so that the key may be another memo's
+  bool m_isOpen = false;     ///< the last insert or delete got no answer
+  bool m_hasNoMemo = false;  ///< the insert stored nothing, or the memo was deleted: the key may be another memo's
   bool m_dirty = false;
 };
 

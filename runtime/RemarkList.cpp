@@ -108,7 +108,7 @@ void RemarkList::Save() {
     remark->CommitFor(origin);
   }
   const Collection deleted = m_deleted ? *m_deleted : Collection{};
-  for (const auto& remark : deleted) remark->Delete();
+  for (const auto& remark : deleted) remark->DeleteFor(origin.contextID);
   if (m_deleted) m_deleted = std::make_shared<Collection>();
 }
 

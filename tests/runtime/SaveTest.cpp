@@ -277,6 +277,30 @@ TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
   EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoKey = 2043"), "45");
 }
 
+// A host may give the key of a deleted memo to one of its own.
+TEST_F(SaveTest, DeletedRemarkLeavesTheNextMemoWithItsKeyAlone) {
+  const std::string deletes = "ALTER PROCEDURE spTWCqvDeleteRemark @MemoKey int AS ";
+  const std::string byKey = "DELETE FROM tciMemo WHERE MemoKey = @MemoKey";
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  context->AddRemark("Cust.General", "deleted first", "admin");
+  context->Save(true);
+  const auto removed = context->RemarkList()->Item(Number(8));
+  context->RemarkList()->Remove(Number(8));
+  context->RemarkList()->Remove(Number(1));
+  m_database.Run(deletes + "IF @MemoKey < 2043 RAISERROR ('kept', 16, 1) ELSE " + byKey);
+  EXPECT_EQ(Caught([&] { context->Save(true); }).Description(), "kept");
+  m_database.Run(deletes + byKey);
+  m_database.Run(
+      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+      "VALUES (2043, 'Cust.General', 501, 45, GETDATE(), 'host', 'the host''s')");
+  context->Save(true);
+  removed->SetMemoText("written again");
+  removed->Commit();
+  removed->Delete();
+  EXPECT_EQ(TextOf(2043), "the host's");
+  EXPECT_EQ(MemoCount(), kMemosOfSample);
+}
+
 TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
   std::weak_ptr<RemarkContext> watched;
   {

@@ -136,6 +136,27 @@ TEST_F(ServerTest, NextSaveAfterALossWritesEverythingOnce) {
   EXPECT_EQ(connection->Errors().at(0).sqlState, "08S01");
 }
 
+// A host may write a memo of its own under the key that the insert has not used.
+TEST_F(ServerTest, RemovedRemarkWithoutAnAnswerDeletesNoForeignMemo) {
+  for (const bool isStored : {false, true}) {
+    const ContextHolder context("CustMaint", "C1044", "admin");
+    AddRemark(context, "removed");
+    // Two discoveries and the key come before the remark.
+    isStored ? m_server.DropAfterRequest(4) : m_server.DropAtRequest(4);
+    EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
+    EXPECT_EQ(m_file.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'removed'"), isStored ? "1" : "0");
+    if (!isStored) {
+      m_file.Run(
+          "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+          "VALUES (2043, 'Cust.General', 501, 3, GETDATE(), 'host', 'of another owner')");
+    }
+    context->RemarkList()->Remove(std::int64_t{context->MemoCount()});
+    context->Save(true);
+    EXPECT_EQ(MemoCount(), "2043");
+    EXPECT_EQ(m_file.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoKey = 2043"), "3");
+  }
+}
+
 TEST_F(ServerTest, ParametersThatNoLongerFitAreAskedAgain) {
   modDatabase::EnsureConnection();
   const auto add = [](const char* parameter, const std::string& id) { ExecSP("spTWCAddGroup", {{parameter, id}}); };
