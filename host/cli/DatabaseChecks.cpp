@@ -49,7 +49,7 @@ void CheckTable(Report& report, ado::Connection& connection, const ExpectedTable
 }
 
 void CheckLayout(Report& report, ado::Connection& connection) {
-  if (!TableProblem(connection, kLayoutTable).empty()) return;  // reported as a table
+  if (!TableProblem(connection, TableOfProcedures(kLayoutTable)).empty()) return;  // reported as a table
   int found = 0;
   try {
     found = FindLayoutVersion(connection);
@@ -157,6 +157,7 @@ std::vector<Permission> CheckOwnerProcedures(Report& report, ado::Connection& co
 /// From a file that can only be read hosts load remarks, and save none. The last check: the refusal ends the
 /// connection.
 void CheckWriting(Report& report, ado::Connection& connection) {
+  if (!TableProblem(connection, kMemoTable).empty()) return;  // reported as a table
   report.Check("writing to the file", BatchProblem(connection, fmt::format("DELETE FROM {} WHERE 1 = 0", kMemoTable)),
                "Give this user the right to write that file, and the files beside it whose names begin with its name. "
                "The file that ends in -shm can be deleted while no program uses the database.");
