@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "platform/Environment.h"
 #include "platform/Error.h"
 #include "platform/SharedLibrary.h"
 
@@ -9,13 +10,14 @@ namespace quorvel {
 namespace {
 
 void* EntryPoint() {
+  const int version = ComponentVersion().major;
   try {
-    return os::LibraryFunction("libquorvel-windows.so.5", kWindowLibraryEntry);
+    return os::LibraryFunction(fmt::format("libquorvel-windows.so.{}", version).c_str(), kWindowLibraryEntry);
   } catch (const Error& error) {
     throw Error(error.Number(), error.Source(),
                 fmt::format("No window can be opened: the library with the windows cannot be loaded. Install the "
-                            "package libquorvel5-windows. ({})",
-                            error.Description()));
+                            "package libquorvel{}-windows. ({})",
+                            version, error.Description()));
   }
 }
 

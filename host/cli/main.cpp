@@ -5,12 +5,14 @@
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <vector>
 
 #include <fmt/format.h>
 
 #include "data/modDatabase.h"
 #include "host/cli/Commands.h"
 #include "host/cli/Output.h"
+#include "host/cli/Secrets.h"
 #include "platform/Environment.h"
 #include "platform/Error.h"
 #include "platform/RegistryKey.h"
@@ -68,13 +70,15 @@ void PrintError(std::int32_t number, std::string_view source, std::string_view d
       fmt::format("quorvel: error {} at {}: {}{}\n", number, source, Printable(description), Printable(place)));
 }
 
-int Run(int argc, const char* const* argv) {
+int Run(const std::vector<std::string>& arguments) {
   CLI::App app(kDescription, "quorvel");
   Describe(app);
   // A person waits for the answer. A host, which may start before its server, waits for an hour.
   modDatabase::SetConnectionTimeout(std::chrono::seconds(15));
   try {
-    app.parse(argc, argv);
+    std::vector<const char*> pointers;
+    for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
+    app.parse(static_cast<int>(pointers.size()), pointers.data());
     if (app.get_subcommands().empty()) {
       PrintToErrors(app.help());
       return kWrongUsage;
@@ -93,9 +97,10 @@ int Run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   using quorvel::cli::PrintError;
+  quorvel::cli::LeaveNoCoreDump();
   quorvel::cli::PrepareStreams();
   try {
-    return quorvel::cli::Run(argc, argv);
+    return quorvel::cli::Run(quorvel::cli::TakeArguments({argv, static_cast<std::size_t>(argc)}));
   } catch (const quorvel::cli::DoneButNotPrinted& done) {
     quorvel::cli::PrintToErrors(fmt::format("quorvel: {}\n", done.what()));
     return quorvel::cli::kSuccess;

@@ -2,6 +2,8 @@
 
 #include <dlfcn.h>
 
+#include <array>
+#include <climits>
 #include <filesystem>
 #include <string>
 
@@ -14,16 +16,23 @@ namespace {
 /// Its address identifies the library that contains this code.
 const char kInThisLibrary = 0;
 
-/// With a full path, neither the loader's search path nor a library that intercepts the loader chooses another file.
-std::string BesideThisLibrary(const char* file) {
-  Dl_info here{};
-  if (::dladdr(&kInThisLibrary, &here) == 0 || here.dli_fname == nullptr) return file;
-  return std::filesystem::path(here.dli_fname).replace_filename(file);
-}
-
 [[noreturn]] void Fail(const char* file) {
   const char* reason = ::dlerror();
   throw Error(ErrorNumber::Component, std::string(kApplicationName), reason != nullptr ? reason : file);
+}
+
+/// With a full path neither the loader's search path, nor a library that intercepts the loader, nor the current folder
+/// chooses another file. A host may have loaded this library by a relative path and changed the folder since; the
+/// loader keeps the folder as it was then.
+std::string BesideThisLibrary(const char* file) {
+  Dl_info here{};
+  void* library = nullptr;
+  if (::dladdr1(&kInThisLibrary, &here, &library, RTLD_DL_LINKMAP) == 0 || here.dli_fname == nullptr) Fail(file);
+  const std::filesystem::path path(here.dli_fname);
+  if (path.is_absolute()) return path.parent_path() / file;
+  std::array<char, std::size_t{2} * PATH_MAX> folder{};  // the current folder, and the path below it
+  if (::dlinfo(library, RTLD_DI_ORIGIN, folder.data()) != 0) Fail(file);
+  return std::filesystem::path(folder.data()) / file;
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 // Settings, init and the exit status, by running the real program.
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 
 #include "ado/embedded/EmbeddedEngine.h"
+#include "host/cli/Secrets.h"
 #include "platform/FileUpdate.h"
 #include "tests/host/CommandLine.h"
 
@@ -12,6 +14,7 @@ namespace {
 
 using ::testing::AllOf;
 using ::testing::ContainsRegex;
+using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
@@ -34,6 +37,15 @@ TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1"})), IsWrongUsage("--text or --type"));
   EXPECT_THAT(Quorvel(OnAcme({"edit"})), IsWrongUsage("edit needs --window"));
   EXPECT_THAT(Quorvel({"settings", "Server"}), IsWrongUsage("NAME=VALUE"));
+}
+
+TEST(Secrets, ListOfProcessesShowsNoPassword) {
+  std::string program = "quorvel";
+  std::string password = "PASSWORD=a=b";
+  std::string server = "Server=Password=";
+  std::array arguments{program.data(), password.data(), server.data()};
+  EXPECT_THAT(cli::TakeArguments(arguments), ElementsAre("quorvel", "PASSWORD=a=b", "Server=Password="));
+  EXPECT_EQ(program + " " + password + " " + server, "quorvel PASSWORD=*** Server=Password=");
 }
 
 TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
