@@ -5,6 +5,7 @@
 
 #include "ado/embedded/BatchParser.h"
 #include "ado/embedded/SqliteError.h"
+#include "platform/Error.h"
 #include "platform/Stack.h"
 
 namespace quorvel::ado::embedded {
@@ -39,7 +40,14 @@ constexpr std::size_t kStackOfStatement = std::size_t{64} * 1024;
   throw DriverError(std::move(records));
 }
 
-bool IsTrue(const Value& value) { return !IsNull(value) && ToBoolean(value); }
+bool IsTrue(const Value& value) {
+  try {
+    return !IsNull(value) && ToBoolean(value);
+  } catch (const Error&) {
+    throw DriverError("42000", 4145,
+                      "An expression of non-boolean type specified in a context where a condition is expected.");
+  }
+}
 
 }  // namespace
 

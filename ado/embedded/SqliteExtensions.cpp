@@ -65,12 +65,14 @@ void PlusFunction(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
   const int left = sqlite3_value_type(values[0]);
   const int right = sqlite3_value_type(values[1]);
+  sqlite3_int64 sum = 0;
   if (left == SQLITE_TEXT && right == SQLITE_TEXT) {
     ReturnText(context, std::string(TextOf(values[0])).append(TextOf(values[1])));
-  } else if (left == SQLITE_FLOAT || right == SQLITE_FLOAT) {
+  } else if (left == SQLITE_FLOAT || right == SQLITE_FLOAT ||
+             __builtin_add_overflow(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1]), &sum)) {
     sqlite3_result_double(context, sqlite3_value_double(values[0]) + sqlite3_value_double(values[1]));
   } else {
-    sqlite3_result_int64(context, sqlite3_value_int64(values[0]) + sqlite3_value_int64(values[1]));
+    sqlite3_result_int64(context, sum);
   }
 }
 
@@ -199,8 +201,9 @@ void ObjectIdFunction(sqlite3_context* context, int /*count*/, sqlite3_value** v
 void ObjectDefinitionFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   Guarded(context, [&] {
     if (!HasProcedures(sqlite3_context_db_handle(context))) return;
-    ReturnFound(context, fmt::format("SELECT Definition FROM {} WHERE rowid = ?1", kProcedureTable),
-                std::int64_t{sqlite3_value_int64(values[0]) - kFirstProcedureId});
+    ReturnFound(context,
+                fmt::format("SELECT Definition FROM {} WHERE rowid = ?1 - {}", kProcedureTable, kFirstProcedureId),
+                std::int64_t{sqlite3_value_int64(values[0])});
   });
 }
 
