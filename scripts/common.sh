@@ -6,7 +6,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache libsqlite3-dev unixodbc-dev libfmt-
   libwxgtk3.2-dev libgtk-3-dev
   libgtest-dev libgmock-dev libbenchmark-dev dpkg-dev file pkgconf librsvg2-bin imagemagick)
 # shellcheck disable=SC2034
-CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy libclang-dev llvm-dev shellcheck)
+CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy libclang-dev llvm-dev shellcheck
+  clang libclang-rt-dev)
 # shellcheck disable=SC2034
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine64 wine
   googletest tcl)

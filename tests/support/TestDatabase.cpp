@@ -5,6 +5,8 @@
 
 #include "ado/Script.h"
 #include "ado/embedded/EmbeddedEngine.h"
+#include "ado/embedded/Sqlite.h"
+#include "ado/embedded/SqliteExtensions.h"
 #include "data/Schema.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestSettings.h"
@@ -32,6 +34,16 @@ const std::string& Template(TestDatabase::Content content) {
 
 void RunScript(ado::Connection& connection, std::string_view script) {
   for (const ado::Batch& batch : ado::SplitBatches(script)) connection.Execute(batch.text);
+}
+
+std::string IntegrityOf(const std::string& file) {
+  using namespace ado::embedded;
+  DatabaseHandle database;
+  if (sqlite3_open(file.c_str(), database.Put()) != SQLITE_OK) return "It cannot be opened";
+  // The rules of columns call functions of the engine.
+  RegisterExtensions(database.Get());
+  const StatementHandle check = Prepare(database.Get(), "PRAGMA integrity_check");
+  return Advance(database.Get(), check.Get()) ? std::string(ReadText(check.Get(), 0)) : "";
 }
 
 TestDatabase::TestDatabase(Content content) : m_registry("QUORVEL_REGISTRY", m_folder.File("settings.reg")) {

@@ -12,6 +12,9 @@ namespace quorvel::test {
 /// Runs every batch of a script.
 void RunScript(ado::Connection& connection, std::string_view script);
 
+/// "ok", or the first fault that SQLite finds in a database file, rules of columns included.
+[[nodiscard]] std::string IntegrityOf(const std::string& file);
+
 /// An embedded database for one test, with settings that point to it: after construction modDatabase of this
 /// thread opens this database and no other.
 class TestDatabase {

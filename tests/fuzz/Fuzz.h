@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+/// Programs that try inputs on one parser each, under sanitizers. An exception that leaves Try, a rule that Require
+/// finds broken, a sanitizer's finding and an input that takes too long end the program, which then keeps the input.
+namespace quorvel::fuzz {
+
+/// Tries one input. Each program has its own body. The same input always does the same.
+void Try(std::string_view input);
+
+inline void Require(bool holds, const char* rule) {
+  if (holds) return;
+  std::fprintf(stderr, "Broken rule: %s\n", rule);
+  std::abort();
+}
+
+}  // namespace quorvel::fuzz
