@@ -2,6 +2,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <fstream>
+#include <future>
 #include <thread>
 #include <vector>
 
@@ -28,13 +30,23 @@ pid_t StartWriter(int writer) {
   ::_exit(0);
 }
 
-// Seven writers stay connected; one opens and closes the file for every remark.
-TEST_F(CommandLine, EightWritersLoseNoRemark) {
+// Seven writers stay connected; one opens and closes the file for every remark. Meanwhile two programs read, and one
+// sets the database up again and again.
+TEST_F(CommandLine, EightWritersReadersAndAnInitLoseNoRemark) {
   Initialize(true);
   const std::string count = "SELECT COUNT(*) AS Memos FROM tciMemo";
   ASSERT_THAT(RunSql(count), HasSubstr("\n 2042\n"));
   std::vector<pid_t> writers;
   for (int writer = 1; writer < 8; ++writer) writers.push_back(StartWriter(writer));
+  const std::string stop = File("stop");
+  const auto untilStop = [&](const std::string& arguments) {
+    const std::string loop = "while [ ! -e " + stop + " ]; do \"$0\" " + arguments + " >/dev/null || exit 1; done";
+    return std::async(std::launch::async, [loop] { return RunProgram({"sh", "-c", loop, QUORVEL_PROGRAM}); });
+  };
+  std::vector<std::future<Outcome>> others;
+  for (const char* arguments : {"init --sample", "list --context CustMaint --owner C1020 --user admin", "doctor"}) {
+    others.push_back(untilStop(arguments));
+  }
   const std::string loop =
       "i=0; while [ $i -lt 200 ]; do i=$((i+1)); \"$0\" add --context CustMaint --owner C1020 --user admin "
       "--type Cust.General --text \"writer 8, remark $i\" || exit 1; done";
@@ -44,6 +56,8 @@ TEST_F(CommandLine, EightWritersLoseNoRemark) {
     ASSERT_EQ(::waitpid(writer, &status, 0), writer);
     EXPECT_EQ(status, 0);
   }
+  std::ofstream(stop).put('x');
+  for (auto& other : others) EXPECT_THAT(other.get(), Succeeds());
   EXPECT_THAT(RunSql(count), HasSubstr("\n 3642\n"));
   EXPECT_THAT(RunSql("SELECT MAX(MemoKey) AS Highest FROM tciMemo"), HasSubstr("\n   3642\n"));
   EXPECT_THAT(RunSql("SELECT MemoText FROM tciMemo WHERE MemoText LIKE 'writer %' GROUP BY MemoText"),

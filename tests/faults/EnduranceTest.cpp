@@ -1,0 +1,50 @@
+// A host that runs for a long time.
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "tests/faults/Rounds.h"
+#include "tests/runtime/RuntimeTest.h"
+
+namespace quorvel::test {
+namespace {
+
+struct Needs {
+  long pages = 0;  ///< of memory
+  std::ptrdiff_t descriptors = 0;
+};
+
+Needs NeedsNow() {
+  Needs now;
+  std::ifstream("/proc/self/statm").ignore(100, ' ') >> now.pages;
+  const std::filesystem::directory_iterator open("/proc/self/fd");
+  now.descriptors = std::distance(begin(open), end(open));
+  return now;
+}
+
+void LoadAndSave(int from, int to) {
+  for (int i = from; i < to; ++i) {
+    const ContextHolder context("CustMaint", "C1044", "admin");
+    RemarkAt(context, 1).SetMemoText("text " + std::to_string(i));
+    RemarkAt(context, 1).SetDirty(true);
+    context->Save(true);
+  }
+}
+
+TEST(Endurance, LoadsAndSavesKeepMemoryAndDescriptorsFlat) {
+  const ScopedVariable inMemory("TMPDIR", "/dev/shm");
+  const TestDatabase database;
+  const int rounds = Rounds(1000);
+  LoadAndSave(0, rounds / 2);
+  const Needs before = NeedsNow();
+  LoadAndSave(rounds / 2, rounds);
+  const Needs after = NeedsNow();
+  EXPECT_EQ(after.descriptors, before.descriptors);
+#ifndef __SANITIZE_ADDRESS__  // which keeps freed memory
+  EXPECT_LE(after.pages, before.pages + 64);
+#endif
+}
+
+}  // namespace
+}  // namespace quorvel::test

@@ -1,0 +1,98 @@
+// Programs that are killed in the middle of their work: the next one finds everything that was acknowledged, and goes
+// on.
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <string>
+#include <thread>
+
+#include "tests/faults/Rounds.h"
+#include "tests/host/CommandLine.h"
+#include "tests/runtime/RuntimeTest.h"
+#include "tests/support/Rows.h"
+
+namespace quorvel::test {
+namespace {
+
+using testing::AnyOf;
+using testing::ElementsAre;
+
+/// Kills the process after that time.
+void KillAfter(pid_t process, std::chrono::microseconds time) {
+  std::this_thread::sleep_for(time);
+  ::kill(process, SIGKILL);
+  ASSERT_EQ(::waitpid(process, nullptr, 0), process);
+}
+
+/// Starts a process that adds remarks and writes one byte into the pipe after each save.
+pid_t StartWriter(int round, int pipe) {
+  const pid_t process = ::fork();
+  if (process != 0) return process;
+  // A new thread opens a connection of its own. An error ends the process.
+  std::thread([&] {
+    const ContextHolder context("CustMaint", "C1020", "admin");
+    for (int i = 1;; ++i) {
+      context->AddRemark("Cust.General", fmt::format("round {}, remark {}", round, i), "admin");
+      context->Save(true);
+      if (::write(pipe, "x", 1) != 1) ::_exit(1);
+    }
+  }).join();
+  ::_exit(0);
+}
+
+/// How many remarks the writer had acknowledged when it was killed.
+int KillWriter(int round) {
+  std::array<int, 2> ends{};
+  EXPECT_EQ(::pipe(ends.data()), 0);
+  const pid_t writer = StartWriter(round, ends[1]);
+  ::close(ends[1]);
+  std::array<char, 4096> bytes{};
+  int acknowledged = static_cast<int>(::read(ends[0], bytes.data(), 1));
+  KillAfter(writer, std::chrono::microseconds(round * 7919 % 20'000));
+  while (const auto count = ::read(ends[0], bytes.data(), bytes.size())) acknowledged += static_cast<int>(count);
+  ::close(ends[0]);
+  return acknowledged;
+}
+
+TEST_F(CommandLine, KilledWriterHasStoredWhatItAcknowledged) {
+  Initialize(true);
+  const std::string file = File("test.db");
+  for (int round = 1; round <= Rounds(40); ++round) {
+    const int acknowledged = KillWriter(round);
+    EXPECT_GT(acknowledged, 0) << round;
+    // The connection must not outlive the round: a process that is forked cannot have it.
+    const auto connection = ConnectBy("Data Source=(embedded);Initial Catalog=" + file);
+    const auto stored = RowsOf(*connection, fmt::format("SELECT COUNT(*) AS n, COUNT(DISTINCT MemoText) AS texts FROM "
+                                                        "tciMemo WHERE MemoText LIKE 'round {}, %'",
+                                                        round));
+    const auto times = [](int count) { return fmt::format("{0}|{0}", count); };
+    EXPECT_THAT(stored, ElementsAre(AnyOf(times(acknowledged), times(acknowledged + 1)))) << round;
+    EXPECT_EQ(IntegrityOf(file), "ok") << round;
+  }
+}
+
+TEST_F(CommandLine, KilledInitIsFinishedByTheNext) {
+  for (int round = 0; round < Rounds(12); ++round) {
+    const std::string file = File(std::to_string(round).c_str());
+    ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + file}), Succeeds());
+    const pid_t init = ::fork();
+    if (init == 0) {
+      ::dup2(::open("/dev/null", O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
+      ::execl(QUORVEL_PROGRAM, QUORVEL_PROGRAM, "init", "--sample", nullptr);
+      ::_exit(1);
+    }
+    KillAfter(init, std::chrono::milliseconds(5 + round * 53 % 400));
+    EXPECT_THAT(Quorvel({"init", "--sample"}), Succeeds()) << round;
+    EXPECT_THAT(Quorvel({"doctor"}), Succeeds()) << round;
+    EXPECT_THAT(RunSql("SELECT COUNT(*) AS Memos FROM tciMemo"), testing::HasSubstr("\n 2042\n")) << round;
+  }
+}
+
+}  // namespace
+}  // namespace quorvel::test
