@@ -78,7 +78,9 @@ int CompareIgnoringCase(std::string_view left, std::string_view right) noexcept 
   if (i < left.size() && i < right.size()) {
     const auto leftByte = static_cast<unsigned char>(left[i]);
     const auto rightByte = static_cast<unsigned char>(right[i]);
-    if (IsAscii(leftByte | rightByte)) return LowerAscii(leftByte) < LowerAscii(rightByte) ? -1 : 1;
+    // Equal ones come before a byte that begins no character.
+    const bool differ = LowerAscii(leftByte) != LowerAscii(rightByte);
+    if (IsAscii(leftByte | rightByte) && differ) return LowerAscii(leftByte) < LowerAscii(rightByte) ? -1 : 1;
   }
   return CompareCharacters(left.substr(i), right.substr(i));
 }
