@@ -58,7 +58,10 @@ void Try(std::string_view input) {
   for (const ado::Batch& batch : ado::SplitBatches(input)) RunBatch(*connection, batch.text);
   RunBatch(*connection, "ROLLBACK");
   CheckFiles(database->DatabaseFile());
-  if (database.IsWritten()) Require(test::IntegrityOf(database->DatabaseFile()) == "ok", "the database is whole");
+  if (database.IsWritten()) {
+    const std::string found = test::IntegrityOf(database->DatabaseFile());
+    Require(found == "ok", found.c_str());
+  }
 }
 
 }  // namespace quorvel::fuzz

@@ -40,7 +40,8 @@ TEST_F(CommandLine, EightWritersReadersAndAnInitLoseNoRemark) {
   for (int writer = 1; writer < 8; ++writer) writers.push_back(StartWriter(writer));
   const std::string stop = File("stop");
   const auto untilStop = [&](const std::string& arguments) {
-    const std::string loop = "while [ ! -e " + stop + " ]; do \"$0\" " + arguments + " >/dev/null || exit 1; done";
+    const std::string loop =
+        "while [ ! -e " + stop + " ]; do \"$0\" " + arguments + " >/dev/null || exit 1; sleep 0.2; done";
     return std::async(std::launch::async, [loop] { return RunProgram({"sh", "-c", loop, QUORVEL_PROGRAM}); });
   };
   std::vector<std::future<Outcome>> others;
