@@ -100,6 +100,14 @@ void Writer::LoggedIn() {
     m_bytes += std::string_view("\x0F\x00\x07\xD0", 4);
   });
   Change(kPacketSize, "4096");
+  // A driver converts texts for varchar to the code page of this collation.
+  constexpr std::uint8_t kCollationChange = 7;
+  Token(kEnvironmentChange, [this] {
+    Put(kCollationChange);
+    Put(static_cast<std::uint8_t>(kCollation.size()));
+    m_bytes.append(kCollation.data(), kCollation.size());
+    Put(std::uint8_t{0});
+  });
 }
 
 void Writer::Message(const ado::Diagnostic& diagnostic, std::uint8_t severity) {
