@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
-# package.sh <build folder for x64> <build folder for x86>
+# package.sh <build folder for x64> <build folder for x86> <architecture>
 #
 # Packs both libraries, checks the content of the archive, and registers and unregisters from a folder whose path has
-# blanks and an ampersand.
+# blanks and an ampersand, on a Windows for programs of that architecture only.
 set -euo pipefail
 
 here=$(dirname "$(readlink -f "$0")")
-build=$1 other=$2
+x64=$(readlink -f "$1") x86=$(readlink -f "$2")
+build=$x64
+[[ $3 == x64 ]] || build=$x86
 # shellcheck source=tests/windows/wine-environment.sh
 source "$here/wine-environment.sh"
 
@@ -31,7 +33,7 @@ registered() { wine reg query 'HKLM\Software\Classes\Quorvel.RemarkContext' >/de
 
 rm -rf "$work"
 mkdir -p "$folder"
-"$here/../../scripts/windows-package" "$build" "$(readlink -f "$other")" "$work"
+"$here/../../scripts/windows-package" "$x64" "$x86" "$work"
 (cd "$folder" && cmake -E tar xf "$work"/quorvel-*-windows.zip)
 expect "the archive" 'Quorvel.tlb
 README.txt
@@ -50,18 +52,18 @@ for library in "x64 pei-x86-64" "x86 pei-i386"; do
   objdump -f "$folder/${library% *}/Quorvel.dll" | grep -q "${library#* }" || fail "the archive has another library for ${library% *}"
 done
 
-# This Wine runs 64-bit programs only.
-x86='x86\Quorvel.dll: left out, since this Windows runs no programs of that kind.'
-expect "registering" 'x64\Quorvel.dll: registered.
-'"$x86"'
+# A 64-bit Windows says what it leaves out, a 32-bit one has no place for the other library.
+leftOut=
+[[ $architecture == x86 ]] || leftOut='
+x86\Quorvel.dll: left out, since this Windows runs no programs of that kind.'
+library=$architecture\\Quorvel.dll
+expect "registering" "$library: registered.$leftOut
 
 Quorvel is registered for all users of this machine.
-Leave the files where they are: the registration names them.' "$(in_archive register.cmd)"
-expect "unregistering" 'x64\Quorvel.dll: unregistered.
-'"$x86" "$(in_archive unregister.cmd)"
+Leave the files where they are: the registration names them." "$(in_archive register.cmd)"
+expect "unregistering" "$library: unregistered.$leftOut" "$(in_archive unregister.cmd)"
 ! registered || fail "something stayed registered"
 
-echo broken >"$folder/x64/Quorvel.dll"
+echo broken >"$folder/$architecture/Quorvel.dll"
 if said=$(in_archive register.cmd); then fail "a library that cannot be loaded was registered: $said"; fi
-expect "a library that cannot be loaded" 'x64\Quorvel.dll: NOT registered: the file cannot be loaded.
-'"$x86" "$said"
+expect "a library that cannot be loaded" "$library: NOT registered: the file cannot be loaded.$leftOut" "$said"

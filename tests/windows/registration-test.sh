@@ -14,6 +14,8 @@ work=$build/registration
 rm -rf "$work"
 mkdir -p "$work"
 cd "$work"
+system=win64 other=win32
+[[ $architecture == x64 ]] || system=win32 other=win64
 dll=$(windows_path "$build/Quorvel.dll")
 folder=$(windows_path "$build")
 library='TypeLib\{42F21CB3-2EBB-418D-80AB-EE9284E1E9E0}\1.1'
@@ -81,8 +83,8 @@ expect() {
 expect_registered() {
   local at=$1 name id interface
   expect "$at\\$library" '' 'Quorvel remarks'
-  expect "$at\\$library\\409\\win64" '' "$dll"
-  expect "$at\\$library\\0\\win64" '' "$dll"
+  expect "$at\\$library\\409\\$system" '' "$dll"
+  expect "$at\\$library\\0\\$system" '' "$dll"
   expect "$at\\$library\\FLAGS" '' 0
   expect "$at\\$library\\HELPDIR" '' "$folder"
   while read -r name id; do
@@ -129,16 +131,16 @@ expect_unchanged before machine user events
 
 printf 'Beside the other bitness, and with something foreign in a key of ours\n'
 register
-wine reg add "$machine\\$library\\409\\win32" /ve /d 'C:\Other\Quorvel.dll' /f >/dev/null
+wine reg add "$machine\\$library\\409\\$other" /ve /d 'C:\Other\Quorvel.dll' /f >/dev/null
 wine reg add "$machine\\Quorvel.Remark" /v Foreign /d kept /f >/dev/null
 unregister || fail "regsvr32 could not unregister beside the other bitness."
 snapshot beside
-expect "$machine\\$library\\409\\win64" '' ''
+expect "$machine\\$library\\409\\$system" '' ''
 expect "$machine\\CLSID\\{8698FEEE-5589-45FA-8B93-90956F55C6A3}" '' ''
 expect "$machine\\Quorvel.RemarkContext\\CLSID" '' '{8698FEEE-5589-45FA-8B93-90956F55C6A3}'
 expect "$machine\\$library\\HELPDIR" '' 'C:\Other'
 expect "$eventSources\\Quorvel" EventMessageFile 'C:\Other\Quorvel.dll'
-remove "$machine\\$library\\409\\win32"
+remove "$machine\\$library\\409\\$other"
 unregister
 snapshot alone
 expect "$machine\\Quorvel.Remark" Foreign kept

@@ -1,18 +1,31 @@
 # shellcheck shell=bash
 # Sourced by the tests that run Windows programs. The caller sets build (the build folder). Afterwards `wine` runs programs
 # in the build folder's Wine prefix, which is created once and is running. A script has the prefix and an invisible screen
-# to itself until it ends.
+# to itself until it ends. `architecture` is x64 or x86.
+
+build=$(readlink -f "$build")
+repository=$(readlink -f "$(dirname "${BASH_SOURCE[0]}")/../..")
+architecture=x64
+alone=()
+if [[ $(objdump -f "$build/Quorvel.dll") == *pei-i386* ]]; then
+  architecture=x86
+  # Status 77 lets ctest skip the test.
+  i386Root=$("$repository/scripts/i386-root" --where) || exit
+  alone=(unshare --mount --pid --fork --kill-child --mount-proc)
+fi
 
 # --close: a program that survives a killed test must not keep the lock.
 [[ -n ${QUORVEL_OWN_SCREEN:-} ]] ||
   QUORVEL_OWN_SCREEN=yes exec flock --close "$build/wine.lock" \
-    "$(dirname "${BASH_SOURCE[0]}")/../../scripts/own-screen" bash "$0" "$@"
+    "$repository/scripts/own-screen" "${alone[@]}" bash "$0" "$@"
 
 # set -e ends a script without a message; this trap prints one.
 set -o errtrace
 trap 'printf "%s:%s: status %s of: %s (called from lines: %s)\n" "${BASH_SOURCE[0]}" "$LINENO" "$?" "$BASH_COMMAND" "${BASH_LINENO[*]}" >&2' ERR
 
-build=$(readlink -f "$build")
+# shellcheck source=tests/windows/i386-environment.sh
+[[ $architecture == x64 ]] || source "$repository/tests/windows/i386-environment.sh"
+
 # Wine must not offer downloads, print messages or create menu entries.
 export WINEPREFIX=$build/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe='
 
@@ -49,7 +62,9 @@ make_machine() {
   WINEPREFIX=$new timeout 200 wineboot --init && WINEPREFIX=$new end_wine && mv "$new" "$WINEPREFIX"
 }
 
-start_wine() { WINEDEBUG=fixme-all attempt 3 "Wine did not start" timeout 60 wine cmd /c exit; }
+# Persistent, because Wine otherwise ends a second after its last program, and forgets what lasts until it ends.
+start_server() { wineserver --persistent && timeout 60 wine cmd /c exit; }
+start_wine() { WINEDEBUG=fixme-all attempt 3 "Wine did not start" start_server; }
 
 restart_wine() {
   end_wine
