@@ -10,7 +10,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/../wine-environment.sh"
 export LC_ALL=C.UTF-8
 mkdir -p "$build/hosts"
 
-settingsKey='HKLM\Software\Tarnwick'
+settingsKey='HKEY_LOCAL_MACHINE\Software\Tarnwick'
 component=$(windows_path "$build/Quorvel.dll")
 
 native() { QUORVEL_REGISTRY=$databaseFolder/settings.reg "${cli:?}" "$@"; }
@@ -30,13 +30,30 @@ set_setting() { surely reg add "$settingsKey" /f /v "$1" /t "${3-REG_SZ}" /d "$2
 # The type of a value, and the value.
 show_setting() { wine reg query "$settingsKey" /v "$1" | tr -d '\r' | sed -n "s/^ *$1  *//p"; }
 
+# use_settings SERVER DATABASE USER PASSWORD: all four in one step of Wine.
+use_settings() {
+  local names=(Server Database UserId Password) name value
+  {
+    printf 'Windows Registry Editor Version 5.00\r\n\r\n[-%s]\r\n\r\n[%s]\r\n' "$settingsKey" "$settingsKey"
+    for name in "${names[@]}"; do
+      value=${1//\\/\\\\}
+      printf '"%s"="%s"\r\n' "$name" "${value//\"/\\\"}"
+      shift
+    done
+  } | iconv -t UTF-16 >"$build/hosts/settings.reg"
+  surely reg import "$(windows_path "$build/hosts/settings.reg")"
+}
+
 # use_database FILE: makes the component open this database.
-use_database() {
-  forget_settings
-  set_setting Server '(embedded)'
-  set_setting Database "$(windows_path "$1")"
-  set_setting UserId ''
-  set_setting Password ''
+use_database() { use_settings '(embedded)' "$(windows_path "$1")" '' ''; }
+
+# use_server STAND_IN FILE: starts the stand-in for a SQL Server with this database, and makes the component connect to it.
+use_server() {
+  local address user password
+  # It ends with its standard input, so with this script.
+  coproc standIn { exec "$1" "$2"; }
+  { read -r -t 60 address && read -r -t 60 user && read -r -t 60 password; } <&"${standIn[0]}"
+  use_settings "$address" Ledger "$user" "\"$password\""
 }
 
 run_script() { timeout 120 wine cscript.exe //nologo "$@" | tr -d '\r'; }

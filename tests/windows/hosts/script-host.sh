@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# script-host.sh <build folder> <native quorvel> <script> [<text>]
+# script-host.sh <build folder> <native quorvel> <server> <script> [<text>]
 #
 # Runs a script under Wine's script host with the registered Quorvel.dll, on a new sample database from the native command
-# line. A <text> is passed to the script, which must store it in a remark of customer C1043; the command line reads it
+# line. <server> is "(embedded)", or the program of the stand-in for a SQL Server, which the component reaches through ODBC.
+# A <text> is passed to the script, which must store it in a remark of customer C1043; the command line reads it
 # back.
 set -euo pipefail
 
-build=$1 cli=$2 script=$3 text=${4-}
+build=$1 cli=$2 server=$3 script=$4 text=${5-}
 # shellcheck source=tests/windows/hosts/host-environment.sh
 source "$(dirname "$(readlink -f "$0")")/host-environment.sh"
 
@@ -15,7 +16,11 @@ work=$build/hosts/$name
 make_database "$work"
 # Statements that the script needs besides the sample.
 [[ ! -e ${script%.*}.sql ]] || native run "${script%.*}.sql" >/dev/null
-use_database "$work/remarks.db"
+if [[ $server == '(embedded)' ]]; then
+  use_database "$work/remarks.db"
+else
+  use_server "$server" "$work/remarks.db"
+fi
 
 # Wine's script hosts cannot include another file, so the checks are put in front of the script.
 cat "$(dirname "$script")/Checks.${name##*.}" "$script" >"$work/$name"
