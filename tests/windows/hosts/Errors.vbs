@@ -3,7 +3,7 @@
 
 Const kNotSet = "Object variable or With block variable not set"
 
-Dim context, list, remark, shell, value
+Dim context, list, remark, shell, value, engine, userParameter
 
 On Error Resume Next
 Set shell = CreateObject("WScript.Shell")
@@ -94,13 +94,19 @@ Failed "an owner procedure that is missing", -1, "RemarkContext.LoadMemos", "Con
 context.Load "CustMaint", "C1044", "admin"
 Succeeded "loading before the next failures"
 context.RemarkList(1).Delete
-Failed "a procedure that is missing", -2147217900, "Quorvel.Embedded", _
+engine = "Quorvel.ODBC"
+userParameter = "@userid" ' as the stand-in for a SQL Server names it
+If context.Server = "(embedded)" Then
+  engine = "Quorvel.Embedded"
+  userParameter = "@UserID"
+End If
+Failed "a procedure that is missing", -2147217900, engine, _
   "Could not find stored procedure 'spTWCqvDeleteRemark'."
 context.AddRemark "Cust.General", "Not to be stored", String(31, "u")
 context.Save True
 Failed "a user that is too long for the procedure", 3421, "Quorvel.ADO", _
   "Application uses a value of the wrong type for the current operation. " & _
-  "The text for parameter @UserID has 31 characters; 30 is the limit."
+  "The text for parameter " & userParameter & " has 31 characters; 30 is the limit."
 Equal "the remark that was not saved stays dirty", context.RemarkList.Dirty, True
 
 context.Dispose
