@@ -105,7 +105,18 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   m_loadState = LoadState::Done;
   if (former) former->SetTakesNew(true);
   m_ownerID = i_sOwnerID;
-  LoadMemos();
+  try {
+    LoadMemos();
+  } catch (...) {
+    if (m_remarkList && m_remarkList->Origin().owner) RefuseNewRemarks();
+    throw;
+  }
+}
+
+// The remarks of the owner could not be read: the host still shows the former record, and means that with what it adds.
+void RemarkContext::RefuseNewRemarks() noexcept {
+  m_loadState = LoadState::Failed;
+  m_remarkList->SetTakesNew(false);
 }
 
 void RemarkContext::LoadMemos() {

@@ -75,8 +75,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
 
   /// Saves what is pending (Save(false)), then reads context, types, rights, owner and remarks in this order. An empty
   /// owner gives an empty list, an empty user means the logon name. An error ends the load and keeps what was read.
-  /// Until another Load succeeds, the remarks that were there before can still be saved, and AddRemark, the list's Add,
-  /// RefreshRemarkList, EditMemos and a new OwnerID raise error -1.
+  /// Until another Load succeeds, AddRemark, the list's Add, RefreshRemarkList, EditMemos and a new OwnerID raise error
+  /// -1. The remarks that were there before can still be saved unless the load has come to the owner.
   void Load(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
   /// Load, then EditMemos.
   void Edit(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
@@ -109,6 +109,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   enum class LoadState { None, Failed, Done };
 
   void LoadMemos();
+  void RefuseNewRemarks() noexcept;
   [[nodiscard]] ListOrigin OriginOf(std::optional<MemoOwner> owner) const;
   /// Makes a new, empty list.
   void ReplaceList(std::optional<MemoOwner> owner);

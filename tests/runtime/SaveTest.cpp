@@ -154,6 +154,11 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("Load failed")));
   EXPECT_FALSE(context->RemarkList()->Origin().owner);
 
+  m_database.Run("DROP PROCEDURE spTWCqvGetFilteredMemos");
+  EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1000", "admin"); }), HasNumber(ErrorNumber::DbStatement));
+  EXPECT_THAT(Caught([&] { context->AddRemark("Cust.General", "for the record still shown"); }),
+              notLoaded("RemarkContext.AddRemark"));
+
   const ContextHolder first;
   EXPECT_THAT(Caught([&] { first->Load("nowhere"); }), HasNumber(ErrorNumber::Component));
   EXPECT_THAT(Caught([&] { first->EditMemos(); }), notLoaded("RemarkContext.EditMemos"));
