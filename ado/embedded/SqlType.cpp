@@ -92,9 +92,11 @@ DataType TypeOfDeclaration(std::string_view declaration) noexcept {
 std::optional<IntegerRange> FindIntegerRange(const SqlType& type) noexcept {
   using Small = std::numeric_limits<std::int16_t>;
   using Whole = std::numeric_limits<std::int32_t>;
+  using Big = std::numeric_limits<std::int64_t>;
   if (type.declaration == "TINYINT") return IntegerRange{0, 255};
   if (type.type == DataType::SmallInt) return IntegerRange{Small::min(), Small::max()};
   if (type.type == DataType::Integer) return IntegerRange{Whole::min(), Whole::max()};
+  if (type.type == DataType::BigInt) return IntegerRange{Big::min(), Big::max()};
   if (type.type == DataType::Boolean) return IntegerRange{0, 1};
   return std::nullopt;
 }

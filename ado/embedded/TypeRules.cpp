@@ -31,6 +31,9 @@ std::string TypeRule(const std::string& column, const SqlType& type) {
                  fmt::format("typeof({0}) IN ('integer', 'null') AND {0} BETWEEN {1} AND {2}", name, range->lowest,
                              range->highest));
   }
+  if (type.type == DataType::Double) {
+    return Check(kNumberOutOfRange, column + " holds numbers", fmt::format("typeof({}) <> 'text'", name));
+  }
   if (type.type == DataType::DBTimeStamp) {
     return Check(kNotADate, column + " holds a date and time", name + " LIKE '____-__-__ __:__:__.___'");
   }

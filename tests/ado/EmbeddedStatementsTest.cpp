@@ -135,9 +135,15 @@ TEST_F(EmbeddedStatements, RunsControlFlowAndVariables) {
 
 // A server converts to the column's or variable's type; SQLite keeps what it gets.
 TEST_F(EmbeddedStatements, NumbersAreConvertedAsOnAServer) {
-  m_connection->Execute("CREATE TABLE Amount (n int, r float) CREATE TABLE Flag (b bit)");
+  m_connection->Execute("CREATE TABLE Amount (n int, r float) CREATE TABLE Flag (b bit) CREATE TABLE Big (n bigint)");
+  for (const char* wrong :
+       {"Amount (r) VALUES ('abc')", "Big VALUES ('abc')", "Big VALUES ('1.5')", "Big VALUES (1e19)"}) {
+    EXPECT_THAT(FailureOf(*m_connection, std::string("INSERT INTO ") + wrong).Description(), HasSubstr(" holds "))
+        << wrong;
+  }
   m_connection->Execute("INSERT INTO Amount VALUES ('', '') INSERT INTO Amount (n, r) VALUES (1.9, 1.9), (-1.9, ' ')");
-  m_connection->Execute("INSERT INTO Flag VALUES (0.5)");
+  m_connection->Execute("INSERT INTO Flag VALUES (0.5) INSERT INTO Big VALUES (-9223372036854775807 - 1), (1.9)");
+  EXPECT_THAT(Rows("SELECT n FROM Big"), ElementsAre("-9223372036854775808", "1"));
   m_connection->Execute("INSERT INTO Amount SELECT * FROM Amount WHERE n = 1 UPDATE Amount SET n = '  ' WHERE n = -1");
   EXPECT_THAT(Rows("SELECT n, r FROM Amount"), ElementsAre("0|0", "1|1.9", "0|0", "1|1.9"));
   EXPECT_THAT(Rows("DECLARE @n int = 1.9 DECLARE @m smallint = '' SELECT @n AS n, @m AS m, CAST('' AS int) AS c"),
