@@ -13,8 +13,9 @@
 namespace quorvel {
 namespace {
 
-/// A tool tip is a window: a longer text would be higher than a small screen.
+/// A tool tip is a window: a longer text would be higher than a small screen, and so would one of many short lines.
 constexpr std::size_t kMostCharacters = 1500;
+constexpr std::size_t kCharactersOfLine = 75;
 
 }  // namespace
 
@@ -32,7 +33,7 @@ void CellToolTip::PointerMoved(const wxPoint& point) {
   const std::string hint = m_state.Hint(line);
   if (!tip.empty() && !hint.empty()) tip += '\n';
   tip += hint;
-  if (!tip.empty()) cells.SetToolTip(ui::ToWx(BeginningOf(tip, kMostCharacters).text));
+  if (!tip.empty()) cells.SetToolTip(ui::ToWx(BeginningOf(tip, kMostCharacters, kCharactersOfLine).text));
 }
 
 void CellToolTip::Forget() {

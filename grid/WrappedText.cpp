@@ -60,13 +60,14 @@ class Wrapping {
 
 }  // namespace
 
-DrawableText BeginningOf(std::string_view text, std::size_t characters) {
+DrawableText BeginningOf(std::string_view text, std::size_t characters, std::size_t lineBreak) {
   DrawableText drawable;
   std::size_t position = 0;
-  for (std::size_t i = 0; i < characters && position < text.size(); ++i) {
+  for (std::size_t count = 0; count < characters && position < text.size();) {
     char32_t character = utf::Take(text, position);
     if (character == U'\r' && position < text.size() && text[position] == '\n') ++position;
     if (character == U'\r') character = U'\n';
+    count += character == U'\n' ? lineBreak : 1;
     const bool isControl = (character < 0x20 && character != U'\n') || (character >= 0x7F && character < 0xA0);
     utf::Append(drawable.text, isControl ? U' ' : character);
   }

@@ -9,12 +9,12 @@
 namespace quorvel {
 
 /// The beginning of `text` (UTF-8), at most that many characters, as it can be drawn: line breaks are line feeds, other
-/// control characters are blanks.
+/// control characters are blanks. A line break counts as `lineBreak` characters.
 struct DrawableText {
   std::string text;
   bool complete = true;  ///< it is the whole text
 };
-[[nodiscard]] DrawableText BeginningOf(std::string_view text, std::size_t characters);
+[[nodiscard]] DrawableText BeginningOf(std::string_view text, std::size_t characters, std::size_t lineBreak = 1);
 
 struct TextLine {
   std::size_t from = 0;

@@ -162,6 +162,8 @@ TEST_F(DataGridTest, ToolTipShowsWhatACellCuts) {
   EXPECT_EQ(tipAt(4, 20), "");
   EXPECT_EQ(tipAt(5, inText), "");
   EXPECT_EQ(tipAt(3, inText), "") << "a heading";
+  m_source.rows[3][2] = std::string(500, '\n') + "end";
+  EXPECT_THAT(tipAt(4, inText), testing::SizeIs(testing::Lt(30U))) << "the screen is not so high";
 }
 
 TEST_F(DataGridTest, TabLeavesTheGridInBothDirections) {
