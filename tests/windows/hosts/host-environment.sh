@@ -1,7 +1,7 @@
 # shellcheck shell=bash
-# Sourced by the tests that run hosts under Wine. Provides databases from the native command line and settings in Wine's
-# registry, and registers the component until the test ends. The caller sets build (the build folder) and cli (the native
-# command line).
+# Sourced by the tests that run hosts under Wine. Registers the component, and provides databases from the native command
+# line and settings in Wine's registry. Registration and settings stay behind: each test makes its own. The caller sets build
+# (the build folder) and cli (the native command line).
 
 # shellcheck source=tests/windows/wine-environment.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../wine-environment.sh"
@@ -58,10 +58,4 @@ use_server() {
 
 run_script() { timeout 120 wine cscript.exe //nologo "$@" | tr -d '\r'; }
 
-leave_no_trace() {
-  wine regsvr32 /s /u "$component" || true
-  forget_settings
-  end_wine
-}
-trap leave_no_trace EXIT
 surely regsvr32 /s "$component"
