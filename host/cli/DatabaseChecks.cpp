@@ -90,6 +90,17 @@ void CheckMemoDates(Report& report, ado::Connection& connection) {
                "Give each a date, for example: UPDATE tciMemo SET DateStamp = GETDATE() WHERE MemoKey = N");
 }
 
+void CheckKeys(Report& report, ado::Connection& connection) {
+  const ExpectedTable table = TableOfProcedures(kKeyTable);
+  CheckTable(report, connection, table);
+  if (!TableProblem(connection, table).empty()) return;
+  const auto counter =
+      connection.Execute(fmt::format("SELECT LastKey FROM {} WHERE TableName = '{}'", kKeyTable, kMemoTable));
+  if (counter->EndOfFile()) {
+    report.Check(fmt::format("counter of {}", kMemoTable), fmt::format("{} has no row for it", kKeyTable), kRunInit);
+  }
+}
+
 std::string CallProblem(ado::Connection& connection, const ExpectedProcedure& procedure) {
   std::string problem = ProcedureProblem(connection, procedure);
   if (problem.empty()) problem = ReadingProblem(connection, procedure.name);
@@ -115,7 +126,7 @@ void CheckSchema(Report& report, ado::Connection& connection) {
   CheckMemoTable(report, connection);
   if (UsesEmbeddedEngine()) {
     CheckMemoDates(report, connection);
-    if (!IsAdapted(connection, kKeyProcedure)) CheckTable(report, connection, TableOfProcedures(kKeyTable));
+    if (!IsAdapted(connection, kKeyProcedure)) CheckKeys(report, connection);
   }
   for (const ExpectedProcedure& procedure : ExpectedProcedures()) {
     const std::string problem = CallProblem(connection, procedure);

@@ -75,9 +75,24 @@ TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
 
 TEST_F(CommandLine, DoctorAndInitMissAColumnOfTheKeys) {
   Initialize(false);
+  RunSql("DELETE FROM ttwSurrogateKey");
+  EXPECT_THAT(Quorvel({"doctor"}).output, HasSubstr("FAIL  counter of tciMemo: ttwSurrogateKey has no row for it\n"));
+  EXPECT_THAT(Quorvel({"init"}), Succeeds());
+  EXPECT_THAT(Quorvel({"doctor"}), Succeeds());
   RunSql("DROP TABLE ttwSurrogateKey\nGO\nCREATE TABLE ttwSurrogateKey (TableName varchar(128) NOT NULL)");
   EXPECT_THAT(Quorvel({"doctor"}).output, HasSubstr("FAIL  table ttwSurrogateKey: it lacks the column LastKey\n"));
   EXPECT_THAT(Quorvel({"init"}).errors, HasSubstr("Table ttwSurrogateKey lacks the column LastKey. "));
+}
+
+TEST_F(CommandLine, DoctorGoesOnAfterATableThatOtherChecksNeed) {
+  Initialize(false);
+  RunSql(
+      "DROP TABLE tciMemo\nGO\nDROP TABLE ttwLayout\nGO\nCREATE TABLE ttwLayout (Version int)\nGO\n"
+      "INSERT INTO ttwLayout VALUES (1)");
+  const Outcome broken = Quorvel({"doctor"});
+  EXPECT_THAT(broken.output,
+              AllOf(HasSubstr("FAIL  table tciMemo: "), HasSubstr("lacks the column LayoutVersion"),
+                    HasSubstr("ok    procedure spGetNextSurrogateKey"), Not(HasSubstr("FAIL  writing to the file"))));
 }
 
 TEST_F(CommandLine, NewerLayoutIsLeftAlone) {
