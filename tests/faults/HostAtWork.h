@@ -30,7 +30,7 @@ inline void LoadChangeAndSave(const std::function<void()>& endFaults) {
   EXPECT_FALSE(context->RemarkList()->Dirty());
 }
 
-/// What that leaves: everything is stored, and nothing twice.
+/// Afterwards everything is stored, and nothing twice.
 inline void ExpectEverythingOnce(const TestDatabase& database) {
   EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo"), "2042") << "one is removed and one added";
   EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'added'"), "1");
