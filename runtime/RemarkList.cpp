@@ -24,6 +24,12 @@ bool IsPosition(std::int32_t position, const Collection& remarks) {
   return position >= 1 && static_cast<std::size_t>(position) <= remarks.size();
 }
 
+const MemoOwner& RequiredOwner(const ListOrigin& origin, const char* source) {
+  if (origin.owner) return *origin.owner;
+  throw Error(ErrorNumber::Component, source,
+              "The owner of these remarks is not known, because the last Load did not find it");
+}
+
 }  // namespace
 
 RemarkList::RemarkList(ListOrigin origin)
@@ -31,11 +37,7 @@ RemarkList::RemarkList(ListOrigin origin)
 
 RemarkList::~RemarkList() { Clear(false); }
 
-const MemoOwner& RemarkList::Owner(const char* source) const {
-  if (m_origin.owner) return *m_origin.owner;
-  throw Error(ErrorNumber::Component, source,
-              "The owner of these remarks is not known, because the last Load did not find it");
-}
+const MemoOwner& RemarkList::Owner(const char* source) const { return RequiredOwner(m_origin, source); }
 
 std::shared_ptr<Remark> RemarkList::Item(const Value& i_vIndexKey) const noexcept {
   if (!m_items || IsText(i_vIndexKey)) return nullptr;
@@ -104,7 +106,7 @@ void RemarkList::Save() {
   const Collection items = m_items ? *m_items : Collection{};
   for (const auto& remark : items) {
     if (!remark->Dirty()) continue;
-    static_cast<void>(Owner("RemarkList.Save"));
+    static_cast<void>(RequiredOwner(origin, "RemarkList.Save"));
     remark->CommitFor(origin);
   }
   const Collection deleted = m_deleted ? *m_deleted : Collection{};
