@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "platform/DateTime.h"
@@ -128,7 +129,7 @@ class PublishedObject : public com::Counted<PublishedInterfaces<Interface>> {
   /// The body of an operation that delivers the result of `read`.
   template <typename Result, typename Read>
   [[nodiscard]] HRESULT Deliver(Result* result, Read read) const noexcept {
-    return com::Guarded(m_class.interfaceId, [&, object = m_object] {
+    return com::Guarded(m_class.interfaceId, [&, object = KeptFor(read)] {
       Result& target = Required(result);
       target = {};
       target = static_cast<Result>(ToHost(std::invoke(read, *object)));
@@ -141,6 +142,16 @@ class PublishedObject : public com::Counted<PublishedInterfaces<Interface>> {
   }
 
  private:
+  /// The runtime object, held for a call that may run the host's code. A getter that cannot fail runs none.
+  template <typename Read>
+  [[nodiscard]] auto KeptFor(const Read& /*read*/) const noexcept {
+    if constexpr (std::is_nothrow_invocable_v<Read, Object&>) {
+      return m_object.get();
+    } else {
+      return m_object;
+    }
+  }
+
   void* Find(REFIID riid) noexcept {
     if (riid == IID_IUnknown || riid == IID_IDispatch || riid == m_class.interfaceId || riid == m_class.classId) {
       return static_cast<Interface*>(this);

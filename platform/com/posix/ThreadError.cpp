@@ -1,6 +1,7 @@
 #include "platform/com/ThreadError.h"
 
 #include <string>
+#include <utility>
 
 #include "platform/com/Object.h"
 #include "platform/com/Text.h"
@@ -48,10 +49,15 @@ class ErrorInfo final : public Object<IErrorInfo> {
   std::string m_description;
 };
 
-Pointer<IErrorInfo>& ThreadSlot() noexcept {
-  thread_local Pointer<IErrorInfo> error;
-  return error;
-}
+// Every operation looks here first, so the variable has neither constructor nor destructor: access to it is one load.
+constinit thread_local IErrorInfo* threadError = nullptr;
+
+/// Releases the error object of a thread that ends.
+struct AtThreadEnd {
+  ~AtThreadEnd() {
+    if (threadError != nullptr) std::exchange(threadError, nullptr)->Release();
+  }
+};
 
 }  // namespace
 
@@ -64,10 +70,12 @@ Pointer<IErrorInfo> MakeErrorInfo(REFIID interfaceId, std::string_view source, s
 }
 
 void SetThreadError(IErrorInfo* error) noexcept {
+  if (error == nullptr && threadError == nullptr) return;
+  thread_local const AtThreadEnd releases;
   if (error != nullptr) error->AddRef();
-  ThreadSlot().Reset(error);
+  if (IErrorInfo* former = std::exchange(threadError, error)) former->Release();
 }
 
-Pointer<IErrorInfo> TakeThreadError() noexcept { return std::move(ThreadSlot()); }
+Pointer<IErrorInfo> TakeThreadError() noexcept { return Pointer<IErrorInfo>(std::exchange(threadError, nullptr)); }
 
 }  // namespace quorvel::com
