@@ -9,6 +9,8 @@
 #include <ctime>
 #include <stdexcept>
 
+#include "bench/BareStatements.h"
+
 namespace quorvel::bench {
 namespace {
 
@@ -51,30 +53,11 @@ BareSqlite::BareSqlite(const std::string& file) {
   }
   sqlite3_busy_timeout(m_database, 60'000);
   sqlite3_exec(m_database, "PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
-  Prepare(
-      &m_context,
-      "SELECT c.Caption, e.AcuityEntityKey, e.Caption, e.spGetOwnerName, c.GroupByType, c.AllowRowSizing, c.RowHeight, "
-      "c.EditBehavior FROM ttwContext c INNER JOIN ttwRemarkEntity e ON e.RemarkEntityKey = c.RemarkEntityKey "
-      "WHERE c.ContextID = rtrim(?1)");
-  Prepare(&m_types,
-          "SELECT t.RemarkTypeID, t.Caption, rc.Priority FROM ttwContext c "
-          "INNER JOIN ttwRemarkContext rc ON rc.ContextKey = c.ContextKey "
-          "INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = rc.RemarkTypeKey "
-          "WHERE c.ContextID = rtrim(?1) ORDER BY rc.DisplaySeq, t.RemarkTypeKey");
-  Prepare(
-      &m_rights,
-      "SELECT t.RemarkTypeID, max(r.CanCreate), max(r.CanRead), max(r.CanUpdate), max(r.CanDelete) FROM ttwUser u "
-      "INNER JOIN ttwGroupMember gm ON gm.UserKey = u.UserKey INNER JOIN ttwRemarkRight r ON r.GroupKey = gm.GroupKey "
-      "INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = r.RemarkTypeKey WHERE u.UserID = rtrim(?1) GROUP BY "
-      "t.RemarkTypeID");
-  Prepare(&m_owner, "SELECT CustKey, CustName FROM Customer WHERE CustID = rtrim(?1)");
-  Prepare(&m_memos,
-          "SELECT t.RemarkTypeID, m.MemoKey, m.DateStamp, m.UserID, m.MemoText FROM ttwContext c "
-          "INNER JOIN ttwRemarkContext rc ON rc.ContextKey = c.ContextKey "
-          "INNER JOIN ttwRemarkType t ON t.RemarkTypeKey = rc.RemarkTypeKey INNER JOIN tciMemo m ON m.MemoType = "
-          "t.RemarkTypeID "
-          "WHERE c.ContextID = rtrim(?1) AND m.EntityType = ?2 AND m.OwnerKey = ?3 "
-          "ORDER BY CASE WHEN rc.Priority = 0 THEN 1 ELSE 0 END, m.DateStamp DESC, m.MemoKey DESC");
+  Prepare(&m_context, bare::kContext);
+  Prepare(&m_types, bare::kTypes);
+  Prepare(&m_rights, bare::kRights);
+  Prepare(&m_owner, bare::kOwner);
+  Prepare(&m_memos, bare::kMemos);
   Prepare(
       &m_update,
       "UPDATE tciMemo SET MemoType = rtrim(?2), EntityType = ?3, OwnerKey = ?4, DateStamp = ?5, UserID = rtrim(?6), "
