@@ -49,6 +49,10 @@ std::shared_ptr<Recordset> Connection::Execute(std::string_view batch, int /*opt
   return std::make_shared<Recordset>(shared_from_this(), Run(batch).rows);
 }
 
+Connection::Reading::Reading(std::shared_ptr<Connection> connection) : m_connection(std::move(connection)) {
+  m_connection->OpenedSession().BeginReading();
+}
+
 std::string Connection::Describe() { return OpenedSession().Describe(); }
 
 Result Connection::Run(std::string_view batch) {

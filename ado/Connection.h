@@ -53,6 +53,18 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// Runs a batch and returns its first result set; a closed recordset when it had none.
   std::shared_ptr<Recordset> Execute(std::string_view batch, int options = kUnspecified);
 
+  /// As long as it lives, the connection is only read from. The embedded engine reads in one transaction then.
+  class Reading {
+   public:
+    explicit Reading(std::shared_ptr<Connection> connection);
+    ~Reading() { m_connection->m_session->EndReading(); }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+   private:
+    std::shared_ptr<Connection> m_connection;
+  };
+
   /// Every record of the last operation of the database that failed or warned. An operation that does neither leaves
   /// them unchanged, as ADO documents.
   [[nodiscard]] const std::vector<ProviderError>& Errors() const noexcept { return m_errors; }

@@ -97,6 +97,7 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   m_loadState = LoadState::Failed;
   if (former) former->SetTakesNew(false);
   m_contextID = i_sContextID;
+  const auto reading = modDatabase::BeginReading();
   contextLoader::LoadContext(m_contextID, m_context);
   m_types = std::make_shared<RemarkTypes>();
   contextLoader::LoadTypes(m_contextID, shared_from_this(), *m_types);

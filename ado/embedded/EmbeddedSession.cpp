@@ -28,6 +28,7 @@ void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) {
 
 Result EmbeddedSession::Execute(std::string_view batch) {
   m_wait.RefuseWhileWaiting();
+  m_reading.End();
   const TimeLimit::Command command(m_timeLimit);
   Program program = BatchParser(TokenCursor(batch), m_procedures.Tables()).Parse();
   Frame frame;
@@ -58,16 +59,24 @@ Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> pa
 }
 
 Result EmbeddedSession::CallInOneRead(std::string_view procedure, std::span<Parameter> parameters) {
-  if (!m_procedures.IsKnownReader(procedure)) return CallNow(procedure, parameters);
+  if (!m_procedures.IsKnownReader(procedure)) {
+    m_reading.End();
+    return CallNow(procedure, parameters);
+  }
   m_reading.Begin();
   try {
     Result result = CallNow(procedure, parameters);
-    m_reading.End();
+    if (!m_keepsReading) m_reading.End();
     return result;
   } catch (...) {
     m_reading.End();
     throw;
   }
+}
+
+void EmbeddedSession::EndReading() noexcept {
+  m_keepsReading = false;
+  m_reading.End();
 }
 
 Result EmbeddedSession::CallNow(std::string_view procedure, std::span<Parameter> parameters) {

@@ -29,6 +29,8 @@ class EmbeddedSession final : public Session {
   /// Does nothing: changes of procedures are noticed.
   void ForgetParameters() override {}
   Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) override;
+  void BeginReading() override { m_keepsReading = true; }
+  void EndReading() noexcept override;
   [[nodiscard]] std::string Describe() const override;
 
  private:
@@ -42,6 +44,7 @@ class EmbeddedSession final : public Session {
   Procedures m_procedures;
   Interpreter m_interpreter;
   ReadTransaction m_reading;
+  bool m_keepsReading = false;  ///< the next calls go on in the same read transaction
 };
 
 }  // namespace quorvel::ado::embedded

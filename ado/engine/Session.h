@@ -25,8 +25,8 @@ enum class Access {
   ReadWrite,
 };
 
-/// One open session of a database engine. Everything it throws is a DriverError. One thread uses
-/// it at a time, and nothing of it stays open between two calls: no cursor, no read transaction.
+/// One open session of a database engine. Everything it throws is a DriverError. One thread uses it at a time. Nothing of
+/// it stays open between two calls: no cursor, and no read transaction but that of BeginReading.
 class Session {
  public:
   virtual ~Session() = default;
@@ -46,6 +46,10 @@ class Session {
   /// that a server gets NULL for an output parameter. Then sets the values of the output parameters; a call that throws
   /// changes none.
   virtual Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) = 0;
+
+  /// Until EndReading the caller only reads. An engine may read it all in one transaction where this locks nobody out.
+  virtual void BeginReading() {}
+  virtual void EndReading() noexcept {}
 
   /// Engine, version and file or server, as text for people.
   [[nodiscard]] virtual std::string Describe() const = 0;
