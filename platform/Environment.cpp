@@ -5,7 +5,6 @@
 
 #include "Version.h"
 #include "platform/OperatingSystem.h"
-#include "platform/Text.h"
 
 namespace quorvel {
 namespace {
@@ -27,13 +26,11 @@ std::string EnvironmentVariable(const char* name) { return os::Variable(name).va
 
 void LogWarning(std::string_view message) noexcept {
   try {
-    // A log is read in a terminal too, and a driver's message may quote a user's text.
-    const std::string line = Printable(message);
     const std::scoped_lock lock(Sink().mutex);
     if (Sink().receive) {
-      Sink().receive(line);
+      Sink().receive(message);
     } else {
-      os::WriteWarning(line);
+      os::WriteWarning(message);
     }
   } catch (...) {  // NOLINT(bugprone-empty-catch): a warning that cannot be logged must not become an error
   }

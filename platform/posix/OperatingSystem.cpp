@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/Environment.h"
+#include "platform/Text.h"
 #include "platform/posix/FollowLinks.h"
 #include "platform/posix/MakeFolders.h"
 
@@ -37,7 +38,8 @@ std::string LogonName() {
 /// The log's name for the process belongs to the host, so the source is part of the text.
 void WriteWarning(std::string_view message) {
   std::string line(kApplicationName);
-  line.append(": ").append(message);
+  // A log is read in a terminal too, and a driver's message may quote a user's text.
+  line.append(": ").append(Printable(message));
   // An entry is one line; a daemon would show line breaks as octal codes.
   std::ranges::replace_if(
       line, [](char c) { return c == '\r' || c == '\n'; }, ' ');

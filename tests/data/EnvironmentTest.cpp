@@ -6,7 +6,6 @@
 
 #include "data/modUserName.h"
 #include "data/modWaitCursor.h"
-#include "platform/Environment.h"
 #include "tests/support/ScriptedPrompts.h"
 
 namespace quorvel {
@@ -39,15 +38,6 @@ TEST(WaitCursor, ShowsWhileAWaitIsPending) {
 }
 
 TEST(UserName, IsThatOfTheEffectiveUser) { EXPECT_EQ(modUserName::GetUserName(), ::getpwuid(::geteuid())->pw_name); }
-
-// People read the log in a terminal.
-TEST(Warnings, CarryNoControlCharacters) {
-  std::string logged;
-  RedirectWarnings([&](std::string_view line) { logged = line; });
-  LogWarning("a\x1b]0;b\x07\u009b c");
-  RedirectWarnings({});
-  EXPECT_EQ(logged, "a\uFFFD]0;b\uFFFD\uFFFD c");
-}
 
 }  // namespace
 }  // namespace quorvel
