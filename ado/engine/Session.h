@@ -25,8 +25,8 @@ enum class Access {
   ReadWrite,
 };
 
-/// One open session of a database engine. Everything it throws is a DriverError. One thread uses it at a time. Nothing of
-/// it stays open between two calls: no cursor, and no read transaction but that of BeginReading.
+/// One open session of a database engine. Everything it throws is a DriverError. One thread uses it at a time. Nothing
+/// of it stays open between two calls: no cursor, and no read transaction but that of BeginReading.
 class Session {
  public:
   virtual ~Session() = default;
