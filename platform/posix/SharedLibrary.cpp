@@ -1,6 +1,7 @@
 #include "platform/SharedLibrary.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <array>
 #include <climits>
@@ -30,6 +31,8 @@ std::string BesideThisLibrary(const char* file) {
   if (::dladdr1(&kInThisLibrary, &here, &library, RTLD_DL_LINKMAP) == 0 || here.dli_fname == nullptr) Fail(file);
   const std::filesystem::path path(here.dli_fname);
   if (path.is_absolute()) return path.parent_path() / file;
+  // In a program itself, which has no name here, the loader has no folder to copy either, and would end the process.
+  if (*static_cast<const link_map*>(library)->l_name == '\0') Fail(file);
   std::array<char, std::size_t{2} * PATH_MAX> folder{};  // the current folder, and the path below it
   if (::dlinfo(library, RTLD_DI_ORIGIN, folder.data()) != 0) Fail(file);
   return std::filesystem::path(folder.data()) / file;
