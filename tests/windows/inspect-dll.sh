@@ -35,8 +35,12 @@ for import in $(sed -n 's/^\tDLL Name: //p' <<<"$headers" | tr '[:upper:]' '[:lo
 done
 expect "imports that not every Windows has" '' "$foreign"
 
-for flag in DYNAMIC_BASE NX_COMPAT $([[ $machine == x64 ]] && echo HIGH_ENTROPY_VA); do
+for flag in DYNAMIC_BASE NX_COMPAT $([[ $machine == x64 ]] && echo HIGH_ENTROPY_VA || echo NO_SEH); do
   grep -q "^[[:space:]]*$flag$" <<<"$headers" || expect "protection" "$flag" none
+done
+symbols=$("$tools-nm" "$dll")
+for function in __stack_chk_fail __chk_fail; do
+  grep -q " T _\?$function$" <<<"$symbols" || expect "protection" "$function" none
 done
 
 resources=$("$tools-windres" -J coff -i "$dll" -O rc)
