@@ -20,6 +20,14 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
+# Packs the packages again, with the lists of their parts and without traces of this build.
+set(CPACK_POST_BUILD_SCRIPTS ${builtPackage}/FinishPackages.cmake)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/FinishPackages.cmake.in ${builtPackage}/FinishPackages.cmake @ONLY)
+# The libraries of which only headers are compiled in; finish-package.sh finds the shared ones.
+file(WRITE ${builtPackage}/parts.txt
+  "quorvel|CLI11|${CLI11_VERSION}|BSD-3-Clause|CLI11 developers|headers\n"
+  "quorvel|nlohmann-json|${nlohmann_json_VERSION}|MIT|Niels Lohmann|headers\n")
+
 set(controlFiles ${PROJECT_SOURCE_DIR}/packaging/debian)
 set(libraryPackage libquorvel${PROJECT_VERSION_MAJOR})
 set(windowsPackage ${libraryPackage}-windows)

@@ -10,7 +10,7 @@ CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy libclang-dev l
   clang libclang-rt-dev)
 # shellcheck disable=SC2034
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine64 wine
-  debootstrap googletest tcl)
+  debootstrap googletest tcl zip)
 # For windows on an invisible display.
 # shellcheck disable=SC2034
 PICTURE_PACKAGES=(xvfb xauth openbox xdotool fonts-dejavu-core fonts-noto-color-emoji)
@@ -35,11 +35,12 @@ ensure_packages() {
     printf 'All %d are installed.\n' $#
     return
   fi
-  printf 'Installing %s\n' "${missing[*]}"
   if [[ $(id -u) -ne 0 ]]; then
-    command -v sudo >/dev/null || fail "these packages are missing and only root can install them: ${missing[*]}"
+    { command -v sudo >/dev/null && sudo -v; } ||
+      fail "these packages are missing, and only root can install them: ${missing[*]}"
     as_root=(sudo)
   fi
+  printf 'Installing %s\n' "${missing[*]}"
   "${as_root[@]}" apt-get update -qq || fail "the package lists could not be fetched (apt-get update); see above."
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" ||
     fail "these packages could not be installed; see above: ${missing[*]}"

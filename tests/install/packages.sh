@@ -17,11 +17,24 @@ control_file() { dpkg-deb -I "$(package "$1")" "$2"; }
 
 # documents NAME: how files_of lists the files that every package has.
 documents() {
-  printf -- '-rw-r--r-- root/root /usr/share/doc/%s/%s\n' "$1" changelog.gz "$1" copyright
+  printf -- '-rw-r--r-- root/root /usr/share/doc/%s/%s\n' "$1" changelog.gz "$1" copyright "$1" parts.json
 }
 
 # packages_needed NAME: the packages it depends on, without versions.
 packages_needed() { field "$1" Depends | sed 's/ ([^)]*)//g; s/, /\n/g' | LC_ALL=C sort; }
+
+# protections FILE: those that a program or library has, one a line, as a hardened build gives them.
+protections() {
+  local facts
+  facts=$(readelf -hldW --dyn-syms "$1")
+  awk '
+    /^ *Type: +DYN/ { print "PIE" }
+    /^ *GNU_RELRO / { print "RELRO" }
+    /^ *GNU_STACK / && $7 == "RW" { print "stack without code" }
+    /\(FLAGS(_1)?\).*NOW/ && !now++ { print "BIND_NOW" }
+    / __stack_chk_fail(@|$)/ && !guarded++ { print "stack protector" }
+    / __[a-z0-9_]+_chk(@|$)/ && !checked++ { print "FORTIFY" }' <<<"$facts" | LC_ALL=C sort
+}
 
 made=$scratch
 rm -rf "$made"
@@ -39,7 +52,7 @@ $(documents "$library")" "$(files_of "$library")"
 expect "The files of $windows" "lrwxrwxrwx root/root $lib/libquorvel-windows.so.$major -> libquorvel-windows.so.$version
 -rw-r--r-- root/root $lib/libquorvel-windows.so.$version
 $(documents "$windows")" "$(files_of "$windows")"
-expect "The files of libquorvel-dev" "-rw-r--r-- root/root /usr/include/quorvel/com.h
+expect "The files of libquorvel-dev" "$(LC_ALL=C sort -k3 <<<"-rw-r--r-- root/root /usr/include/quorvel/com.h
 -rw-r--r-- root/root /usr/include/quorvel/quorvel.h
 -rw-r--r-- root/root /usr/include/quorvel/quorvel.idl
 -rw-r--r-- root/root $lib/cmake/Quorvel/QuorvelConfig.cmake
@@ -51,7 +64,7 @@ lrwxrwxrwx root/root $lib/libquorvel.so -> libquorvel.so.$major
 $(documents libquorvel-dev)
 -rw-r--r-- root/root /usr/share/doc/libquorvel-dev/examples/CMakeLists.txt
 -rw-r--r-- root/root /usr/share/doc/libquorvel-dev/examples/remarks.cpp
--rw-r--r-- root/root /usr/share/doc/libquorvel-dev/host-guide.md" \
+-rw-r--r-- root/root /usr/share/doc/libquorvel-dev/host-guide.md")" \
   "$(files_of libquorvel-dev | sed -E 's/(QuorvelTargets-)[a-z]+\./\1BUILD./')"
 expect "The files of quorvel" "-rwxr-xr-x root/root /usr/bin/quorvel
 $(documents quorvel)" "$(files_of quorvel)"
@@ -68,8 +81,11 @@ $(documents quorvel-sample)
 -rw-r--r-- root/root /usr/share/icons/hicolor/scalable/apps/quorvel.svg" "$(files_of quorvel-sample)"
 
 # The links of the guide lead to files of the package.
-unpacked=$made/development
-dpkg-deb -x "$(package libquorvel-dev)" "$unpacked"
+for name in "$library" "$windows" libquorvel-dev quorvel quorvel-sample; do
+  mkdir -p "$made/unpacked/$name"
+  dpkg-deb -x "$(package "$name")" "$made/unpacked/$name"
+done
+unpacked=$made/unpacked/libquorvel-dev
 documents=$unpacked/usr/share/doc/libquorvel-dev
 while read -r link; do
   [[ $link == /* ]] && target=$unpacked$link || target=$documents/$link
@@ -109,4 +125,56 @@ for name in "$library" "$windows"; do
       fail "$script of $name calls ldconfig in addition to its trigger."
     fi
   done
+done
+
+# A debugger sees more without.
+if ! grep -q '^CMAKE_BUILD_TYPE:STRING=Debug$' "$build/CMakeCache.txt"; then
+  programs=0
+  while IFS= read -r -d '' file; do
+    readelf -h "$file" >/dev/null 2>&1 || continue
+    # libquorvel itself calls no function of the C library that FORTIFY has another form of.
+    [[ $file == */libquorvel.so.* ]] || checks='
+FORTIFY'
+    expect "The protections of ${file##*/}" "BIND_NOW${checks:-}
+PIE
+RELRO
+stack protector
+stack without code" "$(protections "$file")"
+    programs=$((programs + 1))
+    checks=
+  done < <(find "$made/unpacked" -type f -print0)
+  expect "Programs and libraries in the packages" 5 "$programs"
+fi
+
+# has_parts NAME LIBRARY...: the list of the package's parts is complete and names these libraries.
+has_parts() {
+  local folder=$made/unpacked/$1 needed
+  needed=$(printf '%s;' "${@:2}")
+  cmake -D LIST="$folder/usr/share/doc/$1/parts.json" -D FOLDER="$folder" -D NEEDED="${needed%;}" \
+    -P "$source_folder/tests/install/CheckPartsList.cmake" || fail "The list of the parts of $1 is wrong."
+}
+has_parts "$library" libfmt9 libodbc2 libsqlite3-0 libstdc++6
+has_parts "$windows" "$library" libwxgtk3.2-1 libgtk-3-0
+has_parts libquorvel-dev "$library"
+has_parts quorvel "$library" CLI11 nlohmann-json
+has_parts quorvel-sample "$windows" libsqlite3-0
+
+# Everything that names a version names this one.
+for name in "$library" "$windows" libquorvel-dev quorvel quorvel-sample; do
+  expect "The version of $name" "$version" "$(field "$name" Version)"
+  expect "The first heading in the change log of $name" "## $version" \
+    "$(gzip -dc "$made/unpacked/$name/usr/share/doc/$name/changelog.gz" | sed -n 's/^\(## [^ ]*\) (.*/\1/p' | head -n 1)"
+  expect "The version in the list of the parts of $name" "$version" \
+    "$(sed -n '/"this package", "name"/s/.*"version": "\([^"]*\)".*/\1/p' "$made/unpacked/$name/usr/share/doc/$name/parts.json")"
+done
+expect "What quorvel says" "quorvel $version" \
+  "$(LD_LIBRARY_PATH=$made/unpacked/$library$lib "$made/unpacked/quorvel/usr/bin/quorvel" --version)"
+expect "The version for pkg-config" "Version: $version" "$(grep ^Version: "$unpacked$lib/pkgconfig/quorvel.pc")"
+grep -q "^set(PACKAGE_VERSION \"$version\")" "$unpacked$lib/cmake/Quorvel/QuorvelConfigVersion.cmake" ||
+  fail "find_package finds another version."
+
+# Packing again gives the same bytes; scripts/reproducible compares two whole builds.
+cpack --config "$build/CPackConfig.cmake" -B "$made/again" >"$made/log" 2>&1 || fail "$(cat "$made/log")"
+for name in "$library" "$windows" libquorvel-dev quorvel quorvel-sample; do
+  cmp "$(package "$name")" "$made/again/$(basename "$(package "$name")")" || fail "$name differs when it is packed again."
 done

@@ -40,6 +40,7 @@ README.txt
 include/quorvel/com.h
 include/quorvel/quorvel.h
 include/quorvel/quorvel.idl
+parts.json
 register.cmd
 schema/grants.sql
 schema/quorvel.sql
@@ -47,6 +48,8 @@ schema/sample.sql
 unregister.cmd
 x64/Quorvel.dll
 x86/Quorvel.dll' "$(cd "$folder" && find . -type f -printf '%P\n' | LC_ALL=C sort)"
+cmake -D LIST="$folder/parts.json" -D FOLDER="$folder" -D "NEEDED=SQLite;wxWidgets;fmt;mingw-w64 runtime;winpthreads" \
+  -P "$here/../install/CheckPartsList.cmake" || fail "the list of parts is wrong"
 expect "lines without CR LF" '' "$(grep -nv $'\r$' "$folder"/*.cmd "$folder/README.txt" || true)"
 for library in "x64 pei-x86-64" "x86 pei-i386"; do
   objdump -f "$folder/${library% *}/Quorvel.dll" | grep -q "${library#* }" || fail "the archive has another library for ${library% *}"
