@@ -21,6 +21,10 @@ WNDPROC SetHandler(HWND box, WNDPROC handler) {
   return reinterpret_cast<WNDPROC>(::SetWindowLongPtrW(box, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(handler)));
 }
 
+LRESULT Send(HWND box, UINT message, WPARAM first = 0, LPARAM second = 0) {
+  return ::SendMessageW(box, message, first, second);
+}
+
 }  // namespace
 
 struct WatchedText::State {
@@ -35,10 +39,6 @@ struct WatchedText::State {
   State(const State&) = delete;
   State& operator=(const State&) = delete;
 
-  LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
-    return ::CallWindowProcW(toolkit, box, message, first, second);
-  }
-
   /// With the box's own line breaks, of two characters each, so that its offsets fit.
   [[nodiscard]] std::wstring Text() const {
     std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(box)), L'\0');
@@ -47,26 +47,27 @@ struct WatchedText::State {
   }
 
   void Renew() {
-    Send(EM_SETMODIFY, FALSE);
+    Send(box, EM_SETMODIFY, FALSE);
     known = Text();
   }
 
   void Record() {
-    if (Send(EM_GETMODIFY) == FALSE) return;
+    if (Send(box, EM_GETMODIFY) == FALSE) return;
     DWORD caret = 0;
-    Send(EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+    Send(box, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
     const std::wstring before = known;
     Renew();
     history.Add(Difference(before, known, caret), EditHistory::Clock::now());
   }
 
   void Make(const EditHistory::Changes& changes) {
+    const RaisedFlag handling(isHandling);  // so that nothing is recorded
     for (const TextChange& change : changes) {
-      Send(EM_SETSEL, change.offset, static_cast<LPARAM>(change.isInsertion ? change.offset : change.End()));
+      Send(box, EM_SETSEL, change.offset, static_cast<LPARAM>(change.isInsertion ? change.offset : change.End()));
       const wchar_t* const text = change.isInsertion ? change.text.c_str() : L"";
-      Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
+      Send(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
     }
-    Send(EM_SCROLLCARET);
+    Send(box, EM_SCROLLCARET);
     Renew();
   }
 
@@ -77,11 +78,11 @@ struct WatchedText::State {
       if (!isLocked) self->history.Guard([self] { self->Make(self->history.Undo()); });
       return TRUE;
     }
-    if (self->isHandling) return self->Send(message, first, second);
     // One key may change the text twice: a selection is deleted before a character takes its place.
+    const bool isPartOfOther = self->isHandling;
     const RaisedFlag handling(self->isHandling);
-    const LRESULT result = self->Send(message, first, second);
-    self->history.Guard([self] { self->Record(); });
+    const LRESULT result = ::CallWindowProcW(self->toolkit, box, message, first, second);
+    if (!isPartOfOther) self->history.Guard([self] { self->Record(); });
     return result;
   }
 
@@ -94,7 +95,7 @@ struct WatchedText::State {
 
 WatchedText::WatchedText(wxTextCtrl& box, EditHistory& history) : m_state(std::make_unique<State>(box, history)) {
   // Otherwise the system would cut a long text that comes back.
-  m_state->Send(EM_SETLIMITTEXT, 0);
+  Send(m_state->box, EM_SETLIMITTEXT, 0);
 }
 
 WatchedText::~WatchedText() = default;
