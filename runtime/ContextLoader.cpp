@@ -2,6 +2,8 @@
 
 #include "runtime/ContextLoader.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 #include <string>
 #include <utility>
@@ -9,6 +11,7 @@
 #include "data/modDatabase.h"
 #include "platform/Environment.h"
 #include "platform/Error.h"
+#include "platform/SharedText.h"
 #include "platform/Text.h"
 
 namespace quorvel::contextLoader {
@@ -83,11 +86,27 @@ DateTime DateOf(const ado::Field& field) {
   }
 }
 
-void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row) {
+/// Gives remarks of the same author the same text. Few authors write the remarks of one record, so it knows the last
+/// few.
+class Authors {
+ public:
+  [[nodiscard]] SharedText Share(std::string userID) {
+    const auto known = std::ranges::find(m_known, userID, &SharedText::Get);
+    if (known != m_known.end()) return *known;
+    m_next = (m_next + 1) % m_known.size();
+    return m_known[m_next] = SharedText(std::move(userID));
+  }
+
+ private:
+  std::array<SharedText, 8> m_known;
+  std::size_t m_next = 0;
+};
+
+void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row, Authors& authors) {
   remark.SetStored(ToInt32(row.memoKey.Value()), owner);
   remark.SetDateStamp(DateOf(row.dateStamp));
   try {
-    remark.SetUserID(Trimmed(ToText(row.userID.Value())));
+    remark.SetUserID(authors.Share(Trimmed(ToText(row.userID.Value()))));
     remark.SetMemoText(ToText(row.memoText.Value()));
   } catch (const Error& error) {
     throw Error(error.Number(), error.Source(),
@@ -170,13 +189,14 @@ void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const Rem
   const auto rows = ReadMemos(contextID, owner);
   if (rows->EndOfFile()) return;
   const MemoColumns row(*rows);
+  Authors authors;
   remarks.Reserve(rows->RecordCount());
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     const auto type = types != nullptr ? types->Item(TrimmedId(row.typeID)) : nullptr;
     if (!type || type->CanRead() <= 0) continue;
     const auto remark = remarks.Add();
     remark->SetRemarkType(type);
-    Fill(*remark, owner, row);
+    Fill(*remark, owner, row, authors);
   }
 }
 

@@ -74,9 +74,9 @@ void Remark::CommitFor(const ListOrigin& list) {
                 "This remark belongs to another record than the one that is loaded, and was not written");
   }
   m_dateStamp = Now();
-  if (m_userID.empty()) {
+  if (UserID().empty()) {
     if (!m_remarkType) ThrowObjectNotSet();
-    m_userID = list.userID;
+    SetUserID(list.userID);
   }
   Write(list);
   m_owner = list.owner;
@@ -96,7 +96,7 @@ void Remark::Write(const ListOrigin& list) {
                          {"@EntityType", Number(list.owner->entityKey)},
                          {"@OwnerKey", Number(list.owner->ownerKey)},
                          {"@MemoText", TrimmedText(m_memoText)},
-                         {"@UserID", TrimmedText(m_userID)}});
+                         {"@UserID", TrimmedText(UserID())}});
   } catch (const Error& error) {
     // An update under this key would overwrite the memo that has it meanwhile. Where the insert may have succeeded, an
     // insert under another key would store the remark twice. A memo that was stored before has its own key.

@@ -7,6 +7,7 @@
 
 #include "platform/DateTime.h"
 #include "platform/Error.h"
+#include "platform/SharedText.h"
 #include "runtime/MemoOwner.h"
 #include "runtime/Publishable.h"
 #include "runtime/RemarkType.h"
@@ -28,8 +29,9 @@ class Remark : public Publishable {
   void SetListOwner(const std::optional<MemoOwner>& owner) noexcept;
   [[nodiscard]] DateTime DateStamp() const noexcept { return m_dateStamp; }
   void SetDateStamp(DateTime dateStamp) noexcept { m_dateStamp = dateStamp; }
-  [[nodiscard]] const std::string& UserID() const noexcept { return m_userID; }
-  void SetUserID(std::string userID) noexcept { m_userID = std::move(userID); }
+  [[nodiscard]] const std::string& UserID() const noexcept { return m_userID.Get(); }
+  void SetUserID(std::string userID) { m_userID = SharedText(std::move(userID)); }
+  void SetUserID(SharedText userID) noexcept { m_userID = std::move(userID); }
   [[nodiscard]] const std::string& MemoText() const noexcept { return m_memoText; }
   void SetMemoText(std::string text) noexcept { m_memoText = std::move(text); }
   [[nodiscard]] bool Dirty() const noexcept { return m_dirty; }
@@ -72,7 +74,7 @@ class Remark : public Publishable {
 
   std::shared_ptr<quorvel::RemarkType> m_remarkType;
   std::string m_memoText;
-  std::string m_userID;
+  SharedText m_userID;
   DateTime m_dateStamp = kZeroDate;
   std::optional<MemoOwner> m_owner;  ///< of the memo, or of the list that a new remark is in; empty when not known
   std::int32_t m_memoKey = 0;
