@@ -1,7 +1,7 @@
 #pragma once
 
-/// What Load reads, as statements of SQLite. ?1 is the context, the user or the owner's identifier; ?2 and ?3 are the
-/// keys of entity and owner.
+/// The queries of Load as statements of SQLite. ?1 is the context, the user or the owner's identifier; ?2 and ?3 are
+/// the keys of entity and owner.
 namespace quorvel::bench::bare {
 
 inline constexpr const char* kContext =

@@ -47,7 +47,7 @@ class Session {
   /// changes none.
   virtual Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) = 0;
 
-  /// Until EndReading the caller only reads. An engine may read it all in one transaction where this locks nobody out.
+  /// Until EndReading the caller only reads. An engine may read it all in one transaction.
   virtual void BeginReading() {}
   virtual void EndReading() noexcept {}
 
