@@ -1,8 +1,12 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "bench/MemoryUse.h"
 #include "bench/PairedRuns.h"
@@ -16,6 +20,11 @@ bool Initialize(int argc, char** argv, const char* first) {
   auto count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());
   return !benchmark::ReportUnrecognizedArguments(count, arguments.data());
+}
+
+bool OnlyLists(int argc, char** argv) {
+  return std::any_of(argv + 1, argv + argc,
+                     [](std::string_view each) { return each.starts_with("--benchmark_list_tests"); });
 }
 
 void RunAll(const std::vector<std::string>& names) {
@@ -35,6 +44,10 @@ int main(int argc, char** argv) {
   try {
     if (!Initialize(argc, argv, "--benchmark_list_tests=true")) return 2;
     const auto names = quorvel::bench::NamesOfPairs();
+    if (OnlyLists(argc, argv)) {
+      fmt::print("{}\n", fmt::join(names, "\n"));
+      return 0;
+    }
     if (!Initialize(argc, argv, "--benchmark_list_tests=false")) return 2;
     RunAll(names);
     return 0;
