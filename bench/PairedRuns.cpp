@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <map>
 #include <set>
 #include <sstream>
@@ -37,7 +38,7 @@ class TimeReporter : public benchmark::BenchmarkReporter {
 /// `part` is 0.5 for the median, 0.25 and 0.75 for the quartiles.
 double Quantile(std::vector<double> values, double part) {
   std::sort(values.begin(), values.end());
-  return values[static_cast<std::size_t>(part * static_cast<double>(values.size() - 1) + 0.5)];
+  return values[static_cast<std::size_t>(std::lround(part * static_cast<double>(values.size() - 1)))];
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <regex>
 #include <string>
@@ -22,9 +23,8 @@ constexpr std::int64_t kRemarks = 10;
 
 /// Runs a program with its output thrown away. False when it cannot be started or fails.
 bool RunProcess(std::vector<std::string> command) {
-  std::vector<char*> arguments;
-  for (std::string& argument : command) arguments.push_back(argument.data());
-  arguments.push_back(nullptr);
+  std::vector<char*> arguments(command.size() + 1);  // the last one stays null
+  std::ranges::transform(command, arguments.begin(), [](std::string& argument) { return argument.data(); });
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);

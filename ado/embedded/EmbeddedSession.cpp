@@ -50,7 +50,7 @@ Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> pa
   try {
     return CallInOneRead(procedure, parameters);
   } catch (const DriverError& error) {
-    if (const std::string refused = readOnly.Refused(); !refused.empty()) {
+    if (const std::string& refused = readOnly.Refused(); !refused.empty()) {
       throw DriverError("42000", 229, fmt::format("{} was called to read and may not change {}.", procedure, refused),
                         error.Records().front().line);
     }

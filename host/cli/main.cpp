@@ -1,6 +1,7 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <exception>
@@ -76,8 +77,8 @@ int Run(const std::vector<std::string>& arguments) {
   // A person waits for the answer. A host, which may start before its server, waits for an hour.
   modDatabase::SetConnectionTimeout(std::chrono::seconds(15));
   try {
-    std::vector<const char*> pointers;
-    for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
+    std::vector<const char*> pointers(arguments.size());
+    std::ranges::transform(arguments, pointers.begin(), &std::string::c_str);
     app.parse(static_cast<int>(pointers.size()), pointers.data());
     if (app.get_subcommands().empty()) {
       PrintToErrors(app.help());

@@ -128,7 +128,7 @@ TEST(EmbeddedDefences, ProcedureThatIsCalledToReadChangesNothing) {
   // A statement that was compiled for a call that may write has no right of its own.
   connection->Execute("EXEC spWritesBelow");
   for (const auto& [name, body] : refused) {
-    const Error error = Caught([&] { Read(connection, name); });
+    const Error error = Caught([&, &procedure = name] { Read(connection, procedure); });
     EXPECT_EQ(error.Number(), ErrorNumber::DbStatement) << body;
     EXPECT_THAT(error.Description(), HasSubstr(name + " was called to read and may not change ")) << body;
   }
