@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,15 +28,27 @@ bool OnlyLists(int argc, char** argv) {
                      [](std::string_view each) { return each.starts_with("--benchmark_list_tests"); });
 }
 
-void RunAll(const std::vector<std::string>& names) {
+void RunOne(const std::string& name) {
+  const auto result = quorvel::bench::Compare(name);
+  fmt::print("{:<30}{:>7}{:>14.1f}{:>14.1f}{:>8.2f}{:>7.2f}{:>7.2f}\n", result.name, result.pairs, result.component,
+             result.bare, result.ratio, result.lower, result.upper);
+  std::fflush(stdout);
+}
+
+/// False when a benchmark reported an error, as those of windows do without a display. The others run all the same.
+bool RunAll(const std::vector<std::string>& names) {
+  bool isComplete = true;
   fmt::print("{:<30}{:>7}{:>14}{:>14}{:>8}{:>14}\n", "", "pairs", "component us", "bare us", "ratio", "half between");
   for (const auto& name : names) {
-    const auto result = quorvel::bench::Compare(name);
-    fmt::print("{:<30}{:>7}{:>14.1f}{:>14.1f}{:>8.2f}{:>7.2f}{:>7.2f}\n", result.name, result.pairs, result.component,
-               result.bare, result.ratio, result.lower, result.upper);
-    std::fflush(stdout);
+    try {
+      RunOne(name);
+    } catch (const std::runtime_error& error) {
+      fmt::print("{}\n", error.what());
+      isComplete = false;
+    }
   }
   fmt::print("\nheap per loaded remark beyond its text: {:.0f} bytes\n", quorvel::bench::HeapPerRemark());
+  return isComplete;
 }
 
 }  // namespace
@@ -49,8 +62,7 @@ int main(int argc, char** argv) {
       return 0;
     }
     if (!Initialize(argc, argv, "--benchmark_list_tests=false")) return 2;
-    RunAll(names);
-    return 0;
+    return RunAll(names) ? 0 : 1;
   } catch (const std::exception& error) {
     fmt::print(stderr, "{}\n", error.what());
     return 1;
