@@ -13,6 +13,7 @@
 #include "platform/Error.h"
 #include "platform/SharedText.h"
 #include "platform/Text.h"
+#include "runtime/MemoDigest.h"
 
 namespace quorvel::contextLoader {
 namespace {
@@ -103,15 +104,15 @@ class Authors {
 };
 
 void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row, Authors& authors) {
-  remark.SetStored(ToInt32(row.memoKey.Value()), owner);
+  const std::int32_t memoKey = ToInt32(row.memoKey.Value());
   remark.SetDateStamp(DateOf(row.dateStamp));
   try {
     remark.SetUserID(authors.Share(Trimmed(ToText(row.userID.Value()))));
     remark.SetMemoText(ToText(row.memoText.Value()));
   } catch (const Error& error) {
-    throw Error(error.Number(), error.Source(),
-                error.Description() + " (MemoKey " + std::to_string(remark.MemoKey()) + ")");
+    throw Error(error.Number(), error.Source(), error.Description() + " (MemoKey " + std::to_string(memoKey) + ")");
   }
+  remark.SetStored(memoKey, owner);
 }
 
 std::shared_ptr<ado::Recordset> ReadMemos(const std::string& contextID, const MemoOwner& owner) {
@@ -120,22 +121,9 @@ std::shared_ptr<ado::Recordset> ReadMemos(const std::string& contextID, const Me
                          Integer("@OwnerKey", ado::DataType::Integer, owner.ownerKey)});
 }
 
-template <typename Matches>
-bool AnyMemo(const std::string& contextID, const MemoOwner& owner, const Matches& matches) {
-  const auto rows = ReadMemos(contextID, owner);
-  if (rows->EndOfFile()) return false;
-  const MemoColumns row(*rows);
-  for (; !rows->EndOfFile(); rows->MoveNext()) {
-    if (matches(row)) return true;
-  }
-  return false;
-}
-
-bool IsMemoOf(const Remark& remark, const MemoColumns& row) {
-  return ToInt32(row.memoKey.Value()) == remark.MemoKey() &&
-         ToText(row.memoText.Value()) == TrimBlanks(remark.MemoText()) &&
-         Trimmed(ToText(row.userID.Value())) == TrimBlanks(remark.UserID()) &&
-         EqualIgnoringCase(Trimmed(ToText(row.typeID.Value())), remark.TypeID());
+std::uint32_t DigestOf(const MemoColumns& row) {
+  using modDatabase::FieldText;
+  return MemoDigest(FieldText(row.typeID), FieldText(row.userID), FieldText(row.memoText));
 }
 
 }  // namespace
@@ -200,12 +188,14 @@ void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const Rem
   }
 }
 
-bool IsStored(const std::string& contextID, const MemoOwner& owner, const Remark& remark) {
-  return AnyMemo(contextID, owner, [&](const MemoColumns& row) { return IsMemoOf(remark, row); });
-}
-
-bool HasMemo(const std::string& contextID, const MemoOwner& owner, std::int32_t memoKey) {
-  return AnyMemo(contextID, owner, [&](const MemoColumns& row) { return ToInt32(row.memoKey.Value()) == memoKey; });
+FoundMemo FindMemo(const std::string& contextID, const MemoOwner& owner, std::int32_t memoKey, std::uint32_t digest) {
+  const auto rows = ReadMemos(contextID, owner);
+  if (rows->EndOfFile()) return FoundMemo::None;
+  const MemoColumns row(*rows);
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    if (ToInt32(row.memoKey.Value()) == memoKey) return DigestOf(row) == digest ? FoundMemo::Same : FoundMemo::Other;
+  }
+  return FoundMemo::None;
 }
 
 }  // namespace quorvel::contextLoader

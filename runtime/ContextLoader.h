@@ -11,7 +11,7 @@
 #include "runtime/RemarkTypes.h"
 
 /// The five queries of a load, in the order in which RemarkContext runs them, on the thread's shared connection, and
-/// two looks for one memo. Each function of the load fills an object of the caller value by value, so that an error
+/// a look for one memo. Each function of the load fills an object of the caller value by value, so that an error
 /// keeps the values read before it. Database errors pass through unchanged. Blanks around identifiers do not count.
 namespace quorvel::contextLoader {
 
@@ -30,10 +30,11 @@ void LoadOwner(const std::string& procedure, const std::string& ownerID, OwnerRe
 /// Appends the owner's remarks whose type is in `types` and readable. Null means no types.
 void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const RemarkTypes* types, RemarkList& remarks);
 
-/// Whether the owner has this remark's memo, with its texts as they are sent, also when the user may not read it.
-[[nodiscard]] bool IsStored(const std::string& contextID, const MemoOwner& owner, const Remark& remark);
+enum class FoundMemo { None, Same, Other };
 
-/// Whether the owner has a memo with this key, of any type of the context.
-[[nodiscard]] bool HasMemo(const std::string& contextID, const MemoOwner& owner, std::int32_t memoKey);
+/// Looks among the owner's memos for the one with this key, also when the user may not read it: whether there is one,
+/// of any type of the context, and whether its values have this MemoDigest.
+[[nodiscard]] FoundMemo FindMemo(const std::string& contextID, const MemoOwner& owner, std::int32_t memoKey,
+                                 std::uint32_t digest);
 
 }  // namespace quorvel::contextLoader

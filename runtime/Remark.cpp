@@ -6,6 +6,7 @@
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "runtime/ContextLoader.h"
+#include "runtime/MemoDigest.h"
 #include "runtime/RemarkContext.h"
 
 namespace quorvel {
@@ -38,9 +39,33 @@ std::int32_t Remark::EntityKey() const noexcept {
   return m_remarkType && m_remarkType->Context() ? m_remarkType->Context()->EntityKey() : 0;
 }
 
+void Remark::SetRemarkType(std::shared_ptr<quorvel::RemarkType> type) {
+  RememberMemo();
+  m_remarkType = std::move(type);
+}
+
+void Remark::SetUserID(SharedText userID) {
+  RememberMemo();
+  m_userID = std::move(userID);
+}
+
+void Remark::SetMemoText(std::string text) {
+  RememberMemo();
+  m_memoText = std::move(text);
+}
+
+void Remark::RememberMemo() {
+  if (m_isStored || m_isOpen) m_memoDigest = KnownDigest();
+}
+
+std::uint32_t Remark::KnownDigest() const {
+  return m_memoDigest != 0 ? m_memoDigest : MemoDigest(TypeID(), UserID(), m_memoText);
+}
+
 void Remark::SetMemoKey(std::int32_t key) noexcept {
   if (key == m_memoKey) return;
   m_memoKey = key;
+  m_memoDigest = 0;
   m_owner.reset();
   m_isStored = false;
   m_isOpen = false;
@@ -49,6 +74,7 @@ void Remark::SetMemoKey(std::int32_t key) noexcept {
 
 void Remark::SetStored(std::int32_t key, const MemoOwner& owner) noexcept {
   m_memoKey = key;
+  m_memoDigest = 0;
   m_owner = owner;
   m_isStored = true;
   m_isOpen = false;
@@ -80,17 +106,25 @@ void Remark::CommitFor(const ListOrigin& list) {
   }
   Write(list);
   m_owner = list.owner;
+  m_memoDigest = 0;
   m_isStored = true;
   m_isOpen = false;
   m_dirty = false;
 }
 
 void Remark::Write(const ListOrigin& list) {
-  const bool isNew = m_memoKey == 0 || m_hasNoMemo;
-  if (isNew) m_memoKey = modDatabase::GetNextSurrogateKey("tciMemo");
+  LookAgain(list.contextID, *list.owner);
+  const bool needsKey = m_memoKey == 0 || m_hasNoMemo;
+  if (needsKey) m_memoKey = modDatabase::GetNextSurrogateKey("tciMemo");
+  // An update would overwrite a memo that the context does not show; an insert cannot.
+  const bool isInsert = needsKey || m_isOpen;
+  if (isInsert) {
+    m_memoDigest = 0;
+    m_isStored = false;
+  }
   m_hasNoMemo = false;
   try {
-    modDatabase::ExecSP(isNew ? "spTWCqvAddRemark" : "spTWCqvUpdateRemark",
+    modDatabase::ExecSP(isInsert ? "spTWCqvAddRemark" : "spTWCqvUpdateRemark",
                         {{"@MemoKey", Number(m_memoKey)},
                          {"@MemoType", TypeID()},
                          {"@EntityType", Number(list.owner->entityKey)},
@@ -100,23 +134,32 @@ void Remark::Write(const ListOrigin& list) {
   } catch (const Error& error) {
     // An update under this key would overwrite the memo that has it meanwhile. Where the insert may have succeeded, an
     // insert under another key would store the remark twice. A memo that was stored before has its own key.
-    m_hasNoMemo = isNew ? !MayBeStored(list, error) : !m_isStored && modDatabase::IsDuplicateKey(error);
-    if (isNew && !m_hasNoMemo) {
-      m_owner = list.owner;
-      m_isOpen = true;
-    }
+    m_hasNoMemo = isInsert ? !MayBeStored(list, error) : !m_isStored && modDatabase::IsDuplicateKey(error);
+    m_isOpen = isInsert && !m_hasNoMemo;
+    if (m_isOpen) m_owner = list.owner;
     throw;
   }
+}
+
+void Remark::LookAgain(const std::string& contextID, const MemoOwner& owner) {
+  if (!m_isOpen) return;
+  const auto found = contextLoader::FindMemo(contextID, owner, m_memoKey, KnownDigest());
+  if (found == contextLoader::FoundMemo::None) return;
+  m_isStored = found == contextLoader::FoundMemo::Same;
+  m_hasNoMemo = !m_isStored;
+  m_isOpen = false;
 }
 
 // A procedure or a trigger of the host may raise any error, also a violated constraint of its own table, and it may do
 // so before or after the memo was stored.
 bool Remark::MayBeStored(const ListOrigin& list, const Error& error) const {
   if (modDatabase::WasNotSent(error)) return false;
+  if (IsWithoutAnswer(error)) return true;
   // No context shows a memo without a type, so it would not be found.
-  if (!m_remarkType || IsWithoutAnswer(error)) return true;
+  if (!m_remarkType) return !modDatabase::IsDuplicateKey(error);
   try {
-    return contextLoader::IsStored(list.contextID, *list.owner, *this);
+    return contextLoader::FindMemo(list.contextID, *list.owner, m_memoKey, KnownDigest()) ==
+           contextLoader::FoundMemo::Same;
   } catch (const Error&) {
     return true;
   }
@@ -130,7 +173,8 @@ void Remark::Delete() {
 // The procedure asks for no owner: it deletes any memo with the key.
 void Remark::DeleteFor(const std::string& contextID) {
   if (m_memoKey == 0 || m_hasNoMemo) return;
-  const bool isGone = m_isOpen && m_owner && !contextLoader::HasMemo(contextID, *m_owner, m_memoKey);
+  if (m_owner) LookAgain(contextID, *m_owner);
+  const bool isGone = m_hasNoMemo || (m_isOpen && m_owner);
   try {
     if (!isGone) modDatabase::ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(m_memoKey)}});
   } catch (const Error& error) {
@@ -147,6 +191,7 @@ std::shared_ptr<Remark> Remark::Copy() const {
   copy->m_remarkType = m_remarkType;
   copy->m_owner = m_owner;
   copy->m_memoKey = m_memoKey;
+  copy->m_memoDigest = m_isStored || m_isOpen ? KnownDigest() : 0;  // the copy has no user
   copy->m_isStored = m_isStored;
   copy->m_isOpen = m_isOpen;
   copy->m_hasNoMemo = m_hasNoMemo;

@@ -18,22 +18,22 @@ namespace quorvel {
 class Remark : public Publishable {
  public:
   [[nodiscard]] const std::shared_ptr<quorvel::RemarkType>& RemarkType() const noexcept { return m_remarkType; }
-  void SetRemarkType(std::shared_ptr<quorvel::RemarkType> type) noexcept { m_remarkType = std::move(type); }
+  void SetRemarkType(std::shared_ptr<quorvel::RemarkType> type);
   /// 0 for a remark that was never stored.
   [[nodiscard]] std::int32_t MemoKey() const noexcept { return m_memoKey; }
   /// Makes this the remark of another memo, whose owner is not known. Does nothing with the key that it has.
   void SetMemoKey(std::int32_t key) noexcept;
-  /// For the code that reads memos: the memo with this key belongs to `owner`.
+  /// For the code that reads memos, at the end: the memo with this key belongs to `owner` and has these values.
   void SetStored(std::int32_t key, const MemoOwner& owner) noexcept;
   /// For a list that takes the remark: a remark that was not stored yet belongs to the list's owner.
   void SetListOwner(const std::optional<MemoOwner>& owner) noexcept;
   [[nodiscard]] DateTime DateStamp() const noexcept { return m_dateStamp; }
   void SetDateStamp(DateTime dateStamp) noexcept { m_dateStamp = dateStamp; }
   [[nodiscard]] const std::string& UserID() const noexcept { return m_userID.Get(); }
-  void SetUserID(std::string userID) { m_userID = SharedText(std::move(userID)); }
-  void SetUserID(SharedText userID) noexcept { m_userID = std::move(userID); }
+  void SetUserID(std::string userID) { SetUserID(SharedText(std::move(userID))); }
+  void SetUserID(SharedText userID);
   [[nodiscard]] const std::string& MemoText() const noexcept { return m_memoText; }
-  void SetMemoText(std::string text) noexcept { m_memoText = std::move(text); }
+  void SetMemoText(std::string text);
   [[nodiscard]] bool Dirty() const noexcept { return m_dirty; }
   void SetDirty(bool dirty) noexcept { m_dirty = dirty; }
 
@@ -46,9 +46,9 @@ class Remark : public Publishable {
 
   /// Writes the remark: an insert under a new key when MemoKey is 0, else an update. Text and user are sent trimmed;
   /// the fields keep their blanks. A failed insert keeps its new key; the next Commit inserts under another one when
-  /// the insert was refused, and updates when it may have succeeded after all. Database errors pass through; Dirty is
-  /// cleared only after success. Before anything is written: error 91 when the type's context was disposed of, or when
-  /// the remark has neither user nor type; error -1 when it belongs to another owner.
+  /// the insert was refused or another memo has the key, and updates the memo that it finds as it was sent. Database
+  /// errors pass through; Dirty is cleared only after success. Before anything is written: error 91 when the type's
+  /// context was disposed of, or when the remark has neither user nor type; error -1 when it belongs to another owner.
   ///
   /// A new remark that was in no list becomes the owner's that its context has loaded; error -1 when the last Load
   /// failed.
@@ -58,8 +58,8 @@ class Remark : public Publishable {
   void CommitFor(const ListOrigin& list);
 
   /// Deletes the row; does nothing with key 0, after a refused insert and after another Delete: another memo may have
-  /// the key. After an insert or Delete that got no answer the row is deleted only when it is found among the owner's.
-  /// The fields stay as they are; the next Commit inserts the remark under another key.
+  /// the key. After an insert or Delete that got no answer the row is deleted only when it is found among the owner's
+  /// as it was sent. The fields stay as they are; the next Commit inserts the remark under another key.
   void Delete();
   /// The same for the remark of a list, which is read in that context.
   void DeleteFor(const std::string& contextID);
@@ -69,6 +69,11 @@ class Remark : public Publishable {
 
  private:
   void Write(const ListOrigin& list);
+  /// After a call without an answer: looks whether the owner has this remark's memo, or another one with its key.
+  void LookAgain(const std::string& contextID, const MemoOwner& owner);
+  /// Before a value changes: remembers the memo by its digest, so that LookAgain knows it.
+  void RememberMemo();
+  [[nodiscard]] std::uint32_t KnownDigest() const;
   /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos to know it.
   [[nodiscard]] bool MayBeStored(const ListOrigin& list, const Error& error) const;
 
@@ -78,6 +83,7 @@ class Remark : public Publishable {
   DateTime m_dateStamp = kZeroDate;
   std::optional<MemoOwner> m_owner;  ///< of the memo, or of the list that a new remark is in; empty when not known
   std::int32_t m_memoKey = 0;
+  std::uint32_t m_memoDigest = 0;  ///< of the memo in the database; 0 while the remark has the same values
   bool m_isStored = false;
   bool m_isOpen = false;     ///< the last insert or delete got no answer
   bool m_hasNoMemo = false;  ///< the insert stored nothing, or the memo was deleted: the key may be another memo's

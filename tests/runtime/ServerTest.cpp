@@ -157,6 +157,55 @@ TEST_F(ServerTest, RemovedRemarkWithoutAnAnswerDeletesNoForeignMemo) {
   }
 }
 
+// The memos of the host belong to the same owner; the context shows those of one type only.
+TEST_F(ServerTest, KeyThatAHostTakesAfterALostAnswerIsLeftToTheHost) {
+  const auto textOf = [&](std::int32_t key) {
+    return m_file.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = " + std::to_string(key));
+  };
+  const auto takeKey = [&](std::int32_t key, const std::string& type) {
+    m_file.Run("INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) VALUES (" +
+               std::to_string(key) + ", '" + type + "', 501, 45, GETDATE(), 'host', 'of the host')");
+  };
+  for (const std::string type : {"Cust.General", "Ord.Note", ""}) {
+    for (const bool isRemoved : {false, true}) {
+      modDatabase::OpenConnection();
+      const ContextHolder context("CustMaint", "C1044", "admin");
+      context->SetEditBehavior(EditBehavior::NoAutoSave);
+      AddRemark(context, "typed");
+      const auto remark = context->RemarkList()->Item(std::int64_t{context->MemoCount()});
+      // Two discoveries and the key come before the remark.
+      type.empty() ? m_server.DropAfterRequest(4) : m_server.DropAtRequest(4);
+      EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
+      const std::int32_t key = remark->MemoKey();
+      if (!type.empty()) takeKey(key, type);
+      remark->SetMemoText("typed on");
+      if (isRemoved) context->RemarkList()->Remove(std::int64_t{context->MemoCount()});
+      if (type == "Ord.Note" && !isRemoved) {
+        EXPECT_EQ(Caught([&] { context->Save(true); }).Number(), ErrorNumber::DbIntegrity);
+      }
+      context->Save(true);
+      EXPECT_EQ(textOf(key), !type.empty() ? "of the host" : isRemoved ? "" : "typed on") << type;
+      EXPECT_EQ(m_file.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'typed on'"), isRemoved ? "0" : "1") << type;
+      m_file.Run("DELETE FROM tciMemo WHERE MemoText = 'typed on'");
+    }
+  }
+  for (const bool isDeleted : {true, false}) {
+    modDatabase::OpenConnection();
+    const ContextHolder context("CustMaint", "C1044", "admin");
+    const std::int32_t key = RemarkAt(context, 1).MemoKey();
+    RemarkAt(context, 1).SetMemoText("changed before it was removed");
+    context->RemarkList()->Remove(std::int64_t{1});
+    // One discovery comes before the delete.
+    isDeleted ? m_server.DropAfterRequest(2) : m_server.DropAtRequest(2);
+    EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
+    EXPECT_EQ(textOf(key).empty(), isDeleted);
+    if (isDeleted) takeKey(key, "Cust.General");
+    context->Save(true);
+    EXPECT_EQ(textOf(key), isDeleted ? "of the host" : "");
+    if (isDeleted) m_file.Run("DELETE FROM tciMemo WHERE UserID = 'host'");
+  }
+}
+
 TEST_F(ServerTest, ParametersThatNoLongerFitAreAskedAgain) {
   modDatabase::EnsureConnection();
   const auto add = [](const char* parameter, const std::string& id) { ExecSP("spTWCAddGroup", {{parameter, id}}); };
