@@ -50,7 +50,11 @@ std::shared_ptr<Recordset> Connection::Execute(std::string_view batch, int /*opt
 }
 
 Connection::Reading::Reading(std::shared_ptr<Connection> connection) : m_connection(std::move(connection)) {
-  m_connection->OpenedSession().BeginReading();
+  if (m_connection) m_connection->OpenedSession().BeginReading();
+}
+
+Connection::Reading::~Reading() {
+  if (m_connection) m_connection->m_session->EndReading();
 }
 
 std::string Connection::Describe() { return OpenedSession().Describe(); }

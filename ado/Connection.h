@@ -53,11 +53,12 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// Runs a batch and returns its first result set; a closed recordset when it had none.
   std::shared_ptr<Recordset> Execute(std::string_view batch, int options = kUnspecified);
 
-  /// As long as it lives, the connection is only read from. The embedded engine reads in one transaction then.
+  /// As long as it lives, the connection is only read from. The embedded engine reads in one transaction then. Does
+  /// nothing without a connection.
   class Reading {
    public:
     explicit Reading(std::shared_ptr<Connection> connection);
-    ~Reading() { m_connection->m_session->EndReading(); }
+    ~Reading();
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 

@@ -200,7 +200,7 @@ std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::v
   return command.Execute(ado::kUnspecified);
 }
 
-ado::Connection::Reading BeginReading() { return ado::Connection::Reading(UsableConnection()); }
+ado::Connection::Reading BeginReading() { return ado::Connection::Reading(SharedConnection()); }
 
 std::int32_t GetNextSurrogateKey(std::string_view tableName) {
   return ToInt32(CallDiscovered("spGetNextSurrogateKey", [&](ado::Command& command) {

@@ -62,7 +62,7 @@ std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializ
 /// The embedded engine refuses a procedure that writes.
 std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::vector<ado::Parameter> parameters);
 
-/// As long as the result lives, this thread only reads. The calls of a Load are faster so.
+/// As long as the result lives, this thread only reads. The calls of a Load are faster so. Opens no connection.
 [[nodiscard]] ado::Connection::Reading BeginReading();
 
 /// The next free key of a table. No two callers get the same.

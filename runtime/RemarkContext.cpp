@@ -34,6 +34,7 @@ void RemarkContext::SetOwnerID(const std::string& ownerID) {
   RefuseWhileEdited("RemarkContext.OwnerID");
   Save(false);
   m_ownerID = ownerID;
+  const auto reading = modDatabase::BeginReading();
   LoadMemos();
 }
 
@@ -45,6 +46,7 @@ void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
   // After a failed Load the entity may be that of the record that was not loaded.
   const bool isLoaded = m_loadState == LoadState::Done;
   m_remarkList->SetOrigin(OriginOf(isLoaded ? std::optional(MemoOwner{m_context.entityKey, ownerKey}) : std::nullopt));
+  m_remarkList->SetTakesNew(m_loadState != LoadState::Failed);
 }
 
 std::shared_ptr<RemarkType> RemarkContext::Item(const Value& i_vIndexKey) const noexcept {
@@ -109,15 +111,9 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   try {
     LoadMemos();
   } catch (...) {
-    if (m_remarkList && m_remarkList->Origin().owner) RefuseNewRemarks();
+    if (m_remarkList && m_remarkList->Origin().owner) m_loadState = LoadState::Failed;
     throw;
   }
-}
-
-// The remarks of the owner could not be read: the host still shows the former record, and means that with what it adds.
-void RemarkContext::RefuseNewRemarks() noexcept {
-  m_loadState = LoadState::Failed;
-  m_remarkList->SetTakesNew(false);
 }
 
 void RemarkContext::LoadMemos() {
@@ -129,6 +125,8 @@ void RemarkContext::LoadMemos() {
   RequireLoaded("RemarkContext.LoadMemos");
   contextLoader::LoadOwner(m_context.ownerProcedure, m_ownerID, m_owner);
   m_remarkList->SetOrigin(OriginOf(MemoOwner{m_context.entityKey, m_owner.key}));
+  // Until its remarks are read, the host still shows the former record and means that with what it adds.
+  m_remarkList->SetTakesNew(false);
   RefreshRemarkList();
 }
 
@@ -151,6 +149,7 @@ ListOrigin RemarkContext::LoadedOrigin(const char* source) const {
   RequireLoaded(source);
   if (!m_remarkList) ThrowObjectNotSet();
   static_cast<void>(m_remarkList->Owner(source));
+  m_remarkList->RequireTakesNew(source);
   return m_remarkList->Origin();
 }
 
@@ -161,8 +160,17 @@ void RemarkContext::RefreshRemarkList() {
   // Dispose has left no list, and no types whose remarks could be read.
   const MemoOwner owner =
       m_remarkList ? m_remarkList->Owner(kRefreshRemarkList) : MemoOwner{m_context.entityKey, m_owner.key};
+  const bool tookNew = !m_remarkList || m_remarkList->TakesNew();
   ReplaceList(owner);
-  contextLoader::LoadRemarks(m_contextID, owner, m_types.get(), *m_remarkList);
+  // While the database is asked, the host may dispose of this object.
+  const auto types = m_types;
+  const auto list = m_remarkList;
+  try {
+    contextLoader::LoadRemarks(m_contextID, owner, types.get(), *list);
+  } catch (...) {
+    list->SetTakesNew(tookNew);
+    throw;
+  }
 }
 
 void RemarkContext::Edit(const std::string& i_sContextID, const std::string& i_sOwnerID, const std::string& i_sUserID) {
@@ -221,6 +229,7 @@ void RemarkContext::EditMemos(bool i_bRefresh) {
   if (i_bRefresh) RefreshRemarkList();
   // The user would write to the owner of the former list, or to none, below the caption of another one.
   if (m_loadState == LoadState::Failed) RequireLoaded("RemarkContext.EditMemos");
+  if (m_remarkList) m_remarkList->RequireTakesNew("RemarkContext.EditMemos");
   RemarkWindows& windows = CurrentRemarkWindows("RemarkContext.EditMemos");
   // The host may let go of this object while the window is open.
   const auto keepAlive = weak_from_this().lock();

@@ -37,8 +37,9 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] const std::string& UserID() const noexcept { return m_userID; }
   [[nodiscard]] const std::string& ContextID() const noexcept { return m_contextID; }
   [[nodiscard]] const std::string& OwnerID() const noexcept { return m_ownerID; }
-  /// An ID that differs in more than letter case saves what is pending (Save(false)), then looks the owner up. After a
-  /// failed look-up the new ID stays and the list is empty.
+  /// An ID that differs in more than letter case saves what is pending (Save(false)), then looks the owner up and reads
+  /// the remarks. After a failed look-up the new ID stays and the list is empty. When the remarks could not be read,
+  /// AddRemark, the list's Add and EditMemos raise error -1 until RefreshRemarkList has read them.
   void SetOwnerID(const std::string& ownerID);
   [[nodiscard]] const std::string& Caption() const noexcept { return m_context.caption; }
   /// The host's number for the kind of owner record.
@@ -109,7 +110,6 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   enum class LoadState { None, Failed, Done };
 
   void LoadMemos();
-  void RefuseNewRemarks() noexcept;
   [[nodiscard]] ListOrigin OriginOf(std::optional<MemoOwner> owner) const;
   /// Makes a new, empty list.
   void ReplaceList(std::optional<MemoOwner> owner);

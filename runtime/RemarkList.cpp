@@ -39,6 +39,12 @@ RemarkList::~RemarkList() { Clear(false); }
 
 const MemoOwner& RemarkList::Owner(const char* source) const { return RequiredOwner(m_origin, source); }
 
+void RemarkList::RequireTakesNew(const char* source) const {
+  if (m_takesNew) return;
+  throw Error(ErrorNumber::Component, source,
+              "The last Load or new OwnerID failed, so these remarks are not those of the record that it should load");
+}
+
 std::shared_ptr<Remark> RemarkList::Item(const Value& i_vIndexKey) const noexcept {
   if (!m_items || IsText(i_vIndexKey)) return nullptr;
   try {
@@ -88,10 +94,7 @@ void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) { Append(std::move
 
 void RemarkList::Append(std::shared_ptr<Remark> remark, const char* source) {
   if (!m_items || !remark) ThrowObjectNotSet();
-  if (!m_takesNew) {
-    throw Error(ErrorNumber::Component, source,
-                "The last Load failed, so these remarks are not those of the record that it should load");
-  }
+  RequireTakesNew(source);
   remark->SetListOwner(m_origin.owner);
   m_items->push_back(std::move(remark));
 }

@@ -26,9 +26,13 @@ class RemarkList : public Publishable {
   [[nodiscard]] const ListOrigin& Origin() const noexcept { return m_origin; }
   void SetOrigin(ListOrigin origin) noexcept { m_origin = std::move(origin); }
   void SetEditBehavior(EditBehavior behavior) noexcept { m_origin.editBehavior = behavior; }
-  /// Whether new remarks are taken. After a failed Load its context still has this list, and a remark that is added
-  /// then is meant for another owner.
+  /// Whether new remarks are taken. After a failed Load its context still has this list, and after an owner whose
+  /// remarks could not be read the host still shows the former ones: a remark that is added then is meant for another
+  /// owner.
   void SetTakesNew(bool takesNew) noexcept { m_takesNew = takesNew; }
+  [[nodiscard]] bool TakesNew() const noexcept { return m_takesNew; }
+  /// Error -1 from `source` unless new remarks are taken.
+  void RequireTakesNew(const char* source) const;
   /// The owner of the remarks; error -1 from `source` when none is known.
   [[nodiscard]] const MemoOwner& Owner(const char* source) const;
 

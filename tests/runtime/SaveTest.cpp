@@ -128,7 +128,7 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }), notLoaded("RemarkContext.RefreshRemarkList"));
   EXPECT_THAT(Caught([&] { remark->Commit(); }), notLoaded("Remark.Commit"));
   EXPECT_THAT(Caught([&] { context->EditMemos(); }), notLoaded("RemarkContext.EditMemos"));
-  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("Load failed")));
+  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("failed, so")));
   EXPECT_EQ(OwnerOf("refused first"), "");
   context->Load("OrderEntry", "SO20001", "admin");
   EXPECT_EQ(OwnerOf("refused first"), "501/45");
@@ -151,7 +151,7 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   EXPECT_EQ(OwnerOf("restored"), "");
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   EXPECT_THAT(Caught([&] { context->SetOwnerID(""); }), notLoaded("RemarkContext.LoadMemos"));
-  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("Load failed")));
+  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("failed, so")));
   EXPECT_FALSE(context->RemarkList()->Origin().owner);
 
   m_database.Run("DROP PROCEDURE spTWCqvGetFilteredMemos");
@@ -162,6 +162,39 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   const ContextHolder first;
   EXPECT_THAT(Caught([&] { first->Load("nowhere"); }), HasNumber(ErrorNumber::Component));
   EXPECT_THAT(Caught([&] { first->EditMemos(); }), notLoaded("RemarkContext.EditMemos"));
+}
+
+// The host still shows the former record.
+TEST_F(SaveTest, OwnerWhoseRemarksCouldNotBeReadTakesNoneUntilTheyAre) {
+  const std::string head =
+      "ALTER PROCEDURE spTWCqvGetFilteredMemos @ContextID varchar(30), @EntityType smallint, @OwnerKey int AS ";
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  m_database.Run(head + "SELECT Missing = 1");
+  const auto fails = [&](const std::string& source, const auto& call) {
+    EXPECT_THAT(Caught(call), IsError(-1, source, HasSubstr("failed, so"))) << source;
+  };
+  EXPECT_THAT(Caught([&] { context->SetOwnerID("C1007"); }), HasNumber(ErrorNumber::AdoItemNotFound));
+  EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }), HasNumber(ErrorNumber::AdoItemNotFound));
+  fails("RemarkContext.AddRemark", [&] { context->AddRemark("Cust.General", "for the record still shown"); });
+  fails("RemarkList.Add", [&] { context->RemarkList()->Add(); });
+  fails("RemarkContext.EditMemos", [&] { context->EditMemos(); });
+  Remark alone;
+  alone.SetRemarkType(context->Item("Cust.General"));
+  fails("Remark.Commit", [&] { alone.Commit(); });
+  m_database.Run(head +
+                 "SELECT TypeID = MemoType, MemoKey, DateStamp, UserID, MemoText FROM tciMemo "
+                 "WHERE EntityType = @EntityType AND OwnerKey = @OwnerKey");
+  context->RefreshRemarkList();
+  context->AddRemark("Cust.General", "for the record shown again", "admin");
+  context->Save(true);
+  EXPECT_EQ(OwnerOf("for the record shown again"), "501/8");
+
+  m_database.Run(head + "SELECT Missing = 1");
+  EXPECT_THAT(Caught([&] { context->SetOwnerID("C1044"); }), HasNumber(ErrorNumber::AdoItemNotFound));
+  context->SetOwnerKey(3);
+  context->AddRemark("Cust.General", "for the chosen owner", "admin");
+  context->Save(true);
+  EXPECT_EQ(OwnerOf("for the chosen owner"), "501/3");
 }
 
 TEST_F(SaveTest, FormerRemarksKeepOwnerAndAuthorAfterAnotherLoad) {
