@@ -84,13 +84,15 @@ void EditSession::Save() {
 }
 
 void EditSession::Delete() {
+  FollowList();
+  if (!m_edited.Display().canDelete) return;
   DataGrid& grid = *m_controls.gdxMemos;
   const std::int32_t line = grid.CurrentLine();
   const std::int32_t lineCount = grid.Content().Rows().LineCount();
   // A new remark that was added only to be removed would leave a change to be asked about.
   if (!m_edited.IsNew()) CommitPending();
   m_edited.Remove();
-  Refetch(0, 0);
+  Refetch(nullptr);
   // The other rows keep their order. The heading of a group goes with its last row.
   const std::int32_t lost = lineCount - grid.Content().Rows().LineCount();
   if (line > 0) {
@@ -107,12 +109,12 @@ void EditSession::Close() {
   m_context->Save(false);
 }
 
-// The commit may sort the rows again, so the line that the user went to is found by its row.
+// The commit may sort the rows again, so the line that the user went to is found by its remark.
 void EditSession::RowChanged() {
   if (m_isRefetching) return;
+  const auto remark = CurrentRemark();
   const std::int32_t line = m_controls.gdxMemos->CurrentLine();
-  const std::int32_t rowIndex = m_controls.gdxMemos->RowIndex(line);
-  if (CommitPending() == EditedRemark::Outcome::Changed) Refetch(rowIndex, line);
+  if (CommitPending() == EditedRemark::Outcome::Changed || !m_rows.IsUpToDate()) Refetch(remark, line);
   ShowSelected();
 }
 
@@ -126,17 +128,25 @@ void EditSession::TextEdited() {
   m_controls.Enable(m_edited.Display());
 }
 
+void EditSession::FollowList() {
+  if (m_rows.IsUpToDate()) return;
+  const bool isPending = m_edited.IsPending(m_controls.frame.Input());
+  Refetch(CurrentRemark(), m_controls.gdxMemos->CurrentLine());
+  if (!isPending) ShowSelected();
+}
+
 EditedRemark::Outcome EditSession::CommitPending() { return m_edited.CommitPending(m_controls.frame.Input()); }
 
-/// Reads the rows again and selects a row, else a heading's line, else nothing.
-void EditSession::Refetch(std::int32_t rowIndex, std::int32_t line) {
+/// Reads the rows again and selects the row of a remark; without a remark the heading on a line; else nothing.
+void EditSession::Refetch(const std::shared_ptr<Remark>& remark, std::int32_t line) {
   const modWaitCursor::BusyPointer busy;
   const RaisedFlag refetching(m_isRefetching);
   DataGrid& grid = *m_controls.gdxMemos;
+  m_rows.Read();
   grid.Refetch();
-  if (rowIndex > 0) {
+  if (const std::int32_t rowIndex = m_rows.RowOf(remark); rowIndex > 0) {
     grid.SelectRowIndex(rowIndex);
-  } else if (line > 0) {
+  } else if (!remark && grid.Content().Rows().GroupAt(line) != nullptr) {
     grid.SelectLine(line);
   } else {
     grid.SelectNone();
@@ -146,13 +156,18 @@ void EditSession::Refetch(std::int32_t rowIndex, std::int32_t line) {
 /// Shows the rows and the remark after a save; after a refused one the controls keep what the user typed.
 void EditSession::ShowSaved(EditedRemark::Outcome outcome) {
   if (outcome == EditedRemark::Outcome::Nothing) return;
-  if (outcome == EditedRemark::Outcome::Changed) Refetch(m_edited.Position(), 0);
+  if (outcome == EditedRemark::Outcome::Changed) Refetch(m_edited.Shown());
   ShowSelected();
 }
 
 void EditSession::ShowSelected() {
-  m_edited.Show(m_controls.gdxMemos->RowIndex(m_controls.gdxMemos->CurrentLine()));
+  m_edited.Show(CurrentRemark());
   m_controls.Show(m_edited.Display());
+}
+
+std::shared_ptr<Remark> EditSession::CurrentRemark() const {
+  const DataGrid& grid = *m_controls.gdxMemos;
+  return m_rows.RemarkAt(grid.RowIndex(grid.CurrentLine()));
 }
 
 }  // namespace quorvel

@@ -14,7 +14,8 @@ class RemarkContext;
 
 /// The user's actions in the editor while it is open on one context. They change the context's list and show the result
 /// in the controls. Every step that leaves a remark (selecting another one, New, Delete, Close, an error) first commits
-/// the typed text and type.
+/// the typed text and type. The host may change the list meanwhile: an action meets the remark that the user sees, or
+/// none.
 class EditSession {
  public:
   /// Borrows the controls and shares the context.
@@ -35,6 +36,9 @@ class EditSession {
   void RowChanged();
   void TypeChosen();
   void TextEdited();
+  /// Shows the list again if the host has changed it. The shown remark stays selected if the list still has it, else
+  /// none is. What the user has typed stays in the controls.
+  void FollowList();
 
   /// Saves the edited remark in the list if it is pending, and shows nothing.
   EditedRemark::Outcome CommitPending();
@@ -42,7 +46,8 @@ class EditSession {
  private:
   static void ExplainNew();
   void SetUpGrid();
-  void Refetch(std::int32_t rowIndex, std::int32_t line);
+  void Refetch(const std::shared_ptr<Remark>& remark, std::int32_t line = 0);
+  [[nodiscard]] std::shared_ptr<Remark> CurrentRemark() const;
   void ShowSaved(EditedRemark::Outcome outcome);
   void ShowSelected();
 

@@ -17,14 +17,14 @@
 
 namespace quorvel {
 
-void EditedRemark::Show(std::int32_t position) {
+void EditedRemark::Show(const std::shared_ptr<Remark>& remark) {
   const auto& list = m_context.RemarkList();
-  m_remark = list && position > 0 ? list->Item(std::int64_t{position}) : nullptr;
-  m_position = m_remark ? position : 0;
+  m_remark = list ? list->ItemFor(remark) : nullptr;
+  m_isUnlisted = false;
   m_display = {};
   m_display.remark = m_remark.get();
   if (!m_remark) return;
-  const RemarkRights rights = RightsOnRemark(m_context, position, modUserName::GetUserName());
+  const RemarkRights rights = RightsOnRemark(m_context, list->Index(m_remark), modUserName::GetUserName());
   m_display.text = ShownText(m_remark->MemoText());
   m_display.isLocked = !rights.canUpdate;
   m_display.canSave = rights.canUpdate;
@@ -52,7 +52,7 @@ void EditedRemark::OfferTypes(const IsSelected& isSelected) {
 void EditedRemark::ShowNew(std::shared_ptr<RemarkType> type, std::int32_t typePosition) {
   m_remark = std::make_shared<Remark>();
   m_remark->SetRemarkType(std::move(type));
-  m_position = 0;
+  m_isUnlisted = true;
   m_display.remark = m_remark.get();
   m_display.text.clear();
   m_display.isLocked = false;
@@ -77,9 +77,16 @@ std::string EditedRemark::TextOf(const RemarkInput& input) const {
   return input.isTextTouched ? StoredText(input.text, m_remark->MemoText()) : std::string(m_remark->MemoText());
 }
 
-bool EditedRemark::IsNew() const {
+std::shared_ptr<Remark> EditedRemark::Listed() const {
   const auto& list = m_context.RemarkList();
-  return m_remark && list && list->Index(m_remark) == 0;
+  return list ? list->ItemFor(m_remark) : nullptr;
+}
+
+bool EditedRemark::IsNew() const { return m_remark && !Listed(); }
+
+bool EditedRemark::IsPending(const RemarkInput& input) const {
+  if (!m_remark || !m_display.canSave) return false;
+  return m_isUnlisted || input.isTextTouched || ChosenType(input) != nullptr;
 }
 
 // A user who may not delete must not be sent to a button that is disabled.
@@ -90,6 +97,9 @@ void EditedRemark::RefuseEmptyText() const {
 }
 
 std::shared_ptr<RemarkType> EditedRemark::ChosenType(const RemarkInput& input) const {
+  const auto& shown = m_display.selectedType;
+  // The remark may have got another type meanwhile. The user has not chosen the one that is still shown.
+  if (input.type && shown && *input.type == m_display.types[*shown]) return nullptr;
   // No type is selected when the user may not create remarks of the remark's own type; the remark then keeps it.
   if (!input.type || EqualIgnoringCase(input.type->caption, m_remark->TypeCaption())) return nullptr;
   return m_context.Item(std::int64_t{input.type->position});
@@ -111,7 +121,6 @@ EditedRemark::Outcome EditedRemark::Save(const RemarkInput& input) {
   if (!type && text == m_remark->MemoText()) return Outcome::Unchanged;
   if (list->Index(m_remark) == 0) {
     list->AddRemark(m_remark);
-    m_position = list->Count();
   }
   m_remark->SetMemoText(std::move(text));
   if (type) m_remark->SetRemarkType(std::move(type));
@@ -127,10 +136,11 @@ EditedRemark::Outcome EditedRemark::CommitPending(const RemarkInput& input) {
 }
 
 void EditedRemark::Remove() {
-  const auto& list = m_context.RemarkList();
-  const std::int32_t index = list && m_remark ? list->Index(m_remark) : 0;
-  if (index > 0) list->Remove(std::int64_t{index});
-  Show(0);
+  if (const auto listed = Listed()) {
+    const auto& list = m_context.RemarkList();
+    list->Remove(std::int64_t{list->Index(listed)});
+  }
+  Show(nullptr);
 }
 
 }  // namespace quorvel

@@ -40,6 +40,9 @@ struct RemarkInput {
 
 /// The remark that the editor shows and changes, either selected from a context's list or new: what the user may do
 /// with it, when Save is enabled, and what is stored. Knows no window; its one message goes through CurrentPrompts.
+///
+/// The host may change the list at any time, and may read it again, so that other objects stand for the same memos.
+/// Every operation finds the remark that was shown, and never takes what is at its former position.
 class EditedRemark {
  public:
   enum class Outcome { Nothing, Unchanged, Changed };
@@ -48,11 +51,11 @@ class EditedRemark {
   explicit EditedRemark(RemarkContext& context) noexcept : m_context(context) {}
 
   [[nodiscard]] const RemarkDisplay& Display() const noexcept { return m_display; }
-  /// The remark's 1-based position in the list; 0 when none is selected.
-  [[nodiscard]] std::int32_t Position() const noexcept { return m_position; }
+  /// Null when none is selected.
+  [[nodiscard]] const std::shared_ptr<Remark>& Shown() const noexcept { return m_remark; }
 
-  /// Selects the remark at a 1-based position; a position below 1 selects none.
-  void Show(std::int32_t position);
+  /// Selects a remark; none when it is null or the list does not have it.
+  void Show(const std::shared_ptr<Remark>& remark);
   /// Starts a new remark, which joins the list when it is saved.
   void ShowNew(std::shared_ptr<RemarkType> type, std::int32_t typePosition);
   /// Call when the user has typed in the text box.
@@ -67,7 +70,9 @@ class EditedRemark {
   /// Saves the input before another remark is shown or the window closes. Returns Nothing when Save is disabled or the
   /// text is blank, which is dropped without a message.
   Outcome CommitPending(const RemarkInput& input);
-  /// Whether the remark is new and not in the list.
+  /// Whether showing another remark would lose what the user has typed or chosen, or a new remark.
+  [[nodiscard]] bool IsPending(const RemarkInput& input) const;
+  /// Whether the remark is not in the list: it is new, or the host has taken it out.
   [[nodiscard]] bool IsNew() const;
   /// Removes the remark from the list, or forgets a new one. No remark is selected afterwards.
   void Remove();
@@ -75,13 +80,14 @@ class EditedRemark {
  private:
   template <typename IsSelected>
   void OfferTypes(const IsSelected& isSelected);
+  [[nodiscard]] std::shared_ptr<Remark> Listed() const;
   [[nodiscard]] std::shared_ptr<RemarkType> ChosenType(const RemarkInput& input) const;
   [[nodiscard]] std::string TextOf(const RemarkInput& input) const;
   void RefuseEmptyText() const;
 
   RemarkContext& m_context;
   std::shared_ptr<Remark> m_remark;
-  std::int32_t m_position = 0;
+  bool m_isUnlisted = false;  ///< a new remark that was not saved in the list yet
   RemarkDisplay m_display;
 };
 

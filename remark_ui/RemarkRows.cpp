@@ -31,6 +31,11 @@ constexpr std::array<RemarkColumn, 5> kColumns = {{
      [](const Remark& remark) -> Value { return remark.MemoText(); }},
 }};
 
+std::shared_ptr<const RemarkList::Collection> ItemsOf(const std::shared_ptr<const RemarkContext>& context) noexcept {
+  const auto list = context ? context->RemarkList() : nullptr;
+  return list ? list->Items() : nullptr;
+}
+
 }  // namespace
 
 std::vector<GridColumn> RemarkRows::Columns() {
@@ -44,7 +49,20 @@ std::vector<GridColumn> RemarkRows::Columns() {
 
 std::vector<std::int32_t> RemarkRows::ColumnOrder() { return {1, kDateColumn, kTypeColumn, 4, 5}; }
 
-void RemarkRows::SetContext(std::shared_ptr<const RemarkContext> context) noexcept { m_context = std::move(context); }
+void RemarkRows::SetContext(std::shared_ptr<const RemarkContext> context) {
+  m_context = std::move(context);
+  Read();
+}
+
+void RemarkRows::Read() {
+  const auto items = ItemsOf(m_context);
+  m_remarks = items ? *items : RemarkList::Collection{};
+}
+
+bool RemarkRows::IsUpToDate() const noexcept {
+  const auto items = ItemsOf(m_context);
+  return items ? *items == m_remarks : m_remarks.empty();
+}
 
 // Only a user who may read every kind can be told that there are none.
 std::string RemarkRows::EmptyText() const {
@@ -54,11 +72,15 @@ std::string RemarkRows::EmptyText() const {
   return readsAll ? "There are no remarks." : "There are no remarks that you may read.";
 }
 
-std::int32_t RemarkRows::RowCount() const { return m_context ? m_context->MemoCount() : 0; }
+std::int32_t RemarkRows::RowCount() const { return static_cast<std::int32_t>(m_remarks.size()); }
 
-std::shared_ptr<Remark> RemarkRows::RemarkAt(std::int32_t rowIndex) const {
-  const auto list = m_context ? m_context->RemarkList() : nullptr;
-  return list ? list->Item(std::int64_t{rowIndex}) : nullptr;
+std::shared_ptr<Remark> RemarkRows::RemarkAt(std::int32_t rowIndex) const noexcept {
+  const auto index = static_cast<std::size_t>(rowIndex) - 1;
+  return index < m_remarks.size() ? m_remarks[index] : nullptr;
+}
+
+std::int32_t RemarkRows::RowOf(const std::shared_ptr<Remark>& remark) const {
+  return RemarkList::PositionIn(m_remarks, remark);
 }
 
 std::string RemarkRows::MarkOf(std::int32_t rowIndex) const {

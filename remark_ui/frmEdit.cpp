@@ -65,6 +65,11 @@ void frmEdit::BindHandlers() {
     if (m_session) m_controls->OfferMenu(point);
   };
   controls.gdxMemos->Failed = [this](std::exception_ptr failure) { HandleFailure(std::move(failure)); };
+  Bind(wxEVT_IDLE, UserAction([this](wxIdleEvent& event) {
+         event.Skip();
+         // Rows must not move under a mouse that drags.
+         if (m_session && GetCapture() == nullptr) m_session->FollowList();
+       }));
   Bind(wxEVT_CHAR_HOOK, UserAction([this](wxKeyEvent& event) { KeyPressed(event); }));
 }
 

@@ -186,6 +186,12 @@ void Remark::DeleteFor(const std::string& contextID) {
   m_isStored = false;
 }
 
+bool Remark::IsSameMemo(const Remark& other) const {
+  if (m_memoKey == 0 || m_memoKey != other.m_memoKey || m_hasNoMemo || other.m_hasNoMemo) return false;
+  if (m_owner && other.m_owner && m_owner != other.m_owner) return false;
+  return (!IsUnanswered() && !other.IsUnanswered()) || KnownDigest() == other.KnownDigest();
+}
+
 std::shared_ptr<Remark> Remark::Copy() const {
   auto copy = std::make_shared<Remark>();
   copy->m_remarkType = m_remarkType;

@@ -64,6 +64,10 @@ class Remark : public Publishable {
   /// The same for the remark of a list, which is read in that context.
   void DeleteFor(const std::string& contextID);
 
+  /// Whether both objects are remarks of one stored memo. The key alone does not say it: after a refused insert, for
+  /// example, another memo may have it.
+  [[nodiscard]] bool IsSameMemo(const Remark& other) const;
+
   /// A copy for RemarkList::Backup: everything but UserID, which stays empty.
   [[nodiscard]] std::shared_ptr<Remark> Copy() const;
 
@@ -74,6 +78,8 @@ class Remark : public Publishable {
   /// Before a value changes: remembers the memo by its digest, so that LookAgain knows it.
   void RememberMemo();
   [[nodiscard]] std::uint32_t KnownDigest() const;
+  /// Whether only the values can tell that the memo with the key is this remark\'s.
+  [[nodiscard]] bool IsUnanswered() const noexcept { return m_isOpen && !m_isStored; }
   /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos to know it.
   [[nodiscard]] bool MayBeStored(const ListOrigin& list, const Error& error) const;
 

@@ -74,6 +74,20 @@ std::int32_t RemarkList::Index(const std::shared_ptr<Remark>& i_oRemark) const n
   return found == m_items->end() ? 0 : static_cast<std::int32_t>(found - m_items->begin()) + 1;
 }
 
+std::shared_ptr<Remark> RemarkList::ItemFor(const std::shared_ptr<Remark>& remark) const {
+  const std::int32_t position = m_items ? PositionIn(*m_items, remark) : 0;
+  return position > 0 ? (*m_items)[static_cast<std::size_t>(position) - 1] : nullptr;
+}
+
+std::int32_t RemarkList::PositionIn(const Collection& remarks, const std::shared_ptr<Remark>& remark) {
+  if (!remark) return 0;
+  auto found = std::ranges::find(remarks, remark);
+  if (found == remarks.end()) {
+    found = std::ranges::find_if(remarks, [&remark](const auto& each) { return each->IsSameMemo(*remark); });
+  }
+  return found == remarks.end() ? 0 : static_cast<std::int32_t>(found - remarks.begin()) + 1;
+}
+
 void RemarkList::Backup() {
   m_backupItems = CopyOf(m_items);
   m_backupDeleted = CopyOf(m_deleted);

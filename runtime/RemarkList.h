@@ -45,6 +45,11 @@ class RemarkList : public Publishable {
   [[nodiscard]] bool Dirty() const noexcept;
   /// 1-based position of that very object; 0 when absent.
   [[nodiscard]] std::int32_t Index(const std::shared_ptr<Remark>& i_oRemark) const noexcept;
+  /// The item that is `remark` itself or, where the list was read again, the object for the same memo; null when there
+  /// is none.
+  [[nodiscard]] std::shared_ptr<Remark> ItemFor(const std::shared_ptr<Remark>& remark) const;
+  /// 1-based position of the same in a collection that was taken earlier; 0 when there is none.
+  [[nodiscard]] static std::int32_t PositionIn(const Collection& remarks, const std::shared_ptr<Remark>& remark);
 
   /// Copies the items and the removed remarks for Restore.
   void Backup();

@@ -30,6 +30,7 @@ class EditRulesTest : public testing::Test {
     m_context->Load("CustMaint", "C1044", user);
     m_context->SetEditBehavior(EditBehavior::NoAutoSave);
   }
+  void Show(std::int32_t position) { m_edited.Show(m_context->RemarkList()->Item(Value(std::int64_t{position}))); }
   /// The position of the first remark of a type.
   [[nodiscard]] std::int32_t First(const std::string& typeID) const {
     std::int32_t position = 1;
@@ -92,7 +93,7 @@ TEST_F(EditRulesTest, DisplayFollowsTheRights) {
   Open("mjones");  // creates General, creates and updates Credit
   const auto caption = [](const char* text) { return Field("caption", &TypeChoice::caption, text); };
 
-  m_edited.Show(First("Cust.Credit"));
+  Show(First("Cust.Credit"));
   const RemarkDisplay& display = m_edited.Display();
   EXPECT_EQ(display.caption, "Edit Remark");
   EXPECT_FALSE(display.isLocked);
@@ -101,7 +102,7 @@ TEST_F(EditRulesTest, DisplayFollowsTheRights) {
   EXPECT_FALSE(display.canChooseType) << "a remark that may not be deleted keeps its type";
   EXPECT_THAT(display.types, ElementsAre(caption("Credit")));
 
-  m_edited.Show(First("Cust.General"));
+  Show(First("Cust.General"));
   EXPECT_EQ(display.caption, "View Remark");
   EXPECT_TRUE(display.isLocked);
   EXPECT_FALSE(display.canSave);
@@ -109,14 +110,14 @@ TEST_F(EditRulesTest, DisplayFollowsTheRights) {
   EXPECT_FALSE(display.canSave) << "a locked text is not edited";
 
   RemarkAt(m_context, First("Cust.General")).SetUserID(m_login);
-  m_edited.Show(First("Cust.General"));
+  Show(First("Cust.General"));
   EXPECT_FALSE(display.isLocked);
   EXPECT_TRUE(display.canDelete);
   EXPECT_TRUE(display.canChooseType);
   EXPECT_THAT(display.types, ElementsAre(caption("Credit"), caption("General")));
   EXPECT_EQ(display.selectedType, 1U);
 
-  m_edited.Show(0);
+  Show(0);
   EXPECT_EQ(m_edited.Save(Typed("nothing to save it to")), Outcome::Nothing);
 }
 
@@ -127,7 +128,7 @@ TEST_F(EditRulesTest, SavingAChangeStoresLogonNameAndDate) {
     remark.SetUserID("pat");
     remark.SetDateStamp(kZeroDate);
     remark.SetDirty(false);
-    m_edited.Show(1);
+    Show(1);
     EXPECT_EQ(m_edited.Save(input), Outcome::Changed);
     EXPECT_EQ(remark.MemoText(), "one\r\ntwo");
     EXPECT_EQ(remark.UserID(), m_login);
@@ -136,24 +137,24 @@ TEST_F(EditRulesTest, SavingAChangeStoresLogonNameAndDate) {
   }
   EXPECT_EQ(remark.TypeID(), "Cust.Credit");
 
-  m_edited.Show(1);
+  Show(1);
   m_edited.TypeChosen({"", false, TypeChoice{"CREDIT", 2}});
   EXPECT_FALSE(m_edited.Display().canSave) << "it is the remark's own type";
   m_edited.TypeChosen(Typed("typed before", TypeChoice{"CREDIT", 2}));
   EXPECT_TRUE(m_edited.Display().canSave) << "the text is another";
-  m_edited.Show(1);
+  Show(1);
   m_edited.TypeChosen({"", false, Type("Cust.General")});
   EXPECT_TRUE(m_edited.Display().canSave);
 }
 
 TEST_F(EditRulesTest, HostThatReadsTheListAgainChangesNoRemark) {
   Open("admin");
-  m_edited.Show(1);
+  Show(1);
   const std::string text = m_edited.Display().text;
   m_context->RefreshRemarkList();
   EXPECT_EQ(m_edited.CommitPending({text, false, {}}), Outcome::Unchanged);
   EXPECT_FALSE(m_context->RemarkList()->Dirty()) << "a new author and date for a remark that was only looked at";
-  m_edited.Show(1);
+  Show(1);
   m_context->RefreshRemarkList();
   EXPECT_EQ(m_edited.CommitPending(Typed("typed meanwhile")), Outcome::Changed);
   m_context->Save(true);
@@ -163,7 +164,7 @@ TEST_F(EditRulesTest, HostThatReadsTheListAgainChangesNoRemark) {
 TEST_F(EditRulesTest, EmptyTextIsRefusedBySaveAndDroppedByCommit) {
   Open("admin");
   const std::string before = RemarkAt(m_context, 1).MemoText();
-  m_edited.Show(1);
+  Show(1);
   EXPECT_EQ(m_edited.CommitPending(Typed("")), Outcome::Nothing);
   EXPECT_EQ(m_edited.CommitPending(Typed("   ")), Outcome::Nothing);
   EXPECT_TRUE(m_prompts->shown.empty());
@@ -181,7 +182,7 @@ TEST_F(EditRulesTest, EmptyTextIsRefusedBySaveAndDroppedByCommit) {
 
   Open("mjones");
   m_prompts->answers = {PromptAnswer::Ok};
-  m_edited.Show(First("Cust.Credit"));
+  Show(First("Cust.Credit"));
   EXPECT_EQ(m_edited.Save(Typed("")), Outcome::Nothing);
   EXPECT_EQ(m_prompts->shown[1].text, "Empty remarks not permitted.") << "Delete cannot be pressed";
 }

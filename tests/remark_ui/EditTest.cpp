@@ -124,8 +124,63 @@ TEST_F(EditTest, HostMayDisposeOfTheContextInTheMiddle) {
     });
     Click("cmdNew");
   };
-  EXPECT_THAT(Caught([&] { typeAndClose(context, chooseWithoutContext); }), HasNumber(ErrorNumber::ObjectNotSet));
+  typeAndClose(context, chooseWithoutContext);
+  context->Load("CustMaint", "C1044", "admin");
+  EXPECT_THAT(Caught([&] { typeAndClose(context, [&] { context->Dispose(); }); }), HasNumber(ErrorNumber::ObjectNotSet))
+      << "the host is told that the text has no remark any more";
   EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText LIKE 'typed before%'"), "0");
+}
+
+/// A change that a timer of the host makes to the list while the editor is open.
+struct ListChange {
+  const char* name;
+  void (*make)(RemarkContext& context, const TestDatabase& database);
+};
+
+void InsertFirst(RemarkContext& context, const TestDatabase& database) {
+  database.Run(
+      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+      "VALUES (3000, 'Cust.AR.Coll', 501, 45, '20991231', 'mjones', 'of another user just now')");
+  context.RefreshRemarkList();
+}
+
+const ListChange kListChanges[] = {
+    {"refresh", InsertFirst},
+    {"remove another", [](RemarkContext& context, const TestDatabase&) { context.RemarkList()->Remove(Number(1)); }},
+    {"restore", [](RemarkContext& context, const TestDatabase&) { context.RemarkList()->Restore(); }},
+    {"add", [](RemarkContext& context, const TestDatabase&) { context.AddRemark("Cust.AR.Coll", "by the host"); }},
+    {"remove", [](RemarkContext& context, const TestDatabase&) { context.RemarkList()->Remove(Number(kGeneral)); }},
+    {"clear", [](RemarkContext& context, const TestDatabase&) { context.RemarkList()->Clear(); }},
+};
+
+// The user goes to the row after the change or before it, and the window may have noticed the change or not.
+TEST_F(EditTest, DeleteRemovesTheRemarkThatIsSeenWhateverTheHostDoesToTheList) {
+  for (const ListChange& change : kListChanges) {
+    for (const std::string when : {"before", "after", "noticed"}) {
+      const TestDatabase database;
+      const ContextHolder context("CustMaint", "C1044", "admin");
+      context->SetEditBehavior(EditBehavior::NoAutoSave);
+      context->RemarkList()->Backup();
+      const std::string key = std::to_string(RemarkAt(context, kGeneral).MemoKey());
+      View(context, [&] {
+        if (when != "before") Go(kGeneral);
+        change.make(*context, database);
+        if (when == "before") Go(kGeneral);
+        if (when == "noticed") HandleEvents();
+        if (CanPress("cmdDelete")) Click("cmdDelete");
+        HandleEvents();
+        EXPECT_EQ(Position(), 0);
+        EXPECT_FALSE(CanPress("cmdDelete")) << change.name;
+        Click("cmdClose");
+      });
+      context->Save(true);
+      const bool isForgotten = change.name == std::string("clear");
+      const std::string left = isForgotten ? "1" : "0";
+      EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoKey = " + key), left) << change.name << when;
+      const std::string generals = "SELECT COUNT(*) FROM tciMemo WHERE OwnerKey = 45 AND MemoType = 'Cust.General'";
+      EXPECT_EQ(database.Ask(generals), isForgotten ? "3" : "2") << change.name << when;
+    }
+  }
 }
 
 TEST_F(EditTest, ClosingWritesAllChangesOrNone) {
