@@ -117,12 +117,13 @@ EditedRemark::Outcome EditedRemark::Save(const RemarkInput& input) {
   const auto& list = m_context.RemarkList();
   if (!list) ThrowObjectNotSet();
   m_display.canSave = false;
-  // A remark that was only looked at stays out of a list that the host has read again meanwhile.
-  if (!type && text == m_remark->MemoText()) return Outcome::Unchanged;
-  if (list->Index(m_remark) == 0) {
-    list->AddRemark(m_remark);
-  }
-  m_remark->SetMemoText(std::move(text));
+  // A remark that was only looked at stays out of a list that the host has read again meanwhile, and a text that was
+  // not touched does not replace the one that the list has now.
+  const bool isOtherText = text != m_remark->MemoText();
+  if (!type && !isOtherText) return Outcome::Unchanged;
+  m_remark = list->Keep(m_remark);
+  m_isUnlisted = false;
+  if (isOtherText) m_remark->SetMemoText(std::move(text));
   if (type) m_remark->SetRemarkType(std::move(type));
   m_remark->SetUserID(std::move(loginName));
   m_remark->SetDateStamp(Now());

@@ -63,9 +63,10 @@ class EditedRemark {
   /// Call when the user has chosen in the list of types.
   void TypeChosen(const RemarkInput& input);
 
-  /// Stores the input in the remark, adds a new remark to the list, and returns whether that changed anything. Disables
-  /// Save until the remark is shown again. Returns Nothing when no remark is selected or the text is blank, which a
-  /// message reports. Strong guarantee.
+  /// Stores the input in the list's remark and returns whether that changed anything. A remark that is not in the list
+  /// joins it, also one that the host has taken out: what was typed is not lost. Disables Save until the remark is
+  /// shown again. Returns Nothing when no remark is selected or the text is blank, which a message reports. Strong
+  /// guarantee.
   Outcome Save(const RemarkInput& input);
   /// Saves the input before another remark is shown or the window closes. Returns Nothing when Save is disabled or the
   /// text is blank, which is dropped without a message.

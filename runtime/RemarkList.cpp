@@ -106,6 +106,19 @@ std::shared_ptr<Remark> RemarkList::Add() {
 
 void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) { Append(std::move(i_oRemark), "RemarkList.AddRemark"); }
 
+std::shared_ptr<Remark> RemarkList::Keep(const std::shared_ptr<Remark>& remark) {
+  if (!m_items) Clear();
+  auto kept = ItemFor(remark);
+  if (!kept) {
+    const std::int32_t removed = PositionIn(*m_deleted, remark);
+    kept = removed > 0 ? (*m_deleted)[static_cast<std::size_t>(removed) - 1] : remark;
+    Append(kept, "RemarkList.AddRemark");
+  }
+  // The next Save would delete the memo that it has just written.
+  std::erase_if(*m_deleted, [&kept](const auto& each) { return each == kept || each->IsSameMemo(*kept); });
+  return kept;
+}
+
 void RemarkList::Append(std::shared_ptr<Remark> remark, const char* source) {
   if (!m_items || !remark) ThrowObjectNotSet();
   RequireTakesNew(source);

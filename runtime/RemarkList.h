@@ -62,6 +62,10 @@ class RemarkList : public Publishable {
   std::shared_ptr<Remark> Add();
   /// Appends a remark. Error 91 when it is null or the list has no collections, -1 when it takes no new ones.
   void AddRemark(std::shared_ptr<Remark> i_oRemark);
+  /// For a window that stores what its user typed: makes sure that the next Save writes the memo of `remark`, once.
+  /// Returns the item for it (ItemFor), else the removed remark for it, which becomes an item again, else `remark`
+  /// itself, appended. Makes collections for a list without them. Error -1 as AddRemark.
+  std::shared_ptr<Remark> Keep(const std::shared_ptr<Remark>& remark);
 
   /// Makes room for `count` more remarks, for the code that reads them: a collection that grows by itself leaves up to
   /// half of its memory unused. Does nothing without collections.

@@ -156,9 +156,30 @@ TEST_F(EditRulesTest, HostThatReadsTheListAgainChangesNoRemark) {
   EXPECT_FALSE(m_context->RemarkList()->Dirty()) << "a new author and date for a remark that was only looked at";
   Show(1);
   m_context->RefreshRemarkList();
-  EXPECT_EQ(m_edited.CommitPending(Typed("typed meanwhile")), Outcome::Changed);
+  RemarkAt(m_context, 1).SetMemoText("of another user");
+  EXPECT_EQ(m_edited.CommitPending({text, false, Type("Cust.Credit")}), Outcome::Changed);
+  EXPECT_EQ(RemarkAt(m_context, 1).MemoText(), "of another user") << "only the type was chosen";
+  EXPECT_EQ(RemarkAt(m_context, 1).TypeID(), "Cust.Credit");
+  Show(1);
+  RemarkAt(m_context, 1).SetRemarkType(m_context->Item("Cust.General"));
+  EXPECT_EQ(m_edited.CommitPending({m_edited.Display().text, false, Type("Cust.Credit")}), Outcome::Unchanged)
+      << "the type that is shown was not chosen";
+}
+
+// A host's own memo of the same owner has taken the key of a refused insert.
+TEST_F(EditRulesTest, TypedTextIsNotStoredOnAnotherMemoWithTheKey) {
+  Open("admin");
+  m_context->AddRemark("Cust.General", "refused at first", std::string(31, 'x'));
+  EXPECT_NE(test::Caught([&] { m_context->Save(true); }).Number(), 0);
+  Show(8);
+  m_database.Run(
+      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+      "VALUES (2043, 'Cust.General', 501, 45, GETDATE(), 'host', 'the host''s')");
+  m_context->RefreshRemarkList();
+  EXPECT_EQ(m_edited.CommitPending(Typed("typed")), Outcome::Changed);
   m_context->Save(true);
-  EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 7"), "typed meanwhile");
+  EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 2043"), "the host's");
+  EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 2044"), "typed");
 }
 
 TEST_F(EditRulesTest, EmptyTextIsRefusedBySaveAndDroppedByCommit) {

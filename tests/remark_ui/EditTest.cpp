@@ -1,6 +1,7 @@
 // The editor as its user sees it. Its rules are tested without a window in EditRulesTest.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -26,6 +27,7 @@ using testing::StartsWith;
 
 /// The position of the first General remark of Acme Tools; Collections and Credit come before.
 constexpr std::int32_t kGeneral = 4;
+constexpr const char* kCountGenerals = "SELECT COUNT(*) FROM tciMemo WHERE OwnerKey = 45 AND MemoType = 'Cust.General'";
 
 class EditTest : public FormTest<frmEdit> {
  protected:
@@ -133,7 +135,7 @@ TEST_F(EditTest, HostMayDisposeOfTheContextInTheMiddle) {
 
 /// A change that a timer of the host makes to the list while the editor is open.
 struct ListChange {
-  const char* name;
+  std::string name;
   void (*make)(RemarkContext& context, const TestDatabase& database);
 };
 
@@ -151,6 +153,12 @@ const ListChange kListChanges[] = {
     {"add", [](RemarkContext& context, const TestDatabase&) { context.AddRemark("Cust.AR.Coll", "by the host"); }},
     {"remove", [](RemarkContext& context, const TestDatabase&) { context.RemarkList()->Remove(Number(kGeneral)); }},
     {"clear", [](RemarkContext& context, const TestDatabase&) { context.RemarkList()->Clear(); }},
+    {"clear", [](RemarkContext& context, const TestDatabase&) { context.RemarkList()->Clear(false); }},
+    {"refresh and remove",
+     [](RemarkContext& context, const TestDatabase&) {
+       context.RefreshRemarkList();
+       context.RemarkList()->Remove(Number(kGeneral));
+     }},
 };
 
 // The user goes to the row after the change or before it, and the window may have noticed the change or not.
@@ -174,11 +182,42 @@ TEST_F(EditTest, DeleteRemovesTheRemarkThatIsSeenWhateverTheHostDoesToTheList) {
         Click("cmdClose");
       });
       context->Save(true);
-      const bool isForgotten = change.name == std::string("clear");
+      const bool isForgotten = change.name == "clear";
       const std::string left = isForgotten ? "1" : "0";
       EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoKey = " + key), left) << change.name << when;
-      const std::string generals = "SELECT COUNT(*) FROM tciMemo WHERE OwnerKey = 45 AND MemoType = 'Cust.General'";
-      EXPECT_EQ(database.Ask(generals), isForgotten ? "3" : "2") << change.name << when;
+      EXPECT_EQ(database.Ask(kCountGenerals), isForgotten ? "3" : "2") << change.name << when;
+    }
+  }
+}
+
+TEST_F(EditTest, TypedTextGoesToItsOwnMemoOnceWhateverTheHostDoesToTheList) {
+  for (const ListChange& change : kListChanges) {
+    for (const std::string ending : {"cmdSave", "cmdClose", "another row", "cmdNew", "cmdSave of a new one"}) {
+      SCOPED_TRACE(change.name + (", " + ending));
+      const bool isNew = ending.ends_with("new one");
+      const TestDatabase database;
+      const ContextHolder context("CustMaint", "C1044", "admin");
+      context->SetEditBehavior(EditBehavior::NoAutoSave);
+      context->RemarkList()->Backup();
+      const std::string key = std::to_string(RemarkAt(context, kGeneral).MemoKey());
+      View(context, [&] {
+        isNew ? ClickNew("General") : Go(kGeneral);
+        Type("typed");
+        change.make(*context, database);
+        if (ending != "cmdClose") HandleEvents();
+        EXPECT_EQ(Text(), "typed");
+        if (ending == "another row") Grid().SelectLine(2);
+        if (ending.starts_with("cmdSave")) Click("cmdSave");
+        if (ending == "cmdNew") ClickNew("General");
+        Click("cmdClose");
+      });
+      context->Save(true);
+      const std::string typed = database.Ask("SELECT MemoKey FROM tciMemo WHERE MemoText = 'typed'");
+      EXPECT_EQ(typed != key, isNew);
+      const std::int32_t removed = isNew && change.name.ends_with("remove") ? 1 : 0;
+      EXPECT_EQ(database.Ask(kCountGenerals), std::to_string(isNew ? 4 - removed : 3));
+      const auto& items = *context->RemarkList()->Items();
+      EXPECT_EQ(std::ranges::count(items, typed, [](const auto& each) { return std::to_string(each->MemoKey()); }), 1);
     }
   }
 }
