@@ -30,6 +30,7 @@ constexpr std::size_t kMostPairs = 6;
 struct State {
   std::shared_ptr<ado::Connection> connection;
   bool isLost = false;  ///< there was a connection, and the next call opens another
+  bool keepsParameters = false;
   std::chrono::seconds connectionTimeout = 3600s;
   DBConnect settings;
 };
@@ -88,6 +89,11 @@ bool IsAboutParameters(const Error& error) {
   return record != nullptr && IsAboutParameters(*record);
 }
 
+void ForgetParametersUnlessKept() {
+  const auto& state = PerThread<State>();
+  if (state.connection && !state.keepsParameters) state.connection->ForgetParameters();
+}
+
 /// Runs `call` with a command whose parameters are discovered. The procedure may have been changed since the connection
 /// asked for them; then they are asked again, once.
 template <typename Call>
@@ -95,6 +101,7 @@ auto CallDiscovered(std::string_view procName, const Call& call) {
   const modWaitCursor::BusyPointer busy;
   const auto dropped = DropLostConnection();
   ado::Command command = ProcedureCall(procName);
+  ForgetParametersUnlessKept();
   try {
     return call(command);
   } catch (const Error& error) {
@@ -180,6 +187,13 @@ std::shared_ptr<ado::Recordset> LoadDisconnectedRst(std::string_view sql) {
   if (recordset) recordset->SetActiveConnection(nullptr);
   return recordset;
 }
+
+KeptParameters::KeptParameters() : m_wereKept(PerThread<State>().keepsParameters) {
+  ForgetParametersUnlessKept();
+  PerThread<State>().keepsParameters = true;
+}
+
+KeptParameters::~KeptParameters() { PerThread<State>().keepsParameters = m_wereKept; }
 
 std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializer_list<NamedValue> pairs) {
   if (pairs.size() > kMostPairs) ThrowInvalidCall();

@@ -53,9 +53,22 @@ void SetConnectionTimeout(std::chrono::seconds timeout);
 using NamedValue = std::pair<std::string_view, Value>;
 
 /// Calls a stored procedure with up to six named parameters and returns its result. The database supplies the
-/// parameters' types. Nothing is sent twice: when parameters that were discovered earlier no longer fit, the procedure
-/// has not run.
+/// parameters' order and types, again for each call unless a KeptParameters lives. Nothing is sent twice: when
+/// parameters that were discovered earlier no longer fit, the procedure has not run.
 std::shared_ptr<ado::Recordset> ExecSP(std::string_view procName, std::initializer_list<NamedValue> pairs = {});
+
+/// As long as it lives, this thread asks a server once for the parameters of each procedure. They are sent by position,
+/// and a DBA may change their order while hosts run, so they are kept for one save at most.
+class KeptParameters {
+ public:
+  KeptParameters();
+  ~KeptParameters();
+  KeptParameters(const KeptParameters&) = delete;
+  KeptParameters& operator=(const KeptParameters&) = delete;
+
+ private:
+  bool m_wereKept;
+};
 
 /// Calls a stored procedure that only reads with parameters that the caller declares, in the procedure's order, and
 /// returns its result. Works for procedures whose parameter names are not known: the host's own. Nothing is retried.

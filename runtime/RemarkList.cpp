@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "data/modDatabase.h"
 #include "platform/Error.h"
 
 namespace quorvel {
@@ -134,6 +135,7 @@ void RemarkList::Reserve(std::int32_t count) {
 void RemarkList::Save() {
   const ListOrigin origin = m_origin;
   const Collection items = m_items ? *m_items : Collection{};
+  const modDatabase::KeptParameters parameters;
   for (const auto& remark : items) {
     if (!remark->Dirty()) continue;
     static_cast<void>(RequiredOwner(origin, "RemarkList.Save"));

@@ -178,7 +178,7 @@ TEST(Statements, KeepThePositionsOfAContextInThisOrder) {
   EXPECT_THAT(s.server->Requests(),
               ElementsAre(HasSubstr("WHERE RemarkTypeKey = 3  AND ContextKey = 1"),
                           "UPDATE ttwRemarkContext\r\nSET DisplaySeq = 2\r\nWHERE RemarkTypeKey = 4 and ContextKey = 1",
-                          "call spTWCqvRemoveRemarkContext"));
+                          _, "call spTWCqvRemoveRemarkContext"));
 }
 
 }  // namespace
