@@ -4,13 +4,16 @@
 
 #include <chrono>
 
+#include "ado/embedded/FileWatch.h"
+
 namespace quorvel::ado::embedded {
 
 /// The wait of a database for a lock that another program or thread holds. SQLite would sleep by itself; here the
 /// windows of this program draw themselves meanwhile.
 class BusyWait {
  public:
-  BusyWait() = default;
+  /// A wait for a file that was deleted or replaced ends at once, because it may never end by itself.
+  explicit BusyWait(FileWatch& file) noexcept : m_file(file) {}
   BusyWait(const BusyWait&) = delete;
   BusyWait& operator=(const BusyWait&) = delete;
 
@@ -24,9 +27,10 @@ class BusyWait {
 
  private:
   static int Handle(void* self, int tries) noexcept;
-  /// Sleeps for a moment; false when the limit is reached.
+  /// Sleeps for a moment; false when the wait is over.
   [[nodiscard]] bool GoOn(int tries);
 
+  FileWatch& m_file;
   std::chrono::seconds m_limit{0};
   std::chrono::steady_clock::time_point m_begin;
   bool m_isDrawing = false;

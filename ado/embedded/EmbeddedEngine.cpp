@@ -82,7 +82,7 @@ std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
                                                    options.commandTimeout);
   Configure(handle);
   ShareFilesBeside(handle);
-  session->LookForFiles();
+  session->RequireOpenedFiles();
   return session;
 }
 

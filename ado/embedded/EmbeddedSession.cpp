@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <utility>
+
 #include "ado/embedded/BatchParser.h"
 #include "ado/embedded/CallFrame.h"
 
@@ -9,17 +11,17 @@ namespace quorvel::ado::embedded {
 
 EmbeddedSession::EmbeddedSession(DatabaseHandle database, const std::filesystem::path& path,
                                  std::chrono::seconds commandTimeout)
-    : m_database(std::move(database)),
+    : m_file(database.Get(), path),
+      m_wait(m_file),
+      m_database(std::move(database)),
       m_procedures(m_database.Get()),
-      m_interpreter(m_database.Get(), path, m_procedures, m_timeLimit, m_restrictions),
+      m_interpreter(m_database.Get(), m_file, m_procedures, m_timeLimit, m_restrictions),
       m_reading(m_database.Get()) {
   m_wait.Attach(m_database.Get());
   m_timeLimit.Attach(m_database.Get());
   m_restrictions.Attach(m_database.Get());
   EmbeddedSession::SetCommandTimeout(commandTimeout);
 }
-
-void EmbeddedSession::LookForFiles() { m_interpreter.LookForFiles(); }
 
 void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) {
   m_wait.SetLimit(timeout);
@@ -29,6 +31,7 @@ void EmbeddedSession::SetCommandTimeout(std::chrono::seconds timeout) {
 Result EmbeddedSession::Execute(std::string_view batch) {
   m_wait.RefuseWhileWaiting();
   m_reading.End();
+  m_discovered = {};
   const TimeLimit::Command command(m_timeLimit);
   Program program = BatchParser(TokenCursor(batch), m_procedures.Tables()).Parse();
   Frame frame;
@@ -38,6 +41,7 @@ Result EmbeddedSession::Execute(std::string_view batch) {
 std::vector<ParameterInfo> EmbeddedSession::DiscoverParameters(std::string_view procedure) {
   m_wait.RefuseWhileWaiting();
   const auto program = m_procedures.Find(procedure);
+  m_discovered = {std::string(procedure), program};
   std::vector<ParameterInfo> parameters;
   for (std::size_t i = 0; i < program->parameterCount; ++i) parameters.push_back(program->variables[i].info);
   return parameters;
@@ -81,7 +85,7 @@ void EmbeddedSession::EndReading() noexcept {
 
 Result EmbeddedSession::CallNow(std::string_view procedure, std::span<Parameter> parameters) {
   const TimeLimit::Command command(m_timeLimit);
-  const auto program = m_procedures.Find(procedure);
+  const auto program = TakeProgram(procedure);
   // The procedure may have changed to one that writes, and a reader must not turn writer.
   if (!program->onlyReads) m_reading.End();
   GivenArguments given;
@@ -93,6 +97,11 @@ Result EmbeddedSession::CallNow(std::string_view procedure, std::span<Parameter>
     if (parameters[i].IsOutput()) parameters[i].SetOutput(std::move(frame[i]));
   }
   return result;
+}
+
+std::shared_ptr<Program> EmbeddedSession::TakeProgram(std::string_view procedure) {
+  const Discovered discovered = std::exchange(m_discovered, {});
+  return discovered.program && discovered.procedure == procedure ? discovered.program : m_procedures.Find(procedure);
 }
 
 std::string EmbeddedSession::Describe() const {

@@ -2,8 +2,11 @@
 
 #include <chrono>
 #include <filesystem>
+#include <memory>
+#include <string>
 
 #include "ado/embedded/BusyWait.h"
+#include "ado/embedded/FileWatch.h"
 #include "ado/embedded/Interpreter.h"
 #include "ado/embedded/Procedures.h"
 #include "ado/embedded/ReadTransaction.h"
@@ -22,7 +25,7 @@ class EmbeddedSession final : public Session {
   EmbeddedSession(DatabaseHandle database, const std::filesystem::path& path, std::chrono::seconds commandTimeout);
 
   /// Remembers which files the database has; DriverError 08S01 when one was replaced since it was opened.
-  void LookForFiles();
+  void RequireOpenedFiles() { m_file.RequireOpened(); }
   void SetCommandTimeout(std::chrono::seconds timeout) override;
   Result Execute(std::string_view batch) override;
   std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) override;
@@ -36,7 +39,16 @@ class EmbeddedSession final : public Session {
  private:
   Result CallInOneRead(std::string_view procedure, std::span<Parameter> parameters);
   Result CallNow(std::string_view procedure, std::span<Parameter> parameters);
+  [[nodiscard]] std::shared_ptr<Program> TakeProgram(std::string_view procedure);
 
+  /// The procedure whose parameters were asked for last. When its call comes next, it was found a moment ago, and
+  /// looking for a change again would take as long as a small query.
+  struct Discovered {
+    std::string procedure;
+    std::shared_ptr<Program> program;
+  };
+
+  FileWatch m_file;
   BusyWait m_wait;
   TimeLimit m_timeLimit;
   Restrictions m_restrictions;
@@ -44,6 +56,7 @@ class EmbeddedSession final : public Session {
   Procedures m_procedures;
   Interpreter m_interpreter;
   ReadTransaction m_reading;
+  Discovered m_discovered;
   bool m_keepsReading = false;  ///< the next calls go on in the same read transaction
 };
 

@@ -51,14 +51,14 @@ bool IsTrue(const Value& value) {
 
 }  // namespace
 
-Interpreter::Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures,
-                         const TimeLimit& limit, const Restrictions& restrictions)
+Interpreter::Interpreter(sqlite3* database, FileWatch& file, Procedures& procedures, const TimeLimit& limit,
+                         const Restrictions& restrictions)
     : m_database(database),
+      m_file(file),
       m_procedures(procedures),
       m_timeLimit(limit),
       m_restrictions(restrictions),
-      m_file(database, path),
-      m_transaction(database, m_file) {
+      m_transaction(database) {
   const auto rowCount = [](sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
     sqlite3_result_int64(context, *static_cast<std::int64_t*>(sqlite3_user_data(context)));
   };
@@ -84,6 +84,7 @@ std::optional<RowSet> Interpreter::Run(Program& program, Frame& frame) {
   } catch (...) {
     --m_depth;
     m_transaction.Abandon();
+    m_file.RequireWasInPlace();
     throw;
   }
   --m_depth;
@@ -100,20 +101,14 @@ std::optional<RowSet> Interpreter::RunCalled(Program& procedure, Frame& frame) {
   return rows;
 }
 
-// A statement may have waited for another writer while the file was replaced, so what was written is looked for again.
 void Interpreter::RunInPlace(Program& program, Running& running) {
   if (m_depth > 1) {
     RunBlock(program.steps, running);
     return;
   }
-  if (program.onlyReads) {
-    m_file.RequireForRead();
-  } else {
-    m_file.RequireForWrite();
-  }
-  const int changesBefore = sqlite3_total_changes(m_database);
+  m_file.Require();
   RunBlock(program.steps, running);
-  if (sqlite3_total_changes(m_database) != changesBefore) m_file.RequireForWrite();
+  m_file.RequireAfterCommit();
 }
 
 // Every loop and every call runs a block, also an empty one.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <vector>
 
@@ -20,12 +19,8 @@ namespace quorvel::ado::embedded {
 class Interpreter {
  public:
   /// Also registers tsql_rowcount() on the database, which must not run statements after the interpreter is gone.
-  /// `path` is the path by which the database was opened.
-  Interpreter(sqlite3* database, const std::filesystem::path& path, Procedures& procedures, const TimeLimit& limit,
+  Interpreter(sqlite3* database, FileWatch& file, Procedures& procedures, const TimeLimit& limit,
               const Restrictions& restrictions);
-
-  /// FileWatch::RequireForWrite.
-  void LookForFiles() { m_file.RequireForWrite(); }
 
   /// Runs a program with its variables in `frame` and returns its first result set. DriverError 08S01 when the
   /// database's file was deleted or replaced; a program that only reads may notice that a moment later. HYT00 at the
@@ -68,10 +63,10 @@ class Interpreter {
   static void AssignOutputs(const CallStep& step, const Program& callee, const Frame& outputs, Running& running);
 
   sqlite3* m_database;
+  FileWatch& m_file;
   Procedures& m_procedures;
   const TimeLimit& m_timeLimit;
   const Restrictions& m_restrictions;
-  FileWatch m_file;
   NestedTransaction m_transaction;
   std::int64_t m_rowCount = 0;  ///< rows that the last query read or changed: @@ROWCOUNT
   int m_depth = 0;              ///< how deep calls are nested

@@ -4,21 +4,23 @@ namespace quorvel::ado::embedded {
 
 void NestedTransaction::Begin() {
   // A writer from the beginning: SQLite can refuse a reader that turns writer later, however long it would wait.
-  if (m_depth == 0) Execute(m_database, "BEGIN IMMEDIATE");
+  if (m_depth == 0) RunKept(m_begin, "BEGIN IMMEDIATE");
   ++m_depth;
-  // The file may have been replaced while this writer waited for another one.
-  m_file.RequireForWrite();
 }
 
 void NestedTransaction::Commit() {
   if (m_depth == 0) {
     throw DriverError("42000", 3902, "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION.");
   }
-  if (m_depth == 1) {
-    m_file.RequireForWrite();
-    Execute(m_database, "COMMIT");
-  }
+  if (m_depth == 1) RunKept(m_commit, "COMMIT");
   --m_depth;
+}
+
+/// Each save runs both, and compiling them takes as long as running them.
+void NestedTransaction::RunKept(StatementHandle& statement, const char* sql) {
+  if (!statement) statement = Prepare(m_database, sql);
+  const ResetGuard guard(statement.Get());
+  (void)Advance(m_database, statement.Get());
 }
 
 void NestedTransaction::RollBack() {

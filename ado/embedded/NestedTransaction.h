@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ado/embedded/FileWatch.h"
 #include "ado/embedded/Sqlite.h"
 
 namespace quorvel::ado::embedded {
@@ -8,7 +7,7 @@ namespace quorvel::ado::embedded {
 /// The transaction of a batch. It nests as on a server: an inner COMMIT commits nothing, ROLLBACK ends all levels.
 class NestedTransaction {
  public:
-  NestedTransaction(sqlite3* database, FileWatch& file) noexcept : m_database(database), m_file(file) {}
+  explicit NestedTransaction(sqlite3* database) noexcept : m_database(database) {}
 
   void Begin();
   /// DriverError without a transaction, as RollBack.
@@ -20,8 +19,11 @@ class NestedTransaction {
   [[nodiscard]] int Depth() const noexcept { return m_depth; }
 
  private:
+  void RunKept(StatementHandle& statement, const char* sql);
+
   sqlite3* m_database;
-  FileWatch& m_file;
+  StatementHandle m_begin;
+  StatementHandle m_commit;
   int m_depth = 0;
 };
 

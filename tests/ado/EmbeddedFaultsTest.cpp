@@ -12,9 +12,11 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <future>
 #include <memory>
 #include <thread>
+#include <utility>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "platform/AtScopeEnd.h"
@@ -25,10 +27,12 @@
 
 namespace {
 bool failsToSync = false;
-}
+std::function<void()> whileSyncing;
+}  // namespace
 
 /// In the place of the system's function, for SQLite as well.
 extern "C" int fdatasync(int descriptor) {
+  if (whileSyncing) std::exchange(whileSyncing, {})();
   if (!failsToSync) return static_cast<int>(::syscall(SYS_fdatasync, descriptor));
   errno = EIO;
   return -1;
@@ -181,6 +185,21 @@ TEST(EmbeddedFaults, FileReplacedWhileAWriterWaitsTakesNoWrite) {
     std::filesystem::rename(file, file + ".old");
     EXPECT_THAT(FailureOf(*first, "COMMIT").Description(), HasSubstr("was deleted or replaced"));
     EXPECT_THAT(waiting.get(), HasSubstr("was deleted or replaced")) << batch;
+    std::filesystem::rename(file + ".old", file);
+  }
+}
+
+// A commit in a batch of its own changes nothing that SQLite counts.
+TEST(EmbeddedFaults, FileReplacedWhileTheDiskWritesIsNoSuccess) {
+  const TestDatabase database(TestDatabase::Content::Empty);
+  database.Run("CREATE TABLE Note (t nvarchar(max))");
+  const std::string file = database.DatabaseFile();
+  for (const auto& [before, batch] : {std::pair{"SELECT t FROM Note", "INSERT INTO Note VALUES ('a')"},
+                                      {"BEGIN TRANSACTION INSERT INTO Note VALUES ('b')", "COMMIT"}}) {
+    const auto writer = database.Connect();
+    writer->Execute(before);
+    whileSyncing = [&] { std::filesystem::rename(file, file + ".old"); };
+    EXPECT_THAT(FailureOf(*writer, batch).Description(), HasSubstr("was deleted or replaced")) << batch;
     std::filesystem::rename(file + ".old", file);
   }
 }
