@@ -27,8 +27,9 @@ std::optional<SettingValues> ReadSettings() {
   const auto key = OpenKey(ignored);
   if (!key) return std::nullopt;
   SettingValues values;
+  const auto stored = key->QueryTogether(kSettingNames);
   for (std::size_t i = 0; i < kSettingNames.size(); ++i) {
-    if (auto stored = key->Query(kSettingNames.at(i))) values.at(i) = std::move(stored->text);
+    if (stored.at(i)) values.at(i) = stored[i]->text;
   }
   return values;
 }

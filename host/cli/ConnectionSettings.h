@@ -23,7 +23,7 @@ enum SettingIndex : std::size_t { kServerIndex, kDatabaseIndex, kUserIdIndex, kP
 /// One text per name; a missing value is empty.
 using SettingValues = std::array<std::string, kSettingNames.size()>;
 
-/// The stored values, unchanged; nothing when the store cannot be opened.
+/// The stored values of one moment, unchanged; nothing when the store cannot be opened.
 [[nodiscard]] std::optional<SettingValues> ReadSettings();
 
 /// The faults in the settings file that ReadSettings passes over, a sentence each.
