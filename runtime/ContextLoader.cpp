@@ -104,15 +104,15 @@ class Authors {
 };
 
 void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row, Authors& authors) {
-  const std::int32_t memoKey = ToInt32(row.memoKey.Value());
   remark.SetDateStamp(DateOf(row.dateStamp));
   try {
     remark.SetUserID(authors.Share(Trimmed(ToText(row.userID.Value()))));
     remark.SetMemoText(ToText(row.memoText.Value()));
+    remark.SetStored(ToInt32(row.memoKey.Value()), owner);
   } catch (const Error& error) {
-    throw Error(error.Number(), error.Source(), error.Description() + " (MemoKey " + std::to_string(memoKey) + ")");
+    throw Error(error.Number(), error.Source(),
+                error.Description() + " (MemoKey " + modDatabase::FieldText(row.memoKey) + ")");
   }
-  remark.SetStored(memoKey, owner);
 }
 
 std::shared_ptr<ado::Recordset> ReadMemos(const std::string& contextID, const MemoOwner& owner) {

@@ -63,31 +63,60 @@ void CheckLayout(Report& report, ado::Connection& connection) {
                found > expected ? "Use the program of the version that has set the database up." : SchemaRemedy());
 }
 
-/// The advice for a procedure that fails. Where a column is missing, `init` fails as well.
-std::string_view ProcedureRemedy(ado::Connection& connection, std::string_view procedure, std::string_view problem) {
-  if (!UsesEmbeddedEngine()) return SchemaRemedy();
+/// The advice for a failure of something that reads tables. Where a column is missing, `init` fails as well.
+std::string_view ReadingRemedy(std::string_view problem) {
+  if (!UsesEmbeddedEngine() || !problem.starts_with("Invalid column name")) return SchemaRemedy();
+  return "A table lacks this column; see the tables above.";
+}
+
+std::string AdaptedRemedy(std::string_view procedure) {
+  const std::string remedy = "The host has written it, and 'quorvel init' keeps it. Correct it";
+  if (procedure == kKeyProcedure) return remedy + '.';
+  return remedy + fmt::format(", or put this version's in its place with 'quorvel init --replace {}'.", procedure);
+}
+
+std::string ProcedureRemedy(ado::Connection& connection, std::string_view procedure, std::string_view problem) {
+  if (!UsesEmbeddedEngine()) return std::string(SchemaRemedy());
   const auto isForMemos = std::ranges::count(kMemoProcedures, procedure) != 0 || procedure == kKeyProcedure;
   if (isForMemos && TableProblem(connection, kMemoTable).empty() &&
       !TableProblem(connection, TableOfProcedures(kMemoTable)).empty()) {
     return "The host's table of memos has other columns. Write the procedure for them; 'quorvel init' then keeps it "
            "(docs/database.md).";
   }
-  return problem.starts_with("Invalid column name") ? "A table lacks this column; see the tables above." : kRunInit;
+  if (isForMemos && IsAdapted(connection, procedure)) return AdaptedRemedy(procedure);
+  return std::string(ReadingRemedy(problem));
 }
 
-/// A server has no invalid dates. In a file of the embedded engine another program can leave one, and a remark with it
-/// is shown without a date.
-void CheckMemoDates(Report& report, ado::Connection& connection) {
+/// A condition that no memo should meet, and the advice for one that does.
+struct MemoRule {
+  std::string_view name;
+  std::string_view violation;
+  std::string_view remedy;
+};
+
+/// Another program can leave such rows in a file of the embedded engine. A remark without a valid date is shown without
+/// one; the others are an error of each Load of their record.
+constexpr MemoRule kMemoRules[] = {
+    {"dates of the memos", "ISDATE(DateStamp) = 0",
+     "Give each a date, for example: UPDATE tciMemo SET DateStamp = GETDATE() WHERE MemoKey = N"},
+    {"texts and users of the memos", "MemoText IS NULL OR UserID IS NULL",
+     "No remark of their records can be shown. Give each a text, for example: UPDATE tciMemo SET MemoText = '' WHERE "
+     "MemoKey = N AND MemoText IS NULL"},
+    {"keys of the memos", "MemoKey > 2147483647 OR MemoKey < -2147483648",
+     "No remark of their records can be shown. Give each a free key of 32 bits: UPDATE tciMemo SET MemoKey = FREE "
+     "WHERE "
+     "MemoKey = N"}};
+
+void CheckMemos(Report& report, ado::Connection& connection, const MemoRule& rule) {
   std::vector<std::string> keys;
   try {
-    const auto rows = connection.Execute("SELECT TOP (10) MemoKey FROM tciMemo WHERE ISDATE(DateStamp) = 0");
-    for (; !rows->EndOfFile(); rows->MoveNext()) keys.push_back(ToText(rows->Fields("MemoKey").Value()));
+    const auto rows = connection.Execute(fmt::format("SELECT TOP (10) MemoKey FROM tciMemo WHERE {}", rule.violation));
+    for (; !rows->EndOfFile(); rows->MoveNext()) keys.push_back(modDatabase::FieldText(rows->Fields("MemoKey")));
   } catch (const Error& error) {
     RequireConnection(connection, error.Description());
     return;  // the host's table has other columns
   }
-  report.Check("dates of the memos", keys.empty() ? "" : fmt::format("invalid in MemoKey {}", fmt::join(keys, ", ")),
-               "Give each a date, for example: UPDATE tciMemo SET DateStamp = GETDATE() WHERE MemoKey = N");
+  report.Check(rule.name, keys.empty() ? "" : fmt::format("invalid in MemoKey {}", fmt::join(keys, ", ")), rule.remedy);
 }
 
 void CheckKeys(Report& report, ado::Connection& connection) {
@@ -125,7 +154,7 @@ void CheckSchema(Report& report, ado::Connection& connection) {
   CheckLayout(report, connection);
   CheckMemoTable(report, connection);
   if (UsesEmbeddedEngine()) {
-    CheckMemoDates(report, connection);
+    for (const MemoRule& rule : kMemoRules) CheckMemos(report, connection, rule);
     if (!IsAdapted(connection, kKeyProcedure)) CheckKeys(report, connection);
   }
   for (const ExpectedProcedure& procedure : ExpectedProcedures()) {
@@ -160,7 +189,7 @@ std::vector<Permission> CheckOwnerProcedures(Report& report, ado::Connection& co
       if (exists) needed.push_back({"EXECUTE", procedure, ""});
     }
   } catch (const Error& error) {
-    CheckObject(report, connection, "owner procedures", error.Description(), SchemaRemedy());
+    CheckObject(report, connection, "owner procedures", error.Description(), ReadingRemedy(error.Description()));
   }
   return needed;
 }

@@ -33,7 +33,9 @@ TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFault) {
                     HasSubstr("FAIL  table ttwRemarkContext: it lacks the column Priority\n"),
                     HasSubstr("        " + addColumn + "\n"), HasSubstr("FAIL  procedure spTWCqvGetContext "),
                     HasSubstr("FAIL  procedure spTWCqvGetRemarkTypes (@ContextID): Invalid column name 'rc.Priority'"),
-                    HasSubstr("FAIL  procedure spTWCqvDeleteRemark (@MemoKey): it takes (@Key) and not (@MemoKey)\n"),
+                    HasSubstr("FAIL  procedure spTWCqvDeleteRemark (@MemoKey): it takes (@Key) and not (@MemoKey)\n"
+                              "      The host has written it, and 'quorvel init' keeps it. Correct it, or put this "
+                              "version's in its place with 'quorvel init --replace spTWCqvDeleteRemark'.\n"),
                     HasSubstr("FAIL  owner procedure spGone, entity Order: "),
                     HasSubstr("      Run 'quorvel init' to create what is missing.\n")));
   EXPECT_THAT(broken.errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 7 of "));
@@ -60,9 +62,13 @@ TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
       "ALTER PROCEDURE spGetOrderName @OwnerID varchar(30) AS SELECT 1 AS OwnerKey\nGO\n"
       "ALTER PROCEDURE spGetCustomerName @OwnerID varchar(30) AS SELECT OwnerKey, OwnerName FROM Gone\nGO\n"
       "DROP TABLE ttwBranch\nGO\nCREATE TABLE ttwBranch (BranchName nvarchar(60) NOT NULL)\nGO\n"
+      "DROP TABLE tciMemo\nGO\nCREATE TABLE tciMemo (MemoKey bigint, MemoType varchar(30), EntityType smallint, "
+      "OwnerKey int, DateStamp datetime, UserID varchar(30), MemoText nvarchar(max))\nGO\n"
       "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
       "SELECT 9001, 'Cust.General', 501, 45, GETDATE(), 'admin', 'good' UNION ALL "
-      "SELECT 9002, 'Cust.General', 501, 45, '2026-99-99 00:00:00.000', 'admin', 'bad'");
+      "SELECT 9002, 'Cust.General', 501, 45, '2026-99-99 00:00:00.000', 'admin', 'bad' UNION ALL "
+      "SELECT 9003, 'Cust.General', 501, 45, GETDATE(), 'admin', NULL UNION ALL "
+      "SELECT 9000000003, 'Cust.General', 501, 45, GETDATE(), 'admin', 'beyond'");
   const std::string output = Quorvel({"doctor"}).output;
   EXPECT_THAT(output, AllOf(HasSubstr("from a backup; the column BranchID cannot be added to a table with rows."),
                             Not(HasSubstr("ALTER TABLE"))));
@@ -70,7 +76,9 @@ TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
       output,
       AllOf(HasSubstr("FAIL  owner procedure spGetOrderName, entity Order: its result lacks OwnerName\n"),
             HasSubstr("FAIL  owner procedure spGetCustomerName, entity Customer: Invalid object name 'Gone'"),
-            HasSubstr("FAIL  dates of the memos: invalid in MemoKey 9002\n"), HasSubstr("SET DateStamp = GETDATE()")));
+            HasSubstr("FAIL  dates of the memos: invalid in MemoKey 9002\n"), HasSubstr("SET DateStamp = GETDATE()"),
+            HasSubstr("FAIL  texts and users of the memos: invalid in MemoKey 9003\n"),
+            HasSubstr("FAIL  keys of the memos: invalid in MemoKey 9000000003\n")));
 }
 
 TEST_F(CommandLine, DoctorAndInitMissAColumnOfTheKeys) {
