@@ -118,6 +118,16 @@ bool IsBlankText(sqlite3_value* value) {
   return sqlite3_value_type(value) == SQLITE_TEXT && numberRules::IsZero(TextOf(value));
 }
 
+/// A text that SQLite takes as a whole number, such as '1e3', and a server does not.
+bool IsRefusedAsWhole(sqlite3_value* value) {
+  return sqlite3_value_type(value) == SQLITE_TEXT && !numberRules::IsWhole(TextOf(value));
+}
+
+void FailWhole(sqlite3_context* context, sqlite3_value* value) {
+  sqlite3_result_error(
+      context, fmt::format("Conversion failed when converting '{}' to a whole number.", TextOf(value)).c_str(), -1);
+}
+
 /// tsql_number(value, 'number' or 'whole' or 'bit'): a value for a column of this kind, as a server converts it. What
 /// it refuses is left to the column's own check.
 void NumberFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
@@ -129,6 +139,8 @@ void NumberFunction(sqlite3_context* context, int /*count*/, sqlite3_value** val
     sqlite3_result_int(context, sqlite3_value_double(values[0]) != 0 ? 1 : 0);
   } else if (isFraction && kind == "whole") {
     sqlite3_result_double(context, numberRules::Whole(sqlite3_value_double(values[0])));
+  } else if (kind == "whole" && IsRefusedAsWhole(values[0])) {
+    FailWhole(context, values[0]);
   } else {
     sqlite3_result_value(context, values[0]);
   }
@@ -138,11 +150,7 @@ void NumberFunction(sqlite3_context* context, int /*count*/, sqlite3_value** val
 void IntFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
   if (IsBlankText(values[0])) return sqlite3_result_int(context, 0);
-  if (sqlite3_value_numeric_type(values[0]) == SQLITE_TEXT) {
-    return sqlite3_result_error(
-        context, fmt::format("Conversion failed when converting '{}' to a whole number.", TextOf(values[0])).c_str(),
-        -1);
-  }
+  if (IsRefusedAsWhole(values[0])) return FailWhole(context, values[0]);
   const sqlite3_int64 number = sqlite3_value_int64(values[0]);
   if (number < sqlite3_value_int64(values[1]) || number > sqlite3_value_int64(values[2])) {
     return sqlite3_result_error(context, fmt::format("Arithmetic overflow: {} does not fit.", number).c_str(), -1);

