@@ -133,8 +133,8 @@ void Remark::Write(const ListOrigin& list) {
                          {"@UserID", TrimmedText(UserID())}});
   } catch (const Error& error) {
     // An update under this key would overwrite the memo that has it meanwhile. Where the insert may have succeeded, an
-    // insert under another key would store the remark twice. A memo that was stored before has its own key.
-    m_hasNoMemo = isInsert ? !MayBeStored(list, error) : !m_isStored && modDatabase::IsDuplicateKey(error);
+    // insert under another key would store the remark twice.
+    m_hasNoMemo = isInsert ? !MayBeStored(list, error) : HasLostItsKey(list, error);
     m_isOpen = isInsert && !m_hasNoMemo;
     if (m_isOpen) m_owner = list.owner;
     throw;
@@ -162,6 +162,18 @@ bool Remark::MayBeStored(const ListOrigin& list, const Error& error) const {
            contextLoader::FoundMemo::Same;
   } catch (const Error&) {
     return true;
+  }
+}
+
+// The memo was deleted, or the database was replaced by an older copy, and another owner's memo has the key.
+bool Remark::HasLostItsKey(const ListOrigin& list, const Error& error) const {
+  if (!modDatabase::IsDuplicateKey(error)) return false;
+  if (!m_isStored) return true;
+  try {
+    return contextLoader::FindMemo(list.contextID, *list.owner, m_memoKey, KnownDigest()) ==
+           contextLoader::FoundMemo::None;
+  } catch (const Error&) {
+    return false;
   }
 }
 

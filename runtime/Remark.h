@@ -82,6 +82,8 @@ class Remark : public Publishable {
   [[nodiscard]] bool IsUnanswered() const noexcept { return m_isOpen && !m_isStored; }
   /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos to know it.
   [[nodiscard]] bool MayBeStored(const ListOrigin& list, const Error& error) const;
+  /// Whether the update that failed with this error found another memo under its key. Reads the owner's memos as well.
+  [[nodiscard]] bool HasLostItsKey(const ListOrigin& list, const Error& error) const;
 
   std::shared_ptr<quorvel::RemarkType> m_remarkType;
   std::string m_memoText;

@@ -225,6 +225,15 @@ TEST_F(RemarkCommitTest, KeyOfAnotherMemoIsNeitherWrittenNorDeleted) {
   list.Save();
   EXPECT_EQ(Row(2044), "Cust.General|501|45|admin|after a lost answer");
   EXPECT_EQ(Row(2042), others);
+
+  // The same when the memo was deleted and another owner's has its key now.
+  m_database.Run("UPDATE tciMemo SET OwnerKey = 3, MemoText = 'of another owner' WHERE MemoKey = 2044");
+  RemarkAt(m_context, 9).SetMemoText("typed on");
+  RemarkAt(m_context, 9).SetDirty(true);
+  EXPECT_THAT(Caught([&] { list.Save(); }), HasNumber(ErrorNumber::DbIntegrity));
+  list.Save();
+  EXPECT_EQ(Row(2045), "Cust.General|501|45|admin|typed on");
+  EXPECT_EQ(Row(2044), "Cust.General|501|3|admin|of another owner");
 }
 
 TEST_F(RemarkCommitTest, ErrorEndsTheSaveAndForgetsNothing) {
