@@ -91,7 +91,7 @@ void UserMgr::ShowChildren() {
 }
 
 void UserMgr::Create() {
-  CreateRecord("User", "spTWCAddUser", [this](const std::string& id) {
+  CreateRecord("User", "spTWCAddUser", [](const std::string& id) {
     modDatabase::ExecSP("spTWCqvAddGroupMember", {{"@GroupKey", kFirstGroup}, {"@UserKey", KeyOfNewUser(id)}});
   });
 }

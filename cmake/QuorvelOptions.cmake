@@ -27,6 +27,11 @@ if(QUORVEL_SANITIZE)
   target_link_options(quorvel_options INTERFACE -fsanitize=${QUORVEL_SANITIZE})
 endif()
 
+# A shared library names what it needs, or it is not linked. Clang's sanitizers have their functions in the program only.
+if(NOT QUORVEL_SANITIZE)
+  set(QUORVEL_NO_UNDEFINED -Wl,--no-undefined)
+endif()
+
 # quorvel_harden(<target>): what links the target makes a fault of memory hard to use for an attack. Only optimized builds
 # without sanitizers: FORTIFY needs the optimizer, and the sanitizers find more themselves.
 function(quorvel_harden target)

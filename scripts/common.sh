@@ -10,7 +10,7 @@ CHECK_PACKAGES=(git libsqliteodbc tdsodbc clang-format clang-tidy libclang-dev l
   clang libclang-rt-dev)
 # shellcheck disable=SC2034
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine64 wine
-  debootstrap googletest tcl zip)
+  debootstrap faketime googletest tcl zip)
 # For windows on an invisible display.
 # shellcheck disable=SC2034
 PICTURE_PACKAGES=(xvfb xauth openbox xdotool fonts-dejavu-core fonts-noto-color-emoji)

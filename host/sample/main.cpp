@@ -9,7 +9,6 @@
 #include "host/sample/SampleFrame.h"
 
 namespace sample {
-namespace {
 
 class SampleApp : public wxApp {
  public:
@@ -28,7 +27,6 @@ class SampleApp : public wxApp {
   }
 };
 
-}  // namespace
 }  // namespace sample
 
 wxIMPLEMENT_APP(sample::SampleApp);

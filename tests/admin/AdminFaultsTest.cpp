@@ -66,7 +66,7 @@ std::vector<std::string> Shown(const AdminSession& s) {
   return shown;
 }
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUORVEL_SANITIZED
 /// Here the sanitizers look for faults of the memory. What is stored is the same as in the release build, which
 /// compares.
 constexpr bool kComparesWithStored = false;

@@ -71,7 +71,7 @@ TEST_P(AdminTest, GroupsShowWhatAnotherAdministratorHasDoneMeanwhile) {
 }
 
 TEST_P(AdminTest, RemarkTypesFollowTheOthersOfAContextAndLeaveNoGap) {
-  const auto types = [this, connection = database.Connect()] {
+  const auto types = [connection = database.Connect()] {
     return RowsOf(*connection,
                   "SELECT t.RemarkTypeID, c.DisplaySeq FROM ttwRemarkContext c INNER JOIN ttwRemarkType t ON "
                   "t.RemarkTypeKey = c.RemarkTypeKey WHERE c.ContextKey = 2 ORDER BY c.DisplaySeq");

@@ -158,7 +158,7 @@ TEST_F(Settings, FirstLoadsLoseNoValueThatIsSetMeanwhile) {
     return child;
   };
   std::vector<pid_t> children;
-  for (int i = 0; i < 8; ++i) {
+  for (std::size_t i = 0; i < 8; ++i) {
     children.push_back(run([] { return DBConnect().ConnectionString().starts_with("Provider"); }));
     if (i % 2 != 0) continue;
     children.push_back(run([i] {
@@ -191,7 +191,7 @@ TEST_F(Settings, UnwritableStoreIsError110AndIsReadAgain) {
 
 // With no spare descriptor nothing can be read; with one, the store can be read and not written.
 TEST_F(Settings, AHostAtItsDescriptorLimitErasesNothingAndWritesNoDefault) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUORVEL_SANITIZED
   GTEST_SKIP() << "the sanitizers need descriptors of their own: tested in the release build only";
 #endif
   Put("\"Server\"=\"SQL1\"\n");

@@ -6,7 +6,7 @@
 
 #include "platform/RegistryKey.h"
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUORVEL_SANITIZED
 /// The search for leaks traces the program, which the system forbids for one with another identity.
 extern "C" const char* __asan_default_options() { return "detect_leaks=0"; }
 #endif

@@ -36,7 +36,7 @@ class ModalScript {
   /// still open afterwards fails the test and is closed.
   template <typename Dialog>
   ModalScript& ExpectWindow(const std::string& title, std::function<void(Dialog&)> act) {
-    return ExpectWindow(title, Action([this, act = std::move(act)](wxDialog& window) {
+    return ExpectWindow(title, Action([act = std::move(act)](wxDialog& window) {
                           auto* dialog = dynamic_cast<Dialog*>(&window);
                           if (dialog == nullptr) return FailFor(window, "is of another class");
                           act(*dialog);
