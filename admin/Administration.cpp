@@ -17,8 +17,6 @@
 namespace quorvel {
 namespace {
 
-constexpr int kNoItem = -1;
-
 std::string Title() {
   DBConnect& settings = modDatabase::Settings();
   const Version version = ComponentVersion();

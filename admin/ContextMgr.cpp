@@ -44,8 +44,6 @@ constexpr RecordKind kContexts = {.table = "ttwContext",
                                   .filter = [](const Record& context) { modRecordsets::FilterContext(context.id); },
                                   .clearFilter = modRecordsets::ClearContextFilter};
 
-constexpr std::int32_t kNoItem = -1;
-
 std::int32_t NumberOf(const ado::Recordset* row, std::string_view column) {
   return row == nullptr ? 0 : ToInt32(row->Fields(column).Value());
 }

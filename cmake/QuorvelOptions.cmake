@@ -94,13 +94,24 @@ endif()
 function(quorvel_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PRIVATE quorvel_options)
+  if(WIN32)
+    quorvel_join_sources(${name} ${ARGN})
+  endif()
+endfunction()
+
+# The Windows builds compile up to ten sources of a folder as one, because most of the time goes into their headers. Sources that
+# only Windows has stay alone, because scripts/tidy needs the options and headers of each. The release build compiles every
+# source alone, so that each includes what it uses.
+function(quorvel_join_sources name)
+  set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 10)
+  list(FILTER ARGN INCLUDE REGEX "^(windows|msw)/")
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
 # The same for a folder whose sources include the toolkit: they share the precompiled headers of quorvel_wx. Precompiled
 # standard headers for all folders would save more, but GCC 12 then reports false overflows in std::string.
 function(quorvel_toolkit_library name)
-  add_library(${name} STATIC ${ARGN})
-  target_link_libraries(${name} PRIVATE quorvel_options)
+  quorvel_library(${name} ${ARGN})
   if(NOT name STREQUAL quorvel_wx)
     target_precompile_headers(${name} REUSE_FROM quorvel_wx)
   endif()

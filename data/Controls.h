@@ -13,6 +13,9 @@
 
 namespace quorvel {
 
+/// The index of no item of a list.
+inline constexpr std::int32_t kNoItem = -1;
+
 /// A list box. Indexes count from 0. Every item has a text and a datum, a number that holds the key of the item's row.
 class ItemList {
  public:
@@ -28,7 +31,7 @@ class ItemList {
   [[nodiscard]] virtual std::string Text(std::int32_t index) const = 0;
   [[nodiscard]] virtual std::int32_t Datum(std::int32_t index) const = 0;
 
-  /// The current item; -1 for none.
+  /// The current item, or kNoItem.
   [[nodiscard]] virtual std::int32_t ListIndex() const = 0;
   /// Makes an item current. An index without an item makes none current.
   virtual void SetListIndex(std::int32_t index) = 0;

@@ -9,8 +9,6 @@
 namespace quorvel::modControls {
 namespace {
 
-constexpr std::int32_t kNoItem = -1;
-
 std::int32_t IndexOfKey(const ItemList& list, std::int32_t key) {
   for (std::int32_t index = 0; index < list.Count(); ++index) {
     if (list.Datum(index) == key) return index;

@@ -6,8 +6,8 @@
 namespace quorvel {
 namespace {
 
-constexpr ui::TwipSize kSmallest{8255, 5400};
-constexpr int kMargin = 60;
+constexpr ui::TwipSize kSmallestEditor{8255, 5400};
+constexpr int kEditorMargin = 60;
 constexpr int kBelowGrid = 50;
 constexpr int kButtonGap = 45;
 constexpr int kButtons = 4;
@@ -28,8 +28,8 @@ ui::TwipSize GrowthOf(const EditSizes& sizes) noexcept {
 
 ui::TwipSize SmallestEditor(const EditSizes& sizes) noexcept {
   const ui::TwipSize growth = GrowthOf(sizes);
-  return {std::min(kSmallest.width + growth.width, sizes.screen.width),
-          std::min(kSmallest.height + growth.height, sizes.screen.height)};
+  return {std::min(kSmallestEditor.width + growth.width, sizes.screen.width),
+          std::min(kSmallestEditor.height + growth.height, sizes.screen.height)};
 }
 
 EditLayout LayOutEditor(const ui::TwipSize& window, const EditSizes& sizes) noexcept {
@@ -40,9 +40,9 @@ EditLayout LayOutEditor(const ui::TwipSize& window, const EditSizes& sizes) noex
   const int column = width - 1165 - growth.width;
 
   EditLayout layout;
-  layout.grid = {kMargin, kMargin, width - 243, std::max(0, height - 2040 - growth.height)};
+  layout.grid = {kEditorMargin, kEditorMargin, width - 243, std::max(0, height - 2040 - growth.height)};
   const int top = layout.grid.top + layout.grid.height + kBelowGrid;
-  layout.frame = {kMargin, top, column - 2 * kMargin, LowerHeight(sizes)};
+  layout.frame = {kEditorMargin, top, column - 2 * kEditorMargin, LowerHeight(sizes)};
   const auto button = [&](int index) {
     const int travel = layout.frame.height - sizes.button.height;
     return ui::TwipRect{column, top + travel * index / (kButtons - 1), sizes.button.width, sizes.button.height};

@@ -5,8 +5,8 @@
 namespace quorvel {
 namespace {
 
-constexpr ui::TwipSize kSmallest{5640, 2800};
-constexpr int kMargin = 120;
+constexpr ui::TwipSize kSmallestPopup{5640, 2800};
+constexpr int kPopupMargin = 120;
 constexpr int kGap = 60;
 constexpr int kTextLeft = 960;
 constexpr int kLine = 195;
@@ -26,15 +26,15 @@ Growth GrowthOf(const PopupSizes& sizes) noexcept {
 
 /// Left of `control`, `top` below its upper edge.
 ui::TwipRect LabelBeside(const ui::TwipRect& control, int top, int height) noexcept {
-  return {kMargin, control.top + top, control.left - kMargin, height};
+  return {kPopupMargin, control.top + top, control.left - kPopupMargin, height};
 }
 
 }  // namespace
 
 ui::TwipSize SmallestPopup(const PopupSizes& sizes) noexcept {
   const Growth growth = GrowthOf(sizes);
-  return {std::min(kSmallest.width, sizes.screen.width),
-          std::min(kSmallest.height + growth.above + growth.below, sizes.screen.height)};
+  return {std::min(kSmallestPopup.width, sizes.screen.width),
+          std::min(kSmallestPopup.height + growth.above + growth.below, sizes.screen.height)};
 }
 
 PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupSizes& sizes) noexcept {
@@ -45,7 +45,7 @@ PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupSizes& sizes) noe
   const int buttonTop = height - 945 + growth.above;
 
   PopupLayout layout;
-  layout.remarkType = {kTextLeft, kMargin / 2, width - 1200, sizes.typeHeight};
+  layout.remarkType = {kTextLeft, kPopupMargin / 2, width - 1200, sizes.typeHeight};
   layout.remark = {kTextLeft, layout.remarkType.top + sizes.typeHeight + kGap, width - 1200, height - 1450};
   layout.typeLabel = LabelBeside(layout.remarkType, 0, sizes.typeHeight);
   layout.remarkLabel = LabelBeside(layout.remark, sizes.firstLine, kLine);
@@ -53,7 +53,7 @@ PopupLayout LayOutPopup(const ui::TwipSize& window, const PopupSizes& sizes) noe
                  sizes.next.height};
   layout.previous = {layout.next.left - sizes.previous.width - kGap, buttonTop, sizes.previous.width,
                      sizes.previous.height};
-  layout.counter = {kMargin, buttonTop, layout.previous.left - kGap - kMargin, sizes.next.height};
+  layout.counter = {kPopupMargin, buttonTop, layout.previous.left - kGap - kPopupMargin, sizes.next.height};
   return layout;
 }
 

@@ -21,14 +21,14 @@
 namespace quorvel {
 namespace {
 
-constexpr ui::TwipSize kFirstSize{10800, 7800};
+constexpr ui::TwipSize kFirstEditorSize{10800, 7800};
 
 }  // namespace
 
 frmEdit::frmEdit() : ModalDialog("View Customer Comments") {
   m_controls.emplace(*this, Scale());
   BindHandlers();
-  SetClientSize(Scale().ClientSizeFor(kFirstSize));
+  SetClientSize(Scale().ClientSizeFor(kFirstEditorSize));
 }
 
 /// Measured and placed each time, because screen and font may have changed; the user's size of the window is kept.

@@ -20,7 +20,7 @@
 namespace quorvel {
 namespace {
 
-constexpr ui::TwipSize kFirstSize{7200, 4200};
+constexpr ui::TwipSize kFirstPopupSize{7200, 4200};
 
 }  // namespace
 
@@ -101,7 +101,7 @@ void frmPopup::View(RemarkContext& context) {
   m_walk = std::move(walk);
   SetTitle(ui::ToWx(OwnerTitle(context)));
   MeasureControls();
-  PlaceInMiddle(Scale().ClientSizeFor(kFirstSize));
+  PlaceInMiddle(Scale().ClientSizeFor(kFirstPopupSize));
   Display();
   txtRemark->SetFocus();
   RunModal();
