@@ -146,6 +146,7 @@ void LoadTypes(const std::string& contextID, const std::shared_ptr<RemarkContext
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     auto type = std::make_shared<RemarkType>();
     type->SetContext(context);
+    type->SetContextID(contextID);
     type->SetTypeID(std::string(TrimBlanks(ToText(rows->Fields("TypeID").Value()))));
     type->SetCaption(ToText(rows->Fields("Caption").Value()));
     type->SetShowPopup(ToBoolean(rows->Fields("Priority").Value()));

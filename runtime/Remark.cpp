@@ -89,7 +89,9 @@ void Remark::Commit() {
   if (!m_remarkType) return CommitFor(kNoList);
   const auto& context = m_remarkType->Context();
   if (!context) ThrowObjectNotSet();
-  CommitFor(context->LoadedOrigin("Remark.Commit"));
+  ListOrigin origin = context->LoadedOrigin("Remark.Commit");
+  origin.contextID = m_remarkType->ContextID();  // another context of the owner may not show the remark
+  CommitFor(origin);
 }
 
 void Remark::CommitFor(const ListOrigin& list) {
@@ -177,10 +179,7 @@ bool Remark::HasLostItsKey(const ListOrigin& list, const Error& error) const {
   }
 }
 
-void Remark::Delete() {
-  const auto context = m_remarkType ? m_remarkType->Context() : nullptr;
-  DeleteFor(context ? context->ContextID() : kNoText);
-}
+void Remark::Delete() { DeleteFor(m_remarkType ? m_remarkType->ContextID() : kNoText); }
 
 // The procedure asks for no owner: it deletes any memo with the key.
 void Remark::DeleteFor(const std::string& contextID) {
@@ -217,6 +216,15 @@ std::shared_ptr<Remark> Remark::Copy() const {
   copy->m_memoText = m_memoText;
   copy->m_dirty = m_dirty;
   return copy;
+}
+
+void Remark::FollowOriginal(const Remark& original) noexcept {
+  const bool isKept = original.m_isStored && !original.m_isOpen;
+  if (isKept || !m_isStored || m_memoKey != original.m_memoKey) return;
+  m_isStored = original.m_isStored;
+  m_isOpen = original.m_isOpen;
+  m_hasNoMemo = original.m_hasNoMemo;
+  m_dirty = true;
 }
 
 }  // namespace quorvel

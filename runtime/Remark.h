@@ -70,6 +70,9 @@ class Remark : public Publishable {
 
   /// A copy for RemarkList::Backup: everything but UserID, which stays empty.
   [[nodiscard]] std::shared_ptr<Remark> Copy() const;
+  /// For RemarkList::Restore of such a copy: when the memo of `original` was deleted since, or may have been, the copy
+  /// is dirty, and the next Commit inserts it.
+  void FollowOriginal(const Remark& original) noexcept;
 
  private:
   void Write(const ListOrigin& list);

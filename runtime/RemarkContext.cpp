@@ -42,10 +42,12 @@ void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
   RefuseWhileEdited("RemarkContext.OwnerKey");
   m_owner.key = ownerKey;
   if (!m_remarkList) ThrowObjectNotSet();
-  m_remarkList->Clear(true);
   // After a failed Load the entity may be that of the record that was not loaded.
   const bool isLoaded = m_loadState == LoadState::Done;
-  m_remarkList->SetOrigin(OriginOf(isLoaded ? std::optional(MemoOwner{m_context.entityKey, ownerKey}) : std::nullopt));
+  const auto owner = isLoaded ? std::optional(MemoOwner{m_context.entityKey, ownerKey}) : std::nullopt;
+  if (m_isAsking) return ReplaceList(owner);
+  m_remarkList->Clear(true);
+  m_remarkList->SetOrigin(OriginOf(owner));
   m_remarkList->SetTakesNew(m_loadState != LoadState::Failed);
 }
 
@@ -185,20 +187,23 @@ void RemarkContext::Popup(const std::string& i_sContextID, const std::string& i_
 }
 
 void RemarkContext::Save(bool bForceSave) {
-  // While the user is asked, the host may dispose of this object or load something else.
+  // While the user is asked, the host may let go of this object or load something else.
+  const auto keepAlive = weak_from_this().lock();
   const auto list = m_remarkList;
   if (!list || !list->Dirty()) return;
   if (!bForceSave) {
     const quorvel::EditBehavior behavior = list->Origin().editBehavior;
     if (behavior == EditBehavior::NoAutoSave) return;
-    if (behavior == EditBehavior::PromptForSave &&
-        CurrentPrompts().ShowMessage("Save changes to these remarks?", "Edit Remarks", PromptButtons::YesNo,
-                                     PromptIcon::Question) != PromptAnswer::Yes) {
-      return;
-    }
+    if (behavior == EditBehavior::PromptForSave && !IsSaveWanted()) return;
   }
   const modWaitCursor::BusyPointer busy;
   list->Save();
+}
+
+bool RemarkContext::IsSaveWanted() {
+  const RaisedFlag asking(m_isAsking);
+  return CurrentPrompts().ShowMessage("Save changes to these remarks?", "Edit Remarks", PromptButtons::YesNo,
+                                      PromptIcon::Question) == PromptAnswer::Yes;
 }
 
 void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText,

@@ -47,7 +47,9 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] const std::string& EntityName() const noexcept { return m_context.entityName; }
   [[nodiscard]] std::int32_t OwnerKey() const noexcept { return m_owner.key; }
   /// Stores the key and empties the list without saving or reading; remarks that are added from now on belong to this
-  /// owner, and after a failed Load none are added. Error 91, after storing the key, when there is no list.
+  /// owner, and after a failed Load none are added. While the user is asked about the remarks, the context gets another
+  /// list instead, so that Yes still saves them for their owner. Error 91, after storing the key, when there is no
+  /// list.
   void SetOwnerKey(std::int32_t ownerKey);
   [[nodiscard]] const std::string& OwnerName() const noexcept { return m_owner.name; }
   /// The owner's remarks; null before an owner lookup and after Dispose.
@@ -114,6 +116,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   /// Makes a new, empty list.
   void ReplaceList(std::optional<MemoOwner> owner);
   void RequireLoaded(const char* source) const;
+  [[nodiscard]] bool IsSaveWanted();
   [[nodiscard]] std::shared_ptr<RemarkType> TypeOfRemark(std::int32_t index) const;
   void RefuseWhileEdited(const char* operation) const;
 
@@ -126,6 +129,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   std::shared_ptr<quorvel::RemarkList> m_remarkList;
   LoadState m_loadState = LoadState::None;  ///< Done: context, types and rights are those of one load
   bool m_isEdited = false;                  ///< the editor is open on this context
+  bool m_isAsking = false;                  ///< the user is asked whether to save remarks of this context
 };
 
 }  // namespace quorvel

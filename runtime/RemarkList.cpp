@@ -92,11 +92,22 @@ std::int32_t RemarkList::PositionIn(const Collection& remarks, const std::shared
 void RemarkList::Backup() {
   m_backupItems = CopyOf(m_items);
   m_backupDeleted = CopyOf(m_deleted);
+  m_originals.clear();
+  for (const auto& originals : {m_items, m_deleted}) {
+    if (originals) m_originals.insert(m_originals.end(), originals->begin(), originals->end());
+  }
 }
 
 void RemarkList::Restore() noexcept {
   m_items = m_backupItems;
   m_deleted = m_backupDeleted;
+  auto original = m_originals.begin();
+  for (const auto& copies : {m_items, m_deleted}) {
+    for (std::size_t i = 0; original != m_originals.end() && i < copies->size(); ++i, ++original) {
+      (*copies)[i]->FollowOriginal(**original);
+    }
+  }
+  m_originals.clear();
 }
 
 std::shared_ptr<Remark> RemarkList::Add() {

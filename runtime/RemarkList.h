@@ -54,7 +54,8 @@ class RemarkList : public Publishable {
   /// Copies the items and the removed remarks for Restore.
   void Backup();
   /// Makes the backup the live collections, without another copy: until the next Backup, changes change the backup too.
-  /// Without a Backup the list has no collections afterwards.
+  /// A remark whose memo was deleted since the Backup is dirty, because the database no longer has its text. Without a
+  /// Backup the list has no collections afterwards.
   void Restore() noexcept;
 
   /// Appends a new empty remark and returns it. Error 91 when the list has no collections, -1 when it takes no new
@@ -97,6 +98,7 @@ class RemarkList : public Publishable {
   std::shared_ptr<Collection> m_deleted;
   std::shared_ptr<Collection> m_backupItems;
   std::shared_ptr<Collection> m_backupDeleted;
+  Collection m_originals;  ///< of the backup, its items first; empty when the backup is live
 };
 
 }  // namespace quorvel

@@ -17,6 +17,9 @@ class RemarkType : public Publishable {
   /// cycle.
   [[nodiscard]] const std::shared_ptr<RemarkContext>& Context() const noexcept { return m_context; }
   void SetContext(std::shared_ptr<RemarkContext> context) noexcept { m_context = std::move(context); }
+  /// The identifier of the context that shows the remarks of this type; stays when Context has loaded another one.
+  [[nodiscard]] const std::string& ContextID() const noexcept { return m_contextID; }
+  void SetContextID(std::string contextID) noexcept { m_contextID = std::move(contextID); }
   [[nodiscard]] const std::string& TypeID() const noexcept { return m_typeID; }
   void SetTypeID(std::string typeID) noexcept { m_typeID = std::move(typeID); }
   [[nodiscard]] const std::string& Caption() const noexcept { return m_caption; }
@@ -36,6 +39,7 @@ class RemarkType : public Publishable {
 
  private:
   std::shared_ptr<RemarkContext> m_context;
+  std::string m_contextID;
   std::string m_typeID;
   std::string m_caption;
   std::int32_t m_canCreate = 0;

@@ -192,6 +192,15 @@ TEST_F(RemarkCommitTest, InsertThatFailsInTheHostsProcedureIsNeitherRepeatedNorT
   m_context->Save(true);
   EXPECT_EQ(Row(2046), "Cust.General|501|45|mail|of the owner that was loaded");
   EXPECT_EQ(Row(2047), "Cust.General|501|45|jsmith|of the same owner");
+
+  m_context->AddRemark("Cust.General", "deleted from elsewhere", "mail");
+  EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(ErrorNumber::DbStatement));
+  const auto open = m_context->RemarkList()->Item(Number(m_context->MemoCount()));
+  m_context->SetEditBehavior(EditBehavior::NoAutoSave);
+  m_context->Load("OrderEntry", "SO20001", "admin");
+  EXPECT_NE(Row(open->MemoKey()), "");
+  open->Delete();
+  EXPECT_EQ(Row(open->MemoKey()), "") << "the context that is loaded now does not show the memo";
 }
 
 // The generator of a host may give a key that a memo has already.

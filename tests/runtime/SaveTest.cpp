@@ -249,6 +249,13 @@ TEST_F(SaveTest, HostMayChangeEverythingWhileTheUserIsAsked) {
       {"loaded",
        [](RemarkContext& context) { context.Load("OrderEntry", "SO20001", "admin"); },
        {PromptAnswer::No, PromptAnswer::Yes},
+       "501/45"},
+      {"another owner",
+       [](RemarkContext& context) {
+         context.SetOwnerKey(3);
+         context.AddRemark("Cust.General", "of the other owner", "admin");
+       },
+       {PromptAnswer::Yes},
        "501/45"}};
   for (const Case& each : cases) {
     for (const bool byRefresh : {false, true}) {
@@ -337,6 +344,30 @@ TEST_F(SaveTest, DeletedRemarkLeavesTheNextMemoWithItsKeyAlone) {
   removed->Delete();
   EXPECT_EQ(TextOf(2043), "the host's");
   EXPECT_EQ(MemoCount(), kMemosOfSample);
+}
+
+// The backup is older than the deletion, and a host's own memo has the key meanwhile.
+TEST_F(SaveTest, RestoredRemarkOfADeletedMemoIsNewAndLeavesTheMemoWithItsKeyAlone) {
+  for (const bool isRemovedBefore : {false, true}) {
+    const test::TestDatabase database;
+    const ContextHolder context("CustMaint", "C1044", "admin");
+    const auto& list = context->RemarkList();
+    if (isRemovedBefore) list->Remove(Number(1));
+    list->Backup();
+    if (!isRemovedBefore) list->Remove(Number(1));
+    context->Save(true);
+    database.Run(
+        "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+        "VALUES (7, 'Cust.General', 501, 45, GETDATE(), 'host', 'the host''s')");
+    list->Restore();
+    EXPECT_TRUE(list->Dirty()) << "the database no longer has the text";
+    if (!isRemovedBefore) RemarkAt(context, 1).SetMemoText("restored");
+    context->Save(true);
+    EXPECT_EQ(database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 7"), "the host's");
+    EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoKey > 2042 AND MemoText = 'restored'"),
+              isRemovedBefore ? "0" : "1");
+    EXPECT_FALSE(list->Dirty());
+  }
 }
 
 TEST_F(SaveTest, DisposeForgetsWithoutSaving) {
