@@ -49,6 +49,11 @@ std::vector<ParameterInfo> EmbeddedSession::DiscoverParameters(std::string_view 
 
 Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> parameters, Access access) {
   m_wait.RefuseWhileWaiting();
+  if (access == Access::ReadWrite && !m_procedures.IsKnownReader(procedure)) {
+    m_reading.End();
+    return CallNow(procedure, parameters);
+  }
+  // The first call of a procedure looks it up with many small queries, which share the transaction, too.
   if (access == Access::ReadWrite) return CallInOneRead(procedure, parameters);
   const Restrictions::ReadOnly readOnly(m_restrictions);
   try {
@@ -63,10 +68,6 @@ Result EmbeddedSession::Call(std::string_view procedure, std::span<Parameter> pa
 }
 
 Result EmbeddedSession::CallInOneRead(std::string_view procedure, std::span<Parameter> parameters) {
-  if (!m_procedures.IsKnownReader(procedure)) {
-    m_reading.End();
-    return CallNow(procedure, parameters);
-  }
   m_reading.Begin();
   try {
     Result result = CallNow(procedure, parameters);

@@ -14,7 +14,7 @@
 namespace quorvel::ado::embedded {
 namespace {
 
-/// Words that cannot be a name unless they are in brackets, as on a server.
+/// Words that cannot be a name unless they are in brackets, as on a server; in order.
 constexpr std::array<std::string_view, 61> kReserved = {
     "ADD",    "ALL",       "ALTER",  "AND",     "AS",       "ASC",    "BEGIN",  "BETWEEN",  "BY",   "CASE",  "CHECK",
     "COMMIT", "CREATE",    "CROSS",  "DECLARE", "DEFAULT",  "DELETE", "DESC",   "DISTINCT", "DROP", "ELSE",  "END",
@@ -23,10 +23,9 @@ constexpr std::array<std::string_view, 61> kReserved = {
     "PRINT",  "PROCEDURE", "RETURN", "RIGHT",   "ROLLBACK", "SELECT", "SET",    "TABLE",    "THEN", "TOP",   "UNION",
     "UPDATE", "VALUES",    "WHEN",   "WHERE",   "WHILE",    "WITH"};
 
-bool IsReserved(std::string_view word) {
-  return std::any_of(kReserved.begin(), kReserved.end(),
-                     [&](std::string_view reserved) { return EqualIgnoringCase(reserved, word); });
-}
+static_assert(std::ranges::is_sorted(kReserved));
+
+bool IsReserved(std::string_view word) { return std::ranges::binary_search(kReserved, word, LessIgnoringCase()); }
 
 }  // namespace
 
