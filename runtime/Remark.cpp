@@ -39,25 +39,6 @@ std::int32_t Remark::EntityKey() const noexcept {
   return m_remarkType && m_remarkType->Context() ? m_remarkType->Context()->EntityKey() : 0;
 }
 
-void Remark::SetRemarkType(std::shared_ptr<quorvel::RemarkType> type) {
-  RememberMemo();
-  m_remarkType = std::move(type);
-}
-
-void Remark::SetUserID(SharedText userID) {
-  RememberMemo();
-  m_userID = std::move(userID);
-}
-
-void Remark::SetMemoText(std::string text) {
-  RememberMemo();
-  m_memoText = std::move(text);
-}
-
-void Remark::RememberMemo() {
-  if (m_isStored || m_isOpen) m_memoDigest = KnownDigest();
-}
-
 std::uint32_t Remark::KnownDigest() const {
   return m_memoDigest != 0 ? m_memoDigest : MemoDigest(TypeID(), UserID(), m_memoText);
 }

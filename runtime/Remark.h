@@ -18,7 +18,10 @@ namespace quorvel {
 class Remark : public Publishable {
  public:
   [[nodiscard]] const std::shared_ptr<quorvel::RemarkType>& RemarkType() const noexcept { return m_remarkType; }
-  void SetRemarkType(std::shared_ptr<quorvel::RemarkType> type);
+  void SetRemarkType(std::shared_ptr<quorvel::RemarkType> type) {
+    RememberMemo();
+    m_remarkType = std::move(type);
+  }
   /// 0 for a remark that was never stored.
   [[nodiscard]] std::int32_t MemoKey() const noexcept { return m_memoKey; }
   /// Makes this the remark of another memo, whose owner is not known. Does nothing with the key that it has.
@@ -31,9 +34,15 @@ class Remark : public Publishable {
   void SetDateStamp(DateTime dateStamp) noexcept { m_dateStamp = dateStamp; }
   [[nodiscard]] const std::string& UserID() const noexcept { return m_userID.Get(); }
   void SetUserID(std::string userID) { SetUserID(SharedText(std::move(userID))); }
-  void SetUserID(SharedText userID);
+  void SetUserID(SharedText userID) {
+    RememberMemo();
+    m_userID = std::move(userID);
+  }
   [[nodiscard]] const std::string& MemoText() const noexcept { return m_memoText; }
-  void SetMemoText(std::string text);
+  void SetMemoText(std::string text) {
+    RememberMemo();
+    m_memoText = std::move(text);
+  }
   [[nodiscard]] bool Dirty() const noexcept { return m_dirty; }
   void SetDirty(bool dirty) noexcept { m_dirty = dirty; }
 
@@ -79,7 +88,9 @@ class Remark : public Publishable {
   /// After a call without an answer: looks whether the owner has this remark's memo, or another one with its key.
   void LookAgain(const std::string& contextID, const MemoOwner& owner);
   /// Before a value changes: remembers the memo by its digest, so that LookAgain knows it.
-  void RememberMemo();
+  void RememberMemo() {
+    if (m_isStored || m_isOpen) m_memoDigest = KnownDigest();
+  }
   [[nodiscard]] std::uint32_t KnownDigest() const;
   /// Whether only the values can tell that the memo with the key is this remark\'s.
   [[nodiscard]] bool IsUnanswered() const noexcept { return m_isOpen && !m_isStored; }

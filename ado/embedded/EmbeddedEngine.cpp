@@ -3,7 +3,9 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 #include "ado/embedded/EmbeddedSession.h"
 #include "ado/embedded/Sqlite.h"
@@ -72,10 +74,7 @@ DatabaseHandle OpenFile(const std::string& path, int flags) {
   return database;
 }
 
-}  // namespace
-
-std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
-  CheckFile(options.initialCatalog);
+std::unique_ptr<Session> OpenNow(const ConnectOptions& options) {
   DatabaseHandle database = OpenFile(options.initialCatalog, SQLITE_OPEN_READWRITE);
   sqlite3* handle = database.Get();
   auto session = std::make_unique<EmbeddedSession>(std::move(database), os::PathOf(options.initialCatalog),
@@ -84,6 +83,28 @@ std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
   ShareFilesBeside(handle);
   session->RequireOpenedFiles();
   return session;
+}
+
+// Another user who opens the file first makes the log and its index, and gives them the file's group a moment later.
+constexpr int kMostTries = 10;
+constexpr std::chrono::milliseconds kPauseBetweenTries{20};
+
+bool CannotOpenAFile(const DriverError& failure) {
+  return (failure.Records().front().nativeError & 0xFF) == SQLITE_CANTOPEN;
+}
+
+}  // namespace
+
+std::unique_ptr<Session> OpenEmbedded(const ConnectOptions& options) {
+  CheckFile(options.initialCatalog);
+  for (int tries = 1;; ++tries) {
+    try {
+      return OpenNow(options);
+    } catch (const DriverError& failure) {
+      if (tries == kMostTries || !CannotOpenAFile(failure)) throw;
+    }
+    std::this_thread::sleep_for(kPauseBetweenTries);
+  }
 }
 
 void CreateEmbeddedDatabase(const std::string& path) {

@@ -28,6 +28,7 @@
 namespace {
 bool failsToSync = false;
 std::function<void()> whileSyncing;
+std::function<void()> whileSleeping;
 }  // namespace
 
 /// In the place of the system's function, for SQLite as well.
@@ -36,6 +37,11 @@ extern "C" int fdatasync(int descriptor) {
   if (!failsToSync) return static_cast<int>(::syscall(SYS_fdatasync, descriptor));
   errno = EIO;
   return -1;
+}
+
+extern "C" int nanosleep(const timespec* time, timespec* left) {
+  if (whileSleeping) std::exchange(whileSleeping, {})();
+  return static_cast<int>(::syscall(SYS_nanosleep, time, left));
 }
 
 namespace quorvel::ado {
@@ -109,11 +115,20 @@ TEST(EmbeddedFaults, LogGetsTheGroupOfTheFile) {
     std::filesystem::permissions(each, std::filesystem::perms{0770});
   }
   const auto connection = std::make_shared<Connection>();
+  const auto second = std::make_shared<Connection>();
   connection->SetConnectionString("Data Source=(embedded);Initial Catalog=" + file);
+  second->SetConnectionString("Data Source=(embedded);Initial Catalog=" + file);
   {
     const AtScopeEnd back([] { EXPECT_EQ(::seteuid(0) + ::setegid(0) + ::setgroups(0, nullptr), 0); });
     ASSERT_EQ(::setgroups(1, &kShared) + ::setegid(kUser) + ::seteuid(kUser), 0);
     connection->Open();
+    // The second user comes before the first one has given the log its group.
+    ASSERT_EQ(::seteuid(0) + ::chown((file + "-wal").c_str(), kUser, kUser) + ::setegid(kUser + 1), 0);
+    ASSERT_EQ(::seteuid(kUser + 1), 0);
+    whileSleeping = [&] {
+      EXPECT_EQ(::seteuid(0) + ::chown((file + "-wal").c_str(), kUser, kShared) + ::seteuid(kUser + 1), 0);
+    };
+    second->Open();
   }
   for (const char* part : {"-wal", "-shm"}) {
     struct stat status {};
