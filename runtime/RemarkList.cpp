@@ -3,6 +3,7 @@
 #include "runtime/RemarkList.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "data/modDatabase.h"
@@ -154,7 +155,11 @@ void RemarkList::Save() {
   }
   const Collection deleted = m_deleted ? *m_deleted : Collection{};
   for (const auto& remark : deleted) remark->DeleteFor(origin.contextID);
-  if (m_deleted) m_deleted = std::make_shared<Collection>();
+  if (!m_deleted) return;
+  auto removedMeanwhile = std::make_shared<Collection>();
+  std::ranges::copy_if(*m_deleted, std::back_inserter(*removedMeanwhile),
+                       [&](const auto& each) { return std::ranges::find(deleted, each) == deleted.end(); });
+  m_deleted = std::move(removedMeanwhile);
 }
 
 void RemarkList::Remove(const Value& i_vIndexKey) {

@@ -290,6 +290,23 @@ TEST_F(SaveTest, HostMayChangeTheListWhileASaveWaits) {
   EXPECT_EQ(OwnerOf("for its own owner"), "501/45");
 }
 
+TEST_F(SaveTest, RemarkRemovedWhileADeletionWaitsIsDeletedByTheNextSave) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  const auto list = context->RemarkList();
+  list->Remove(Number(1));
+  const auto writer = m_database.Connect();
+  writer->Execute("BEGIN TRANSACTION");
+  m_prompts->meanwhile = [&] {
+    list->Remove(Number(1));
+    writer->Execute("COMMIT");
+  };
+  list->Save();
+  EXPECT_TRUE(list->Dirty());
+  list->Save();
+  EXPECT_FALSE(list->Dirty());
+  EXPECT_EQ(MemoCount(), "2040");
+}
+
 TEST_F(SaveTest, ReplacedDatabaseFileTakesTheTextWithTheNextSave) {
   const std::string file = m_database.DatabaseFile();
   const ContextHolder context("CustMaint", "C1044", "admin");
