@@ -92,7 +92,7 @@ class Remark : public Publishable {
     if (m_isStored || m_isOpen) m_memoDigest = KnownDigest();
   }
   [[nodiscard]] std::uint32_t KnownDigest() const;
-  /// Whether only the values can tell that the memo with the key is this remark\'s.
+  /// Whether only the values can tell that the memo with the key is this remark's.
   [[nodiscard]] bool IsUnanswered() const noexcept { return m_isOpen && !m_isStored; }
   /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos to know it.
   [[nodiscard]] bool MayBeStored(const ListOrigin& list, const Error& error) const;
