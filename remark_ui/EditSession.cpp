@@ -7,6 +7,7 @@
 #include <utility>
 
 #include <wx/choice.h>
+#include <wx/gdicmn.h>
 #include <wx/textctrl.h>
 
 #include "data/modWaitCursor.h"
@@ -131,7 +132,10 @@ void EditSession::TextEdited() {
 void EditSession::FollowList() {
   if (m_rows.IsUpToDate()) return;
   const bool isPending = m_edited.IsPending(m_controls.frame.Input());
-  Refetch(CurrentRemark(), m_controls.gdxMemos->CurrentLine());
+  DataGrid& grid = *m_controls.gdxMemos;
+  const wxPoint view = grid.GetViewStart();
+  Refetch(CurrentRemark(), grid.CurrentLine());
+  grid.Scroll(view);  // the user may be reading far from the selected row
   if (!isPending) ShowSelected();
 }
 

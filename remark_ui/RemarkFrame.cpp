@@ -94,11 +94,14 @@ void RemarkFrame::ShowText(const RemarkDisplay& display) {
 }
 
 void RemarkFrame::ShowTypes(const RemarkDisplay& display) {
+  const int selected = display.selectedType ? static_cast<int>(*display.selectedType) : wxNOT_FOUND;
+  // Filling a list that is open would take it from the user.
+  if (display.types == m_types && cboRemarkType->GetSelection() == selected) return;
   m_types = display.types;
   wxArrayString captions;
   for (const TypeChoice& choice : m_types) captions.Add(ui::ToWx(choice.caption));
   cboRemarkType->Set(captions);
-  cboRemarkType->SetSelection(display.selectedType ? static_cast<int>(*display.selectedType) : wxNOT_FOUND);
+  cboRemarkType->SetSelection(selected);
 }
 
 std::optional<TypeChoice> RemarkFrame::SelectedType() const {

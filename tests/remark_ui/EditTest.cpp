@@ -222,6 +222,24 @@ TEST_F(EditTest, TypedTextGoesToItsOwnMemoOnceWhateverTheHostDoesToTheList) {
   }
 }
 
+TEST_F(EditTest, HostThatReadsTheListAgainScrollsNothingAway) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  for (int i = 0; i < 100; ++i) context->AddRemark("Cust.General", "one of many");
+  context->Save(true);
+  View(context, [&] {
+    HandleEvents();
+    Grid().Scroll(0, 30);
+    HandleEvents();
+    const wxPoint view = Grid().GetViewStart();
+    EXPECT_GT(view.y, 0);
+    InsertFirst(*context, m_database);
+    HandleEvents();
+    EXPECT_EQ(Grid().GetViewStart(), view);
+    EXPECT_EQ(RemarkAt(context, Position()).MemoKey(), 7) << "the row that was selected";
+    Click("cmdClose");
+  });
+}
+
 TEST_F(EditTest, ClosingWritesAllChangesOrNone) {
   for (const bool isSaved : {false, true}) {
     const TestDatabase database;
