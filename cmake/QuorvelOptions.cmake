@@ -48,8 +48,8 @@ function(quorvel_harden target)
     # Links the library of both statically.
     target_link_options(${target} INTERFACE -fstack-protector-strong)
     # The addresses of code and data change with each start, and data cannot be run. A time in the file would make each build
-    # differ.
-    set(link -Wl,--dynamicbase -Wl,--nxcompat -Wl,--no-insert-timestamp)
+    # differ. Sections that begin at pages of the file are mapped; Wine reads and copies all others when the file is loaded.
+    set(link -Wl,--dynamicbase -Wl,--nxcompat -Wl,--no-insert-timestamp -Wl,--file-alignment,4096)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
       list(APPEND link -Wl,--high-entropy-va)
     else()
