@@ -91,7 +91,7 @@ void EditSession::Delete() {
   const std::int32_t line = grid.CurrentLine();
   const std::int32_t lineCount = grid.Content().Rows().LineCount();
   // A new remark that was added only to be removed would leave a change to be asked about.
-  if (!m_edited.IsNew()) CommitPending();
+  if (m_edited.IsListed()) CommitPending();
   m_edited.Remove();
   Refetch(nullptr);
   // The other rows keep their order. The heading of a group goes with its last row.

@@ -1,5 +1,5 @@
-// The user's rights and the input decide the RemarkDisplay, which the controls only copy. Save does everything that can
-// fail before it changes the remark.
+// The user's rights and the input decide the RemarkDisplay, which the controls only copy. Save changes last what makes
+// the remark differ from the input, so that it can be repeated after an error.
 
 #include "remark_ui/EditedRemark.h"
 
@@ -20,7 +20,7 @@ namespace quorvel {
 void EditedRemark::Show(const std::shared_ptr<Remark>& remark) {
   const auto& list = m_context.RemarkList();
   m_remark = list ? list->ItemFor(remark) : nullptr;
-  m_isUnlisted = false;
+  m_isNew = false;
   m_display = {};
   m_display.remark = m_remark.get();
   if (!m_remark) return;
@@ -52,7 +52,7 @@ void EditedRemark::OfferTypes(const IsSelected& isSelected) {
 void EditedRemark::ShowNew(std::shared_ptr<RemarkType> type, std::int32_t typePosition) {
   m_remark = std::make_shared<Remark>();
   m_remark->SetRemarkType(std::move(type));
-  m_isUnlisted = true;
+  m_isNew = true;
   m_display.remark = m_remark.get();
   m_display.text.clear();
   m_display.isLocked = false;
@@ -69,8 +69,7 @@ void EditedRemark::TextEdited() noexcept {
 
 void EditedRemark::TypeChosen(const RemarkInput& input) {
   if (!m_remark || !input.type) return;
-  const bool isOtherType = !EqualIgnoringCase(input.type->caption, m_remark->TypeCaption());
-  m_display.canSave = isOtherType || TextOf(input) != m_remark->MemoText();
+  m_display.canSave = ChosenType(input) != nullptr || TextOf(input) != m_remark->MemoText();
 }
 
 std::string EditedRemark::TextOf(const RemarkInput& input) const {
@@ -82,11 +81,11 @@ std::shared_ptr<Remark> EditedRemark::Listed() const {
   return list ? list->ItemFor(m_remark) : nullptr;
 }
 
-bool EditedRemark::IsNew() const { return m_remark && !Listed(); }
+bool EditedRemark::IsListed() const { return Listed() != nullptr; }
 
 bool EditedRemark::IsPending(const RemarkInput& input) const {
   if (!m_remark || !m_display.canSave) return false;
-  return m_isUnlisted || input.isTextTouched || ChosenType(input) != nullptr;
+  return m_isNew || input.isTextTouched || ChosenType(input) != nullptr;
 }
 
 // A user who may not delete must not be sent to a button that is disabled.
@@ -116,19 +115,21 @@ EditedRemark::Outcome EditedRemark::Save(const RemarkInput& input) {
   std::string loginName = modUserName::GetUserName();
   const auto& list = m_context.RemarkList();
   if (!list) ThrowObjectNotSet();
-  m_display.canSave = false;
   // A remark that was only looked at stays out of a list that the host has read again meanwhile, and a text that was
   // not touched does not replace the one that the list has now.
   const bool isOtherText = text != m_remark->MemoText();
-  if (!type && !isOtherText) return Outcome::Unchanged;
-  m_remark = list->Keep(m_remark);
-  m_isUnlisted = false;
-  if (isOtherText) m_remark->SetMemoText(std::move(text));
-  if (type) m_remark->SetRemarkType(std::move(type));
-  m_remark->SetUserID(std::move(loginName));
-  m_remark->SetDateStamp(Now());
-  m_remark->SetDirty(true);
-  return Outcome::Changed;
+  const bool isChanged = type || isOtherText;
+  if (isChanged) {
+    m_remark = list->Keep(m_remark);
+    m_remark->SetUserID(std::move(loginName));
+    if (type) m_remark->SetRemarkType(std::move(type));
+    if (isOtherText) m_remark->SetMemoText(std::move(text));
+    m_remark->SetDateStamp(Now());
+    m_remark->SetDirty(true);
+    m_isNew = false;
+  }
+  m_display.canSave = false;
+  return isChanged ? Outcome::Changed : Outcome::Unchanged;
 }
 
 EditedRemark::Outcome EditedRemark::CommitPending(const RemarkInput& input) {

@@ -65,16 +65,16 @@ class EditedRemark {
 
   /// Stores the input in the list's remark and returns whether that changed anything. A remark that is not in the list
   /// joins it, also one that the host has taken out: what was typed is not lost. Disables Save until the remark is
-  /// shown again. Returns Nothing when no remark is selected or the text is blank, which a message reports. Strong
-  /// guarantee.
+  /// shown again. Returns Nothing when no remark is selected or the text is blank, which a message reports. After an
+  /// error Save stays enabled, and another call completes what this one has begun.
   Outcome Save(const RemarkInput& input);
   /// Saves the input before another remark is shown or the window closes. Returns Nothing when Save is disabled or the
   /// text is blank, which is dropped without a message.
   Outcome CommitPending(const RemarkInput& input);
   /// Whether showing another remark would lose what the user has typed or chosen, or a new remark.
   [[nodiscard]] bool IsPending(const RemarkInput& input) const;
-  /// Whether the remark is not in the list: it is new, or the host has taken it out.
-  [[nodiscard]] bool IsNew() const;
+  /// Whether the list has the remark. It has no new one, and none that the host has taken out.
+  [[nodiscard]] bool IsListed() const;
   /// Removes the remark from the list, or forgets a new one. No remark is selected afterwards.
   void Remove();
 
@@ -88,7 +88,7 @@ class EditedRemark {
 
   RemarkContext& m_context;
   std::shared_ptr<Remark> m_remark;
-  bool m_isUnlisted = false;  ///< a new remark that was not saved in the list yet
+  bool m_isNew = false;  ///< begun here and not saved in the list yet
   RemarkDisplay m_display;
 };
 

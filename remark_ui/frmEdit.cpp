@@ -65,6 +65,7 @@ void frmEdit::BindHandlers() {
     if (m_session) m_controls->OfferMenu(point);
   };
   controls.gdxMemos->Failed = [this](std::exception_ptr failure) { HandleFailure(std::move(failure)); };
+  // A window that has closed must not change what View still commits.
   Bind(wxEVT_IDLE, UserAction([this](wxIdleEvent& event) {
          event.Skip();
          // Rows must not move under a mouse that drags.

@@ -164,6 +164,8 @@ TEST_F(EditRulesTest, HostThatReadsTheListAgainChangesNoRemark) {
   RemarkAt(m_context, 1).SetRemarkType(m_context->Item("Cust.General"));
   EXPECT_EQ(m_edited.CommitPending({m_edited.Display().text, false, Type("Cust.Credit")}), Outcome::Unchanged)
       << "the type that is shown was not chosen";
+  m_edited.TypeChosen({m_edited.Display().text, false, Type("Cust.Credit")});
+  EXPECT_FALSE(m_edited.Display().canSave) << "Save would do nothing";
 }
 
 // A host's own memo of the same owner has taken the key of a refused insert.
@@ -176,7 +178,10 @@ TEST_F(EditRulesTest, TypedTextIsNotStoredOnAnotherMemoWithTheKey) {
       "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
       "VALUES (2043, 'Cust.General', 501, 45, GETDATE(), 'host', 'the host''s')");
   m_context->RefreshRemarkList();
-  EXPECT_EQ(m_edited.CommitPending(Typed("typed")), Outcome::Changed);
+  m_context->RemarkList()->SetTakesNew(false);
+  EXPECT_EQ(test::Caught([&] { m_edited.Save(Typed("typed")); }).Number(), ErrorNumber::Component);
+  m_context->RemarkList()->SetTakesNew(true);
+  EXPECT_EQ(m_edited.CommitPending(Typed("typed")), Outcome::Changed) << "the error has not lost what was typed";
   m_context->Save(true);
   EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 2043"), "the host's");
   EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 2044"), "typed");
