@@ -29,8 +29,8 @@ constexpr std::size_t kMostPairs = 6;
 
 struct State {
   std::shared_ptr<ado::Connection> connection;
-  bool isLost = false;  ///< there was a connection, and the next call opens another
-  bool keepsParameters = false;
+  bool isLost = false;           ///< there was a connection, and the next call opens another
+  bool keepsParameters = false;  ///< a KeptParameters lives
   std::chrono::seconds connectionTimeout = 3600s;
   DBConnect settings;
 };

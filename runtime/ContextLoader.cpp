@@ -183,7 +183,7 @@ void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const Rem
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     const auto type = types != nullptr ? types->Item(TrimmedId(row.typeID)) : nullptr;
     if (!type || type->CanRead() <= 0) continue;
-    const auto remark = remarks.Add();
+    const auto remark = remarks.AddRead();
     remark->SetRemarkType(type);
     Fill(*remark, owner, row, authors);
   }

@@ -1,5 +1,5 @@
 // The rules of a context: what is saved, refused and asked before something is read again. runtime/ContextLoader does
-// the reading.
+// the reading. While it asks the database, code of the host may dispose of the context, so a load holds types and list.
 
 #include "runtime/RemarkContext.h"
 
@@ -103,10 +103,11 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   m_contextID = i_sContextID;
   const auto reading = modDatabase::BeginReading();
   contextLoader::LoadContext(m_contextID, m_context);
-  m_types = std::make_shared<RemarkTypes>();
-  contextLoader::LoadTypes(m_contextID, shared_from_this(), *m_types);
+  const auto types = std::make_shared<RemarkTypes>();
+  m_types = types;
+  contextLoader::LoadTypes(m_contextID, shared_from_this(), *types);
   m_userID = i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID;
-  contextLoader::LoadRights(m_userID, *m_types);
+  contextLoader::LoadRights(m_userID, *types);
   m_loadState = LoadState::Done;
   if (former) former->SetTakesNew(true);
   m_ownerID = i_sOwnerID;
@@ -125,10 +126,16 @@ void RemarkContext::LoadMemos() {
   ReplaceList(isForNoOwner ? std::optional(MemoOwner{m_context.entityKey, 0}) : std::nullopt);
   if (!hasOwner && m_loadState != LoadState::Failed) return;
   RequireLoaded("RemarkContext.LoadMemos");
-  contextLoader::LoadOwner(m_context.ownerProcedure, m_ownerID, m_owner);
-  m_remarkList->SetOrigin(OriginOf(MemoOwner{m_context.entityKey, m_owner.key}));
+  const auto list = m_remarkList;
   // Until its remarks are read, the host still shows the former record and means that with what it adds.
-  m_remarkList->SetTakesNew(false);
+  list->SetTakesNew(false);
+  try {
+    contextLoader::LoadOwner(m_context.ownerProcedure, m_ownerID, m_owner);
+  } catch (...) {
+    list->SetTakesNew(true);
+    throw;
+  }
+  list->SetOrigin(OriginOf(MemoOwner{m_context.entityKey, m_owner.key}));
   RefreshRemarkList();
 }
 
@@ -147,11 +154,15 @@ void RemarkContext::RequireLoaded(const char* source) const {
   throw Error(ErrorNumber::Component, source, "Context has not been loaded");
 }
 
-ListOrigin RemarkContext::LoadedOrigin(const char* source) const {
+void RemarkContext::RequireTakesNew(const char* source) const {
   RequireLoaded(source);
   if (!m_remarkList) ThrowObjectNotSet();
   static_cast<void>(m_remarkList->Owner(source));
   m_remarkList->RequireTakesNew(source);
+}
+
+ListOrigin RemarkContext::LoadedOrigin(const char* source) const {
+  RequireTakesNew(source);
   return m_remarkList->Origin();
 }
 
@@ -162,17 +173,13 @@ void RemarkContext::RefreshRemarkList() {
   // Dispose has left no list, and no types whose remarks could be read.
   const MemoOwner owner =
       m_remarkList ? m_remarkList->Owner(kRefreshRemarkList) : MemoOwner{m_context.entityKey, m_owner.key};
-  const bool tookNew = !m_remarkList || m_remarkList->TakesNew();
+  const bool takesNew = !m_remarkList || m_remarkList->TakesNew();
   ReplaceList(owner);
-  // While the database is asked, the host may dispose of this object.
   const auto types = m_types;
   const auto list = m_remarkList;
-  try {
-    contextLoader::LoadRemarks(m_contextID, owner, types.get(), *list);
-  } catch (...) {
-    list->SetTakesNew(tookNew);
-    throw;
-  }
+  list->SetTakesNew(takesNew);
+  contextLoader::LoadRemarks(m_contextID, owner, types.get(), *list);
+  list->SetTakesNew(m_loadState != LoadState::Failed);
 }
 
 void RemarkContext::Edit(const std::string& i_sContextID, const std::string& i_sOwnerID, const std::string& i_sUserID) {
@@ -194,13 +201,13 @@ void RemarkContext::Save(bool bForceSave) {
   if (!bForceSave) {
     const quorvel::EditBehavior behavior = list->Origin().editBehavior;
     if (behavior == EditBehavior::NoAutoSave) return;
-    if (behavior == EditBehavior::PromptForSave && !IsSaveWanted()) return;
+    if (behavior == EditBehavior::PromptForSave && !AskWhetherToSave()) return;
   }
   const modWaitCursor::BusyPointer busy;
   list->Save();
 }
 
-bool RemarkContext::IsSaveWanted() {
+bool RemarkContext::AskWhetherToSave() {
   const RaisedFlag asking(m_isAsking);
   return CurrentPrompts().ShowMessage("Save changes to these remarks?", "Edit Remarks", PromptButtons::YesNo,
                                       PromptIcon::Question) == PromptAnswer::Yes;
@@ -212,7 +219,7 @@ void RemarkContext::AddRemark(const Value& i_vRemarkTypeIndex, const std::string
   if (!type) {
     throw Error(ErrorNumber::Component, "RemarkContext.AddRemark", "Illegal remark type for this context");
   }
-  static_cast<void>(LoadedOrigin("RemarkContext.AddRemark"));
+  RequireTakesNew("RemarkContext.AddRemark");
   auto remark = std::make_shared<Remark>();
   remark->SetRemarkType(std::move(type));
   remark->SetMemoText(i_sRemarkText);

@@ -38,8 +38,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] const std::string& ContextID() const noexcept { return m_contextID; }
   [[nodiscard]] const std::string& OwnerID() const noexcept { return m_ownerID; }
   /// An ID that differs in more than letter case saves what is pending (Save(false)), then looks the owner up and reads
-  /// the remarks. After a failed look-up the new ID stays and the list is empty. When the remarks could not be read,
-  /// AddRemark, the list's Add and EditMemos raise error -1 until RefreshRemarkList has read them.
+  /// the remarks. After a failed look-up the new ID stays and the list is empty. Meanwhile, and after a failed read
+  /// until RefreshRemarkList succeeds, AddRemark, the list's Add and EditMemos raise error -1.
   void SetOwnerID(const std::string& ownerID);
   [[nodiscard]] const std::string& Caption() const noexcept { return m_context.caption; }
   /// The host's number for the kind of owner record.
@@ -116,7 +116,10 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   /// Makes a new, empty list.
   void ReplaceList(std::optional<MemoOwner> owner);
   void RequireLoaded(const char* source) const;
-  [[nodiscard]] bool IsSaveWanted();
+  /// The errors of LoadedOrigin.
+  void RequireTakesNew(const char* source) const;
+  /// Shows the question and returns whether the user wants to save.
+  [[nodiscard]] bool AskWhetherToSave();
   [[nodiscard]] std::shared_ptr<RemarkType> TypeOfRemark(std::int32_t index) const;
   void RefuseWhileEdited(const char* operation) const;
 

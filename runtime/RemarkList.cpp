@@ -44,7 +44,7 @@ const MemoOwner& RemarkList::Owner(const char* source) const { return RequiredOw
 void RemarkList::RequireTakesNew(const char* source) const {
   if (m_takesNew) return;
   throw Error(ErrorNumber::Component, source,
-              "The last Load or new OwnerID failed, so these remarks are not those of the record that it should load");
+              "The last Load or new OwnerID failed or goes on, so the remarks of this record were not read");
 }
 
 std::shared_ptr<Remark> RemarkList::Item(const Value& i_vIndexKey) const noexcept {
@@ -90,13 +90,17 @@ std::int32_t RemarkList::PositionIn(const Collection& remarks, const std::shared
   return found == remarks.end() ? 0 : static_cast<std::int32_t>(found - remarks.begin()) + 1;
 }
 
+// Restore pairs copies with originals by position, so an error must leave the former backup whole.
 void RemarkList::Backup() {
-  m_backupItems = CopyOf(m_items);
-  m_backupDeleted = CopyOf(m_deleted);
-  m_originals.clear();
-  for (const auto& originals : {m_items, m_deleted}) {
-    if (originals) m_originals.insert(m_originals.end(), originals->begin(), originals->end());
+  auto items = CopyOf(m_items);
+  auto deleted = CopyOf(m_deleted);
+  Collection originals;
+  for (const auto& each : {m_items, m_deleted}) {
+    if (each) originals.insert(originals.end(), each->begin(), each->end());
   }
+  m_backupItems = std::move(items);
+  m_backupDeleted = std::move(deleted);
+  m_originals = std::move(originals);
 }
 
 void RemarkList::Restore() noexcept {
@@ -112,12 +116,20 @@ void RemarkList::Restore() noexcept {
 }
 
 std::shared_ptr<Remark> RemarkList::Add() {
+  RequireTakesNew("RemarkList.Add");
+  return AddRead();
+}
+
+std::shared_ptr<Remark> RemarkList::AddRead() {
   auto remark = std::make_shared<Remark>();
-  Append(remark, "RemarkList.Add");
+  Append(remark);
   return remark;
 }
 
-void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) { Append(std::move(i_oRemark), "RemarkList.AddRemark"); }
+void RemarkList::AddRemark(std::shared_ptr<Remark> i_oRemark) {
+  RequireTakesNew("RemarkList.AddRemark");
+  Append(std::move(i_oRemark));
+}
 
 std::shared_ptr<Remark> RemarkList::Keep(const std::shared_ptr<Remark>& remark) {
   if (!m_items) Clear();
@@ -125,16 +137,15 @@ std::shared_ptr<Remark> RemarkList::Keep(const std::shared_ptr<Remark>& remark) 
   if (!kept) {
     const std::int32_t removed = PositionIn(*m_deleted, remark);
     kept = removed > 0 ? (*m_deleted)[static_cast<std::size_t>(removed) - 1] : remark;
-    Append(kept, "RemarkList.AddRemark");
+    AddRemark(kept);
   }
   // The next Save would delete the memo that it has just written.
   std::erase_if(*m_deleted, [&kept](const auto& each) { return each == kept || each->IsSameMemo(*kept); });
   return kept;
 }
 
-void RemarkList::Append(std::shared_ptr<Remark> remark, const char* source) {
+void RemarkList::Append(std::shared_ptr<Remark> remark) {
   if (!m_items || !remark) ThrowObjectNotSet();
-  RequireTakesNew(source);
   remark->SetListOwner(m_origin.owner);
   m_items->push_back(std::move(remark));
 }

@@ -26,9 +26,8 @@ class RemarkList : public Publishable {
   [[nodiscard]] const ListOrigin& Origin() const noexcept { return m_origin; }
   void SetOrigin(ListOrigin origin) noexcept { m_origin = std::move(origin); }
   void SetEditBehavior(EditBehavior behavior) noexcept { m_origin.editBehavior = behavior; }
-  /// Whether new remarks are taken. After a failed Load its context still has this list, and after an owner whose
-  /// remarks could not be read the host still shows the former ones: a remark that is added then is meant for another
-  /// owner.
+  /// Whether new remarks are taken. After a failed Load its context still has this list, and until the remarks of a new
+  /// owner are read the host still shows the former ones: a remark that is added then is meant for another owner.
   void SetTakesNew(bool takesNew) noexcept { m_takesNew = takesNew; }
   [[nodiscard]] bool TakesNew() const noexcept { return m_takesNew; }
   /// Error -1 from `source` unless new remarks are taken.
@@ -51,7 +50,7 @@ class RemarkList : public Publishable {
   /// 1-based position of the same in a collection that was taken earlier; 0 when there is none.
   [[nodiscard]] static std::int32_t PositionIn(const Collection& remarks, const std::shared_ptr<Remark>& remark);
 
-  /// Copies the items and the removed remarks for Restore.
+  /// Copies the items and the removed remarks for Restore. After std::bad_alloc the former backup stays.
   void Backup();
   /// Makes the backup the live collections, without another copy: until the next Backup, changes change the backup too.
   /// A remark whose memo was deleted since the Backup is dirty, because the database no longer has its text. Without a
@@ -68,6 +67,8 @@ class RemarkList : public Publishable {
   /// itself, appended. Makes collections for a list without them. Error -1 as AddRemark.
   std::shared_ptr<Remark> Keep(const std::shared_ptr<Remark>& remark);
 
+  /// For the code that reads remarks: Add, whether or not the list takes new ones.
+  std::shared_ptr<Remark> AddRead();
   /// Makes room for `count` more remarks, for the code that reads them: a collection that grows by itself leaves up to
   /// half of its memory unused. Does nothing without collections.
   void Reserve(std::int32_t count);
@@ -90,7 +91,7 @@ class RemarkList : public Publishable {
   [[nodiscard]] std::shared_ptr<const Collection> Items() const noexcept { return m_items; }
 
  private:
-  void Append(std::shared_ptr<Remark> remark, const char* source);
+  void Append(std::shared_ptr<Remark> remark);
 
   ListOrigin m_origin;
   bool m_takesNew = true;

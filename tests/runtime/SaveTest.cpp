@@ -128,7 +128,7 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }), notLoaded("RemarkContext.RefreshRemarkList"));
   EXPECT_THAT(Caught([&] { remark->Commit(); }), notLoaded("Remark.Commit"));
   EXPECT_THAT(Caught([&] { context->EditMemos(); }), notLoaded("RemarkContext.EditMemos"));
-  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("failed, so")));
+  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("were not read")));
   EXPECT_EQ(OwnerOf("refused first"), "");
   context->Load("OrderEntry", "SO20001", "admin");
   EXPECT_EQ(OwnerOf("refused first"), "501/45");
@@ -151,7 +151,7 @@ TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   EXPECT_EQ(OwnerOf("restored"), "");
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   EXPECT_THAT(Caught([&] { context->SetOwnerID(""); }), notLoaded("RemarkContext.LoadMemos"));
-  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("failed, so")));
+  EXPECT_THAT(Caught([&] { context->RemarkList()->Add(); }), IsError(-1, "RemarkList.Add", HasSubstr("were not read")));
   EXPECT_FALSE(context->RemarkList()->Origin().owner);
 
   m_database.Run("DROP PROCEDURE spTWCqvGetFilteredMemos");
@@ -171,7 +171,7 @@ TEST_F(SaveTest, OwnerWhoseRemarksCouldNotBeReadTakesNoneUntilTheyAre) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   m_database.Run(head + "SELECT Missing = 1");
   const auto fails = [&](const std::string& source, const auto& call) {
-    EXPECT_THAT(Caught(call), IsError(-1, source, HasSubstr("failed, so"))) << source;
+    EXPECT_THAT(Caught(call), IsError(-1, source, HasSubstr("were not read"))) << source;
   };
   EXPECT_THAT(Caught([&] { context->SetOwnerID("C1007"); }), HasNumber(ErrorNumber::AdoItemNotFound));
   EXPECT_THAT(Caught([&] { context->RefreshRemarkList(); }), HasNumber(ErrorNumber::AdoItemNotFound));
@@ -276,35 +276,29 @@ TEST_F(SaveTest, HostMayChangeEverythingWhileTheUserIsAsked) {
 TEST_F(SaveTest, HostMayChangeTheListWhileASaveWaits) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   const auto list = context->RemarkList();
-  context->AddRemark("Cust.General", "for its own owner", "admin");
   const auto writer = m_database.Connect();
-  writer->Execute("BEGIN TRANSACTION");
-  m_prompts->meanwhile = [&] {
-    EXPECT_THAT(Caught([&] { RemarkAt(context, 1).Commit(); }).Description(), HasSubstr("waits for another program"));
-    for (int i = 0; i < 100; ++i) list->Add();
-    context->SetOwnerKey(3);
-    context->Dispose();
-    writer->Execute("COMMIT");
+  const auto saveDuring = [&](const auto& change) {
+    writer->Execute("BEGIN TRANSACTION");
+    m_prompts->meanwhile = [&] {
+      change();
+      writer->Execute("COMMIT");
+    };
+    list->Save();
   };
-  list->Save();
-  EXPECT_EQ(OwnerOf("for its own owner"), "501/45");
-}
-
-TEST_F(SaveTest, RemarkRemovedWhileADeletionWaitsIsDeletedByTheNextSave) {
-  const ContextHolder context("CustMaint", "C1044", "admin");
-  const auto list = context->RemarkList();
   list->Remove(Number(1));
-  const auto writer = m_database.Connect();
-  writer->Execute("BEGIN TRANSACTION");
-  m_prompts->meanwhile = [&] {
-    list->Remove(Number(1));
-    writer->Execute("COMMIT");
-  };
-  list->Save();
+  saveDuring([&] { list->Remove(Number(1)); });
   EXPECT_TRUE(list->Dirty());
   list->Save();
   EXPECT_FALSE(list->Dirty());
   EXPECT_EQ(MemoCount(), "2040");
+  context->AddRemark("Cust.General", "for its own owner", "admin");
+  saveDuring([&] {
+    EXPECT_THAT(Caught([&] { RemarkAt(context, 1).Commit(); }).Description(), HasSubstr("waits for another program"));
+    for (int i = 0; i < 100; ++i) list->Add();
+    context->SetOwnerKey(3);
+    context->Dispose();
+  });
+  EXPECT_EQ(OwnerOf("for its own owner"), "501/45");
 }
 
 TEST_F(SaveTest, ReplacedDatabaseFileTakesTheTextWithTheNextSave) {

@@ -86,6 +86,21 @@ TEST_F(ServerTest, SendsOnlyWhatIsNeededAndNothingToWrongParameters) {
   EXPECT_EQ(m_file.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoText = 'after another order of the parameters'"), "45");
 }
 
+// On Windows a handler of the host may run while the embedded engine waits. On a server each call stands for a wait.
+TEST_F(ServerTest, HostMayAddRemarksOrDisposeWhileALoadWaits) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  test::FailingCall none(0);
+  none.meanwhile = [&] {
+    EXPECT_EQ(Caught([&] { AddRemark(context, "of C1044"); }).Number(), ErrorNumber::Component);
+    EXPECT_EQ(Caught([&] { context->RemarkList()->Add(); }).Number(), ErrorNumber::Component);
+  };
+  context->SetOwnerID("C1000");
+  EXPECT_EQ(context->MemoCount(), 1);
+  none.meanwhile = [&] { context->Dispose(); };
+  context->Load("CustMaint", "C1044", "admin");
+  EXPECT_EQ(context->MemoCount(), 0);
+}
+
 TEST_F(ServerTest, LoadRstReplacesALostConnectionOnce) {
   m_server.DropConnections();
   const auto groups = LoadRst("SELECT GroupID FROM ttwGroup");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -20,14 +21,16 @@ class FailingCall : public ado::odbc::CallObserver {
   bool Allows(std::string_view function) override {
     if (function == "SQLAllocHandle") ++handles;
     if (function == "SQLFreeHandle") --handles;
+    if (meanwhile) meanwhile();
     --m_left;
     if (m_left > 0 || (m_left < 0 && !m_andLater)) return true;
     failed = function;
     return false;
   }
 
-  std::string failed;  ///< the function of that call, once it was made
-  int handles = 0;     ///< allocated and not yet freed
+  std::function<void()> meanwhile;  ///< code of the host, which runs before each call
+  std::string failed;               ///< the function of that call, once it was made
+  int handles = 0;                  ///< allocated and not yet freed
 
  private:
   int m_left;
