@@ -60,9 +60,9 @@ TEST_F(EverySlot, Remark) {
     ExpectProperties(remark.Get(), {{u"Dirty", true}});
     EXPECT_EQ(remark->Commit(), S_OK);
     ExpectProperties(remark.Get(), {{u"Dirty", false}});
-    EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 7"), "Changed");
+    EXPECT_EQ(m_database.TextOf(7), "Changed");
     EXPECT_EQ(remark->Delete(), S_OK);
-    EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 7"), "");
+    EXPECT_EQ(m_database.TextOf(7), "");
 
     const auto type = context.Type(u"Cust.Internal");
     const Properties changed{{u"RemarkType", type.Get()},

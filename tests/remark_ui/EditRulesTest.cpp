@@ -174,17 +174,15 @@ TEST_F(EditRulesTest, TypedTextIsNotStoredOnAnotherMemoWithTheKey) {
   m_context->AddRemark("Cust.General", "refused at first", std::string(31, 'x'));
   EXPECT_NE(test::Caught([&] { m_context->Save(true); }).Number(), 0);
   Show(8);
-  m_database.Run(
-      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
-      "VALUES (2043, 'Cust.General', 501, 45, GETDATE(), 'host', 'the host''s')");
+  m_database.StoreMemo(2043, "of the host");
   m_context->RefreshRemarkList();
   m_context->RemarkList()->SetTakesNew(false);
   EXPECT_EQ(test::Caught([&] { m_edited.Save(Typed("typed")); }).Number(), ErrorNumber::Component);
   m_context->RemarkList()->SetTakesNew(true);
   EXPECT_EQ(m_edited.CommitPending(Typed("typed")), Outcome::Changed) << "the error has not lost what was typed";
   m_context->Save(true);
-  EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 2043"), "the host's");
-  EXPECT_EQ(m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 2044"), "typed");
+  EXPECT_EQ(m_database.TextOf(2043), "of the host");
+  EXPECT_EQ(m_database.TextOf(2044), "typed");
 }
 
 TEST_F(EditRulesTest, EmptyTextIsRefusedBySaveAndDroppedByCommit) {

@@ -131,9 +131,7 @@ TEST_F(RemarkCommitTest, RefusedInsertTouchesNoMemoThatGetsItsKey) {
   EXPECT_EQ(remark->MemoKey(), 2043);
   EXPECT_TRUE(remark->Dirty());
 
-  m_database.Run(
-      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
-      "SELECT 2043, 'Cust.General', 501, 45, GETDATE(), 'other', 'the host''s'");
+  m_database.StoreMemo(2043, "of the host");
   const std::string others = Row(2043);
   remark->Delete();
   remark->SetUserID("jsmith");

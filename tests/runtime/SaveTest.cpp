@@ -30,9 +30,6 @@ class SaveTest : public testing::Test {
         "WHERE MemoText = '" +
         text + "'");
   }
-  [[nodiscard]] std::string TextOf(std::int32_t key) const {
-    return m_database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = " + std::to_string(key));
-  }
 
   test::TestDatabase m_database;
   test::PromptsGuard m_prompts;
@@ -59,10 +56,10 @@ TEST_F(SaveTest, EditBehaviorDecidesUnlessForced) {
     const std::string text = "change " + std::to_string(++number);
     remark.SetMemoText(text);
     context->Save(false);
-    EXPECT_NE(TextOf(remark.MemoKey()), text) << "a change that is not marked dirty";
+    EXPECT_NE(m_database.TextOf(remark.MemoKey()), text) << "a change that is not marked dirty";
     remark.SetDirty(true);
     context->Save(each.force);
-    EXPECT_EQ(TextOf(remark.MemoKey()) == text, each.isSaved) << number;
+    EXPECT_EQ(m_database.TextOf(remark.MemoKey()) == text, each.isSaved) << number;
     EXPECT_EQ(remark.Dirty(), !each.isSaved) << number;
     EXPECT_EQ(m_prompts->shown.size(), each.answers.size()) << number;
     context->SetEditBehavior(EditBehavior::NoAutoSave);
@@ -76,11 +73,11 @@ TEST_F(SaveTest, AsksBeforeItDeletesARemovedRemark) {
   m_prompts->answers = {PromptAnswer::No, PromptAnswer::Yes};
   m_prompts->pointers.clear();
   context->Save();
-  EXPECT_NE(TextOf(key), "");
+  EXPECT_NE(m_database.TextOf(key), "");
   EXPECT_TRUE(context->RemarkList()->Dirty());
   EXPECT_TRUE(m_prompts->pointers.empty());
   context->Save();
-  EXPECT_EQ(TextOf(key), "");
+  EXPECT_EQ(m_database.TextOf(key), "");
   EXPECT_FALSE(context->RemarkList()->Dirty());
   EXPECT_EQ(m_prompts->pointers, (std::vector{PointerShape::Hourglass, PointerShape::Default})) << "while it writes";
   ASSERT_EQ(m_prompts->shown.size(), 2U);
@@ -329,7 +326,7 @@ TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
   EXPECT_EQ(RemarkAt(context, 1).MemoText(), "  spaced  ");
   EXPECT_EQ(m_database.Ask("SELECT '[' + MemoText + '] ' + UserID FROM tciMemo WHERE MemoKey = 2044"),
             "[by another] mjones");
-  EXPECT_EQ(TextOf(2043), "spaced");
+  EXPECT_EQ(m_database.TextOf(2043), "spaced");
   EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE MemoKey = 2043"), "45");
 }
 
@@ -346,14 +343,12 @@ TEST_F(SaveTest, DeletedRemarkLeavesTheNextMemoWithItsKeyAlone) {
   m_database.Run(deletes + "IF @MemoKey < 2043 RAISERROR ('kept', 16, 1) ELSE " + byKey);
   EXPECT_EQ(Caught([&] { context->Save(true); }).Description(), "kept");
   m_database.Run(deletes + byKey);
-  m_database.Run(
-      "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
-      "VALUES (2043, 'Cust.General', 501, 45, GETDATE(), 'host', 'the host''s')");
+  m_database.StoreMemo(2043, "of the host");
   context->Save(true);
   removed->SetMemoText("written again");
   removed->Commit();
   removed->Delete();
-  EXPECT_EQ(TextOf(2043), "the host's");
+  EXPECT_EQ(m_database.TextOf(2043), "of the host");
   EXPECT_EQ(MemoCount(), kMemosOfSample);
 }
 
@@ -367,14 +362,12 @@ TEST_F(SaveTest, RestoredRemarkOfADeletedMemoIsNewAndLeavesTheMemoWithItsKeyAlon
     list->Backup();
     if (!isRemovedBefore) list->Remove(Number(1));
     context->Save(true);
-    database.Run(
-        "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
-        "VALUES (7, 'Cust.General', 501, 45, GETDATE(), 'host', 'the host''s')");
+    database.StoreMemo(7, "of the host");
     list->Restore();
     EXPECT_TRUE(list->Dirty()) << "the database no longer has the text";
     if (!isRemovedBefore) RemarkAt(context, 1).SetMemoText("restored");
     context->Save(true);
-    EXPECT_EQ(database.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = 7"), "the host's");
+    EXPECT_EQ(database.TextOf(7), "of the host");
     EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoKey > 2042 AND MemoText = 'restored'"),
               isRemovedBefore ? "0" : "1");
     EXPECT_FALSE(list->Dirty());

@@ -164,11 +164,7 @@ TEST_F(ServerTest, RemovedRemarkWithoutAnAnswerDeletesNoForeignMemo) {
     isStored ? m_server.DropAfterRequest(4) : m_server.DropAtRequest(4);
     EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
     EXPECT_EQ(m_file.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'removed'"), isStored ? "1" : "0");
-    if (!isStored) {
-      m_file.Run(
-          "INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
-          "VALUES (2043, 'Cust.General', 501, 3, GETDATE(), 'host', 'of another owner')");
-    }
+    if (!isStored) m_file.StoreMemo(2043, "of another owner", "Cust.General", 3);
     context->RemarkList()->Remove(std::int64_t{context->MemoCount()});
     context->Save(true);
     EXPECT_EQ(MemoCount(), "2043");
@@ -178,13 +174,6 @@ TEST_F(ServerTest, RemovedRemarkWithoutAnAnswerDeletesNoForeignMemo) {
 
 // The memos of the host belong to the same owner; the context shows those of one type only.
 TEST_F(ServerTest, KeyThatAHostTakesAfterALostAnswerIsLeftToTheHost) {
-  const auto textOf = [&](std::int32_t key) {
-    return m_file.Ask("SELECT MemoText FROM tciMemo WHERE MemoKey = " + std::to_string(key));
-  };
-  const auto takeKey = [&](std::int32_t key, const std::string& type) {
-    m_file.Run("INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) VALUES (" +
-               std::to_string(key) + ", '" + type + "', 501, 45, GETDATE(), 'host', 'of the host')");
-  };
   for (const std::string type : {"Cust.General", "Ord.Note", ""}) {
     for (const bool isRemoved : {false, true}) {
       modDatabase::OpenConnection();
@@ -196,14 +185,14 @@ TEST_F(ServerTest, KeyThatAHostTakesAfterALostAnswerIsLeftToTheHost) {
       type.empty() ? m_server.DropAfterRequest(4) : m_server.DropAtRequest(4);
       EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
       const std::int32_t key = remark->MemoKey();
-      if (!type.empty()) takeKey(key, type);
+      if (!type.empty()) m_file.StoreMemo(key, "of the host", type);
       remark->SetMemoText("typed on");
       if (isRemoved) context->RemarkList()->Remove(std::int64_t{context->MemoCount()});
       if (type == "Ord.Note" && !isRemoved) {
         EXPECT_EQ(Caught([&] { context->Save(true); }).Number(), ErrorNumber::DbIntegrity);
       }
       context->Save(true);
-      EXPECT_EQ(textOf(key), !type.empty() ? "of the host" : isRemoved ? "" : "typed on") << type;
+      EXPECT_EQ(m_file.TextOf(key), !type.empty() ? "of the host" : isRemoved ? "" : "typed on") << type;
       EXPECT_EQ(m_file.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'typed on'"), isRemoved ? "0" : "1") << type;
       m_file.Run("DELETE FROM tciMemo WHERE MemoText = 'typed on'");
     }
@@ -217,10 +206,10 @@ TEST_F(ServerTest, KeyThatAHostTakesAfterALostAnswerIsLeftToTheHost) {
     // One discovery comes before the delete.
     isDeleted ? m_server.DropAfterRequest(2) : m_server.DropAtRequest(2);
     EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
-    EXPECT_EQ(textOf(key).empty(), isDeleted);
-    if (isDeleted) takeKey(key, "Cust.General");
+    EXPECT_EQ(m_file.TextOf(key).empty(), isDeleted);
+    if (isDeleted) m_file.StoreMemo(key, "of the host");
     context->Save(true);
-    EXPECT_EQ(textOf(key), isDeleted ? "of the host" : "");
+    EXPECT_EQ(m_file.TextOf(key), isDeleted ? "of the host" : "");
     if (isDeleted) m_file.Run("DELETE FROM tciMemo WHERE UserID = 'host'");
   }
 }

@@ -1,5 +1,7 @@
 #include "tests/support/TestDatabase.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <map>
 
@@ -65,6 +67,18 @@ std::string TestDatabase::Ask(std::string_view query) const {
   const auto rows = Connect()->Execute(query);
   if (!rows->IsOpen() || rows->EndOfFile()) return "";
   return Shown(rows->Fields(std::size_t{0}).Value());
+}
+
+void TestDatabase::StoreMemo(std::int32_t key, const std::string& text, const std::string& type,
+                             std::int32_t ownerKey) const {
+  Run(
+      fmt::format("INSERT INTO tciMemo (MemoKey, MemoType, EntityType, OwnerKey, DateStamp, UserID, MemoText) "
+                  "VALUES ({}, '{}', 501, {}, GETDATE(), 'host', '{}')",
+                  key, type, ownerKey, text));
+}
+
+std::string TestDatabase::TextOf(std::int32_t key) const {
+  return Ask(fmt::format("SELECT MemoText FROM tciMemo WHERE MemoKey = {}", key));
 }
 
 }  // namespace quorvel::test

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -34,6 +35,12 @@ class TestDatabase {
   void Run(std::string_view batch) const;
   /// The first column of the first row of a query, as text; "NULL" for null and "" without a row.
   [[nodiscard]] std::string Ask(std::string_view query) const;
+
+  /// Stores a memo as a program of the host does; owner 45 is the sample's customer C1044.
+  void StoreMemo(std::int32_t key, const std::string& text, const std::string& type = "Cust.General",
+                 std::int32_t ownerKey = 45) const;
+  /// The text of a memo; "" when it does not exist.
+  [[nodiscard]] std::string TextOf(std::int32_t key) const;
 
  private:
   TemporaryFolder m_folder;
