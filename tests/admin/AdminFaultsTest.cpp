@@ -1,4 +1,4 @@
-// Operations of every manager with each of their ODBC calls failing once.
+// Operations of every manager with each of their ODBC calls failing once, and with the connection cut at each request.
 
 #include <iterator>
 #include <string>
@@ -74,15 +74,17 @@ constexpr bool kComparesWithStored = false;
 constexpr bool kComparesWithStored = true;
 #endif
 
+using Cut = void (StandInServer::*)(int request);
+
 struct Outcome {
-  std::string failed;  ///< the call that failed
+  std::string failed;  ///< the call or request that failed
   bool isTold = false;
   std::vector<std::string> shown;
 };
 
-/// Does the operation with that ODBC call failing, and 0 with none. The window that the user comes back to shows the
-/// same as one that is loaded again.
-Outcome Do(const Operation& operation, int call) {
+/// Does the operation with that ODBC call failing, and 0 with none; given a cut, with the connection cut at that
+/// request. The window that the user comes back to shows the same as one that is loaded again.
+Outcome Do(const Operation& operation, std::size_t step, Cut cut = nullptr) {
   AdminSession s(EngineKind::StandIn);
   s.admin.Load();
   s.admin.ClickView(operation.view);
@@ -90,12 +92,19 @@ Outcome Do(const Operation& operation, int call) {
   s.Tab(operation.tab);
   s.prompts->answers.assign(3, PromptAnswer::Yes);
   Outcome outcome;
-  {
-    FailingCall failing(call);
+  if (cut == nullptr) {
+    FailingCall failing(static_cast<int>(step));
     operation.act(s, operation.lists);
     outcome.failed = failing.failed;
+  } else {
+    s.server->ForgetRequests();
+    (*s.server.*cut)(static_cast<int>(step));
+    operation.act(s, operation.lists);
+    (*s.server.*cut)(0);
+    const auto requests = s.server->Requests();
+    if (requests.size() >= step) outcome.failed = requests[step - 1];
   }
-  SCOPED_TRACE(std::to_string(call) + " " + outcome.failed);
+  SCOPED_TRACE(std::to_string(step) + " " + outcome.failed);
   outcome.isTold = testing::Matches(testing::Contains(testing::HasSubstr("Error in ")))(s.Prompted());
   s.admin.ClickView(operation.view);
   s.Tab(operation.tab);
@@ -120,11 +129,19 @@ TEST_P(AdminFaultsTest, LeaveTheWindowUsableAndShowingWhatIsStored) {
   const ScopedVariable inMemory("TMPDIR", "/dev/shm");
   const Outcome done = Do(GetParam(), 0);
   EXPECT_FALSE(done.isTold);
-  int call = 1;
-  for (Outcome outcome = Do(GetParam(), call); !outcome.failed.empty(); outcome = Do(GetParam(), ++call)) {
-    EXPECT_TRUE(outcome.isTold || outcome.shown == done.shown) << call;
+  const auto failEach = [&](Cut cut) {
+    std::size_t step = 1;
+    for (Outcome outcome = Do(GetParam(), step, cut); !outcome.failed.empty(); outcome = Do(GetParam(), ++step, cut)) {
+      EXPECT_TRUE(outcome.isTold || outcome.shown == done.shown) << step;
+    }
+    return step;
+  };
+  EXPECT_GT(failEach(nullptr), 10U);
+  if (!kComparesWithStored) return;
+  for (const Cut cut :
+       {&StandInServer::DropAtRequest, &StandInServer::DropAfterRequest, &StandInServer::DropAmidRows}) {
+    EXPECT_GT(failEach(cut), 1U);
   }
-  EXPECT_GT(call, 10);
 }
 
 TEST(AdminWithoutServer, NamesNoOtherRecordThanTheManagersCurrentOne) {

@@ -50,7 +50,7 @@ class StandInServer {
 
   /// Closes every open connection, as a server does when it is shut down; new ones are accepted.
   void DropConnections();
-  /// Closes the connection that sends the `request`th request from now (1-based) before anything is run.
+  /// Closes the connection that sends the `request`th request from now (1-based) before anything is run; 0 closes none.
   void DropAtRequest(int request) { Plan(Fault::DropAtRequest, request); }
   /// The same, but the request is run first and only its answer is lost.
   void DropAfterRequest(int request) { Plan(Fault::DropAfterRequest, request); }
