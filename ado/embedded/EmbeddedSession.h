@@ -30,7 +30,7 @@ class EmbeddedSession final : public Session {
   Result Execute(std::string_view batch) override;
   std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) override;
   /// Does nothing: changes of procedures are noticed.
-  void ForgetParameters() override {}
+  void ForgetParameters() override { m_discovered = {}; }
   Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) override;
   void BeginReading() override { m_keepsReading = true; }
   void EndReading() noexcept override;

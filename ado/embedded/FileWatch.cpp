@@ -28,7 +28,7 @@ FileWatch::FileWatch(sqlite3* database, const std::filesystem::path& path) : m_d
   const std::filesystem::path resolved = os::PathOf(sqlite3_db_filename(database, "main"));
   const auto identity = os::IdentityOf(resolved);
   m_files.push_back({resolved, identity});
-  if (Absolute(path) != resolved) m_files.push_back({Absolute(path), identity});
+  if (Absolute(path).lexically_normal() != resolved) m_files.push_back({Absolute(path), identity});
   const auto beforeCommit = [](void* self) {
     auto* const watch = static_cast<FileWatch*>(self);
     watch->m_hasCommitted = true;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <fmt/format.h>
+
 #include <cmath>
+#include <string>
 #include <string_view>
 
 #include "platform/Text.h"
@@ -16,6 +19,14 @@ namespace quorvel::ado::embedded::numberRules {
   text = TrimBlanks(text);
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// The message of error 245, for a text that cannot.
+[[nodiscard]] inline std::string NotWhole(std::string_view text) {
+  return fmt::format("Conversion failed when converting '{}' to a whole number.", text);
+}
+[[nodiscard]] inline bool IsNotWhole(std::string_view message) noexcept {
+  return message.starts_with("Conversion failed when converting ") && message.ends_with(" to a whole number.");
 }
 
 /// The fraction of a whole number is cut and not rounded.

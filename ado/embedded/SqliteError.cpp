@@ -7,6 +7,7 @@
 #include <optional>
 #include <system_error>
 
+#include "ado/embedded/NumberRules.h"
 #include "ado/embedded/TypeRules.h"
 #include "ado/engine/DriverError.h"
 #include "platform/OperatingSystem.h"
@@ -57,7 +58,7 @@ DriverError StatementFailed(const std::string& message) {
   if (message == "parser stack overflow" || message.starts_with("Expression tree is too large")) {
     return {"42000", 191, "Some part of the statement is nested too deeply."};
   }
-  if (message.ends_with(" to a whole number.")) return {"22018", 245, message};
+  if (numberRules::IsNotWhole(message)) return {"22018", 245, message};
   if (message.ends_with(" already exists")) return {"42S01", 2714, message};
   const std::string_view mark = message.starts_with("table ") ? kNoInsertedColumn : kNoColumn;
   if (message.find(mark) != std::string::npos) {

@@ -124,12 +124,11 @@ bool IsRefusedAsWhole(sqlite3_value* value) {
 }
 
 void FailWhole(sqlite3_context* context, sqlite3_value* value) {
-  sqlite3_result_error(
-      context, fmt::format("Conversion failed when converting '{}' to a whole number.", TextOf(value)).c_str(), -1);
+  sqlite3_result_error(context, numberRules::NotWhole(TextOf(value)).c_str(), -1);
 }
 
-/// tsql_number(value, 'number' or 'whole' or 'bit'): a value for a column of this kind, as a server converts it. What
-/// it refuses is left to the column's own check.
+/// tsql_number(value, 'number' or 'whole' or 'bit'): a value for a column of this kind, as a server converts it. It
+/// refuses texts that are no whole numbers; any other value that does not fit is left to the column's own check.
 void NumberFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   const bool isFraction = sqlite3_value_type(values[0]) == SQLITE_FLOAT;
   const std::string_view kind = TextOf(values[1]);

@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <string>
 
-#include <fmt/format.h>
-
 #include "ado/embedded/NumberRules.h"
 #include "ado/embedded/SqlType.h"
 #include "ado/engine/DriverError.h"
@@ -32,7 +30,7 @@ Value AsNumber(Value value, DataType type) {
   const auto* text = std::get_if<std::string>(&value);
   if (text != nullptr && numberRules::IsZero(*text)) return std::int64_t{0};
   if (text != nullptr && IsWhole(type) && !numberRules::IsWhole(*text)) {
-    throw DriverError("22018", 245, fmt::format("Conversion failed when converting '{}' to a whole number.", *text));
+    throw DriverError("22018", 245, numberRules::NotWhole(*text));
   }
   const auto* fraction = std::get_if<double>(&value);
   return fraction != nullptr && IsWhole(type) ? Value{numberRules::Whole(*fraction)} : std::move(value);

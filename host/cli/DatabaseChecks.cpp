@@ -100,12 +100,11 @@ constexpr MemoRule kMemoRules[] = {
     {"dates of the memos", "ISDATE(DateStamp) = 0",
      "Give each a date, for example: UPDATE tciMemo SET DateStamp = GETDATE() WHERE MemoKey = N"},
     {"texts and users of the memos", "MemoText IS NULL OR UserID IS NULL",
-     "No remark of their records can be shown. Give each a text, for example: UPDATE tciMemo SET MemoText = '' WHERE "
-     "MemoKey = N AND MemoText IS NULL"},
+     "No remark of their records can be shown. Give each a text and a user, for example: "
+     "UPDATE tciMemo SET MemoText = ISNULL(MemoText, ''), UserID = ISNULL(UserID, '') WHERE MemoKey = N"},
     {"keys of the memos", "MemoKey > 2147483647 OR MemoKey < -2147483648",
-     "No remark of their records can be shown. Give each a free key of 32 bits: UPDATE tciMemo SET MemoKey = FREE "
-     "WHERE "
-     "MemoKey = N"}};
+     "No remark of their records can be shown. Give each a free key of 32 bits, for example: "
+     "UPDATE tciMemo SET MemoKey = FREE WHERE MemoKey = N"}};
 
 void CheckMemos(Report& report, ado::Connection& connection, const MemoRule& rule) {
   std::vector<std::string> keys;

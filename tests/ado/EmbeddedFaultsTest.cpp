@@ -122,12 +122,15 @@ TEST(EmbeddedFaults, LogGetsTheGroupOfTheFile) {
     const AtScopeEnd back([] { EXPECT_EQ(::seteuid(0) + ::setegid(0) + ::setgroups(0, nullptr), 0); });
     ASSERT_EQ(::setgroups(1, &kShared) + ::setegid(kUser) + ::seteuid(kUser), 0);
     connection->Open();
-    // The second user comes before the first one has given the log its group.
-    ASSERT_EQ(::seteuid(0) + ::chown((file + "-wal").c_str(), kUser, kUser) + ::setegid(kUser + 1), 0);
-    ASSERT_EQ(::seteuid(kUser + 1), 0);
-    whileSleeping = [&] {
-      EXPECT_EQ(::seteuid(0) + ::chown((file + "-wal").c_str(), kUser, kShared) + ::seteuid(kUser + 1), 0);
+    const auto giveLogTo = [&](gid_t group) {
+      ASSERT_EQ(::seteuid(0), 0);
+      ASSERT_EQ(::chown((file + "-wal").c_str(), kUser, group), 0);
+      ASSERT_EQ(::setegid(kUser + 1), 0);
+      ASSERT_EQ(::seteuid(kUser + 1), 0);
     };
+    // The second user comes before the first one has given the log its group.
+    giveLogTo(kUser);
+    whileSleeping = [&] { giveLogTo(kShared); };
     second->Open();
   }
   for (const char* part : {"-wal", "-shm"}) {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
@@ -136,11 +138,11 @@ TEST_F(EmbeddedStatements, RunsControlFlowAndVariables) {
 // A server converts to the column's or variable's type; SQLite keeps what it gets.
 TEST_F(EmbeddedStatements, NumbersAreConvertedAsOnAServer) {
   m_connection->Execute("CREATE TABLE Amount (n int, r float) CREATE TABLE Flag (b bit) CREATE TABLE Big (n bigint)");
-  for (const char* wrong :
-       {"Amount (r) VALUES ('abc')", "Big VALUES ('abc')", "Big VALUES ('1.5')", "Big VALUES (1e19)"}) {
-    EXPECT_THAT(FailureOf(*m_connection, std::string("INSERT INTO ") + wrong).Description(),
-                AnyOf(HasSubstr(" holds "), HasSubstr("whole number")))
-        << wrong;
+  for (const auto& [wrong, text] : {std::pair{"Amount (r) VALUES ('abc')", " holds "},
+                                    {"Big VALUES ('abc')", "to a whole number"},
+                                    {"Big VALUES ('1.5')", "to a whole number"},
+                                    {"Big VALUES (1e19)", " holds "}}) {
+    EXPECT_THAT(FailureOf(*m_connection, std::string("INSERT INTO ") + wrong).Description(), HasSubstr(text)) << wrong;
   }
   m_connection->Execute("INSERT INTO Amount VALUES ('', '') INSERT INTO Amount (n, r) VALUES (1.9, 1.9), (-1.9, ' ')");
   m_connection->Execute("INSERT INTO Flag VALUES (0.5) INSERT INTO Big VALUES (-9223372036854775807 - 1), (1.9)");
