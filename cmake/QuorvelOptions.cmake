@@ -17,6 +17,8 @@ target_compile_options(quorvel_options INTERFACE
   "$<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.;-ffile-prefix-map=${PROJECT_BINARY_DIR}=build>")
 if(WIN32)
   target_compile_definitions(quorvel_options INTERFACE UNICODE _UNICODE NOMINMAX)
+  # Sections that begin at pages of the file are mapped. Wine reads and copies all others when it loads the file.
+  target_link_options(quorvel_options INTERFACE -Wl,--file-alignment,4096)
 endif()
 if(QUORVEL_WARNINGS_AS_ERRORS)
   target_compile_options(quorvel_options INTERFACE -Werror)
@@ -48,8 +50,8 @@ function(quorvel_harden target)
     # Links the library of both statically.
     target_link_options(${target} INTERFACE -fstack-protector-strong)
     # The addresses of code and data change with each start, and data cannot be run. A time in the file would make each build
-    # differ. Sections that begin at pages of the file are mapped; Wine reads and copies all others when the file is loaded.
-    set(link -Wl,--dynamicbase -Wl,--nxcompat -Wl,--no-insert-timestamp -Wl,--file-alignment,4096)
+    # differ.
+    set(link -Wl,--dynamicbase -Wl,--nxcompat -Wl,--no-insert-timestamp)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
       list(APPEND link -Wl,--high-entropy-va)
     else()
