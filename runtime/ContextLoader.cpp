@@ -104,11 +104,13 @@ class Authors {
 };
 
 void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row, Authors& authors) {
-  remark.SetDateStamp(DateOf(row.dateStamp));
   try {
+    // The list keeps a remark whose row could not be read to its end: the host's next change must reach its memo.
+    remark.SetMemoKey(ToInt32(row.memoKey.Value()));
+    remark.SetDateStamp(DateOf(row.dateStamp));
     remark.SetUserID(authors.Share(Trimmed(ToText(row.userID.Value()))));
     remark.SetMemoText(ToText(row.memoText.Value()));
-    remark.SetStored(ToInt32(row.memoKey.Value()), owner);
+    remark.SetStored(owner);
   } catch (const Error& error) {
     throw Error(error.Number(), error.Source(),
                 error.Description() + " (MemoKey " + modDatabase::FieldText(row.memoKey) + ")");

@@ -15,13 +15,12 @@ struct MemoOwner {
   friend bool operator==(const MemoOwner&, const MemoOwner&) = default;
 };
 
-/// The owner, the edit behaviour, the user and the context for which a list was read. They stay with the list when its
-/// context object has begun to read something else.
+/// The owner, the edit behaviour and the user for which a list was read. They stay with the list when its context has
+/// begun to read something else.
 struct ListOrigin {
   std::optional<MemoOwner> owner;  ///< empty while no owner was found
   EditBehavior editBehavior = EditBehavior::AutoSaveOnClose;
   std::string userID;  ///< the author of the remarks that have none
-  std::string contextID;
 };
 
 }  // namespace quorvel

@@ -13,7 +13,7 @@ namespace quorvel {
 namespace {
 
 const std::string kNoText;
-const ListOrigin kNoList{MemoOwner{}, EditBehavior::AutoSaveOnClose, {}, {}};
+const ListOrigin kNoList{MemoOwner{}, EditBehavior::AutoSaveOnClose, {}};
 
 Value Number(std::int32_t number) { return std::int64_t{number}; }
 
@@ -53,8 +53,7 @@ void Remark::SetMemoKey(std::int32_t key) noexcept {
   m_hasNoMemo = false;
 }
 
-void Remark::SetStored(std::int32_t key, const MemoOwner& owner) noexcept {
-  m_memoKey = key;
+void Remark::SetStored(const MemoOwner& owner) noexcept {
   m_memoDigest = 0;
   m_owner = owner;
   m_isStored = true;
@@ -70,9 +69,7 @@ void Remark::Commit() {
   if (!m_remarkType) return CommitFor(kNoList);
   const auto& context = m_remarkType->Context();
   if (!context) ThrowObjectNotSet();
-  ListOrigin origin = context->LoadedOrigin("Remark.Commit");
-  origin.contextID = m_remarkType->ContextID();  // another context of the owner may not show the remark
-  CommitFor(origin);
+  CommitFor(context->LoadedOrigin("Remark.Commit"));
 }
 
 void Remark::CommitFor(const ListOrigin& list) {
@@ -96,11 +93,12 @@ void Remark::CommitFor(const ListOrigin& list) {
 }
 
 void Remark::Write(const ListOrigin& list) {
-  LookAgain(list.contextID, *list.owner);
+  LookAgain(*list.owner);
   const bool needsKey = m_memoKey == 0 || m_hasNoMemo;
   if (needsKey) m_memoKey = modDatabase::GetNextSurrogateKey("tciMemo");
-  // An update would overwrite a memo that the context does not show; an insert cannot.
-  const bool isInsert = needsKey || m_isOpen;
+  // An update would overwrite a memo that the context does not show; an insert cannot. No context shows a memo without
+  // a type, so it may be stored, and another insert would store the remark twice.
+  const bool isInsert = needsKey || (m_isOpen && m_remarkType);
   if (isInsert) {
     m_memoDigest = 0;
     m_isStored = false;
@@ -117,16 +115,19 @@ void Remark::Write(const ListOrigin& list) {
   } catch (const Error& error) {
     // An update under this key would overwrite the memo that has it meanwhile. Where the insert may have succeeded, an
     // insert under another key would store the remark twice.
-    m_hasNoMemo = isInsert ? !MayBeStored(list, error) : HasLostItsKey(list, error);
-    m_isOpen = isInsert && !m_hasNoMemo;
+    m_hasNoMemo = isInsert ? !MayBeStored(*list.owner, error) : HasLostItsKey(*list.owner, error);
+    m_isOpen = (isInsert || m_isOpen) && !m_hasNoMemo;
+    if (m_hasNoMemo) m_isStored = false;
     if (m_isOpen) m_owner = list.owner;
     throw;
   }
 }
 
-void Remark::LookAgain(const std::string& contextID, const MemoOwner& owner) {
-  if (!m_isOpen) return;
-  const auto found = contextLoader::FindMemo(contextID, owner, m_memoKey, KnownDigest());
+const std::string& Remark::ContextID() const noexcept { return m_remarkType ? m_remarkType->ContextID() : kNoText; }
+
+void Remark::LookAgain(const MemoOwner& owner) {
+  if (!m_isOpen || !m_remarkType) return;
+  const auto found = contextLoader::FindMemo(ContextID(), owner, m_memoKey, KnownDigest());
   if (found == contextLoader::FoundMemo::None) return;
   m_isStored = found == contextLoader::FoundMemo::Same;
   m_hasNoMemo = !m_isStored;
@@ -135,37 +136,38 @@ void Remark::LookAgain(const std::string& contextID, const MemoOwner& owner) {
 
 // A procedure or a trigger of the host may raise any error, also a violated constraint of its own table, and it may do
 // so before or after the memo was stored.
-bool Remark::MayBeStored(const ListOrigin& list, const Error& error) const {
+bool Remark::MayBeStored(const MemoOwner& owner, const Error& error) const {
   if (modDatabase::WasNotSent(error)) return false;
   if (IsWithoutAnswer(error)) return true;
   // No context shows a memo without a type, so it would not be found.
   if (!m_remarkType) return !modDatabase::IsDuplicateKey(error);
   try {
-    return contextLoader::FindMemo(list.contextID, *list.owner, m_memoKey, KnownDigest()) ==
-           contextLoader::FoundMemo::Same;
+    return contextLoader::FindMemo(ContextID(), owner, m_memoKey, KnownDigest()) == contextLoader::FoundMemo::Same;
   } catch (const Error&) {
     return true;
   }
 }
 
 // The memo was deleted, or the database was replaced by an older copy, and another owner's memo has the key.
-bool Remark::HasLostItsKey(const ListOrigin& list, const Error& error) const {
+bool Remark::HasLostItsKey(const MemoOwner& owner, const Error& error) const {
   if (!modDatabase::IsDuplicateKey(error)) return false;
-  if (!m_isStored) return true;
+  if (!m_isStored || !m_remarkType) return true;
   try {
-    return contextLoader::FindMemo(list.contextID, *list.owner, m_memoKey, KnownDigest()) ==
-           contextLoader::FoundMemo::None;
+    return contextLoader::FindMemo(ContextID(), owner, m_memoKey, KnownDigest()) == contextLoader::FoundMemo::None;
   } catch (const Error&) {
     return false;
   }
 }
 
-void Remark::Delete() { DeleteFor(m_remarkType ? m_remarkType->ContextID() : kNoText); }
-
 // The procedure asks for no owner: it deletes any memo with the key.
-void Remark::DeleteFor(const std::string& contextID) {
+void Remark::Delete() {
   if (m_memoKey == 0 || m_hasNoMemo) return;
-  if (m_owner) LookAgain(contextID, *m_owner);
+  const bool mayBeDeleted = m_isOpen && m_isStored;
+  if (m_owner) LookAgain(*m_owner);
+  if (mayBeDeleted && m_hasNoMemo) {
+    throw Error(ErrorNumber::Component, "Remark.Delete",
+                "The memo was changed meanwhile and was not deleted; read the remarks again");
+  }
   const bool isGone = m_hasNoMemo || (m_isOpen && m_owner);
   try {
     if (!isGone) modDatabase::ExecSP("spTWCqvDeleteRemark", {{"@MemoKey", Number(m_memoKey)}});
@@ -200,8 +202,13 @@ std::shared_ptr<Remark> Remark::Copy() const {
 }
 
 void Remark::FollowOriginal(const Remark& original) noexcept {
+  const bool isSameKey = m_memoKey == original.m_memoKey;
   const bool isKept = original.m_isStored && !original.m_isOpen;
-  if (isKept || !m_isStored || m_memoKey != original.m_memoKey) return;
+  const bool isKnown = original.m_isStored || original.m_isOpen || original.m_hasNoMemo;
+  if (!m_isStored || !isKnown || (isKept && isSameKey)) return;
+  m_memoKey = original.m_memoKey;
+  m_owner = original.m_owner;
+  if (original.m_memoDigest != 0) m_memoDigest = original.m_memoDigest;
   m_isStored = original.m_isStored;
   m_isOpen = original.m_isOpen;
   m_hasNoMemo = original.m_hasNoMemo;

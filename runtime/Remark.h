@@ -26,8 +26,8 @@ class Remark : public Publishable {
   [[nodiscard]] std::int32_t MemoKey() const noexcept { return m_memoKey; }
   /// Makes this the remark of another memo, whose owner is not known. Does nothing with the key that it has.
   void SetMemoKey(std::int32_t key) noexcept;
-  /// For the code that reads memos, at the end: the memo with this key belongs to `owner` and has these values.
-  void SetStored(std::int32_t key, const MemoOwner& owner) noexcept;
+  /// For the code that reads memos, at the end: the memo belongs to `owner` and has the remark's values.
+  void SetStored(const MemoOwner& owner) noexcept;
   /// For a list that takes the remark: a remark that was not stored yet belongs to the list's owner.
   void SetListOwner(const std::optional<MemoOwner>& owner) noexcept;
   [[nodiscard]] DateTime DateStamp() const noexcept { return m_dateStamp; }
@@ -54,10 +54,11 @@ class Remark : public Publishable {
   [[nodiscard]] std::int32_t EntityKey() const noexcept;
 
   /// Writes the remark: an insert under a new key when MemoKey is 0, else an update. Text and user are sent trimmed;
-  /// the fields keep their blanks. A failed insert keeps its new key; the next Commit inserts under another one when
-  /// the insert was refused or another memo has the key, and updates the memo that it finds as it was sent. Database
-  /// errors pass through; Dirty is cleared only after success. Before anything is written: error 91 when the type's
-  /// context was disposed of, or when the remark has neither user nor type; error -1 when it belongs to another owner.
+  /// the fields keep their blanks. A failed insert keeps its new key. The next Commit inserts under another one when
+  /// the insert was refused or another memo has the key, updates the memo that it finds as it was sent, and inserts
+  /// under the same key when it finds none; without a type, which no context shows, it updates. Database errors pass
+  /// through; Dirty is cleared only after success. Before anything is written: error 91 when the type's context was
+  /// disposed of, or when the remark has neither user nor type; error -1 when it belongs to another owner.
   ///
   /// A new remark that was in no list becomes the owner's that its context has loaded; error -1 when the last Load
   /// failed.
@@ -68,10 +69,9 @@ class Remark : public Publishable {
 
   /// Deletes the row; does nothing with key 0, after a refused insert and after another Delete: another memo may have
   /// the key. After an insert or Delete that got no answer the row is deleted only when it is found among the owner's
-  /// as it was sent. The fields stay as they are; the next Commit inserts the remark under another key.
+  /// as it was sent. After such a Delete, a memo with other values is error -1, once: another user may have changed it.
+  /// The fields stay as they are; the next Commit inserts the remark under another key.
   void Delete();
-  /// The same for the remark of a list, which is read in that context.
-  void DeleteFor(const std::string& contextID);
 
   /// Whether both objects are remarks of one stored memo. The key alone does not say it: after a refused insert, for
   /// example, another memo may have it.
@@ -79,14 +79,16 @@ class Remark : public Publishable {
 
   /// A copy for RemarkList::Backup: everything but UserID, which stays empty.
   [[nodiscard]] std::shared_ptr<Remark> Copy() const;
-  /// For RemarkList::Restore of such a copy: when the memo of `original` was deleted since, or may have been, the copy
-  /// is dirty, and the next Commit inserts it.
+  /// For RemarkList::Restore of such a copy: gives it the key and the state that the memo of `original` has meanwhile.
+  /// The copy is dirty when the memo was deleted since, or may have been, also when `original` was stored again.
   void FollowOriginal(const Remark& original) noexcept;
 
  private:
   void Write(const ListOrigin& list);
   /// After a call without an answer: looks whether the owner has this remark's memo, or another one with its key.
-  void LookAgain(const std::string& contextID, const MemoOwner& owner);
+  void LookAgain(const MemoOwner& owner);
+  /// Of the type. Another context of the owner, also that of the list, may not show the memo.
+  [[nodiscard]] const std::string& ContextID() const noexcept;
   /// Before a value changes: remembers the memo by its digest, so that LookAgain knows it.
   void RememberMemo() {
     if (m_isStored || m_isOpen) m_memoDigest = KnownDigest();
@@ -95,9 +97,9 @@ class Remark : public Publishable {
   /// Whether only the values can tell that the memo with the key is this remark's.
   [[nodiscard]] bool IsUnanswered() const noexcept { return m_isOpen && !m_isStored; }
   /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos to know it.
-  [[nodiscard]] bool MayBeStored(const ListOrigin& list, const Error& error) const;
+  [[nodiscard]] bool MayBeStored(const MemoOwner& owner, const Error& error) const;
   /// Whether the update that failed with this error found another memo under its key. Reads the owner's memos as well.
-  [[nodiscard]] bool HasLostItsKey(const ListOrigin& list, const Error& error) const;
+  [[nodiscard]] bool HasLostItsKey(const MemoOwner& owner, const Error& error) const;
 
   std::shared_ptr<quorvel::RemarkType> m_remarkType;
   std::string m_memoText;

@@ -145,7 +145,7 @@ void RemarkContext::ReplaceList(std::optional<MemoOwner> owner) {
 }
 
 ListOrigin RemarkContext::OriginOf(std::optional<MemoOwner> owner) const {
-  return {owner, m_context.editBehavior, m_userID, m_contextID};
+  return {owner, m_context.editBehavior, m_userID};
 }
 
 // The loaders fill the object step by step, so after a failed load entity, types and owner may not belong together.

@@ -165,7 +165,7 @@ void RemarkList::Save() {
     remark->CommitFor(origin);
   }
   const Collection deleted = m_deleted ? *m_deleted : Collection{};
-  for (const auto& remark : deleted) remark->DeleteFor(origin.contextID);
+  for (const auto& remark : deleted) remark->Delete();
   if (!m_deleted) return;
   auto removedMeanwhile = std::make_shared<Collection>();
   std::ranges::copy_if(*m_deleted, std::back_inserter(*removedMeanwhile),

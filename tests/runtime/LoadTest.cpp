@@ -268,6 +268,7 @@ TEST_F(LoadTest, FailedRefreshKeepsWhatItRead) {
   EXPECT_EQ(RemarkAt(context, 2).MemoKey(), 2);
   EXPECT_EQ(RemarkAt(context, 2).DateStamp(), kZeroDate);
   EXPECT_EQ(RemarkAt(context, 3).MemoText(), "");
+  EXPECT_EQ(RemarkAt(context, 3).MemoKey(), 3) << "a text typed there belongs to its memo";
 }
 
 // Another program can write to the database's file without the engine's conversions.

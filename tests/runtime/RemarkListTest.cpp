@@ -156,7 +156,7 @@ TEST_F(RemarkCommitTest, InsertThatFailsInTheHostsProcedureIsNeitherRepeatedNorT
     Remark& remark = RemarkAt(m_context, m_context->MemoCount());
     remark.SetMemoText("once");
     m_context->Save(true);
-    EXPECT_EQ(Row(remark.MemoKey()), "Cust.General|501|45|" + remark.UserID() + "|once");
+    EXPECT_EQ(Row(remark.MemoKey()), remark.TypeID() + "|501|45|" + remark.UserID() + "|once");
   };
   m_context->AddRemark("Cust.General", "stored", "mail");
   storeOnce(ErrorNumber::DbStatement);
@@ -190,6 +190,10 @@ TEST_F(RemarkCommitTest, InsertThatFailsInTheHostsProcedureIsNeitherRepeatedNorT
   m_context->Save(true);
   EXPECT_EQ(Row(2046), "Cust.General|501|45|mail|of the owner that was loaded");
   EXPECT_EQ(Row(2047), "Cust.General|501|45|jsmith|of the same owner");
+
+  m_context->RemarkList()->Add()->SetUserID("mail");
+  RemarkAt(m_context, m_context->MemoCount()).SetDirty(true);
+  storeOnce(ErrorNumber::DbStatement);
 
   m_context->AddRemark("Cust.General", "deleted from elsewhere", "mail");
   EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(ErrorNumber::DbStatement));

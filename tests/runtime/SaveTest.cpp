@@ -354,22 +354,29 @@ TEST_F(SaveTest, DeletedRemarkLeavesTheNextMemoWithItsKeyAlone) {
 
 // The backup is older than the deletion, and a host's own memo has the key meanwhile.
 TEST_F(SaveTest, RestoredRemarkOfADeletedMemoIsNewAndLeavesTheMemoWithItsKeyAlone) {
-  for (const bool isRemovedBefore : {false, true}) {
+  for (const std::string deletion : {"before", "after", "after, and added again"}) {
+    const bool isRemovedBefore = deletion == "before";
     const test::TestDatabase database;
     const ContextHolder context("CustMaint", "C1044", "admin");
     const auto& list = context->RemarkList();
     if (isRemovedBefore) list->Remove(Number(1));
     list->Backup();
+    const auto removed = list->Item(Number(1));
     if (!isRemovedBefore) list->Remove(Number(1));
     context->Save(true);
+    if (deletion == "after, and added again") {
+      list->Keep(removed)->SetDirty(true);
+      context->Save(true);
+    }
     database.StoreMemo(7, "of the host");
     list->Restore();
-    EXPECT_TRUE(list->Dirty()) << "the database no longer has the text";
+    EXPECT_TRUE(list->Dirty()) << "the database no longer has the text " << deletion;
     if (!isRemovedBefore) RemarkAt(context, 1).SetMemoText("restored");
     context->Save(true);
     EXPECT_EQ(database.TextOf(7), "of the host");
     EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoKey > 2042 AND MemoText = 'restored'"),
               isRemovedBefore ? "0" : "1");
+    EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo"), isRemovedBefore ? "2042" : "2043") << deletion;
     EXPECT_FALSE(list->Dirty());
   }
 }

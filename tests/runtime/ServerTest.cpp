@@ -207,7 +207,11 @@ TEST_F(ServerTest, KeyThatAHostTakesAfterALostAnswerIsLeftToTheHost) {
     isDeleted ? m_server.DropAfterRequest(2) : m_server.DropAtRequest(2);
     EXPECT_NE(Caught([&] { context->Save(true); }).Number(), 0);
     EXPECT_EQ(m_file.TextOf(key).empty(), isDeleted);
-    if (isDeleted) m_file.StoreMemo(key, "of the host");
+    if (isDeleted) {
+      m_file.StoreMemo(key, "of the host");
+      EXPECT_EQ(Caught([&] { context->Save(true); }).Number(), ErrorNumber::Component) << "told once";
+      EXPECT_TRUE(context->RemarkList()->Dirty());
+    }
     context->Save(true);
     EXPECT_EQ(m_file.TextOf(key), isDeleted ? "of the host" : "");
     if (isDeleted) m_file.Run("DELETE FROM tciMemo WHERE UserID = 'host'");
