@@ -6,11 +6,11 @@
 #include <string>
 
 #include "platform/DateTime.h"
-#include "platform/Error.h"
 #include "platform/SharedText.h"
 #include "runtime/MemoOwner.h"
 #include "runtime/Publishable.h"
 #include "runtime/RemarkType.h"
+#include "runtime/StoredMemo.h"
 
 namespace quorvel {
 
@@ -23,13 +23,13 @@ class Remark : public Publishable {
     m_remarkType = std::move(type);
   }
   /// 0 for a remark that was never stored.
-  [[nodiscard]] std::int32_t MemoKey() const noexcept { return m_memoKey; }
+  [[nodiscard]] std::int32_t MemoKey() const noexcept { return m_memo.Key(); }
   /// Makes this the remark of another memo, whose owner is not known. Does nothing with the key that it has.
-  void SetMemoKey(std::int32_t key) noexcept;
+  void SetMemoKey(std::int32_t key) noexcept { m_memo.SetKey(key); }
   /// For the code that reads memos, at the end: the memo belongs to `owner` and has the remark's values.
-  void SetStored(const MemoOwner& owner) noexcept;
+  void SetStored(const MemoOwner& owner) noexcept { m_memo.SetStored(owner); }
   /// For a list that takes the remark: a remark that was not stored yet belongs to the list's owner.
-  void SetListOwner(const std::optional<MemoOwner>& owner) noexcept;
+  void SetListOwner(const std::optional<MemoOwner>& owner) noexcept { m_memo.SetListOwner(owner); }
   [[nodiscard]] DateTime DateStamp() const noexcept { return m_dateStamp; }
   void SetDateStamp(DateTime dateStamp) noexcept { m_dateStamp = dateStamp; }
   [[nodiscard]] const std::string& UserID() const noexcept { return m_userID.Get(); }
@@ -84,33 +84,23 @@ class Remark : public Publishable {
   void FollowOriginal(const Remark& original) noexcept;
 
  private:
-  void Write(const ListOrigin& list);
-  /// After a call without an answer: looks whether the owner has this remark's memo, or another one with its key.
-  void LookAgain(const MemoOwner& owner);
-  /// Of the type. Another context of the owner, also that of the list, may not show the memo.
-  [[nodiscard]] const std::string& ContextID() const noexcept;
-  /// Before a value changes: remembers the memo by its digest, so that LookAgain knows it.
+  void Write(const MemoOwner& owner);
+  /// Before a value changes: remembers the memo by its digest, so that it can be found again.
   void RememberMemo() {
-    if (m_isStored || m_isOpen) m_memoDigest = KnownDigest();
+    if (m_memo.NeedsDigest()) m_memo.SetDigest(Digest());
   }
+  /// Of the remark's values.
+  [[nodiscard]] std::uint32_t Digest() const;
+  /// Of the memo's.
   [[nodiscard]] std::uint32_t KnownDigest() const;
-  /// Whether only the values can tell that the memo with the key is this remark's.
-  [[nodiscard]] bool IsUnanswered() const noexcept { return m_isOpen && !m_isStored; }
-  /// Whether the insert that failed with this error may have stored the memo. Reads the owner's memos to know it.
-  [[nodiscard]] bool MayBeStored(const MemoOwner& owner, const Error& error) const;
-  /// Whether the update that failed with this error found another memo under its key. Reads the owner's memos as well.
-  [[nodiscard]] bool HasLostItsKey(const MemoOwner& owner, const Error& error) const;
+  /// Of the type; empty without one.
+  [[nodiscard]] const std::string& ContextID() const noexcept;
 
   std::shared_ptr<quorvel::RemarkType> m_remarkType;
   std::string m_memoText;
   SharedText m_userID;
   DateTime m_dateStamp = kZeroDate;
-  std::optional<MemoOwner> m_owner;  ///< of the memo, or of the list that a new remark is in; empty when not known
-  std::int32_t m_memoKey = 0;
-  std::uint32_t m_memoDigest = 0;  ///< of the memo in the database; 0 while the remark has the same values
-  bool m_isStored = false;
-  bool m_isOpen = false;     ///< the last insert or delete got no answer
-  bool m_hasNoMemo = false;  ///< the insert stored nothing, or the memo was deleted: the key may be another memo's
+  [[no_unique_address]] StoredMemo m_memo;  ///< m_dirty is in its padding: a list may have thousands of remarks
   bool m_dirty = false;
 };
 

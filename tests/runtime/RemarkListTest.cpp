@@ -241,7 +241,9 @@ TEST_F(RemarkCommitTest, KeyOfAnotherMemoIsNeitherWrittenNorDeleted) {
   m_database.Run("UPDATE tciMemo SET OwnerKey = 3, MemoText = 'of another owner' WHERE MemoKey = 2044");
   RemarkAt(m_context, 9).SetMemoText("typed on");
   RemarkAt(m_context, 9).SetDirty(true);
+  list.Backup();
   EXPECT_THAT(Caught([&] { list.Save(); }), HasNumber(ErrorNumber::DbIntegrity));
+  list.Restore();
   list.Save();
   EXPECT_EQ(Row(2045), "Cust.General|501|45|admin|typed on");
   EXPECT_EQ(Row(2044), "Cust.General|501|3|admin|of another owner");
