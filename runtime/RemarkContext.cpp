@@ -45,7 +45,6 @@ void RemarkContext::SetOwnerKey(std::int32_t ownerKey) {
   // After a failed Load the entity may be that of the record that was not loaded.
   const bool isLoaded = m_loadState == LoadState::Done;
   const auto owner = isLoaded ? std::optional(MemoOwner{m_context.entityKey, ownerKey}) : std::nullopt;
-  if (m_isAsking) return ReplaceList(owner);
   m_remarkList->Clear(true);
   m_remarkList->SetOrigin(OriginOf(owner));
   m_remarkList->SetTakesNew(m_loadState != LoadState::Failed);
@@ -168,6 +167,7 @@ ListOrigin RemarkContext::LoadedOrigin(const char* source) const {
 
 void RemarkContext::RefreshRemarkList() {
   if (m_ownerID.empty()) return;
+  RefuseWhileAsking(kRefreshRemarkList);
   Save(false);
   RequireLoaded(kRefreshRemarkList);
   // Dispose has left no list, and no types whose remarks could be read.
@@ -241,7 +241,7 @@ void RemarkContext::EditMemos(bool i_bRefresh) {
   if (i_bRefresh) RefreshRemarkList();
   // The user would write to the owner of the former list, or to none, below the caption of another one.
   if (m_loadState == LoadState::Failed) RequireLoaded("RemarkContext.EditMemos");
-  if (m_remarkList) m_remarkList->RequireTakesNew("RemarkContext.EditMemos");
+  if (m_remarkList && m_loadState == LoadState::Done) RequireTakesNew("RemarkContext.EditMemos");
   RemarkWindows& windows = CurrentRemarkWindows("RemarkContext.EditMemos");
   // The host may let go of this object while the window is open.
   const auto keepAlive = weak_from_this().lock();
@@ -253,8 +253,16 @@ void RemarkContext::ViewManager(std::int32_t i_lModal) {
   CurrentRemarkWindows("RemarkContext.ViewManager").ViewManager(i_lModal);
 }
 
+// When the write after Yes fails, the host must still have the remarks.
+void RemarkContext::RefuseWhileAsking(const char* operation) const {
+  if (!m_isAsking) return;
+  throw Error(ErrorNumber::Component, operation,
+              "The user is being asked whether to save the remarks; call again after the answer");
+}
+
 // A remark belongs to the owner that its context has when it is written.
 void RemarkContext::RefuseWhileEdited(const char* operation) const {
+  RefuseWhileAsking(operation);
   if (!m_isEdited) return;
   throw Error(ErrorNumber::Component, operation, "The remarks are open in the editor; close it first");
 }

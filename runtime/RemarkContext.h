@@ -87,7 +87,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   void Popup(const std::string& i_sContextID, const std::string& i_sOwnerID = {}, const std::string& i_sUserID = {});
 
   /// Reads the owner's remarks again, after Save(false). Does nothing without an owner. Error -1 when the last Load
-  /// failed.
+  /// failed, and while the user is asked whether to save.
   void RefreshRemarkList();
   /// Writes what is unsaved, for the owner for which the list was read. Without force the EditBehavior of the list
   /// decides, and may ask the user; where no prompt can be shown, Save and every caller of Save(false) raise the error
@@ -99,7 +99,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   void AddRemark(const Value& i_vRemarkTypeIndex, const std::string& i_sRemarkText, const std::string& i_sUserID = {});
 
   /// Open the windows; `i_bRefresh` reads the remarks again first. Error -1 when no window can be opened. While the
-  /// editor is open, Load and the setters of the owner raise error -1, for example in a timer of the host.
+  /// editor is open, or a question whether to save, Load and the setters of the owner raise error -1, for example in a
+  /// timer of the host. The editor is refused with error -1 when the owner of the remarks is not known.
   void PopupMemos(bool i_bRefresh = false);
   void EditMemos(bool i_bRefresh = false);
   void ViewManager(std::int32_t i_lModal = 0);
@@ -122,6 +123,7 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] bool AskWhetherToSave();
   [[nodiscard]] std::shared_ptr<RemarkType> TypeOfRemark(std::int32_t index) const;
   void RefuseWhileEdited(const char* operation) const;
+  void RefuseWhileAsking(const char* operation) const;
 
   std::string m_userID;
   std::string m_contextID;

@@ -77,7 +77,9 @@ std::int32_t RemarkList::Index(const std::shared_ptr<Remark>& i_oRemark) const n
 }
 
 std::shared_ptr<Remark> RemarkList::ItemFor(const std::shared_ptr<Remark>& remark) const {
-  const std::int32_t position = m_items ? PositionIn(*m_items, remark) : 0;
+  std::int32_t position = m_items ? PositionIn(*m_items, remark) : 0;
+  const auto copy = m_copiesOfNew.find(remark);
+  if (position == 0 && copy != m_copiesOfNew.end()) position = Index(copy->second);
   return position > 0 ? (*m_items)[static_cast<std::size_t>(position) - 1] : nullptr;
 }
 
@@ -94,6 +96,10 @@ std::int32_t RemarkList::PositionIn(const Collection& remarks, const std::shared
 void RemarkList::Backup() {
   auto items = CopyOf(m_items);
   auto deleted = CopyOf(m_deleted);
+  std::map<std::shared_ptr<Remark>, std::shared_ptr<Remark>> copiesOfNew;
+  for (std::size_t i = 0; i < items->size(); ++i) {
+    if ((*m_items)[i]->MemoKey() == 0) copiesOfNew.emplace((*m_items)[i], (*items)[i]);
+  }
   Collection originals;
   for (const auto& each : {m_items, m_deleted}) {
     if (each) originals.insert(originals.end(), each->begin(), each->end());
@@ -101,6 +107,7 @@ void RemarkList::Backup() {
   m_backupItems = std::move(items);
   m_backupDeleted = std::move(deleted);
   m_originals = std::move(originals);
+  m_copiesOfNew = std::move(copiesOfNew);
 }
 
 void RemarkList::Restore() noexcept {

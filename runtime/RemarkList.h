@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -100,6 +101,8 @@ class RemarkList : public Publishable {
   std::shared_ptr<Collection> m_backupItems;
   std::shared_ptr<Collection> m_backupDeleted;
   Collection m_originals;  ///< of the backup, its items first; empty when the backup is live
+  /// The backup's copies of remarks that were never written, which no memo identifies.
+  std::map<std::shared_ptr<Remark>, std::shared_ptr<Remark>> m_copiesOfNew;
 };
 
 }  // namespace quorvel

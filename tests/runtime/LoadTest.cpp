@@ -118,6 +118,8 @@ TEST_F(LoadTest, UnknownContextOrOwnerEndsTheLoad) {
   EXPECT_EQ(context->OwnerKey(), 0);
   EXPECT_EQ(context->OwnerName(), "");
   EXPECT_EQ(context->RemarkList()->Count(), 0);
+  EXPECT_THAT(Caught([&] { context->EditMemos(); }),
+              IsError(-1, "RemarkContext.EditMemos", testing::HasSubstr("owner")));
 }
 
 TEST_F(LoadTest, EveryFailureToCallTheOwnerProcedureHasOneDescription) {

@@ -68,6 +68,12 @@ TEST(RemarkListTest, RestoreSharesItsCollectionsWithTheBackup) {
   list.Restore();
   EXPECT_EQ(list.Count(), 2);
   EXPECT_EQ(list.Item(Number(1))->MemoText(), "edited again");
+
+  const auto unwritten = list.Item(Number(2));
+  list.Backup();
+  list.Restore();
+  EXPECT_EQ(list.Keep(unwritten), list.Item(Number(2))) << "the copy, and nothing is appended";
+  EXPECT_EQ(list.Count(), 2);
 }
 
 TEST(RemarkListTest, WithoutCollectionsItIsEmptyAndRefusesRemarks) {

@@ -243,14 +243,15 @@ TEST_F(SaveTest, HostMayChangeEverythingWhileTheUserIsAsked) {
   const Case cases[] = {
       {"disposed", [](RemarkContext& context) { context.Dispose(); }, {PromptAnswer::Yes}, ""},
       {"cleared", [](RemarkContext& context) { context.RemarkList()->Clear(false); }, {PromptAnswer::Yes}, ""},
-      {"loaded",
-       [](RemarkContext& context) { context.Load("OrderEntry", "SO20001", "admin"); },
-       {PromptAnswer::No, PromptAnswer::Yes},
-       "501/45"},
-      {"another owner",
+      {"replaced",
        [](RemarkContext& context) {
-         context.SetOwnerKey(3);
-         context.AddRemark("Cust.General", "of the other owner", "admin");
+         const auto expectRefusal = [](const auto& call) {
+           EXPECT_THAT(Caught(call).Description(), HasSubstr("is being asked"));
+         };
+         expectRefusal([&] { context.Load("OrderEntry", "SO20001", "admin"); });
+         expectRefusal([&] { context.SetOwnerID("C1007"); });
+         expectRefusal([&] { context.SetOwnerKey(3); });
+         expectRefusal([&] { context.RefreshRemarkList(); });
        },
        {PromptAnswer::Yes},
        "501/45"}};
