@@ -47,9 +47,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   [[nodiscard]] const std::string& EntityName() const noexcept { return m_context.entityName; }
   [[nodiscard]] std::int32_t OwnerKey() const noexcept { return m_owner.key; }
   /// Stores the key and empties the list without saving or reading; remarks that are added from now on belong to this
-  /// owner, and after a failed Load none are added. While the user is asked about the remarks, the context gets another
-  /// list instead, so that Yes still saves them for their owner. Error 91, after storing the key, when there is no
-  /// list.
+  /// owner, and after a failed Load none are added. Error -1 while the editor is open or the user is asked whether to
+  /// save. Error 91, after storing the key, when there is no list.
   void SetOwnerKey(std::int32_t ownerKey);
   [[nodiscard]] const std::string& OwnerName() const noexcept { return m_owner.name; }
   /// The owner's remarks; null before an owner lookup and after Dispose.
@@ -91,8 +90,8 @@ class RemarkContext : public std::enable_shared_from_this<RemarkContext>, public
   void RefreshRemarkList();
   /// Writes what is unsaved, for the owner for which the list was read. Without force the EditBehavior of the list
   /// decides, and may ask the user; where no prompt can be shown, Save and every caller of Save(false) raise the error
-  /// of Prompts, and everything stays unsaved. While the user is asked, the host may call any member: the remarks of
-  /// the question are saved, unless the host has forgotten them.
+  /// of Prompts, and everything stays unsaved. While the user is asked, the remarks of the question stay those of the
+  /// context, unless the host forgets them by Dispose, Clear or Restore.
   void Save(bool bForceSave = false);
   /// Appends a new remark in memory, whatever CanCreate says: the host decides. An empty user means the logon name.
   /// Error -1 when the context has no such type, or when the last Load failed or the owner is not known.

@@ -271,6 +271,10 @@ TEST_F(LoadTest, FailedRefreshKeepsWhatItRead) {
   EXPECT_EQ(RemarkAt(context, 2).DateStamp(), kZeroDate);
   EXPECT_EQ(RemarkAt(context, 3).MemoText(), "");
   EXPECT_EQ(RemarkAt(context, 3).MemoKey(), 3) << "a text typed there belongs to its memo";
+
+  const auto unread = context->RemarkList()->Item(Number(3));
+  context->Load("OrderEntry", "SO20001", "admin");
+  EXPECT_THAT(Caught([&] { unread->Commit(); }), IsError(-1, "Remark.Commit", testing::HasSubstr("another record")));
 }
 
 // Another program can write to the database's file without the engine's conversions.
