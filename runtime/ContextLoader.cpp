@@ -105,14 +105,13 @@ class Authors {
 
 void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row, Authors& authors) {
   try {
-    // The list keeps a remark whose row could not be read to its end: the host's next change must reach its memo,
-    // and no other owner.
     remark.SetMemoKey(ToInt32(row.memoKey.Value()));
     remark.SetDateStamp(DateOf(row.dateStamp));
     remark.SetUserID(authors.Share(Trimmed(ToText(row.userID.Value()))));
     remark.SetMemoText(ToText(row.memoText.Value()));
     remark.SetStored(owner);
   } catch (const Error& error) {
+    // The list keeps the remark: the host's next change of it must reach this memo, and no other owner.
     if (remark.MemoKey() != 0) remark.SetStored(owner);
     throw Error(error.Number(), error.Source(),
                 error.Description() + " (MemoKey " + modDatabase::FieldText(row.memoKey) + ")");

@@ -29,7 +29,7 @@ class EmbeddedSession final : public Session {
   void SetCommandTimeout(std::chrono::seconds timeout) override;
   Result Execute(std::string_view batch) override;
   std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure) override;
-  /// Does nothing: changes of procedures are noticed.
+  /// Parameters of older calls need not be forgotten: each call looks whether its procedure has changed.
   void ForgetParameters() override { m_discovered = {}; }
   Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) override;
   void BeginReading() override { m_keepsReading = true; }
