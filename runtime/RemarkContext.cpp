@@ -240,8 +240,8 @@ void RemarkContext::PopupMemos(bool i_bRefresh) {
 void RemarkContext::EditMemos(bool i_bRefresh) {
   if (i_bRefresh) RefreshRemarkList();
   // The user would write to the owner of the former list, or to none, below the caption of another one.
-  if (m_loadState == LoadState::Failed) RequireLoaded("RemarkContext.EditMemos");
-  if (m_remarkList && m_loadState == LoadState::Done) RequireTakesNew("RemarkContext.EditMemos");
+  const bool isLoaded = m_loadState == LoadState::Done && m_remarkList;
+  if (isLoaded || m_loadState == LoadState::Failed) RequireTakesNew("RemarkContext.EditMemos");
   RemarkWindows& windows = CurrentRemarkWindows("RemarkContext.EditMemos");
   // The host may let go of this object while the window is open.
   const auto keepAlive = weak_from_this().lock();
