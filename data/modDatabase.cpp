@@ -29,11 +29,18 @@ constexpr std::size_t kMostPairs = 6;
 
 struct State {
   std::shared_ptr<ado::Connection> connection;
-  bool isLost = false;           ///< there was a connection, and the next call opens another
+  bool isLost = false;  ///< there was a connection, and the next call opens another
+  std::uint32_t lostConnections = 0;
   bool keepsParameters = false;  ///< a KeptParameters lives
   std::chrono::seconds connectionTimeout = 3600s;
   DBConnect settings;
 };
+
+void LetGo(State& state) {
+  if (state.connection) ++state.lostConnections;
+  state.connection = nullptr;
+  state.isLost = true;
+}
 
 /// The shared connection, opened again after a loss; null before the first EnsureConnection. Keep it during a call:
 /// while that waits, code of the host may make another connection the shared one.
@@ -45,9 +52,7 @@ std::shared_ptr<ado::Connection> UsableConnection() {
 /// Drops a lost connection at the end of the scope.
 auto DropLostConnection() {
   return AtScopeEnd([&state = PerThread<State>()] {
-    if (!state.connection || !state.connection->IsLost()) return;
-    state.connection = nullptr;
-    state.isLost = true;
+    if (state.connection && state.connection->IsLost()) LetGo(state);
   });
 }
 
@@ -153,8 +158,7 @@ void EnsureConnection() {
 
 void OpenConnection() {
   auto& state = PerThread<State>();
-  state.connection = nullptr;
-  state.isLost = true;
+  LetGo(state);
   auto connection = std::make_shared<ado::Connection>();
   connection->SetConnectionString(Settings().ConnectionString());
   connection->SetCursorLocation(ado::CursorLocation::Client);
@@ -169,6 +173,8 @@ void OpenConnection() {
 void SetConnectionTimeout(std::chrono::seconds timeout) { PerThread<State>().connectionTimeout = timeout; }
 
 const std::shared_ptr<ado::Connection>& SharedConnection() { return PerThread<State>().connection; }
+
+std::uint32_t LostConnections() { return PerThread<State>().lostConnections; }
 
 DBConnect& Settings() { return PerThread<State>().settings; }
 

@@ -38,6 +38,9 @@ void SetConnectionTimeout(std::chrono::seconds timeout);
 /// The thread's shared connection; null before the first EnsureConnection and after a loss.
 [[nodiscard]] const std::shared_ptr<ado::Connection>& SharedConnection();
 
+/// How many connections this thread has lost or replaced. Another file may have the database's name since the last one.
+[[nodiscard]] std::uint32_t LostConnections();
+
 /// The thread's connection settings, made on demand.
 [[nodiscard]] DBConnect& Settings();
 

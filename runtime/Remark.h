@@ -27,7 +27,7 @@ class Remark : public Publishable {
   /// Makes this the remark of another memo, whose owner is not known. Does nothing with the key that it has.
   void SetMemoKey(std::int32_t key) noexcept { m_memo.SetKey(key); }
   /// For the code that reads memos, at the end: the memo belongs to `owner` and has the remark's values.
-  void SetStored(const MemoOwner& owner) noexcept { m_memo.SetStored(owner); }
+  void SetStored(const MemoOwner& owner) { m_memo.SetStored(owner); }
   /// For a list that takes the remark: a remark that was not stored yet belongs to the list's owner.
   void SetListOwner(const std::optional<MemoOwner>& owner) noexcept { m_memo.SetListOwner(owner); }
   [[nodiscard]] DateTime DateStamp() const noexcept { return m_dateStamp; }
@@ -69,8 +69,9 @@ class Remark : public Publishable {
 
   /// Deletes the row; does nothing with key 0, after a refused insert and after another Delete: another memo may have
   /// the key. After an insert or Delete that got no answer the row is deleted only when it is found among the owner's
-  /// as it was sent. After such a Delete, a memo with other values is error -1, once: another user may have changed it.
-  /// The fields stay as they are; the next Commit inserts the remark under another key.
+  /// as it was sent. The same holds when the thread has lost its connection since the memo was read or written, because
+  /// the database may be another one. After such a Delete or loss, a memo with other values is error -1, once: another
+  /// user may have changed it. The fields stay as they are; the next Commit inserts the remark under another key.
   void Delete();
 
   /// Whether both objects are remarks of one stored memo. The key alone does not say it: after a refused insert, for

@@ -174,10 +174,12 @@ void RemarkContext::RefreshRemarkList() {
   const MemoOwner owner =
       m_remarkList ? m_remarkList->Owner(kRefreshRemarkList) : MemoOwner{m_context.entityKey, m_owner.key};
   const bool takesNew = !m_remarkList || m_remarkList->TakesNew();
+  const auto former = m_remarkList;
   ReplaceList(owner);
   const auto types = m_types;
   const auto list = m_remarkList;
   list->SetTakesNew(takesNew);
+  if (former) list->Follow(*former);
   contextLoader::LoadRemarks(m_contextID, owner, types.get(), *list);
   list->SetTakesNew(m_loadState != LoadState::Failed);
 }

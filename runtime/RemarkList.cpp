@@ -77,9 +77,8 @@ std::int32_t RemarkList::Index(const std::shared_ptr<Remark>& i_oRemark) const n
 }
 
 std::shared_ptr<Remark> RemarkList::ItemFor(const std::shared_ptr<Remark>& remark) const {
-  std::int32_t position = m_items ? PositionIn(*m_items, remark) : 0;
-  const auto copy = m_copiesOfNew.find(remark);
-  if (position == 0 && copy != m_copiesOfNew.end()) position = Index(copy->second);
+  if (Index(remark) > 0) return remark;
+  const std::int32_t position = m_items ? PositionIn(*m_items, m_successors.Of(remark)) : 0;
   return position > 0 ? (*m_items)[static_cast<std::size_t>(position) - 1] : nullptr;
 }
 
@@ -96,18 +95,14 @@ std::int32_t RemarkList::PositionIn(const Collection& remarks, const std::shared
 void RemarkList::Backup() {
   auto items = CopyOf(m_items);
   auto deleted = CopyOf(m_deleted);
-  std::map<std::shared_ptr<Remark>, std::shared_ptr<Remark>> copiesOfNew;
-  for (std::size_t i = 0; i < items->size(); ++i) {
-    if ((*m_items)[i]->MemoKey() == 0) copiesOfNew.emplace((*m_items)[i], (*items)[i]);
-  }
   Collection originals;
   for (const auto& each : {m_items, m_deleted}) {
     if (each) originals.insert(originals.end(), each->begin(), each->end());
   }
+  m_successors.Reserve(originals.size());
   m_backupItems = std::move(items);
   m_backupDeleted = std::move(deleted);
   m_originals = std::move(originals);
-  m_copiesOfNew = std::move(copiesOfNew);
 }
 
 void RemarkList::Restore() noexcept {
@@ -117,9 +112,11 @@ void RemarkList::Restore() noexcept {
   for (const auto& copies : {m_items, m_deleted}) {
     for (std::size_t i = 0; original != m_originals.end() && i < copies->size(); ++i, ++original) {
       (*copies)[i]->FollowOriginal(**original);
+      m_successors.Add(*original, (*copies)[i]);
     }
   }
   m_originals.clear();
+  m_successors.RemoveUnused();
 }
 
 std::shared_ptr<Remark> RemarkList::Add() {
@@ -142,8 +139,9 @@ std::shared_ptr<Remark> RemarkList::Keep(const std::shared_ptr<Remark>& remark) 
   if (!m_items) Clear();
   auto kept = ItemFor(remark);
   if (!kept) {
-    const std::int32_t removed = PositionIn(*m_deleted, remark);
-    kept = removed > 0 ? (*m_deleted)[static_cast<std::size_t>(removed) - 1] : remark;
+    kept = m_successors.Of(remark);
+    const std::int32_t removed = PositionIn(*m_deleted, kept);
+    if (removed > 0) kept = (*m_deleted)[static_cast<std::size_t>(removed) - 1];
     AddRemark(kept);
   }
   // The next Save would delete the memo that it has just written.

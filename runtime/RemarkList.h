@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -10,6 +9,7 @@
 #include "runtime/MemoOwner.h"
 #include "runtime/Publishable.h"
 #include "runtime/Remark.h"
+#include "runtime/Successors.h"
 
 namespace quorvel {
 
@@ -45,8 +45,8 @@ class RemarkList : public Publishable {
   [[nodiscard]] bool Dirty() const noexcept;
   /// 1-based position of that very object; 0 when absent.
   [[nodiscard]] std::int32_t Index(const std::shared_ptr<Remark>& i_oRemark) const noexcept;
-  /// The item that is `remark` itself or, where the list was read again, the object for the same memo; null when there
-  /// is none.
+  /// The item that is `remark` itself, its copy that Restore has brought back or, where the list was read again, the
+  /// object for the same memo; null when there is none.
   [[nodiscard]] std::shared_ptr<Remark> ItemFor(const std::shared_ptr<Remark>& remark) const;
   /// 1-based position of the same in a collection that was taken earlier; 0 when there is none.
   [[nodiscard]] static std::int32_t PositionIn(const Collection& remarks, const std::shared_ptr<Remark>& remark);
@@ -64,8 +64,8 @@ class RemarkList : public Publishable {
   /// Appends a remark. Error 91 when it is null or the list has no collections, -1 when it takes no new ones.
   void AddRemark(std::shared_ptr<Remark> i_oRemark);
   /// For a window that stores what its user typed: makes sure that the next Save writes the memo of `remark`, once.
-  /// Returns the item for it (ItemFor), else the removed remark for it, which becomes an item again, else `remark`
-  /// itself, appended. Makes collections for a list without them. Error -1 as AddRemark.
+  /// Returns the item for it (ItemFor), else the removed remark for it, which becomes an item again, else `remark` or
+  /// the copy that stands for it, appended. Makes collections for a list without them. Error -1 as AddRemark.
   std::shared_ptr<Remark> Keep(const std::shared_ptr<Remark>& remark);
 
   /// For the code that reads remarks: Add, whether or not the list takes new ones.
@@ -87,6 +87,9 @@ class RemarkList : public Publishable {
   /// is thrown. With true it may throw std::bad_alloc, and then nothing is forgotten.
   void Clear(bool i_bRecreateCollection = true);
 
+  /// For a list that is read again in the place of `former`: a window may still show remarks of that one.
+  void Follow(const RemarkList& former) { m_successors = former.m_successors; }
+
   /// The items in order; null when the list has no collections. The collection is live; Clear and Restore may replace
   /// it.
   [[nodiscard]] std::shared_ptr<const Collection> Items() const noexcept { return m_items; }
@@ -101,8 +104,7 @@ class RemarkList : public Publishable {
   std::shared_ptr<Collection> m_backupItems;
   std::shared_ptr<Collection> m_backupDeleted;
   Collection m_originals;  ///< of the backup, its items first; empty when the backup is live
-  /// The backup's copies of remarks that were never written, which no memo identifies.
-  std::map<std::shared_ptr<Remark>, std::shared_ptr<Remark>> m_copiesOfNew;
+  Successors m_successors;
 };
 
 }  // namespace quorvel

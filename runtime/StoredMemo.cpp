@@ -22,9 +22,10 @@ void StoredMemo::SetKey(std::int32_t key) noexcept {
   m_key = key;
 }
 
-void StoredMemo::SetStored(const MemoOwner& owner) noexcept {
+void StoredMemo::SetStored(const MemoOwner& owner) {
   m_owner = owner;
   m_digest = 0;
+  m_lostConnections = static_cast<std::uint16_t>(modDatabase::LostConnections());
   m_state = State::Stored;
 }
 
@@ -95,6 +96,7 @@ bool StoredMemo::HasLostItsKey(const std::string& contextID, const Error& error)
 // The procedure asks for no owner: it deletes any memo with the key.
 void StoredMemo::Delete(const std::string& contextID) {
   if (NeedsKey()) return;
+  if (m_state == State::Stored && HasLostItsConnection() && !contextID.empty()) m_state = State::DeleteOpen;
   const bool mayBeDeleted = m_state == State::DeleteOpen;
   LookAgain(contextID);
   if (mayBeDeleted && m_state == State::Gone) {
@@ -103,6 +105,10 @@ void StoredMemo::Delete(const std::string& contextID) {
   }
   if (m_state == State::Unknown || m_state == State::Stored) SendDelete();
   m_state = State::Gone;
+}
+
+bool StoredMemo::HasLostItsConnection() const {
+  return m_lostConnections != static_cast<std::uint16_t>(modDatabase::LostConnections());
 }
 
 void StoredMemo::SendDelete() {

@@ -26,7 +26,7 @@ class StoredMemo {
   /// Makes this the memo with that key, whose owner is not known. Does nothing with the key that it has.
   void SetKey(std::int32_t key) noexcept;
   /// The memo belongs to `owner` and has the remark's values.
-  void SetStored(const MemoOwner& owner) noexcept;
+  void SetStored(const MemoOwner& owner);
   /// The next insert is for this owner. Does nothing where there is, or may be, a memo.
   void SetListOwner(const std::optional<MemoOwner>& owner) noexcept;
   [[nodiscard]] bool MayBelongTo(const MemoOwner& owner) const noexcept { return !m_owner || *m_owner == owner; }
@@ -74,9 +74,13 @@ class StoredMemo {
   [[nodiscard]] bool HasLostItsKey(const std::string& contextID, const Error& error) const;
   void SendDelete();
 
+  /// Whether the database may be another one than that of the memo: an older copy in its place, for example.
+  [[nodiscard]] bool HasLostItsConnection() const;
+
   std::optional<MemoOwner> m_owner;  ///< or that of the list that a new remark is in; empty when not known
   std::int32_t m_key = 0;
   std::uint32_t m_digest = 0;
+  std::uint16_t m_lostConnections = 0;  ///< of the thread, when the memo was read or written
   State m_state = State::Unknown;
 };
 

@@ -312,6 +312,35 @@ TEST_F(SaveTest, ReplacedDatabaseFileTakesTheTextWithTheNextSave) {
   EXPECT_EQ(MemoCount(), "2043");
 }
 
+// The older copy of the database has another owner's memo under the key, or another text.
+TEST_F(SaveTest, RemovedRemarkLeavesAMemoOfAReplacedDatabaseFileAlone) {
+  const std::string file = m_database.DatabaseFile();
+  const auto replace = [&](const std::string& change) {
+    std::filesystem::rename(file, file + ".old");
+    std::filesystem::copy_file(file + ".old", file);
+    m_database.Run(change + " WHERE MemoKey = 7");
+  };
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  const auto failToSave = [&](const std::string& why) {
+    EXPECT_THAT(Caught([&] { context->Save(true); }).Description(), HasSubstr(why));
+  };
+  context->AddRemark("Cust.General", "typed", "admin");
+  context->RemarkList()->Remove(Number(1));
+  replace("UPDATE tciMemo SET OwnerKey = 3, MemoText = 'of another owner'");
+  failToSave("was deleted or replaced");
+  context->Save(true);
+  EXPECT_EQ(OwnerOf("of another owner"), "501/3");
+  EXPECT_EQ(OwnerOf("typed"), "501/45");
+
+  m_database.Run("UPDATE tciMemo SET OwnerKey = 45 WHERE MemoKey = 7");
+  context->RefreshRemarkList();
+  context->RemarkList()->Remove(Number(1));
+  replace("UPDATE tciMemo SET MemoText = 'older text'");
+  EXPECT_ANY_THROW(context->RemarkList()->Save());
+  failToSave("was changed meanwhile");
+  EXPECT_EQ(m_database.TextOf(7), "older text");
+}
+
 TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {
   const ContextHolder context("CustMaint", "C1044", "guest");
   // Rights do not matter here; the author is the logon name, not the user of the context.
@@ -379,6 +408,46 @@ TEST_F(SaveTest, RestoredRemarkOfADeletedMemoIsNewAndLeavesTheMemoWithItsKeyAlon
               isRemovedBefore ? "0" : "1");
     EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo"), isRemovedBefore ? "2042" : "2043") << deletion;
     EXPECT_FALSE(list->Dirty());
+  }
+}
+
+// An editor holds the remark in which its user types, and stores it when the host has restored the list.
+TEST_F(SaveTest, RestoreUnderTypedTextStoresNoRemarkTwice) {
+  struct Case {
+    std::vector<std::string> steps;
+    bool isNew;
+  };
+  const Case cases[] = {{{"backup", "restore", "backup"}, true},
+                        {{"backup", "restore", "backup", "restore"}, true},
+                        {{"fail to save", "backup", "restore"}, true},
+                        {{"backup", "restore", "save", "refresh"}, true},
+                        {{"backup", "remove", "save", "restore"}, false},
+                        {{"backup", "restore", "backup", "remove", "save", "restore"}, false}};
+  for (const Case& each : cases) {
+    SCOPED_TRACE(testing::PrintToString(each.steps));
+    const test::TestDatabase database;
+    const ContextHolder context("CustMaint", "C1044", "admin");
+    if (each.isNew) context->AddRemark("Cust.General", "before");
+    const auto position = Number(each.isNew ? 8 : 1);
+    const auto shown = context->RemarkList()->Item(position);
+    for (const std::string& step : each.steps) {
+      const auto& list = context->RemarkList();
+      if (step == "backup") list->Backup();
+      if (step == "restore") list->Restore();
+      if (step == "remove") list->Remove(position);
+      if (step == "save") context->Save(true);
+      if (step == "refresh") context->RefreshRemarkList();
+      if (step != "fail to save") continue;
+      shown->SetUserID(std::string(31, 'u'));
+      EXPECT_THAT(Caught([&] { context->Save(true); }), HasNumber(ErrorNumber::AdoDataConversion));
+      shown->SetUserID("");
+    }
+    const auto kept = context->RemarkList()->Keep(shown);
+    kept->SetMemoText("typed");
+    kept->SetDirty(true);
+    context->Save(true);
+    EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo"), each.isNew ? "2043" : "2042");
+    EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'typed'"), "1");
   }
 }
 
