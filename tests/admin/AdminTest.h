@@ -27,8 +27,7 @@ class AdminSession : public ManageView, public NewItemDialog {
   explicit AdminSession(EngineKind kind) : controls(MakeControls()), admin(*this, controls) {
     if (kind != EngineKind::StandIn) return;
     server.emplace(database.DatabaseFile());
-    UseSettings(server->Address(), "Ledger; Driver=FreeTDS", StandInServer::kUser,
-                "\"" + std::string(StandInServer::kPassword) + "\"");
+    UseSettings(*server);
   }
 
   // The actions of the user.

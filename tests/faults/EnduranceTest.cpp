@@ -6,6 +6,7 @@
 
 #include "tests/faults/Rounds.h"
 #include "tests/runtime/RuntimeTest.h"
+#include "tests/support/TestSettings.h"
 
 namespace quorvel::test {
 namespace {
@@ -32,10 +33,7 @@ void LoadAndSave(int from, int to) {
   }
 }
 
-TEST(Endurance, LoadsAndSavesKeepMemoryAndDescriptorsFlat) {
-  const ScopedVariable inMemory("TMPDIR", "/dev/shm");
-  const TestDatabase database;
-  const int rounds = Rounds(1000);
+void ExpectFlat(int rounds) {
   LoadAndSave(0, rounds / 2);
   const Needs before = NeedsNow();
   LoadAndSave(rounds / 2, rounds);
@@ -44,6 +42,21 @@ TEST(Endurance, LoadsAndSavesKeepMemoryAndDescriptorsFlat) {
 #ifndef QUORVEL_SANITIZED  // which keeps freed memory
   EXPECT_LE(after.pages, before.pages + 64);
 #endif
+}
+
+TEST(Endurance, LoadsAndSavesKeepMemoryAndDescriptorsFlat) {
+  const ScopedVariable inMemory("TMPDIR", "/dev/shm");
+  const TestDatabase database;
+  ExpectFlat(Rounds(1000));
+}
+
+// The stand-in server runs in this process, so its own needs count too.
+TEST(Endurance, LoadsAndSavesOnAServerKeepMemoryAndDescriptorsFlat) {
+  const ScopedVariable inMemory("TMPDIR", "/dev/shm");
+  const TestDatabase database;
+  StandInServer server(database.DatabaseFile());
+  UseSettings(server);
+  ExpectFlat(Rounds(200));
 }
 
 }  // namespace

@@ -24,8 +24,7 @@ TEST_P(ServerCuts, LoadAndSaveThatAreTriedAgainWriteEverythingOnce) {
     prompts->answers.assign(2, PromptAnswer::Yes);
     const TestDatabase database;
     StandInServer server(database.DatabaseFile());
-    UseSettings(server.Address(), "Ledger; Driver=FreeTDS", StandInServer::kUser,
-                "\"" + std::string(StandInServer::kPassword) + "\"");
+    UseSettings(server);
     server.ForgetRequests();
     (server.*GetParam())(request);
     // A new thread opens a connection of its own.

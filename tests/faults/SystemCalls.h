@@ -1,11 +1,14 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
+#include <string_view>
 
 namespace quorvel::test {
 
-/// Lets calls of the system for files (open, read, write, truncate, sync, rename, link and unlink) fail in this
-/// program, its libraries included, as long as the object lives. One at a time.
+/// Lets calls of the system for files (open, read, write, truncate, sync, rename, link, unlink, lock and map) fail in
+/// this program, its libraries included, as long as the object lives. One at a time.
 class FailingSystemCall {
  public:
   enum class Fault {
@@ -23,5 +26,22 @@ class FailingSystemCall {
   /// The first call that failed; empty when none did.
   [[nodiscard]] static std::string Failed();
 };
+
+/// The environment variable that lets the call with that number fail, once, in a program with LD_PRELOAD of the library
+/// of these calls. Its last line of errors is then this name, how many calls were left, and the call that failed.
+constexpr const char* kFailingCall = "QUORVEL_TEST_FAILING_CALL";
+
+/// A call that has opened or changed a file.
+struct FileChange {
+  enum class Kind { Open, Write, Truncate, Sync, Name, Unlink };
+  Kind kind;
+  int file;                 ///< descriptor; -1 for Name and Unlink
+  std::string path{};       ///< of Open; of Name the new one, of Unlink the removed one
+  std::string_view data{};  ///< of Write
+  off_t at = 0;             ///< of Write; of Truncate the new size
+};
+
+/// From now on `given` is called after each such change of this program; null ends that.
+void ObserveFileChanges(void (*given)(const FileChange& change));
 
 }  // namespace quorvel::test

@@ -44,10 +44,7 @@ Part Failure(const char* text) { return {Part::Kind::Error, {"42000", 50001, tex
 
 class ServerTest : public testing::Test {
  protected:
-  ServerTest() {
-    test::UseSettings(m_server.Address(), "Ledger; Driver=FreeTDS", test::StandInServer::kUser,
-                      "\"" + std::string(test::StandInServer::kPassword) + "\"");
-  }
+  ServerTest() { test::UseSettings(m_server); }
   [[nodiscard]] std::string MemoCount() const { return m_file.Ask("SELECT COUNT(*) FROM tciMemo"); }
 
   test::PromptsGuard m_prompts;

@@ -22,4 +22,9 @@ void UseSettings(std::string_view server, std::string_view database, std::string
   modDatabase::OpenConnection();
 }
 
+void UseSettings(const StandInServer& server) {
+  UseSettings(server.Address(), "Ledger; Driver=FreeTDS", StandInServer::kUser,
+              "\"" + std::string(StandInServer::kPassword) + "\"");
+}
+
 }  // namespace quorvel::test
