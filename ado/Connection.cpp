@@ -69,6 +69,17 @@ Result Connection::Call(std::string_view procedure, std::span<Parameter> paramet
   return KeepMessages(Guard([&] { return session.Call(procedure, parameters, access); }));
 }
 
+std::vector<Outcome> Connection::CallTogether(std::span<const ReadingCall> calls) {
+  Session& session = OpenedSession();
+  return Guard([&] { return session.CallTogether(calls); });
+}
+
+std::shared_ptr<Recordset> Connection::Take(Outcome outcome) {
+  if (const auto* failure = std::get_if<DriverError>(&outcome)) Raise(failure->Records());
+  Result result = KeepMessages(std::get<Result>(std::move(outcome)));
+  return std::make_shared<Recordset>(shared_from_this(), std::move(result.rows));
+}
+
 std::vector<ParameterInfo> Connection::DiscoverParameters(std::string_view procedure) {
   Session& session = OpenedSession();
   return Guard([&] { return session.DiscoverParameters(procedure); });

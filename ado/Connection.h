@@ -74,9 +74,13 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// Engine, version and file or server, as text for people. adErrObjectClosed when not open.
   [[nodiscard]] std::string Describe();
 
-  /// For Command and Recordset. adErrObjectClosed when not open.
+  /// For Command, Recordset and modDatabase. adErrObjectClosed when not open.
   Result Run(std::string_view batch);
   Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access);
+  /// Session::CallTogether. What a call fails with is raised by Take.
+  [[nodiscard]] std::vector<Outcome> CallTogether(std::span<const ReadingCall> calls);
+  /// The result of one of these calls, or its error. Changes Errors as if the call were made now.
+  std::shared_ptr<Recordset> Take(Outcome outcome);
   [[nodiscard]] std::vector<ParameterInfo> DiscoverParameters(std::string_view procedure);
   /// The next DiscoverParameters asks the database.
   void ForgetParameters();

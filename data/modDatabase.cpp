@@ -220,6 +220,26 @@ std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::v
   return command.Execute(ado::kUnspecified);
 }
 
+void DeclaredCalls::Add(std::string procName, std::vector<ado::Parameter> parameters) {
+  m_calls.push_back({std::move(procName), std::move(parameters)});
+}
+
+std::shared_ptr<ado::Recordset> DeclaredCalls::Next() {
+  if (m_next == 0) SendTogether();
+  const std::size_t number = m_next++;
+  if (number >= m_outcomes.size()) {
+    return ExecDeclaredSP(m_calls.at(number).procedure, std::move(m_calls[number].parameters));
+  }
+  const auto dropped = DropLostConnection();
+  return m_connection->Take(std::move(m_outcomes[number]));
+}
+
+void DeclaredCalls::SendTogether() {
+  const modWaitCursor::BusyPointer busy;
+  m_connection = UsableConnection();
+  if (m_connection) m_outcomes = m_connection->CallTogether(m_calls);
+}
+
 ado::Connection::Reading BeginReading() { return ado::Connection::Reading(SharedConnection()); }
 
 std::int32_t GetNextSurrogateKey(std::string_view tableName) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
@@ -77,6 +78,24 @@ class KeptParameters {
 /// returns its result. Works for procedures whose parameter names are not known: the host's own. Nothing is retried.
 /// The embedded engine refuses a procedure that writes.
 std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::vector<ado::Parameter> parameters);
+
+/// Calls of ExecDeclaredSP that do not need each other's answers. A server gets them in one request where its driver
+/// can do that, and the host sees no difference: what goes wrong in a call is raised when its result is asked for.
+class DeclaredCalls {
+ public:
+  /// Adds a call before the first Next.
+  void Add(std::string procName, std::vector<ado::Parameter> parameters);
+  /// The result of the next call, in the order of Add; as ExecDeclaredSP raises errors.
+  [[nodiscard]] std::shared_ptr<ado::Recordset> Next();
+
+ private:
+  void SendTogether();
+
+  std::vector<ado::ReadingCall> m_calls;
+  std::size_t m_next = 0;
+  std::shared_ptr<ado::Connection> m_connection;  ///< has answered
+  std::vector<ado::Outcome> m_outcomes;           ///< of the first calls
+};
 
 /// As long as the result lives, this thread only reads. The calls of a Load are faster so. Opens no connection.
 [[nodiscard]] ado::Connection::Reading BeginReading();

@@ -131,9 +131,19 @@ std::uint32_t DigestOf(const MemoColumns& row) {
 
 }  // namespace
 
-void LoadContext(const std::string& contextID, ContextRecord& record) {
-  const auto row = ExecDeclaredSP("spTWCqvGetContext", {Id("@ContextID", contextID)});
-  if (row->EndOfFile()) Fail("RemarkContext.LoadContext", "ContextID [" + contextID + "] not found");
+ContextQueries::ContextQueries(std::string contextID, const std::string& userID) : m_contextID(std::move(contextID)) {
+  m_calls.Add("spTWCqvGetContext", {Id("@ContextID", m_contextID)});
+  m_calls.Add("spTWCqvGetRemarkTypes", {Id("@ContextID", m_contextID)});
+  try {
+    m_calls.Add("spTWCqvGetUserRights", {Id("@UserID", userID)});
+  } catch (const Error&) {
+    m_unfitUserID = std::current_exception();
+  }
+}
+
+void ContextQueries::LoadContext(ContextRecord& record) {
+  const auto row = m_calls.Next();
+  if (row->EndOfFile()) Fail("RemarkContext.LoadContext", "ContextID [" + m_contextID + "] not found");
   record.caption = ToText(row->Fields("Caption").Value());
   record.entityKey = ToInt32(row->Fields("EntityKey").Value());
   record.entityName = ToText(row->Fields("EntityName").Value());
@@ -144,12 +154,12 @@ void LoadContext(const std::string& contextID, ContextRecord& record) {
   record.editBehavior = static_cast<EditBehavior>(ToInt32(row->Fields("EditBehavior").Value()));
 }
 
-void LoadTypes(const std::string& contextID, const std::shared_ptr<RemarkContext>& context, RemarkTypes& types) {
-  const auto rows = ExecDeclaredSP("spTWCqvGetRemarkTypes", {Id("@ContextID", contextID)});
+void ContextQueries::LoadTypes(const std::shared_ptr<RemarkContext>& context, RemarkTypes& types) {
+  const auto rows = m_calls.Next();
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     auto type = std::make_shared<RemarkType>();
     type->SetContext(context);
-    type->SetContextID(contextID);
+    type->SetContextID(m_contextID);
     type->SetTypeID(std::string(TrimBlanks(ToText(rows->Fields("TypeID").Value()))));
     type->SetCaption(ToText(rows->Fields("Caption").Value()));
     type->SetShowPopup(ToBoolean(rows->Fields("Priority").Value()));
@@ -158,8 +168,9 @@ void LoadTypes(const std::string& contextID, const std::shared_ptr<RemarkContext
   }
 }
 
-void LoadRights(const std::string& userID, const RemarkTypes& types) {
-  const auto rows = ExecDeclaredSP("spTWCqvGetUserRights", {Id("@UserID", userID)});
+void ContextQueries::LoadRights(const RemarkTypes& types) {
+  if (m_unfitUserID) std::rethrow_exception(m_unfitUserID);
+  const auto rows = m_calls.Next();
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     const auto type = types.Item(TrimmedId(rows->Fields("TypeID")));
     if (!type) continue;

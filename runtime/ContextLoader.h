@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <string>
 
+#include "data/modDatabase.h"
 #include "runtime/ContextRecord.h"
 #include "runtime/MemoOwner.h"
 #include "runtime/Remark.h"
@@ -15,14 +17,26 @@
 /// keeps the values read before it. Database errors pass through unchanged. Blanks around identifiers do not count.
 namespace quorvel::contextLoader {
 
-/// Error -1 when there is no such context.
-void LoadContext(const std::string& contextID, ContextRecord& record);
+/// Context, types and rights, which do not need each other's answers, so that a server may get the three queries in one
+/// request. To be loaded once each, in the order of the functions.
+class ContextQueries {
+ public:
+  ContextQueries(std::string contextID, const std::string& userID);
 
-/// Appends the context's types, without rights. `context` is the object that the types refer back to.
-void LoadTypes(const std::string& contextID, const std::shared_ptr<RemarkContext>& context, RemarkTypes& types);
+  /// Error -1 when there is no such context.
+  void LoadContext(ContextRecord& record);
 
-/// Sets the user's rights on the types. A type without a row keeps its rights.
-void LoadRights(const std::string& userID, const RemarkTypes& types);
+  /// Appends the context's types, without rights. `context` is the object that the types refer back to.
+  void LoadTypes(const std::shared_ptr<RemarkContext>& context, RemarkTypes& types);
+
+  /// Sets the user's rights on the types. A type without a row keeps its rights.
+  void LoadRights(const RemarkTypes& types);
+
+ private:
+  std::string m_contextID;
+  modDatabase::DeclaredCalls m_calls;
+  std::exception_ptr m_unfitUserID;  ///< an error of the third query alone
+};
 
 /// Error -1 when the procedure cannot run or finds no such owner.
 void LoadOwner(const std::string& procedure, const std::string& ownerID, OwnerRecord& record);

@@ -101,12 +101,14 @@ void RemarkContext::Load(const std::string& i_sContextID, const std::string& i_s
   if (former) former->SetTakesNew(false);
   m_contextID = i_sContextID;
   const auto reading = modDatabase::BeginReading();
-  contextLoader::LoadContext(m_contextID, m_context);
+  const std::string userID = i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID;
+  contextLoader::ContextQueries queries(m_contextID, userID);
+  queries.LoadContext(m_context);
   const auto types = std::make_shared<RemarkTypes>();
   m_types = types;
-  contextLoader::LoadTypes(m_contextID, shared_from_this(), *types);
-  m_userID = i_sUserID.empty() ? modUserName::GetUserName() : i_sUserID;
-  contextLoader::LoadRights(m_userID, *types);
+  queries.LoadTypes(shared_from_this(), *types);
+  m_userID = userID;
+  queries.LoadRights(*types);
   m_loadState = LoadState::Done;
   if (former) former->SetTakesNew(true);
   m_ownerID = i_sOwnerID;

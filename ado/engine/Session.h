@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "ado/engine/DriverError.h"
@@ -24,6 +25,15 @@ enum class Access {
   Read,  ///< the embedded engine refuses what the procedure would change; on a server its permissions decide
   ReadWrite,
 };
+
+/// A call of a procedure that only reads and has no output parameters.
+struct ReadingCall {
+  std::string procedure;
+  std::vector<Parameter> parameters;
+};
+
+/// The answer of a call, or its failure.
+using Outcome = std::variant<Result, DriverError>;
 
 /// One open session of a database engine. Everything it throws is a DriverError. One thread uses it at a time. Nothing
 /// of it stays open between two calls: no cursor, and no read transaction but that of BeginReading.
@@ -46,6 +56,11 @@ class Session {
   /// that a server gets NULL for an output parameter. Then sets the values of the output parameters; a call that throws
   /// changes none.
   virtual Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) = 0;
+
+  /// Sends calls that do not need each other's answers in one request, and returns the outcomes of the first ones in
+  /// their order: of all calls, of fewer after a failure, of none where calls cannot be sent together. The caller makes
+  /// the other calls by itself. A call may run after a failed one.
+  virtual std::vector<Outcome> CallTogether(std::span<const ReadingCall> /*calls*/) { return {}; }
 
   /// Until EndReading the caller only reads. An engine may read it all in one transaction.
   virtual void BeginReading() {}

@@ -64,10 +64,15 @@ void DriverConnection::Connect(const ConnectOptions& options) {
   Require(api::DriverConnect, SQL_HANDLE_DBC, Get(), SQLHWND{nullptr}, Wide(text),
           static_cast<SQLSMALLINT>(text.size()), static_cast<SQLWCHAR*>(nullptr), SQLSMALLINT{0},
           static_cast<SQLSMALLINT*>(nullptr), SQLUSMALLINT{SQL_DRIVER_NOPROMPT});
-  SQLUINTEGER extensions = 0;
-  Require(api::GetInfo, SQL_HANDLE_DBC, Get(), SQLUSMALLINT{SQL_GETDATA_EXTENSIONS},
-          static_cast<SQLPOINTER>(&extensions), SQLSMALLINT{sizeof extensions}, static_cast<SQLSMALLINT*>(nullptr));
-  m_readsAnyColumn = (extensions & SQL_GD_ANY_COLUMN) != 0;
+  m_readsAnyColumn = (FlagsInfo(SQL_GETDATA_EXTENSIONS) & SQL_GD_ANY_COLUMN) != 0;
+  m_sendsCallsTogether = (FlagsInfo(SQL_BATCH_SUPPORT) & SQL_BS_SELECT_PROC) != 0;
+}
+
+SQLUINTEGER DriverConnection::FlagsInfo(SQLUSMALLINT item) const {
+  SQLUINTEGER flags = 0;
+  Require(api::GetInfo, SQL_HANDLE_DBC, Get(), item, static_cast<SQLPOINTER>(&flags), SQLSMALLINT{sizeof flags},
+          static_cast<SQLSMALLINT*>(nullptr));
+  return flags;
 }
 
 bool DriverConnection::IsDead() const {

@@ -26,14 +26,19 @@ class DriverConnection {
   [[nodiscard]] bool IsDead() const;
   /// Whether SQLGetData reads any column and not only those after the last bound one.
   [[nodiscard]] bool ReadsAnyColumn() const noexcept { return m_readsAnyColumn; }
+  /// Whether one statement may hold several procedure calls that give rows.
+  [[nodiscard]] bool SendsCallsTogether() const noexcept { return m_sendsCallsTogether; }
 
  private:
   void Connect(const ConnectOptions& options);
+  /// A set of flags of SQLGetInfo.
+  [[nodiscard]] SQLUINTEGER FlagsInfo(SQLUSMALLINT item) const;
 
   EnvironmentHandle m_environment;
   ConnectionHandle m_connection;
   std::string m_driver;
   bool m_readsAnyColumn = false;
+  bool m_sendsCallsTogether = false;
 };
 
 }  // namespace quorvel::ado::odbc

@@ -54,6 +54,7 @@ inline constexpr Api<SQLDriversW> Drivers{"SQLDrivers"};
 inline constexpr Api<SQLExecDirectW> ExecDirect{"SQLExecDirect"};
 inline constexpr Api<SQLFetch> Fetch{"SQLFetch"};
 inline constexpr Api<SQLFreeHandle> FreeHandle{"SQLFreeHandle"};
+inline constexpr Api<SQLFreeStmt> FreeStmt{"SQLFreeStmt"};
 inline constexpr Api<SQLGetConnectAttrW> GetConnectAttr{"SQLGetConnectAttr"};
 inline constexpr Api<SQLGetData> GetData{"SQLGetData"};
 inline constexpr Api<SQLGetDiagFieldW> GetDiagField{"SQLGetDiagField"};

@@ -21,10 +21,20 @@ bool MayChangeProcedures(std::string_view batch) {
                      [](char have, char want) { return have == want || have == want - 'a' + 'A'; }) != batch.end();
 }
 
+/// An administrator may have denied sp_executesql, which a single call does not need.
+bool IsDenied(const Outcome& outcome) {
+  constexpr std::int32_t kPermissionDenied = 229;
+  const auto* failure = std::get_if<DriverError>(&outcome);
+  return failure != nullptr && failure->Records().front().nativeError == kPermissionDenied;
+}
+
 class OdbcSession final : public Session {
  public:
   explicit OdbcSession(const ConnectOptions& options)
-      : m_connection(options), m_catalog(m_connection), m_timeout(options.commandTimeout) {}
+      : m_connection(options),
+        m_catalog(m_connection),
+        m_timeout(options.commandTimeout),
+        m_sendsTogether(m_connection.SendsCallsTogether()) {}
 
   void SetCommandTimeout(std::chrono::seconds timeout) override { m_timeout = timeout; }
 
@@ -47,6 +57,15 @@ class OdbcSession final : public Session {
     return CallProcedure(statement, procedure, parameters);
   }
 
+  std::vector<Outcome> CallTogether(std::span<const ReadingCall> calls) override {
+    if (!m_sendsTogether) return {};
+    std::vector<Outcome> outcomes = SendTogether(calls);
+    const auto denied = std::ranges::find_if(outcomes, IsDenied);
+    m_sendsTogether = !outcomes.empty() && denied == outcomes.end();
+    outcomes.erase(denied, outcomes.end());
+    return outcomes;
+  }
+
   [[nodiscard]] std::string Describe() const override {
     return fmt::format("{} {} on {}, ODBC driver {} ({} {})", m_connection.TextInfo(SQL_DBMS_NAME),
                        m_connection.TextInfo(SQL_DBMS_VER), m_connection.TextInfo(SQL_SERVER_NAME),
@@ -55,9 +74,21 @@ class OdbcSession final : public Session {
   }
 
  private:
+  std::vector<Outcome> SendTogether(std::span<const ReadingCall> calls) {
+    std::vector<Outcome> outcomes;
+    try {
+      Statement statement(m_connection, m_timeout);
+      outcomes = odbc::CallTogether(statement, calls);
+    } catch (const DriverError& failure) {
+      outcomes.emplace_back(failure);
+    }
+    return outcomes;
+  }
+
   DriverConnection m_connection;
   ProcedureCatalog m_catalog;
   std::chrono::seconds m_timeout;
+  bool m_sendsTogether;  ///< the driver says that it can, and neither it nor the server has shown that they cannot
 };
 
 }  // namespace

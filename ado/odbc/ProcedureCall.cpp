@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <string>
@@ -18,16 +19,32 @@ namespace {
 
 bool IsLeftOut(const Parameter& parameter) { return !parameter.Given() && !parameter.IsOutput(); }
 
-std::string CallText(std::string_view procedure, std::size_t count) {
-  std::string text = "{? = call " + RequireProcedureName(procedure).Quoted();
+using Buffers = std::deque<ParameterBuffer>;
+
+/// `begin` is "call " or, with a return value, "? = call ".
+std::string CallText(std::string_view begin, std::string_view procedure, std::size_t count) {
+  std::string text = fmt::format("{{{}{}", begin, RequireProcedureName(procedure).Quoted());
   for (std::size_t i = 0; i < count; ++i) text += i == 0 ? "(?" : ", ?";
   return text + (count == 0 ? "}" : ")}");
+}
+
+void Bind(Statement& statement, const std::shared_ptr<Buffers>& buffers) {
+  statement.Keep(buffers);
+  SQLUSMALLINT number = 0;
+  for (ParameterBuffer& buffer : *buffers) buffer.Bind(statement, ++number);
+}
+
+/// A call, and not a SELECT, because drivers send only calls as such together.
+ReadingCall EndOfCall() {
+  constexpr std::int32_t kSize = 100;
+  const ParameterInfo text{"@stmt", DataType::VarWChar, ParameterDirection::Input, kSize};
+  return {"sp_executesql", {Parameter(text, fmt::format("SELECT 1 AS {}", kEndOfCall))}};
 }
 
 /// Not every driver supports ODBC's default parameter, and its error is a bare SQLSTATE 07S01.
 void Execute(Statement& statement, std::string_view procedure, std::span<const Parameter> sent) {
   try {
-    statement.Execute(CallText(procedure, sent.size()));
+    statement.Execute(CallText("? = call ", procedure, sent.size()));
   } catch (const DriverError& failure) {
     const auto leftOut = std::find_if(sent.begin(), sent.end(), IsLeftOut);
     if (failure.Records().front().sqlState != "07S01" || leftOut == sent.end()) throw;
@@ -45,12 +62,11 @@ Result CallProcedure(Statement& statement, std::string_view procedure, std::span
   const auto lastGiven = std::find_if_not(parameters.rbegin(), parameters.rend(), IsLeftOut);
   const std::span<Parameter> sent = parameters.first(static_cast<std::size_t>(parameters.rend() - lastGiven));
 
-  const auto kept = std::make_shared<std::deque<ParameterBuffer>>();
-  statement.Keep(kept);
-  std::deque<ParameterBuffer>& buffers = *kept;
+  const auto kept = std::make_shared<Buffers>();
+  Buffers& buffers = *kept;
   buffers.emplace_back(Parameter({"@RETURN_VALUE", DataType::Integer, ParameterDirection::Output, 0}));
   for (const Parameter& parameter : sent) buffers.emplace_back(parameter);
-  for (std::size_t i = 0; i < buffers.size(); ++i) buffers[i].Bind(statement, static_cast<SQLUSMALLINT>(i + 1));
+  Bind(statement, kept);
 
   Execute(statement, procedure, sent);
   Result result = ReadResults(statement);
@@ -60,6 +76,22 @@ Result CallProcedure(Statement& statement, std::string_view procedure, std::span
   }
   for (auto& [parameter, value] : outputs) parameter->SetOutput(std::move(value));
   return result;
+}
+
+std::vector<Outcome> CallTogether(Statement& statement, std::span<const ReadingCall> calls) {
+  const auto buffers = std::make_shared<Buffers>();
+  std::string text;
+  const auto add = [&](const ReadingCall& call) {
+    text += CallText("call ", call.procedure, call.parameters.size());
+    for (const Parameter& parameter : call.parameters) buffers->emplace_back(parameter);
+  };
+  for (const ReadingCall& call : calls) {
+    if (!text.empty()) add(EndOfCall());
+    add(call);
+  }
+  Bind(statement, buffers);
+  statement.Execute(text);
+  return ReadOutcomes(statement, calls.size());
 }
 
 }  // namespace quorvel::ado::odbc

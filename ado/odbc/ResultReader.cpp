@@ -7,6 +7,8 @@
 #include <deque>
 #include <iterator>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "ado/odbc/ColumnReader.h"
 
@@ -102,6 +104,54 @@ bool Try(const Step& step, std::vector<Diagnostic>& failures) {
   }
 }
 
+/// Walks over the results of an executed statement.
+class ResultWalk {
+ public:
+  enum class Separators { None, BetweenCalls };
+
+  ResultWalk(Statement& statement, Separators separators)
+      : m_statement(statement), m_hasSeparators(separators == Separators::BetweenCalls) {}
+
+  /// The outcome of the results up to the next separator or to the end.
+  Outcome Next() {
+    Result result;
+    std::vector<Diagnostic> failures;
+    const auto read = [&] { return Read(!result.rows && failures.empty(), result.rows); };
+    m_isAtSeparator = false;
+    while (Try(read, failures) && Try([this] { return Advance(); }, failures)) continue;
+    result.messages = m_statement.TakeMessages();
+    if (failures.empty()) return result;
+    std::move(result.messages.begin(), result.messages.end(), std::back_inserter(failures));
+    return DriverError(std::move(failures));
+  }
+
+  [[nodiscard]] bool IsAtSeparator() const noexcept { return m_isAtSeparator; }
+
+ private:
+  /// Reads the current result set into `rows` when it is wanted; false at a separator.
+  bool Read(bool isWanted, std::optional<RowSet>& rows) {
+    if (!std::exchange(m_isAtResult, false) || (!isWanted && !m_hasSeparators)) return true;
+    const SQLUSMALLINT columns = CountColumns(m_statement);
+    m_isAtSeparator = m_hasSeparators && columns == 1 && ColumnReader(m_statement, 1).Description().name == kEndOfCall;
+    if (columns == 0 || m_isAtSeparator || !isWanted) return !m_isAtSeparator;
+    // The columns of the call before are still bound.
+    if (std::exchange(m_hasRead, true)) m_statement.Call(api::FreeStmt, SQLUSMALLINT{SQL_UNBIND});
+    rows = ReadRows(m_statement);
+    return true;
+  }
+
+  bool Advance() {
+    m_isAtResult = m_statement.Call(api::MoreResults) != SQL_NO_DATA;
+    return m_isAtResult;
+  }
+
+  Statement& m_statement;
+  bool m_hasSeparators;
+  bool m_isAtResult = true;  ///< not behind a failure or a separator, where there are no columns to ask for
+  bool m_isAtSeparator = false;
+  bool m_hasRead = false;
+};
+
 }  // namespace
 
 RowSet ReadRows(Statement& statement) {
@@ -111,19 +161,20 @@ RowSet ReadRows(Statement& statement) {
 }
 
 Result ReadResults(Statement& statement) {
-  Result result;
-  std::vector<Diagnostic> failures;
-  const auto readRows = [&] {
-    const bool isWanted = !result.rows && failures.empty();
-    if (isWanted && CountColumns(statement) > 0) result.rows = ReadRows(statement);
-    return true;
-  };
-  const auto hasNext = [&statement] { return statement.Call(api::MoreResults) != SQL_NO_DATA; };
-  while (Try(readRows, failures) && Try(hasNext, failures)) continue;
-  result.messages = statement.TakeMessages();
-  if (failures.empty()) return result;
-  std::move(result.messages.begin(), result.messages.end(), std::back_inserter(failures));
-  throw DriverError(std::move(failures));
+  Outcome outcome = ResultWalk(statement, ResultWalk::Separators::None).Next();
+  if (const auto* failure = std::get_if<DriverError>(&outcome)) throw DriverError(*failure);
+  return std::get<Result>(std::move(outcome));
+}
+
+std::vector<Outcome> ReadOutcomes(Statement& statement, std::size_t count) {
+  ResultWalk walk(statement, ResultWalk::Separators::BetweenCalls);
+  std::vector<Outcome> outcomes;
+  do {
+    outcomes.push_back(walk.Next());
+  } while (walk.IsAtSeparator() && outcomes.size() < count);
+  const bool isKnown = outcomes.size() == count || std::holds_alternative<DriverError>(outcomes.back());
+  if (!isKnown) outcomes.pop_back();
+  return outcomes;
 }
 
 }  // namespace quorvel::ado::odbc

@@ -10,10 +10,9 @@
 
 #include "data/modDatabase.h"
 #include "runtime/RemarkContext.h"
+#include "tests/runtime/OnServer.h"
 #include "tests/runtime/RuntimeTest.h"
 #include "tests/support/FailingCall.h"
-#include "tests/support/TestSettings.h"
-#include "tests/support/tds/StandInServer.h"
 
 namespace quorvel {
 namespace {
@@ -23,6 +22,11 @@ using modDatabase::LoadRst;
 using modDatabase::SharedConnection;
 using test::Caught;
 using test::ContextHolder;
+using test::Failure;
+using test::kContextTypesRights;
+using test::Message;
+using test::OneRow;
+using test::Part;
 using test::RemarkAt;
 using testing::AnyOf;
 using testing::Each;
@@ -33,27 +37,11 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
-using Part = test::StandInServer::Part;
 
 constexpr const char* kMemosOfSample = "2042";
 constexpr int kMemosOfOwner = 7;
 
-Part OneRow() { return {Part::Kind::Rows, {}, 0, {{"n", ado::DataType::Integer}}, {{std::int64_t{1}}}}; }
-Part Message(const char* text) { return {Part::Kind::Message, {"01000", 0, text, 1}, 0, {}, {}}; }
-Part Failure(const char* text) { return {Part::Kind::Error, {"42000", 50001, text, 1}, 0, {}, {}}; }
-
-class ServerTest : public testing::Test {
- protected:
-  ServerTest() { test::UseSettings(m_server); }
-  [[nodiscard]] std::string MemoCount() const { return m_file.Ask("SELECT COUNT(*) FROM tciMemo"); }
-
-  test::PromptsGuard m_prompts;
-  test::TestDatabase m_file;
-  test::StandInServer m_server{m_file.DatabaseFile()};
-};
-
-/// A copy, which a loss does not take away.
-std::shared_ptr<ado::Connection> ConnectionNow() { return SharedConnection(); }
+using ServerTest = test::OnServer;
 
 void AddRemark(const ContextHolder& context, const std::string& text) {
   context->AddRemark("Cust.General", text, "admin");
@@ -62,8 +50,7 @@ void AddRemark(const ContextHolder& context, const std::string& text) {
 TEST_F(ServerTest, SendsOnlyWhatIsNeededAndNothingToWrongParameters) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   EXPECT_THAT(m_server.Requests(),
-              ElementsAre("call spTWCqvGetContext", "call spTWCqvGetRemarkTypes", "call spTWCqvGetUserRights",
-                          "call spGetCustomerName", "call spTWCqvGetFilteredMemos"));
+              ElementsAre(kContextTypesRights, "call spGetCustomerName", "call spTWCqvGetFilteredMemos"));
   m_server.ForgetRequests();
   AddRemark(context, "one");
   AddRemark(context, "two");

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <sstream>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "platform/Text.h"
@@ -48,6 +49,14 @@ void AppendParameter(ado::RowSet& rows, const std::string& procedure, const Para
   Append(rows, {Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, number(ordinal)});
 }
 
+void WriteRecords(const ado::DriverError& failure, Writer& answer) {
+  for (ado::Diagnostic record : failure.Records()) {
+    // Drivers know errors by number, and the embedded engine gives some only a SQLSTATE.
+    if (record.nativeError <= 0) record.nativeError = kUserError;
+    answer.Message(record, kErrorClass);
+  }
+}
+
 /// A result that is followed by another part of the answer.
 void WriteRows(const ado::RowSet& rows, Writer::Last last, Writer& answer) {
   answer.Rows(rows);
@@ -65,13 +74,10 @@ StandInSession::StandInSession(const std::string& databaseFile) {
 void StandInSession::Run(const Request& request, Writer& answer) {
   try {
     if (request.isCall) return RunCall(request, answer);
+    if (!request.parameters.empty()) return RunStatements(request, answer);
     RunBatch(request.text, answer);
   } catch (const ado::DriverError& failure) {
-    for (ado::Diagnostic record : failure.Records()) {
-      // Drivers know errors by number, and the embedded engine gives some only a SQLSTATE.
-      if (record.nativeError <= 0) record.nativeError = kUserError;
-      answer.Message(record, kErrorClass);
-    }
+    WriteRecords(failure, answer);
     answer.Done(request.isCall ? Writer::Last::OfProcedure : Writer::Last::InBatch, {.error = true});
   }
 }
@@ -84,6 +90,36 @@ void StandInSession::RunBatch(std::string_view batch, Writer& answer) {
     count = static_cast<std::int64_t>(result.rows->RowCount());
   }
   answer.Done(Writer::Last::InBatch, {}, count);
+}
+
+/// Runs "exec name @P1, @P2 exec other @P3", into which a driver may have turned several calls.
+void StandInSession::RunStatements(const Request& request, Writer& answer) {
+  std::istringstream words(request.text);
+  std::vector<Request> calls;
+  std::size_t given = 0;
+  for (std::string word; words >> word;) {
+    if (word == "exec") {
+      words >> calls.emplace_back(Request{.text = "", .isCall = true}).text;
+    } else if (word.starts_with('@')) {
+      calls.at(calls.size() - 1).parameters.push_back(request.parameters.at(given++));
+    }
+  }
+  for (const Request& call : calls) RunStatement(call, answer);
+  answer.ReturnStatus();
+  answer.Done(Writer::Last::OfProcedure, {});
+}
+
+void StandInSession::RunStatement(const Request& call, Writer& answer) {
+  try {
+    const bool isText = call.text == "sp_executesql";
+    std::vector<ado::Parameter> arguments;
+    const ado::Result result =
+        isText ? m_session->Execute(ToText(call.parameters.at(0).value)) : Execute(call, arguments);
+    if (result.rows) WriteRows(*result.rows, Writer::Last::InProcedure, answer);
+  } catch (const ado::DriverError& failure) {
+    WriteRecords(failure, answer);
+    answer.Done(Writer::Last::InProcedure, {.more = true, .error = true});
+  }
 }
 
 void StandInSession::RunCall(const Request& call, Writer& answer) {
@@ -141,13 +177,17 @@ std::vector<std::string> StandInSession::ProceduresLike(std::string_view pattern
 }
 
 /// Drivers send the arguments by position.
-void StandInSession::CallProcedure(const Request& call, Writer& answer) {
-  std::vector<ado::Parameter> arguments;
+ado::Result StandInSession::Execute(const Request& call, std::vector<ado::Parameter>& arguments) {
   for (ParameterInfo& info : m_session->DiscoverParameters(call.text)) arguments.emplace_back(std::move(info));
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {
     arguments.at(i) = ado::Parameter(arguments.at(i).Info(), call.parameters[i].value);
   }
-  const ado::Result result = m_session->Call(call.text, arguments, ado::Access::ReadWrite);
+  return m_session->Call(call.text, arguments, ado::Access::ReadWrite);
+}
+
+void StandInSession::CallProcedure(const Request& call, Writer& answer) {
+  std::vector<ado::Parameter> arguments;
+  const ado::Result result = Execute(call, arguments);
   if (result.rows) WriteRows(*result.rows, Writer::Last::InProcedure, answer);
   answer.ReturnStatus();
   for (std::size_t i = 0; i < call.parameters.size(); ++i) {

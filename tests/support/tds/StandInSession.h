@@ -19,10 +19,14 @@ class StandInSession {
 
  private:
   void RunBatch(std::string_view batch, Writer& answer);
+  void RunStatements(const Request& request, Writer& answer);
+  void RunStatement(const Request& call, Writer& answer);
   void RunCall(const Request& call, Writer& answer);
   void DescribeColumns(const Request& call, Writer& answer);
   void DescribeProcedures(const Request& call, Writer& answer);
   void CallProcedure(const Request& call, Writer& answer);
+  /// Sets `arguments` to the procedure's parameters with their values after the call.
+  [[nodiscard]] ado::Result Execute(const Request& call, std::vector<ado::Parameter>& arguments);
   [[nodiscard]] std::vector<std::string> ProceduresLike(std::string_view pattern);
 
   std::unique_ptr<ado::Session> m_session;

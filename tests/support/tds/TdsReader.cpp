@@ -14,6 +14,8 @@ using namespace std::chrono;
 
 constexpr std::uint64_t kNullLong = ~std::uint64_t{0};
 constexpr std::uint16_t kNullText = 0xFFFF;
+constexpr std::uint16_t kNumberInsteadOfName = 0xFFFF;
+constexpr std::uint16_t kExecuteSql = 10;
 constexpr std::uint8_t kByReference = 1;
 constexpr std::uint8_t kBatch = 0x01;
 constexpr std::uint8_t kCall = 0x03;
@@ -61,6 +63,19 @@ Value TakeDateTime2(Reader& reader) {
   return DateTime{local_days{year{1} / 1 / 1} + days{day} + milliseconds{units / 10'000}};
 }
 
+/// A text of the older kind, in one piece.
+Value TakeLongText(Reader& reader) {
+  (void)reader.Take<std::uint32_t>();
+  (void)reader.Bytes(kCollation.size());
+  return FromUcs2(reader.Bytes(reader.Take<std::uint32_t>()));
+}
+
+/// The first two parameters of sp_executesql are the statement and the declaration of the others.
+void TakeStatement(Request& request) {
+  request.text = ToText(request.parameters.at(0).value);
+  request.parameters.erase(request.parameters.begin(), request.parameters.begin() + 2);
+}
+
 /// The value after the description of its type.
 Value TakeTyped(Reader& reader) {
   switch (static_cast<Type>(reader.Take<std::uint8_t>())) {
@@ -70,6 +85,8 @@ Value TakeTyped(Reader& reader) {
       return TakeDateTime2(reader);
     case Type::NVarChar:
       return TakeText(reader, true);
+    case Type::NText:
+      return TakeLongText(reader);
     case Type::VarChar:
       return TakeText(reader, false);
     default:
@@ -126,7 +143,10 @@ Request ReadRequest(const Message& message) {
   if (message.type == kBatch) return {.text = reader.RestAsText()};
   if (message.type != kCall) throw std::out_of_range("an unknown kind of request");
   const auto length = reader.Take<std::uint16_t>();
-  Request call{.text = reader.Text(length), .isCall = true};
+  const bool isByNumber = length == kNumberInsteadOfName;
+  if (isByNumber && reader.Take<std::uint16_t>() != kExecuteSql)
+    throw std::out_of_range("an unknown procedure's number");
+  Request call{.text = isByNumber ? "" : reader.Text(length), .isCall = !isByNumber};
   (void)reader.Take<std::uint16_t>();
   while (!reader.AtEnd()) {
     Request::Parameter& parameter = call.parameters.emplace_back();
@@ -135,6 +155,7 @@ Request ReadRequest(const Message& message) {
     parameter.isOutput = (reader.Take<std::uint8_t>() & kByReference) != 0;
     parameter.value = TakeTyped(reader);
   }
+  if (isByNumber) TakeStatement(call);
   return call;
 }
 

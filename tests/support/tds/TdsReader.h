@@ -44,7 +44,7 @@ struct Login {
 };
 [[nodiscard]] Login ReadLogin(std::string_view message);
 
-/// A batch or a remote procedure call.
+/// A batch, a batch with parameters (sp_executesql), or a remote procedure call.
 struct Request {
   struct Parameter {
     std::string name;

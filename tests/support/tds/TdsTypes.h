@@ -13,6 +13,7 @@ namespace quorvel::test::tds {
 enum class Type : std::uint8_t {
   IntN = 0x26,
   DateTime2 = 0x2A,
+  NText = 0x63,
   FloatN = 0x6D,
   DateTimeN = 0x6F,
   VarChar = 0xA7,
