@@ -22,6 +22,8 @@
 namespace quorvel::cli {
 namespace {
 
+constexpr const char* kHiddenArgument = "An argument (not repeated here, because it may be a password)";
+
 using Assignments = std::map<SettingIndex, std::string>;
 
 SettingIndex FindSetting(std::string_view name) {
@@ -29,7 +31,7 @@ SettingIndex FindSetting(std::string_view name) {
                                          [&](std::string_view known) { return EqualIgnoringCase(known, name); });
   if (found == kSettingNames.end()) {
     throw CLI::ValidationError(
-        fmt::format("{} is not a setting; the settings are {}", name, fmt::join(kSettingNames, ", ")));
+        fmt::format("{} names no setting; the settings are {}", kHiddenArgument, fmt::join(kSettingNames, ", ")));
   }
   return static_cast<SettingIndex>(found - kSettingNames.begin());
 }
@@ -38,7 +40,7 @@ Assignments ReadAssignments(const std::vector<std::string>& arguments) {
   Assignments assignments;
   for (const std::string& argument : arguments) {
     const auto equals = argument.find('=');
-    if (equals == std::string::npos) throw CLI::ValidationError(fmt::format("{} is not NAME=VALUE", argument));
+    if (equals == std::string::npos) throw CLI::ValidationError(fmt::format("{} is not NAME=VALUE", kHiddenArgument));
     assignments[FindSetting(argument.substr(0, equals))] = argument.substr(equals + 1);
   }
   return assignments;

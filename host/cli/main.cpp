@@ -36,10 +36,25 @@ std::string VersionText() {
   return fmt::format("quorvel {}.{}.{}", version.major, version.minor, version.revision);
 }
 
+/// A password may follow an equals sign or a short option, also where the argument has no place.
+std::string WithoutValue(const std::string& argument) {
+  const bool isShortOption = argument.starts_with('-') && !argument.starts_with("--");
+  const std::size_t end = isShortOption ? 2 : argument.find('=');
+  return end < argument.size() ? argument.substr(0, end) + "..." : argument;
+}
+
+std::string Explanation(const CLI::App& app, const CLI::Error& error) {
+  if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::ExtrasError)) return error.what();
+  std::string explanation = "Not expected:";
+  for (const std::string& argument : app.remaining(true)) explanation += " " + WithoutValue(argument);
+  return explanation;
+}
+
 std::string UsageMessage(const CLI::App* app, const CLI::Error& error) {
   const auto chosen = app->get_subcommands();
   const std::string command = chosen.empty() ? "quorvel" : "quorvel " + chosen.front()->get_name();
-  return fmt::format("quorvel: {}\nRun '{} --help' for more information.\n", Printable(error.what()), command);
+  return fmt::format("quorvel: {}\nRun '{} --help' for more information.\n", Printable(Explanation(*app, error)),
+                     command);
 }
 
 void Describe(CLI::App& app) {

@@ -1,5 +1,6 @@
 #include <quorvel/quorvel.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -8,11 +9,20 @@
 
 using namespace Quorvel;
 
-/// Frees a text from the component and returns it in the program's encoding; std::filesystem::path converts UTF-16.
+/// Whether a terminal may obey the character instead of showing it. Any user may have written the remark.
+bool IsUnsafe(OLECHAR c) {
+  const bool isControl = (c < 0x20 && c != '\n' && c != '\t') || (c >= 0x7F && c < 0xA0);
+  const bool turnsWriting = (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);  // shows it in another order
+  return isControl || turnsWriting;
+}
+
+/// Frees a text from the component and returns it in the program's encoding, safe to print; std::filesystem::path
+/// converts UTF-16.
 std::string Take(BSTR text) {
-  const std::filesystem::path path(std::basic_string<OLECHAR>(text, SysStringLen(text)));
+  std::basic_string<OLECHAR> shown(text, SysStringLen(text));
   SysFreeString(text);
-  return path.string();
+  std::replace_if(shown.begin(), shown.end(), IsUnsafe, OLECHAR{'?'});
+  return std::filesystem::path(shown).string();
 }
 
 /// Ends the program with the component's description when a call has failed.

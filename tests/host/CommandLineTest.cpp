@@ -36,7 +36,12 @@ TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "0"})), IsWrongUsage("--index"));
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1"})), IsWrongUsage("--text or --type"));
   EXPECT_THAT(Quorvel(OnAcme({"edit"})), IsWrongUsage("edit needs --window"));
-  EXPECT_THAT(Quorvel({"settings", "Server"}), IsWrongUsage("NAME=VALUE"));
+  for (const auto& arguments : std::vector<std::vector<std::string>>{
+           {"settings", "hidden"}, {"settings", "hidden=x"}, {"settings", "--pw=hidden"}, {"-phidden"}, {"P=hidden"}}) {
+    const Outcome outcome = Quorvel(arguments);
+    EXPECT_THAT(outcome, IsWrongUsage("Run 'quorvel"));
+    EXPECT_THAT(outcome.errors, Not(HasSubstr("hidden"))) << "it may be a password";
+  }
 }
 
 TEST(Secrets, ListOfProcessesShowsNoPassword) {
@@ -52,7 +57,7 @@ TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   const std::string file = File("settings.reg");
   EXPECT_THAT(Quorvel({"settings"}).output, MatchesRegex("Server=\nDatabase=\nUserId=\nPassword=\nKept in " + file +
                                                          ", which user .+ and group .+ may read\n"));
-  EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "Sever=SQL2"}), IsWrongUsage("Sever"));
+  EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "Sever=SQL2"}), IsWrongUsage("names no setting"));
   EXPECT_THAT(Quorvel({"settings"}).output, HasSubstr("Server=\n"));
 
   const Outcome outcome = Quorvel({"settings", "SERVER=SQL1", "database=Ledger", "UserID=app", "password=a=b c"});

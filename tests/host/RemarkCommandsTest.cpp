@@ -80,6 +80,7 @@ TEST_F(RemarkCommands, PopupAndListShowRemarksAsText) {
               HasSubstr("Acme Tools [C1044], Customer Maintenance, as jsmith\n\nCollections [Cust.AR.Coll], pops up\n"
                         "  1  #7     2024-03-11  jsmith  Dana promised"));
   EXPECT_THAT(list, HasSubstr("jsmith  one\n                                two\xEF\xBF\xBD[2J\n"));
+  EXPECT_THAT(RunProgram({QUORVEL_EXAMPLE}).output, HasSubstr("General: one\ntwo?[2J\n"));
   EXPECT_THAT(list, HasSubstr("\n7 remarks, 3 to pop up\njsmith may add Cust.AR.Coll, Cust.General\n"));
 }
 

@@ -35,6 +35,14 @@ HINSTANCE PinnedModule() {
   return module;
 }
 
+/// The toolkit loads these by their bare names, for which Windows looks in the folder of the host's program first
+/// unless a DLL of that name is loaded already.
+void LoadFromSystemFolder() noexcept {
+  for (const wchar_t* name : {L"msimg32.dll", L"shcore.dll"}) {
+    ::LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+  }
+}
+
 HANDLE CreateContext() noexcept {
   try {
     const std::wstring file = os::ModulePath();
@@ -68,6 +76,7 @@ bool StartToolkit() {
   const HINSTANCE module = PinnedModule();
   // The toolkit looks up which library of controls there is and keeps the answer.
   const VisualStyles styles;
+  LoadFromSystemFolder();
   return module != nullptr && wxEntryStart(module);
 }
 
