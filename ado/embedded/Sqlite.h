@@ -41,6 +41,9 @@ void Execute(sqlite3* database, const char* sql);
 /// The columns of a statement's result.
 [[nodiscard]] std::vector<Column> DescribeColumns(sqlite3_stmt* statement);
 
+/// The text of a value of SQLite, valid as long as the value; empty for NULL.
+[[nodiscard]] std::string_view TextOf(sqlite3_value* value);
+
 /// Adds the statement's current row to `rows`.
 void AppendRow(sqlite3_stmt* statement, RowSet& rows);
 

@@ -27,12 +27,6 @@ int Collate(void* /*unused*/, int leftLength, const void* left, int rightLength,
   return CompareIgnoringCase(WithoutTrailingBlanks(left, leftLength), WithoutTrailingBlanks(right, rightLength));
 }
 
-std::string_view TextOf(sqlite3_value* value) {
-  const auto* text = sqlite3_value_text(value);
-  if (text == nullptr) return {};
-  return {reinterpret_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value))};
-}
-
 void ReturnText(sqlite3_context* context, std::string_view text) {
   sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
