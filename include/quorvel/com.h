@@ -303,7 +303,7 @@ inline constexpr GUID CLSID_ThreadErrors{0xD273346F, 0x724C, 0x42EB, {0x8D, 0xF0
   std::memcpy(block + kPrefix - sizeof(UINT), &byteLength, sizeof(UINT));
   char* text = block + kPrefix;
   if (bytes != nullptr) std::memcpy(text, bytes, byteLength);
-  std::memset(text + byteLength, 0, sizeof(OLECHAR));
+  text[byteLength] = text[byteLength + 1] = '\0';
   return reinterpret_cast<BSTR>(text);
 }
 

@@ -23,6 +23,20 @@ TEST_F(Texts, KeepEveryCharacter) {
   EXPECT_TRUE(ThereAndBack(large) == large);
 }
 
+/// Plain texts are widened block by block.
+TEST_F(Texts, KeepEveryCharacterOfEveryLength) {
+  WideText text;
+  for (const OLECHAR letter : WideView(u"0123456789abcdefghijklmnopqrstuvwxyz")) {
+    EXPECT_EQ(ThereAndBack(text), text);
+    for (std::size_t place = 0; place < text.size(); ++place) {
+      WideText withUmlaut = text;
+      withUmlaut[place] = u'\u00E4';
+      EXPECT_EQ(ThereAndBack(withUmlaut), withUmlaut);
+    }
+    text += letter;
+  }
+}
+
 TEST_F(Texts, HalfASurrogatePairBecomesTheReplacementCharacter) {
   const OLECHAR high = 0xD83D;
   const OLECHAR low = 0xDE00;
