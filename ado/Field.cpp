@@ -13,4 +13,9 @@ quorvel::Value Field::Value() const {
   return rows.At(m_recordset->CurrentRow(), m_column);
 }
 
+std::optional<std::string_view> Field::Text() const {
+  const RowSet& rows = m_recordset->Rows();
+  return rows.TextAt(m_recordset->CurrentRow(), m_column);
+}
+
 }  // namespace quorvel::ado

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "ado/engine/DataType.h"
 #include "platform/Value.h"
@@ -22,6 +24,8 @@ class Field {
   [[nodiscard]] std::size_t Position() const noexcept { return m_column; }
   /// adErrNoCurrentRecord at the end of the file.
   [[nodiscard]] quorvel::Value Value() const;
+  /// The same for a text, without a copy: valid as long as the recordset is open. Nothing when the value is no text.
+  [[nodiscard]] std::optional<std::string_view> Text() const;
 
  private:
   const Recordset* m_recordset;

@@ -6,6 +6,7 @@
 #include <array>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "data/modDatabase.h"
@@ -32,13 +33,18 @@ ado::Parameter Integer(const char* name, ado::DataType type, std::int32_t number
 }
 
 /// A host's identifier columns may be of fixed width.
-std::string Trimmed(std::string id) { return id.ends_with(' ') ? std::string(TrimBlanks(id)) : std::move(id); }
+std::string_view Trimmed(std::string_view id) { return id.ends_with(' ') ? TrimBlanks(id) : id; }
 
-/// A value that is no text finds no type, which is no error.
-Value TrimmedId(const ado::Field& field) {
-  Value value = field.Value();
-  if (auto* id = std::get_if<std::string>(&value)) *id = Trimmed(std::move(*id));
-  return value;
+/// Error 94 for NULL.
+std::string TextOf(const ado::Field& field) {
+  const auto text = field.Text();
+  return text ? std::string(*text) : ToText(field.Value());
+}
+
+/// Null when there is no such type, which is no error.
+std::shared_ptr<RemarkType> FindType(const RemarkTypes& types, const ado::Field& typeID) {
+  const auto text = typeID.Text();
+  return text ? types.Find(Trimmed(*text)) : types.Item(typeID.Value());
 }
 
 [[noreturn]] void Fail(const char* source, std::string description) {
@@ -91,11 +97,11 @@ DateTime DateOf(const ado::Field& field) {
 /// few.
 class Authors {
  public:
-  [[nodiscard]] SharedText Share(std::string userID) {
+  [[nodiscard]] SharedText Share(std::string_view userID) {
     const auto known = std::ranges::find(m_known, userID, &SharedText::Get);
     if (known != m_known.end()) return *known;
     m_next = (m_next + 1) % m_known.size();
-    return m_known[m_next] = SharedText(std::move(userID));
+    return m_known[m_next] = SharedText(std::string(userID));
   }
 
  private:
@@ -107,8 +113,8 @@ void Fill(Remark& remark, const MemoOwner& owner, const MemoColumns& row, Author
   try {
     remark.SetMemoKey(ToInt32(row.memoKey.Value()));
     remark.SetDateStamp(DateOf(row.dateStamp));
-    remark.SetUserID(authors.Share(Trimmed(ToText(row.userID.Value()))));
-    remark.SetMemoText(ToText(row.memoText.Value()));
+    remark.SetUserID(authors.Share(Trimmed(TextOf(row.userID))));
+    remark.SetMemoText(TextOf(row.memoText));
     remark.SetStored(owner);
   } catch (const Error& error) {
     // The list keeps the remark: the host's next change of it must reach this memo, and no other owner.
@@ -172,7 +178,7 @@ void ContextQueries::LoadRights(const RemarkTypes& types) {
   if (m_unfitUserID) std::rethrow_exception(m_unfitUserID);
   const auto rows = m_calls.Next();
   for (; !rows->EndOfFile(); rows->MoveNext()) {
-    const auto type = types.Item(TrimmedId(rows->Fields("TypeID")));
+    const auto type = FindType(types, rows->Fields("TypeID"));
     if (!type) continue;
     type->SetCanCreate(ToInt32(rows->Fields("CanCreate").Value()));
     type->SetCanRead(ToInt32(rows->Fields("CanRead").Value()));
@@ -195,10 +201,10 @@ void LoadRemarks(const std::string& contextID, const MemoOwner& owner, const Rem
   Authors authors;
   remarks.Reserve(rows->RecordCount());
   for (; !rows->EndOfFile(); rows->MoveNext()) {
-    const auto type = types != nullptr ? types->Item(TrimmedId(row.typeID)) : nullptr;
+    auto type = types != nullptr ? FindType(*types, row.typeID) : nullptr;
     if (!type || type->CanRead() <= 0) continue;
     const auto remark = remarks.AddRead();
-    remark->SetRemarkType(type);
+    remark->SetRemarkType(std::move(type));
     Fill(*remark, owner, row, authors);
   }
 }

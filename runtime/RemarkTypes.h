@@ -27,6 +27,7 @@ class RemarkTypes {
 
  private:
   std::vector<std::shared_ptr<RemarkType>> m_types;
+  std::vector<std::string> m_keys;  ///< in the same order
   std::map<std::string, std::size_t, LessIgnoringCase> m_positions;
 };
 
