@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 
 #include "ado/embedded/SqlType.h"
 #include "ado/embedded/SqliteError.h"
@@ -102,6 +103,8 @@ void AppendRow(sqlite3_stmt* statement, RowSet& rows) {
         break;
       default: {
         const std::string_view text = TextOf(value);
+        // SQLite found no memory for a copy; an empty text in its place could be stored over the remark's own.
+        if (text.data() == nullptr) throw std::bad_alloc();
         const bool isDate = columns[static_cast<std::size_t>(i)].type == DataType::DBTimeStamp;
         if (const auto moment = isDate ? ParseDateTime(text) : std::nullopt) {
           rows.AppendDateTime(*moment);
