@@ -10,7 +10,7 @@ namespace quorvel {
 namespace {
 
 // The entity's key follows.
-constexpr std::string_view kSelectEntity =
+constexpr std::string_view kSelectEntityID =
     "SELECT RemarkEntityID "
     "FROM ttwRemarkEntity "
     "WHERE RemarkEntityKey = ";
@@ -19,7 +19,7 @@ constexpr std::string_view kSelectEntity =
 
 std::string ReadEntityID(std::int32_t entityKey) {
   if (entityKey == 0) return {};
-  const auto row = Query(fmt::format("{}{}", kSelectEntity, entityKey));
+  const auto row = Query(fmt::format("{}{}", kSelectEntityID, entityKey));
   if (row->EndOfFile()) return {};
   return std::string(TrimBlanks(ToText(row->Fields("RemarkEntityID").Value())));
 }

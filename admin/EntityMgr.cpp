@@ -23,17 +23,17 @@ constexpr std::string_view kSelectEntity =
     "WHERE RemarkEntityKey = ";
 
 // The entity's key stands between the two parts of a statement.
-constexpr std::string_view kContexts =
+constexpr std::string_view kOwnContexts =
     "SELECT DISTINCT t.ContextID, t.ContextKey, t.Caption "
     "FROM ttwContext t "
     "Where t.RemarkEntityKey = ";
-constexpr std::string_view kContextsEnd = "ORDER BY t.ContextKey, t.ContextID";
+constexpr std::string_view kOwnContextsEnd = "ORDER BY t.ContextKey, t.ContextID";
 
-constexpr std::string_view kRemarkTypes =
+constexpr std::string_view kOwnRemarkTypes =
     "SELECT DISTINCT rtrim(t.RemarkTypeID) as RemarkTypeID, t.RemarkTypeKey, t.Caption "
     "FROM ttwRemarkType t "
     "Where t.RemarkEntityKey = ";
-constexpr std::string_view kRemarkTypesEnd = "ORDER BY t.RemarkTypeKey, t.RemarkTypeID";
+constexpr std::string_view kOwnRemarkTypesEnd = "ORDER BY t.RemarkTypeKey, t.RemarkTypeID";
 
 constexpr RecordKind kEntities = {
     .table = "ttwRemarkEntity",
@@ -89,11 +89,11 @@ void EntityMgr::ShowChildren() {
 }
 
 std::int32_t EntityMgr::ShowContexts() {
-  return ShowRows(*m_controls.grdContexts, fmt::format("{}{}{}", kContexts, Current().key, kContextsEnd));
+  return ShowRows(*m_controls.grdContexts, fmt::format("{}{}{}", kOwnContexts, Current().key, kOwnContextsEnd));
 }
 
 std::int32_t EntityMgr::ShowRemarkTypes() {
-  return ShowRows(*m_controls.grdRemarks, fmt::format("{}{}{}", kRemarkTypes, Current().key, kRemarkTypesEnd));
+  return ShowRows(*m_controls.grdRemarks, fmt::format("{}{}{}", kOwnRemarkTypes, Current().key, kOwnRemarkTypesEnd));
 }
 
 // The filter knows only keys, so the rows are compared one by one.

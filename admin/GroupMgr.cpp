@@ -41,7 +41,7 @@ constexpr std::string_view kRemarkTypesOfGroup =
     "WHERE m.GroupKey = ";
 
 // The keys stand in the braces.
-constexpr std::string_view kRemarkRight =
+constexpr std::string_view kRightOfType =
     "SELECT RemarkRightKey, CanCreate, CanRead, CanUpdate, CanDelete "
     "FROM ttwRemarkRight "
     "WHERE RemarkTypeKey = {}"
@@ -150,7 +150,7 @@ void GroupMgr::ShowRight(std::int32_t /*key*/) {
   EnableFlags(m_flags, true);
   const ItemList& types = *m_controls.remarkTypes.lstCurrent;
   if (types.ListIndex() < 0) return;
-  ShowFlags(m_flags, *QueryLink(fmt::format(kRemarkRight, SelectedKey(types), Current().key)));
+  ShowFlags(m_flags, *QueryLink(fmt::format(kRightOfType, SelectedKey(types), Current().key)));
 }
 
 void GroupMgr::Update(std::string_view field) {

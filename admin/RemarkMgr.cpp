@@ -39,7 +39,7 @@ constexpr std::string_view kContextsOfEntity =
     "WHERE  ttwContext.RemarkEntityKey = ";
 
 // The keys stand in the braces.
-constexpr std::string_view kRemarkRight =
+constexpr std::string_view kRightOfGroup =
     "SELECT RemarkRightKey, CanCreate, CanRead, CanUpdate, CanDelete "
     "FROM ttwRemarkRight "
     "WHERE GroupKey = {}"
@@ -139,7 +139,7 @@ void RemarkMgr::LinkGroup(std::string_view procedure, std::int32_t groupKey) con
 }
 
 void RemarkMgr::ShowRight(std::int32_t key) {
-  if (IsTab("Groups")) Show(m_rights, fmt::format(kRemarkRight, key, Current().key));
+  if (IsTab("Groups")) Show(m_rights, fmt::format(kRightOfGroup, key, Current().key));
   if (IsTab("Contexts")) Show(m_priority, fmt::format(kRemarkContext, key, Current().key));
 }
 
