@@ -10,11 +10,9 @@
 #include "tests/support/MemoryControls.h"
 #include "tests/support/TestDatabase.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
-using test::Caught;
-using test::MemoryChoice;
 using testing::ElementsAre;
 
 TEST(Controls, SelectByKeyOrTextFindsTheFirstItem) {
@@ -48,7 +46,7 @@ TEST(Controls, SelectByKeyOrTextFindsTheFirstItem) {
 }
 
 TEST(Controls, FillingTakesTextAndKeyOfEachRowAndMovesBack) {
-  const test::TestDatabase database;
+  const TestDatabase database;
   modDatabase::EnsureConnection();
   const auto groups = modDatabase::LoadDisconnectedRst(
       "SELECT '  ' + GroupID + ' ' AS Shown, GroupKey, NULL AS Nothing FROM ttwGroup WHERE GroupKey < 3");
@@ -75,4 +73,4 @@ TEST(Controls, FillingTakesTextAndKeyOfEachRowAndMovesBack) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

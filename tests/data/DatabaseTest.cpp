@@ -13,14 +13,13 @@
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
 using modDatabase::ExecSP;
 using modDatabase::LoadRst;
 using modDatabase::SharedConnection;
 using modDatabase::UpdateField;
-using test::Caught;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -32,8 +31,8 @@ class DatabaseTest : public testing::Test {
  protected:
   void TearDown() override { modWaitCursor::ResetWait(); }
 
-  test::PromptsGuard m_prompts;
-  test::TestDatabase m_database{test::TestDatabase::Content::Schema};
+  PromptsGuard m_prompts;
+  TestDatabase m_database{TestDatabase::Content::Schema};
 };
 
 TEST_F(DatabaseTest, LoadRstReportsTheSecondFailureAndReturnsNull) {
@@ -144,7 +143,7 @@ TEST_F(DatabaseTest, UpdateFieldLeavesTheWaitPendingOnAnError) {
 }
 
 TEST(ModDatabase, EveryThreadStartsWithoutAConnection) {
-  test::TestDatabase database(test::TestDatabase::Content::Schema);
+  TestDatabase database(TestDatabase::Content::Schema);
   std::weak_ptr<ado::Connection> watched;
   std::thread([&watched] {
     EXPECT_EQ(SharedConnection(), nullptr);
@@ -178,7 +177,7 @@ TEST(StripChars, RemovesTheTenCharacters) {
 }
 
 TEST(GetNewID, AsksUntilTheIdFits) {
-  test::PromptsGuard prompts;
+  PromptsGuard prompts;
   const std::string longest = std::string(29, 'x') + "ä";
   prompts->texts = {std::string(31, 'x'), "  " + longest + " "};
   std::string id = "before";
@@ -200,4 +199,4 @@ TEST(GetNewID, AsksUntilTheIdFits) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

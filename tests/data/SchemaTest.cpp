@@ -16,12 +16,11 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
 using modDatabase::ExecSP;
 using modDatabase::NamedValue;
-using test::Caught;
 using testing::ElementsAre;
 
 class SchemaTest : public testing::Test {
@@ -38,7 +37,7 @@ class SchemaTest : public testing::Test {
   /// Every row of every table, as text.
   [[nodiscard]] std::string Dump() const;
 
-  test::TestDatabase m_database;
+  TestDatabase m_database;
 };
 
 constexpr const char* kTables[] = {"ttwBranch",       "ttwUser",       "ttwGroup",         "ttwGroupMember", "ttwRight",
@@ -50,7 +49,7 @@ std::string SchemaTest::Dump() const {
   const auto connection = m_database.Connect();
   for (const char* table : kTables) {
     text += std::string(table) + "\n";
-    for (const auto& row : test::RowsOf(*connection, std::string("SELECT * FROM ") + table)) text += row + "\n";
+    for (const auto& row : RowsOf(*connection, std::string("SELECT * FROM ") + table)) text += row + "\n";
   }
   return text;
 }
@@ -67,7 +66,7 @@ TEST_F(SchemaTest, SecondRunOfTheScriptsChangesNothing) {
   ExecSP("spTWCqvRemoveGroupMember", {{"@GroupKey", Number(1)}, {"@UserKey", Number(Key("ttwUser", "jsmith"))}});
   const std::string before = Dump();
   const auto connection = m_database.Connect();
-  for (const std::string_view script : {SchemaScript(), SampleScript()}) test::RunScript(*connection, script);
+  for (const std::string_view script : {SchemaScript(), SampleScript()}) RunScript(*connection, script);
   EXPECT_EQ(Dump(), before);
 }
 
@@ -142,7 +141,7 @@ TEST_F(SchemaTest, AddsTrimmedUniqueIDs) {
     EXPECT_EQ(Count(where.append(" = 'new one'")), "1");
   }
   // Columns that the administration has not set yet are empty and not NULL, so the new context loads.
-  EXPECT_THAT(test::RowsOf(*m_database.Connect(), "EXEC spTWCqvGetContext 'New one'"),
+  EXPECT_THAT(RowsOf(*m_database.Connect(), "EXEC spTWCqvGetContext 'New one'"),
               ElementsAre("|801|Sales Order|spGetOrderName|0|0|1|0"));
 }
 
@@ -172,7 +171,7 @@ TEST_F(SchemaTest, LinksAreAddedOnceAndRemoved) {
 
 TEST_F(SchemaTest, UsersHaveTheHighestRightOfTheirGroups) {
   const auto rightsOf = [this](const std::string& user) {
-    return test::RowsOf(*m_database.Connect(), "EXEC spTWCqvGetUserRights '" + user + "'");
+    return RowsOf(*m_database.Connect(), "EXEC spTWCqvGetUserRights '" + user + "'");
   };
   EXPECT_THAT(rightsOf("mjones"), testing::UnorderedElementsAre("Cust.General|1|1|0|0", "Cust.Credit|1|1|1|0",
                                                                 "Ord.Ship|1|1|1|1", "Ord.Note|1|1|1|0"));
@@ -236,4 +235,4 @@ TEST(SchemaScripts, ProceduresReturnNoCountsAndEndTheirTransactions) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

@@ -23,19 +23,15 @@
 #include "platform/wx/Text.h"
 #include "tests/grid/GridWindow.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
-using test::Caught;
-using test::HandleEvents;
-using test::TableSource;
-using test::WaitFor;
 using testing::ElementsAre;
 using testing::Lt;
 using testing::StartsWith;
 using namespace std::string_literals;
 
-class DataGridTest : public test::GridWindow {};
+class DataGridTest : public GridWindow {};
 
 /// All lines of a grid as they are drawn.
 wxImage Picture(DataGrid& grid) {
@@ -54,7 +50,7 @@ Colour ColourAt(const wxImage& picture, int x, int y) {
 
 /// The window as it is on the screen.
 wxImage OnScreen(wxWindow& window) {
-  test::WaitUntilDrawn(window);
+  WaitUntilDrawn(window);
   HandleEvents();
   const wxSize size = window.GetClientSize();
   return wxBitmap(gdk_pixbuf_get_from_window(window.GTKGetDrawingWindow(), 0, 0, size.x, size.y)).ConvertToImage();
@@ -380,4 +376,4 @@ TEST_F(DataGridTest, ReadsOnlyWhatIsVisible) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

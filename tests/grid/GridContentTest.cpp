@@ -11,10 +11,9 @@
 #include "grid/RowSearch.h"
 #include "tests/grid/TableSource.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
-using test::TableSource;
 using testing::ElementsAre;
 
 Value Text(const char* text) { return std::string(text); }
@@ -194,4 +193,4 @@ TEST(GridContent, SpokenValuesAreCutBetweenCharacters) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

@@ -10,15 +10,14 @@
 #include "ado/Recordset.h"
 #include "tests/grid/GridWindow.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
-using test::Caught;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class GridEXWrapperTest : public test::GridWindow {
+class GridEXWrapperTest : public GridWindow {
  protected:
   GridEXWrapperTest() {
     m_wrapper.SetGrid(m_grid);
@@ -155,4 +154,4 @@ TEST_F(GridEXWrapperTest, WatchesOneGridAndNoneAfterNull) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

@@ -9,10 +9,8 @@
 
 #include "tests/support/TemporaryFolder.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
-
-using test::ScopedVariable;
 
 /// 14 March 2002 in the regional settings of these variables.
 std::string Date(const std::string& all, const std::string& time, const std::string& language) {
@@ -28,7 +26,7 @@ std::string DateWithTime(const std::string& all) {
   return FormatDateWithTime(*ParseDateTime("2002-03-14 18:59:59.999"));
 }
 
-bool MakeLocale(const test::TemporaryFolder& folder, const std::string& language, const std::string& encoding) {
+bool MakeLocale(const TemporaryFolder& folder, const std::string& language, const std::string& encoding) {
   const std::string file = folder.File(language + "." + encoding);
   const std::string command = "localedef -i " + language + " -f " + encoding + " '" + file + "' > /dev/null 2>&1";
   return std::system(command.c_str()) == 0;
@@ -44,7 +42,7 @@ TEST(ShortDate, IsIsoWithoutRegionalSettings) {
 // Machines have few locales or none, so the test makes its own. The C library leaks some bytes for each new locale
 // folder, so the dates are printed by a process that ends without a leak check.
 TEST(ShortDate, FollowsTheEnvironmentAndNotTheProcess) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   if (!MakeLocale(folder, "en_US", "UTF-8") || !MakeLocale(folder, "de_DE", "UTF-8") ||
       !MakeLocale(folder, "ja_JP", "UTF-8") || !MakeLocale(folder, "ja_JP", "EUC-JP")) {
     GTEST_SKIP() << "localedef and its sources are not installed";
@@ -63,4 +61,4 @@ TEST(ShortDate, FollowsTheEnvironmentAndNotTheProcess) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

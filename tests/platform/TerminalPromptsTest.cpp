@@ -7,10 +7,8 @@
 #include "tests/support/Caught.h"
 #include "tests/support/Terminal.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
-
-using test::Terminal;
 
 PromptAnswer Ask(const Terminal& terminal, PromptButtons buttons) {
   return terminal.Prompts().ShowMessage("Save\x1B[2J it?", "Remarks", buttons, PromptIcon::Question);
@@ -43,8 +41,8 @@ TEST(TerminalPrompts, WithoutATerminalTheErrorQuotesTheMessage) {
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe(pipe.data()), 0);
   TerminalPrompts prompts(pipe[0], pipe[1]);
-  const Error error = test::Caught(
-      [&] { prompts.ShowMessage("disk full", "Database Error", PromptButtons::Ok, PromptIcon::CriticalStop); });
+  const Error error =
+      Caught([&] { prompts.ShowMessage("disk full", "Database Error", PromptButtons::Ok, PromptIcon::CriticalStop); });
   EXPECT_EQ(error.Number(), -1);
   EXPECT_EQ(error.Source(), "Quorvel.Prompts");
   EXPECT_NE(error.Description().find("\"Database Error\": disk full"), std::string::npos);
@@ -54,4 +52,4 @@ TEST(TerminalPrompts, WithoutATerminalTheErrorQuotesTheMessage) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

@@ -12,11 +12,9 @@
 #include "runtime/RemarkRights.h"
 #include "tests/runtime/RuntimeTest.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
-using test::ContextHolder;
-using test::RemarkAt;
 using testing::ElementsAre;
 using testing::Field;
 using Outcome = EditedRemark::Outcome;
@@ -43,8 +41,8 @@ class EditRulesTest : public testing::Test {
     return {m_context->Item(typeID)->Caption(), position};
   }
 
-  test::TestDatabase m_database;
-  test::PromptsGuard m_prompts;
+  TestDatabase m_database;
+  PromptsGuard m_prompts;
   ContextHolder m_context;
   EditedRemark m_edited{*m_context};
   const std::string m_login = modUserName::GetUserName();
@@ -172,12 +170,12 @@ TEST_F(EditRulesTest, HostThatReadsTheListAgainChangesNoRemark) {
 TEST_F(EditRulesTest, TypedTextIsNotStoredOnAnotherMemoWithTheKey) {
   Open("admin");
   m_context->AddRemark("Cust.General", "refused at first", std::string(31, 'x'));
-  EXPECT_NE(test::Caught([&] { m_context->Save(true); }).Number(), 0);
+  EXPECT_NE(Caught([&] { m_context->Save(true); }).Number(), 0);
   Show(8);
   m_database.StoreMemo(2043, "of the host");
   m_context->RefreshRemarkList();
   m_context->RemarkList()->SetTakesNew(false);
-  EXPECT_EQ(test::Caught([&] { m_edited.Save(Typed("typed")); }).Number(), ErrorNumber::Component);
+  EXPECT_EQ(Caught([&] { m_edited.Save(Typed("typed")); }).Number(), ErrorNumber::Component);
   m_context->RemarkList()->SetTakesNew(true);
   EXPECT_EQ(m_edited.CommitPending(Typed("typed")), Outcome::Changed) << "the error has not lost what was typed";
   m_context->Save(true);
@@ -272,4 +270,4 @@ TEST(EditLayoutTest, RowsOfSixLinesAndMoreAreHigher) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

@@ -9,19 +9,10 @@
 #include "tests/runtime/OnServer.h"
 #include "tests/runtime/RuntimeTest.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
 using modDatabase::SharedConnection;
-using test::Caught;
-using test::ContextHolder;
-using test::Failure;
-using test::IsError;
-using test::kContextTypesRights;
-using test::Message;
-using test::Number;
-using test::OneRow;
-using test::Part;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -51,7 +42,7 @@ std::vector<std::string> Records() {
   return records;
 }
 
-class CallsTogetherTest : public test::OnServer {
+class CallsTogetherTest : public OnServer {
  protected:
   [[nodiscard]] static Error LoadError(const ContextHolder& context, const std::string& contextID = "CustMaint",
                                        const std::string& userID = "jsmith") {
@@ -142,4 +133,4 @@ TEST_F(CallsTogetherTest, WhatCameBeforeALossOrATimeoutStaysLoaded) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

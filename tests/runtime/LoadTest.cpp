@@ -9,21 +9,15 @@
 #include "platform/Environment.h"
 #include "tests/runtime/RuntimeTest.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
-using test::Caught;
-using test::ContextHolder;
-using test::HasNumber;
-using test::IsError;
-using test::Number;
-using test::RemarkAt;
 using testing::ElementsAre;
 
 class LoadTest : public testing::Test {
  protected:
-  test::TestDatabase m_database;
-  test::PromptsGuard m_prompts;
+  TestDatabase m_database;
+  PromptsGuard m_prompts;
 };
 
 TEST_F(LoadTest, UserSeesRemarksOfReadableTypes) {
@@ -290,4 +284,4 @@ TEST_F(LoadTest, InvalidDateHidesNoRemark) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

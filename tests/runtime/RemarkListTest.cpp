@@ -6,14 +6,8 @@
 
 #include "tests/runtime/RuntimeTest.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
-
-using test::Caught;
-using test::ContextHolder;
-using test::HasNumber;
-using test::Number;
-using test::RemarkAt;
 
 std::shared_ptr<Remark> AddText(RemarkList& list, const std::string& text) {
   auto remark = list.Add();
@@ -107,7 +101,7 @@ class RemarkCommitTest : public testing::Test {
         std::to_string(key));
   }
 
-  test::TestDatabase m_database;
+  TestDatabase m_database;
   ContextHolder m_context{"CustMaint", "C1044", "admin"};
 };
 
@@ -295,4 +289,4 @@ TEST_F(RemarkCommitTest, DeletesOnlyStoredRemarks) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

@@ -13,6 +13,9 @@
 
 namespace quorvel::test {
 
+/// How many memos the sample database has, as text.
+constexpr const char* kMemosOfSample = "2042";
+
 /// A context that is disposed of at the end, so that its cycle of references does not outlive the test.
 class ContextHolder {
  public:

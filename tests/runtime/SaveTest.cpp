@@ -9,15 +9,9 @@
 #include "runtime/RemarkWindows.h"
 #include "tests/runtime/RuntimeTest.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
-using test::Caught;
-using test::ContextHolder;
-using test::HasNumber;
-using test::IsError;
-using test::Number;
-using test::RemarkAt;
 using testing::HasSubstr;
 
 class SaveTest : public testing::Test {
@@ -31,11 +25,9 @@ class SaveTest : public testing::Test {
         text + "'");
   }
 
-  test::TestDatabase m_database;
-  test::PromptsGuard m_prompts;
+  TestDatabase m_database;
+  PromptsGuard m_prompts;
 };
-
-constexpr const char* kMemosOfSample = "2042";
 
 TEST_F(SaveTest, EditBehaviorDecidesUnlessForced) {
   struct Case {
@@ -386,7 +378,7 @@ TEST_F(SaveTest, DeletedRemarkLeavesTheNextMemoWithItsKeyAlone) {
 TEST_F(SaveTest, RestoredRemarkOfADeletedMemoIsNewAndLeavesTheMemoWithItsKeyAlone) {
   for (const std::string deletion : {"before", "after", "after, and added again"}) {
     const bool isRemovedBefore = deletion == "before";
-    const test::TestDatabase database;
+    const TestDatabase database;
     const ContextHolder context("CustMaint", "C1044", "admin");
     const auto& list = context->RemarkList();
     if (isRemovedBefore) list->Remove(Number(1));
@@ -425,7 +417,7 @@ TEST_F(SaveTest, RestoreUnderTypedTextStoresNoRemarkTwice) {
                         {{"backup", "restore", "backup", "remove", "save", "restore"}, false}};
   for (const Case& each : cases) {
     SCOPED_TRACE(testing::PrintToString(each.steps));
-    const test::TestDatabase database;
+    const TestDatabase database;
     const ContextHolder context("CustMaint", "C1044", "admin");
     if (each.isNew) context->AddRemark("Cust.General", "before");
     const auto position = Number(each.isNew ? 8 : 1);
@@ -519,4 +511,4 @@ TEST_F(SaveTest, WindowsGetTheLoadedContextAndTheEditorKeepsItsOwner) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

@@ -14,12 +14,8 @@
 #include "tests/support/EngineUnderTest.h"
 #include "tests/support/TestSettings.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
-
-using test::ContextHolder;
-using test::EngineKind;
-using test::RemarkAt;
 
 std::string Quoted(const std::string& value) { return value.empty() ? value : fmt::format("\"{}\"", value); }
 
@@ -27,8 +23,8 @@ std::string Quoted(const std::string& value) { return value.empty() ? value : fm
 class ServerScriptTest : public testing::TestWithParam<EngineKind> {
  protected:
   void SetUp() override {
-    if (const std::string reason = test::WhyNot(GetParam()); !reason.empty()) GTEST_SKIP() << reason;
-    m_engine = std::make_unique<test::EngineUnderTest>(GetParam());
+    if (const std::string reason = WhyNot(GetParam()); !reason.empty()) GTEST_SKIP() << reason;
+    m_engine = std::make_unique<EngineUnderTest>(GetParam());
     m_database = ado::ParseConnectionString(m_engine->ConnectionString()).initialCatalog;
     if (GetParam() == EngineKind::SqlServer && !MakeScratchDatabase()) {
       GTEST_SKIP() << "the login may not create a database";
@@ -44,7 +40,7 @@ class ServerScriptTest : public testing::TestWithParam<EngineKind> {
 
  private:
   bool MakeScratchDatabase() {
-    const std::string name = test::EngineUnderTest::UniqueName("Scratch");
+    const std::string name = EngineUnderTest::UniqueName("Scratch");
     try {
       m_engine->Connect()->Execute("CREATE DATABASE " + name);
     } catch (const Error&) {
@@ -58,18 +54,18 @@ class ServerScriptTest : public testing::TestWithParam<EngineKind> {
     const ado::ConnectOptions options = ado::ParseConnectionString(m_engine->ConnectionString());
     const std::string catalog = fmt::format("{}; Driver={}; Encrypt={}; TrustServerCertificate={}", database,
                                             options.driver, options.encrypt, options.trustServerCertificate);
-    test::UseSettings(options.dataSource, catalog, Quoted(options.userId), Quoted(options.password));
+    UseSettings(options.dataSource, catalog, Quoted(options.userId), Quoted(options.password));
   }
 
-  test::TemporaryFolder m_folder;
-  test::ScopedVariable m_registry{"QUORVEL_REGISTRY", m_folder.File("settings.reg")};
-  std::unique_ptr<test::EngineUnderTest> m_engine;
+  TemporaryFolder m_folder;
+  ScopedVariable m_registry{"QUORVEL_REGISTRY", m_folder.File("settings.reg")};
+  std::unique_ptr<EngineUnderTest> m_engine;
   std::string m_database;
   std::string m_scratch;
 };
 
 INSTANTIATE_TEST_SUITE_P(Servers, ServerScriptTest, testing::Values(EngineKind::StandIn, EngineKind::SqlServer),
-                         [](const auto& each) { return test::NameOf(each.param); });
+                         [](const auto& each) { return NameOf(each.param); });
 
 /// The keys that four callers draw at the same time, each on another connection and every other one under snapshot
 /// isolation.
@@ -111,7 +107,7 @@ void ChangeDeletedMemo(std::int64_t key) {
 
 TEST_P(ServerScriptTest, ScriptsMakeADatabaseOnWhichTheComponentWorks) {
   for (const std::string_view script : {SchemaScript(), SampleScript(), SchemaScript(), SampleScript()}) {
-    test::RunScript(*modDatabase::SharedConnection(), script);
+    RunScript(*modDatabase::SharedConnection(), script);
   }
   {
     const ContextHolder context("CustMaint", "C1044", "admin");
@@ -129,7 +125,7 @@ TEST_P(ServerScriptTest, ScriptsMakeADatabaseOnWhichTheComponentWorks) {
     EXPECT_TRUE(texts.contains("changed"));
     EXPECT_TRUE(texts.contains("O'Brien: \U0001F600 " + std::string(5000, 'x')));
   }
-  EXPECT_EQ(test::Caught([] { const ContextHolder nowhere("NoSuchPlace", "C1044", "admin"); }).Description(),
+  EXPECT_EQ(Caught([] { const ContextHolder nowhere("NoSuchPlace", "C1044", "admin"); }).Description(),
             "ContextID [NoSuchPlace] not found");
 
   EXPECT_EQ(DrawKeys(25).size(), 100U);
@@ -137,4 +133,4 @@ TEST_P(ServerScriptTest, ScriptsMakeADatabaseOnWhichTheComponentWorks) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test

@@ -14,20 +14,12 @@
 #include "tests/runtime/RuntimeTest.h"
 #include "tests/support/FailingCall.h"
 
-namespace quorvel {
+namespace quorvel::test {
 namespace {
 
 using modDatabase::ExecSP;
 using modDatabase::LoadRst;
 using modDatabase::SharedConnection;
-using test::Caught;
-using test::ContextHolder;
-using test::Failure;
-using test::kContextTypesRights;
-using test::Message;
-using test::OneRow;
-using test::Part;
-using test::RemarkAt;
 using testing::AnyOf;
 using testing::Each;
 using testing::ElementsAre;
@@ -38,10 +30,9 @@ using testing::SizeIs;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-constexpr const char* kMemosOfSample = "2042";
 constexpr int kMemosOfOwner = 7;
 
-using ServerTest = test::OnServer;
+using ServerTest = OnServer;
 
 void AddRemark(const ContextHolder& context, const std::string& text) {
   context->AddRemark("Cust.General", text, "admin");
@@ -73,7 +64,7 @@ TEST_F(ServerTest, SendsOnlyWhatIsNeededAndNothingToWrongParameters) {
 // On Windows a handler of the host may run while the embedded engine waits. On a server each call stands for a wait.
 TEST_F(ServerTest, HostMayAddRemarksOrDisposeWhileALoadWaits) {
   const ContextHolder context("CustMaint", "C1044", "admin");
-  test::FailingCall none(0);
+  FailingCall none(0);
   none.meanwhile = [&] {
     EXPECT_EQ(Caught([&] { AddRemark(context, "of C1044"); }).Number(), ErrorNumber::Component);
     EXPECT_EQ(Caught([&] { context->RemarkList()->Add(); }).Number(), ErrorNumber::Component);
@@ -294,7 +285,7 @@ TEST_F(ServerTest, AnyFailedCallIsAnErrorAndNothingIsHalfDone) {
     int loaded = 0;
     std::optional<Error> error;
     {
-      test::FailingCall failing(++number);
+      FailingCall failing(++number);
       error = LoadAndSave(loaded);
       failed = failing.failed;
       // Each new connection replaces an open one.
@@ -319,4 +310,4 @@ TEST_F(ServerTest, AnyFailedCallIsAnErrorAndNothingIsHalfDone) {
 }
 
 }  // namespace
-}  // namespace quorvel
+}  // namespace quorvel::test
