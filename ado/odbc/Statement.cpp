@@ -1,6 +1,7 @@
 #include "ado/odbc/Statement.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 
 #include "ado/odbc/WideText.h"
@@ -21,6 +22,18 @@ void NameLostConnection(std::vector<Diagnostic>& records) {
   records.front().message.append(" It is not known whether the statement was carried out.");
 }
 
+/// FreeTDS has sent only a part of the request when a character of an identifier is none of the server's, and every
+/// later request would fail with 24000.
+void NameStuckConnection(std::vector<Diagnostic>& records) {
+  constexpr std::int32_t kNoCharacterOfServer = 2402;
+  const auto isStuck = [](const Diagnostic& each) {
+    return each.nativeError == kNoCharacterOfServer || each.sqlState == "24000";
+  };
+  if (std::ranges::none_of(records, isStuck)) return;
+  records.push_back(
+      {"08S01", 0, "The driver cannot use the connection after this error; the next call opens it again."});
+}
+
 }  // namespace
 
 Statement::Statement(const DriverConnection& connection, std::chrono::seconds timeout)
@@ -30,7 +43,7 @@ Statement::Statement(const DriverConnection& connection, std::chrono::seconds ti
 
 void Statement::Fail(std::string_view function) {
   std::vector<Diagnostic> records = FailureOf(SQL_HANDLE_STMT, Get(), function).Records();
-  if (m_connection.IsDead()) NameLostConnection(records);
+  m_connection.IsDead() ? NameLostConnection(records) : NameStuckConnection(records);
   std::vector<Diagnostic> messages = TakeMessages();
   std::move(messages.begin(), messages.end(), std::back_inserter(records));
   throw DriverError(std::move(records));

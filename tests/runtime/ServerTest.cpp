@@ -131,6 +131,19 @@ TEST_F(ServerTest, NextSaveAfterALossWritesEverythingOnce) {
 }
 
 // A host may write a memo of its own under the key that the insert has not used.
+TEST_F(ServerTest, CharacterThatTheServerLacksFailsNoOtherCall) {
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  const ContextHolder other;
+  AddRemark(context, "typed");
+  for (const bool isOwner : {true, false}) {
+    EXPECT_NE(
+        Caught([&] { other->Load(isOwner ? "CustMaint" : "日本", isOwner ? "日本" : "C1000", "admin"); }).Number(), 0);
+    context->Save(true);
+    EXPECT_EQ(m_file.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'typed'"), "1");
+    RemarkAt(context, 1).SetMemoText("changed meanwhile");
+  }
+}
+
 TEST_F(ServerTest, RemovedRemarkWithoutAnAnswerDeletesNoForeignMemo) {
   for (const bool isStored : {false, true}) {
     const ContextHolder context("CustMaint", "C1044", "admin");
