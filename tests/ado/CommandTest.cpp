@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <tuple>
+
 #include "tests/ado/FakeSession.h"
 
 namespace quorvel::ado {
@@ -30,11 +32,7 @@ Command ProcedureCall(std::shared_ptr<Connection> connection) {
 }
 
 TEST(Parameter, ConvertsValuesToItsType) {
-  struct Case {
-    Value value;
-    ParameterInfo parameter;
-    Value expected;
-  };
+  using Case = std::tuple<Value, ParameterInfo, Value>;
   for (const auto& [value, info, expected] : {Case{std::int64_t{32767}, kSmall, std::int64_t{32767}},
                                               {" -32768 ", kSmall, std::int64_t{-32768}},
                                               {2.5, kLong, std::int64_t{2}},
@@ -50,12 +48,7 @@ TEST(Parameter, ConvertsValuesToItsType) {
 }
 
 TEST(Parameter, RefusesValuesThatDoNotFit) {
-  struct Case {
-    Value value;
-    ParameterInfo parameter;
-    std::int32_t number;
-    const char* beginning;
-  };
+  using Case = std::tuple<Value, ParameterInfo, std::int32_t, const char*>;
   for (const auto& [value, info, number, beginning] :
        {Case{std::int64_t{32768}, kSmall, ErrorNumber::Overflow, "Overflow"},
         {std::int64_t{-2147483649}, kLong, ErrorNumber::Overflow, "Overflow"},

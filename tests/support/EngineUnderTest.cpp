@@ -2,12 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <random>
+#include <ranges>
 
 #include "ado/embedded/EmbeddedEngine.h"
+#include "platform/Environment.h"
 #include "platform/Error.h"
 #include "tests/support/Rows.h"
 
@@ -15,11 +15,6 @@ namespace quorvel::test {
 namespace {
 
 constexpr const char* kServerVariable = "QUORVEL_TEST_SQLSERVER";
-
-std::string ServerString() {
-  const char* value = std::getenv(kServerVariable);
-  return value == nullptr ? "" : value;
-}
 
 }  // namespace
 
@@ -29,7 +24,7 @@ std::string NameOf(EngineKind kind) {
 }
 
 std::string WhyNot(EngineKind kind) {
-  if (kind != EngineKind::SqlServer || !ServerString().empty()) return {};
+  if (kind != EngineKind::SqlServer || !EnvironmentVariable(kServerVariable).empty()) return {};
   return fmt::format("{} names no server: nothing was tested on a real one", kServerVariable);
 }
 
@@ -41,8 +36,7 @@ EngineUnderTest::EngineUnderTest(EngineKind kind) : m_kind(kind) {
 }
 
 EngineUnderTest::~EngineUnderTest() {
-  std::reverse(m_drops.begin(), m_drops.end());
-  for (const std::string& drop : m_drops) {
+  for (const std::string& drop : m_drops | std::views::reverse) {
     try {
       Connect()->Execute(drop);
     } catch (const Error&) {  // NOLINT(bugprone-empty-catch): the test did not get as far as making it.
@@ -62,7 +56,7 @@ std::string EngineUnderTest::ConnectionString() const {
     case EngineKind::SqlServer:
       break;
   }
-  return ServerString();
+  return EnvironmentVariable(kServerVariable);
 }
 
 std::string_view EngineUnderTest::LongText() const noexcept { return SpeaksTransactSql() ? "nvarchar(max)" : "text"; }

@@ -1,6 +1,6 @@
 #include "tests/support/Rows.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/support/Caught.h"
 
@@ -31,6 +31,13 @@ std::vector<std::string> RowsOf(ado::Connection& connection, std::string_view ba
 Error FailureOf(ado::Connection& connection, std::string_view batch) {
   SCOPED_TRACE(batch);
   return Caught([&] { connection.Execute(batch); });
+}
+
+void ExpectFailures(ado::Connection& connection,
+                    const std::vector<std::pair<std::string, std::string>>& batchesAndTexts) {
+  for (const auto& [batch, text] : batchesAndTexts) {
+    EXPECT_THAT(FailureOf(connection, batch).Description(), testing::HasSubstr(text)) << batch.substr(0, 50);
+  }
 }
 
 }  // namespace quorvel::test

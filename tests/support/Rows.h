@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ado/Connection.h"
@@ -21,5 +22,9 @@ namespace quorvel::test {
 
 /// The error of a batch; fails the test when there is none.
 [[nodiscard]] Error FailureOf(ado::Connection& connection, std::string_view batch);
+
+/// Expects of each batch that it fails, with the text in its description.
+void ExpectFailures(ado::Connection& connection,
+                    const std::vector<std::pair<std::string, std::string>>& batchesAndTexts);
 
 }  // namespace quorvel::test

@@ -2,10 +2,8 @@
 
 #include <deque>
 #include <functional>
-#include <optional>
 #include <string>
-
-#include <wx/defs.h>
+#include <utility>
 
 class wxDialog;
 
@@ -26,41 +24,33 @@ class ModalScript {
   ModalScript(const ModalScript&) = delete;
   ModalScript& operator=(const ModalScript&) = delete;
 
-  /// A message box with exactly this text, title and style (as wxMessageDialog takes it; see kAsks and kRefuses). It is
-  /// not shown. `answer` is wxID_YES, wxID_NO or wxID_OK.
-  ModalScript& ExpectMessage(const std::string& text, const std::string& title, long style, int answer);
-  static constexpr long kAsks = wxYES_NO | wxICON_QUESTION;
-  static constexpr long kRefuses = wxOK | wxICON_EXCLAMATION;
-
   /// A window with exactly this title. It is shown, and then `act` runs with the window as a `Dialog`. A window that is
   /// still open afterwards fails the test and is closed.
   template <typename Dialog>
-  ModalScript& ExpectWindow(const std::string& title, std::function<void(Dialog&)> act) {
-    return ExpectWindow(title, Action([act = std::move(act)](wxDialog& window) {
-                          auto* dialog = dynamic_cast<Dialog*>(&window);
-                          if (dialog == nullptr) return FailFor(window, "is of another class");
-                          act(*dialog);
-                        }));
+  void ExpectWindow(const std::string& title, std::function<void(Dialog&)> act) {
+    ExpectWindow(title, Action([act = std::move(act)](wxDialog& window) {
+                   auto* dialog = dynamic_cast<Dialog*>(&window);
+                   if (dialog == nullptr) return FailFor(window, "is of another class");
+                   act(*dialog);
+                 }));
   }
-  ModalScript& ExpectWindow(const std::string& title, Action act);
+  void ExpectWindow(const std::string& title, Action act);
 
-  /// The next window, whatever it is. It is shown: for boxes as the desktop draws them.
-  ModalScript& ExpectShown(Action act);
+  /// The next window, whatever it is: for boxes as the desktop draws them.
+  void ExpectShown(Action act) { m_expectations.push_back({kAnyWindow, std::move(act)}); }
 
   /// Called by the test program's hook for each window. Returns the answer, or wxID_NONE to show the window.
   static int Answer(wxDialog& dialog);
 
  private:
+  static constexpr const char* kAnyWindow = "any window";
   struct Expectation {
     std::string description;
-    /// Returns the answer, wxID_NONE to show the window, or nothing when it is not the expected window.
-    std::function<std::optional<int>(wxDialog&)> answer;
+    Action act;
   };
 
   static void FailFor(wxDialog& dialog, const std::string& what);
   static void Act(wxDialog& dialog, const Action& act);
-  static int ShowAndAct(wxDialog& dialog, const Action& act);
-  ModalScript& Expect(std::string description, std::function<std::optional<int>(wxDialog&)> answer);
 
   std::deque<Expectation> m_expectations;
   ModalScript* m_outer;
