@@ -13,11 +13,10 @@
 #include <vector>
 
 #include "platform/CurrentPrompts.h"
-#include "platform/com/Pointer.h"
-#include "quorvel/quorvel.h"
 #include "tests/fuzz/FreshDatabase.h"
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/GivenValue.h"
+#include "tests/support/HostObjects.h"
 
 namespace quorvel::fuzz {
 namespace {
@@ -44,23 +43,6 @@ class Answers : public Prompts {
 
  private:
   bool m_agrees = false;
-};
-
-std::string_view TakeUntil(char end, std::string_view& text) {
-  const std::string_view taken = text.substr(0, text.find(end));
-  text.remove_prefix(std::min(text.size(), taken.size() + 1));
-  return taken;
-}
-
-/// An EXCEPINFO that frees its texts.
-struct Exception {
-  EXCEPINFO info{};
-  Exception() = default;
-  Exception(const Exception&) = delete;
-  Exception& operator=(const Exception&) = delete;
-  ~Exception() {
-    for (const BSTR text : {info.bstrSource, info.bstrDescription, info.bstrHelpFile}) SysFreeString(text);
-  }
 };
 
 /// The arguments of one call.
@@ -100,9 +82,7 @@ class Host {
  public:
   Host() {
     for (const OLECHAR* name : {OLESTR("Quorvel.RemarkContext"), OLESTR("Quorvel.Remark")}) {
-      void* object = nullptr;
-      Require(QuorvelCreate(name, IID_IUnknown, &object) == S_OK, "an object is made");
-      m_objects.emplace_back(static_cast<IUnknown*>(object));
+      Require(QuorvelCreate(name, IID_IUnknown, test::PutAny(m_objects.emplace_back())) == S_OK, "an object is made");
     }
   }
   Host(const Host&) = delete;
@@ -136,7 +116,7 @@ class Host {
  private:
   void Invoke(IDispatch& object, DISPID member, WORD flags, DISPPARAMS& arguments) {
     com::OwnedVariant result;
-    Exception exception;
+    test::OwnedException exception;
     UINT wrong = 0;
     const bool takesError = (flags & 512U) == 0;
     const HRESULT invoked = object.Invoke(member, IID_NULL, 0x409, static_cast<WORD>(flags & 0xFFU), &arguments,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
@@ -15,6 +16,13 @@ inline void Require(bool holds, const char* rule) {
   if (holds) return;
   std::fprintf(stderr, "Broken rule: %s\n", rule);
   std::abort();
+}
+
+/// The text before the first `end`, which are both taken from the front; all of it where there is none.
+inline std::string_view TakeUntil(char end, std::string_view& text) {
+  const std::string_view taken = text.substr(0, text.find(end));
+  text.remove_prefix(std::min(text.size(), taken.size() + 1));
+  return taken;
 }
 
 }  // namespace quorvel::fuzz

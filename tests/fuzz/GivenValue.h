@@ -38,18 +38,14 @@ class GivenValue {
     Read(line, object);
     const bool isWhole = (m_value.vt & ~VT_BYREF) == VT_DECIMAL || (m_value.vt & ~VT_BYREF) == VT_VARIANT;
     void* const part = &m_value.llVal;
-    if (references == 1) Refer(static_cast<VARTYPE>(VT_BYREF | m_value.vt), isWhole ? &m_value : part);
-    if (references > 1) Refer(VT_BYREF | VT_VARIANT, &m_value);
+    if (references == 1) Refer(m_value.vt, isWhole ? &m_value : part);
+    if (references > 1) Refer(VT_VARIANT, &m_value);
   }
-  GivenValue(const GivenValue&) = delete;
-  GivenValue& operator=(const GivenValue&) = delete;
-  ~GivenValue() { VariantClear(&m_value); }
 
-  [[nodiscard]] const VARIANT& Get() const noexcept { return m_isReference ? m_reference : m_value; }
+  [[nodiscard]] const VARIANT& Get() const noexcept { return m_reference.vt != VT_EMPTY ? m_reference : m_value; }
 
  private:
   void Read(std::string_view line, IUnknown* object) {
-    VariantInit(&m_value);
     const auto type = static_cast<VARTYPE>(TakeNumber(line));
     if (line.starts_with(':')) line.remove_prefix(1);
     if (type == VT_BSTR) {
@@ -79,15 +75,13 @@ class GivenValue {
   }
 
   void Refer(VARTYPE type, void* target) {
-    VariantInit(&m_reference);
-    m_reference.vt = type;
+    m_reference.vt = static_cast<VARTYPE>(VT_BYREF | type);
     m_reference.byref = target;
-    m_isReference = true;
   }
 
-  VARIANT m_value;
-  VARIANT m_reference;
-  bool m_isReference = false;
+  com::OwnedVariant m_owned;
+  VARIANT& m_value = m_owned.Get();
+  VARIANT m_reference{};
 };
 
 }  // namespace quorvel::fuzz

@@ -10,12 +10,6 @@
 namespace quorvel::fuzz {
 namespace {
 
-std::string_view TakeLine(std::string_view& text) {
-  const std::string_view line = text.substr(0, text.find('\n'));
-  text.remove_prefix(line.size() < text.size() ? line.size() + 1 : text.size());
-  return line;
-}
-
 void CheckPair(std::string_view left, std::string_view right) {
   const int order = CompareIgnoringCase(left, right);
   Require(CompareIgnoringCase(right, left) == -order, "the other way round the order is the opposite");
@@ -26,9 +20,9 @@ void CheckPair(std::string_view left, std::string_view right) {
 }  // namespace
 
 void Try(std::string_view input) {
-  const std::string_view first = TakeLine(input);
-  const std::string_view second = TakeLine(input);
-  const std::string_view third = TakeLine(input);
+  const std::string_view first = TakeUntil('\n', input);
+  const std::string_view second = TakeUntil('\n', input);
+  const std::string_view third = TakeUntil('\n', input);
   CheckPair(first, second);
   CheckPair(second, third);
   const bool rises = CompareIgnoringCase(first, second) <= 0 && CompareIgnoringCase(second, third) <= 0;

@@ -1,10 +1,6 @@
 // VARIANTs of every type, a line each, converted to the types that members take. GivenValue describes the form of a
 // line.
 
-#include <algorithm>
-#include <cmath>
-#include <variant>
-
 #include "platform/Error.h"
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/GivenValue.h"
@@ -20,21 +16,10 @@ void CheckConversion(const VARIANT& value, VARTYPE type) {
   Require(target.Get().vt == (result == S_OK ? type : VT_EMPTY), "a target is of the type or empty");
 }
 
-/// A value that has a text is read back from it.
-void CheckText(const Value& value) {
-  const auto* number = std::get_if<double>(&value);
-  if (IsNull(value) || (number != nullptr && !std::isfinite(*number))) return;
-  const std::string text = ToText(value);
-  if (number != nullptr) Require(ToDouble(text) == *number, "a number is read back");
-  if (std::holds_alternative<std::int64_t>(value))
-    Require(ToInt64(text) == std::get<std::int64_t>(value), "same number");
-  if (std::holds_alternative<bool>(value)) Require(ToBoolean(text) == std::get<bool>(value), "a boolean is read back");
-  if (std::holds_alternative<DateTime>(value)) Require(ToDateTime(text) == std::get<DateTime>(value), "same date");
-}
-
 void CheckValue(const VARIANT& value) {
   try {
-    CheckText(com::ToValue(value));
+    const Value read = com::ToValue(value);
+    if (!IsNull(read)) (void)ToText(read);
   } catch (const Error& error) {
     const auto number = error.Number();
     Require(
@@ -47,9 +32,7 @@ void CheckValue(const VARIANT& value) {
 
 void Try(std::string_view input) {
   while (!input.empty()) {
-    const std::string_view line = input.substr(0, input.find('\n'));
-    input.remove_prefix(std::min(input.size(), line.size() + 1));
-    const GivenValue given(line);
+    const GivenValue given(TakeUntil('\n', input));
     CheckValue(given.Get());
     const VARIANT plain = com::Borrow(given.Get());
     for (const VARTYPE type : {VT_BSTR, VT_I4, VT_BOOL, VT_DATE}) CheckConversion(plain, type);

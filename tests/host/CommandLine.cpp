@@ -34,6 +34,11 @@ Outcome RunProgram(const std::vector<std::string>& command, const std::string& i
   return outcome;
 }
 
+Outcome RunShell(const std::string& command, std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), {"sh", "-c", command, QUORVEL_PROGRAM});
+  return RunProgram(arguments);
+}
+
 CommandLine::CommandLine() : m_registry("QUORVEL_REGISTRY", File("settings.reg")), m_locale("LC_ALL", "C") {}
 
 Outcome CommandLine::Quorvel(std::vector<std::string> arguments, const std::string& input) {

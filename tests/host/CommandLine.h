@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -9,15 +10,31 @@
 
 namespace quorvel::test {
 
+using ::testing::_;
+using ::testing::AllOf;
+using ::testing::ContainsRegex;
+using ::testing::Field;
+using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
+using ::testing::Not;
+
 /// The result of a program.
 struct Outcome {
   int status = -1;  ///< exit status; -1 when a signal ended it
   std::string output;
   std::string errors;
+
+  /// For the message of a failed test.
+  friend std::ostream& operator<<(std::ostream& stream, const Outcome& outcome) {
+    return stream << "status " << outcome.status << "\n" << outcome.output << outcome.errors;
+  }
 };
 
 /// Runs a program to its end with `input` on its standard input, without a terminal.
 [[nodiscard]] Outcome RunProgram(const std::vector<std::string>& command, const std::string& input = {});
+
+/// The same by a command of the shell, for which "$0" is the real program and "$@" its arguments.
+[[nodiscard]] Outcome RunShell(const std::string& command, std::vector<std::string> arguments = {});
 
 /// Runs the real program with settings and a database file for this test.
 class CommandLine : public ::testing::Test {
@@ -40,19 +57,23 @@ class CommandLine : public ::testing::Test {
 /// `arguments` followed by the options for customer C1044 in CustMaint as that user.
 [[nodiscard]] std::vector<std::string> OnAcme(std::vector<std::string> arguments, const std::string& user = "jsmith");
 
-MATCHER(Succeeds, "") {
-  *result_listener << "status " << arg.status << "\n" << arg.output << arg.errors;
-  return arg.status == 0 && arg.errors.empty();
-}
+// How a program ends. A text that is printed is matched as a whole.
 
-MATCHER_P(Fails, message, "") {
-  *result_listener << "status " << arg.status << "\n" << arg.output << arg.errors;
-  return arg.status == 1 && arg.errors == "quorvel: error " + std::string(message) + "\n";
-}
+using OutcomeMatcher = ::testing::Matcher<const Outcome&>;
+using TextMatcher = ::testing::Matcher<std::string>;
 
-MATCHER_P(IsWrongUsage, part, "") {
-  *result_listener << "status " << arg.status << "\n" << arg.output << arg.errors;
-  return arg.status == 2 && arg.output.empty() && arg.errors.find(part) != std::string::npos;
+/// Contains each of the texts.
+TextMatcher HasAll(const auto&... texts) { return AllOf(HasSubstr(texts)...); }
+
+inline OutcomeMatcher Ends(int status, const TextMatcher& errors, const TextMatcher& output) {
+  return AllOf(Field("status", &Outcome::status, status), Field("errors", &Outcome::errors, errors),
+               Field("output", &Outcome::output, output));
 }
+inline OutcomeMatcher Succeeds(const TextMatcher& output = _) { return Ends(0, "", output); }
+inline OutcomeMatcher FailsWith(const TextMatcher& errors, const TextMatcher& output = _) {
+  return Ends(1, errors, output);
+}
+inline OutcomeMatcher Fails(const std::string& message) { return FailsWith("quorvel: error " + message + "\n"); }
+inline OutcomeMatcher IsWrongUsage(const std::string& part) { return Ends(2, HasSubstr(part), ""); }
 
 }  // namespace quorvel::test

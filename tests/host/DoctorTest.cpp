@@ -5,18 +5,13 @@
 namespace quorvel::test {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::HasSubstr;
-using ::testing::Not;
-
 TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFault) {
   Initialize(true);
-  const Outcome good = Quorvel({"doctor"});
-  EXPECT_THAT(good, Succeeds());
-  EXPECT_THAT(good.output,
-              AllOf(HasSubstr("ok    connection, "), HasSubstr("ok    table tciMemo\n"),
-                    HasSubstr("ok    procedure spGetNextSurrogateKey (@iTableName, @oNewKey OUTPUT)\n"),
-                    HasSubstr("ok    owner procedure spGetOrderName, entity Order\n"), Not(HasSubstr("FAIL"))));
+  EXPECT_THAT(Quorvel({"doctor"}),
+              Succeeds(AllOf(HasAll("ok    connection, ", "ok    table tciMemo\n",
+                                    "ok    procedure spGetNextSurrogateKey (@iTableName, @oNewKey OUTPUT)\n",
+                                    "ok    owner procedure spGetOrderName, entity Order\n"),
+                             Not(HasSubstr("FAIL")))));
 
   RunSql(
       "DROP TABLE ttwRightAssignment\nGO\nDROP TABLE ttwRemarkContext\nGO\n"
@@ -26,32 +21,26 @@ TEST_F(CommandLine, DoctorPassesAGoodDatabaseAndFindsEveryFault) {
       "UPDATE ttwRemarkEntity SET spGetOwnerName = 'spGone' WHERE RemarkEntityID = 'Order'");
   const std::string addColumn =
       "ALTER TABLE ttwRemarkContext ADD Priority smallint NOT NULL CONSTRAINT DF_ttwRemarkContext_Priority DEFAULT (0)";
-  const Outcome broken = Quorvel({"doctor"});
-  EXPECT_EQ(broken.status, 1);
-  EXPECT_THAT(broken.output,
-              AllOf(HasSubstr("FAIL  table ttwRightAssignment: "),
-                    HasSubstr("FAIL  table ttwRemarkContext: it lacks the column Priority\n"),
-                    HasSubstr("        " + addColumn + "\n"), HasSubstr("FAIL  procedure spTWCqvGetContext "),
-                    HasSubstr("FAIL  procedure spTWCqvGetRemarkTypes (@ContextID): Invalid column name 'rc.Priority'"),
-                    HasSubstr("FAIL  procedure spTWCqvDeleteRemark (@MemoKey): it takes (@Key) and not (@MemoKey)\n"
-                              "      The host has written it, and 'quorvel init' keeps it. Correct it, or put this "
-                              "version's in its place with 'quorvel init --replace spTWCqvDeleteRemark'.\n"),
-                    HasSubstr("FAIL  owner procedure spGone, entity Order: "),
-                    HasSubstr("      Run 'quorvel init' to create what is missing.\n")));
-  EXPECT_THAT(broken.errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 7 of "));
+  EXPECT_THAT(Quorvel({"doctor"}),
+              FailsWith(HasSubstr("quorvel: error -1 at quorvel.doctor: 7 of "),
+                        HasAll("FAIL  table ttwRightAssignment: ",
+                               "FAIL  table ttwRemarkContext: it lacks the column Priority\n",
+                               "        " + addColumn + "\n", "FAIL  procedure spTWCqvGetContext ",
+                               "FAIL  procedure spTWCqvGetRemarkTypes (@ContextID): Invalid column name 'rc.Priority'",
+                               "FAIL  procedure spTWCqvDeleteRemark (@MemoKey): it takes (@Key) and not (@MemoKey)\n"
+                               "      The host has written it, and 'quorvel init' keeps it. Correct it, or put this "
+                               "version's in its place with 'quorvel init --replace spTWCqvDeleteRemark'.\n",
+                               "FAIL  owner procedure spGone, entity Order: ",
+                               "      Run 'quorvel init' to create what is missing.\n")));
   EXPECT_THAT(Quorvel({"manage"}).errors, HasSubstr("quorvel: error -1 at quorvel.manage: Table ttwRightAssignment: "));
 
-  const Outcome incomplete = Quorvel({"init"});
-  EXPECT_EQ(incomplete.status, 1);
-  EXPECT_THAT(incomplete.output, HasSubstr("Schema: not complete\n"));
-  EXPECT_THAT(incomplete.errors,
-              AllOf(HasSubstr("Table ttwRemarkContext lacks the column Priority. "), HasSubstr(addColumn)));
+  EXPECT_THAT(Quorvel({"init"}), FailsWith(HasAll("Table ttwRemarkContext lacks the column Priority. ", addColumn),
+                                           HasSubstr("Schema: not complete\n")));
   RunSql(addColumn);
   EXPECT_THAT(Quorvel({"init"}).output, HasSubstr("Kept: the host's spTWCqvDeleteRemark; "));
   EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 2 of "));
-  const Outcome replaced = Quorvel({"init", "--replace", "sptwcqvdeleteremark"});
-  EXPECT_THAT(replaced, Succeeds());
-  EXPECT_THAT(replaced.output, HasSubstr("Replaced: the host's spTWCqvDeleteRemark\n"));
+  EXPECT_THAT(Quorvel({"init", "--replace", "sptwcqvdeleteremark"}),
+              Succeeds(HasSubstr("Replaced: the host's spTWCqvDeleteRemark\n")));
   EXPECT_THAT(Quorvel({"doctor"}).errors, HasSubstr("quorvel: error -1 at quorvel.doctor: 1 of "));
 }
 
@@ -72,13 +61,11 @@ TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
   const std::string output = Quorvel({"doctor"}).output;
   EXPECT_THAT(output, AllOf(HasSubstr("from a backup; the column BranchID cannot be added to a table with rows."),
                             Not(HasSubstr("ALTER TABLE"))));
-  EXPECT_THAT(
-      output,
-      AllOf(HasSubstr("FAIL  owner procedure spGetOrderName, entity Order: its result lacks OwnerName\n"),
-            HasSubstr("FAIL  owner procedure spGetCustomerName, entity Customer: Invalid object name 'Gone'"),
-            HasSubstr("FAIL  dates of the memos: invalid in MemoKey 9002\n"), HasSubstr("SET DateStamp = GETDATE()"),
-            HasSubstr("FAIL  texts and users of the memos: invalid in MemoKey 9003\n"),
-            HasSubstr("FAIL  keys of the memos: invalid in MemoKey 9000000003\n")));
+  EXPECT_THAT(output, HasAll("FAIL  owner procedure spGetOrderName, entity Order: its result lacks OwnerName\n",
+                             "FAIL  owner procedure spGetCustomerName, entity Customer: Invalid object name 'Gone'",
+                             "FAIL  dates of the memos: invalid in MemoKey 9002\n", "SET DateStamp = GETDATE()",
+                             "FAIL  texts and users of the memos: invalid in MemoKey 9003\n",
+                             "FAIL  keys of the memos: invalid in MemoKey 9000000003\n"));
 }
 
 TEST_F(CommandLine, DoctorAndInitMissAColumnOfTheKeys) {
@@ -97,10 +84,9 @@ TEST_F(CommandLine, DoctorGoesOnAfterATableThatOtherChecksNeed) {
   RunSql(
       "DROP TABLE tciMemo\nGO\nDROP TABLE ttwLayout\nGO\nCREATE TABLE ttwLayout (Version int)\nGO\n"
       "INSERT INTO ttwLayout VALUES (1)");
-  const Outcome broken = Quorvel({"doctor"});
-  EXPECT_THAT(broken.output,
-              AllOf(HasSubstr("FAIL  table tciMemo: "), HasSubstr("lacks the column LayoutVersion"),
-                    HasSubstr("ok    procedure spGetNextSurrogateKey"), Not(HasSubstr("FAIL  writing to the file"))));
+  EXPECT_THAT(Quorvel({"doctor"}).output, AllOf(HasAll("FAIL  table tciMemo: ", "lacks the column LayoutVersion",
+                                                       "ok    procedure spGetNextSurrogateKey"),
+                                                Not(HasSubstr("FAIL  writing to the file"))));
 }
 
 TEST_F(CommandLine, NewerLayoutIsLeftAlone) {
@@ -113,30 +99,26 @@ TEST_F(CommandLine, NewerLayoutIsLeftAlone) {
 }
 
 TEST_F(CommandLine, DoctorSaysWhyItCannotConnect) {
-  const Outcome unset = Quorvel({"doctor"});
-  EXPECT_EQ(unset.status, 1);
-  EXPECT_THAT(unset.output, AllOf(HasSubstr("ok    settings, kept in " + File("settings.reg")),
-                                  HasSubstr("FAIL  server: none is set"), HasSubstr("FAIL  database: none is")));
+  EXPECT_THAT(Quorvel({"doctor"}), FailsWith(_, HasAll("ok    settings, kept in " + File("settings.reg"),
+                                                       "FAIL  server: none is set", "FAIL  database: none is")));
 
   ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("gone.db")}), Succeeds());
-  const Outcome missing = Quorvel({"doctor"});
-  EXPECT_EQ(missing.status, 1);
-  EXPECT_THAT(missing.output, AllOf(HasSubstr("FAIL  connection: "), HasSubstr("gone.db"), HasSubstr("quorvel init")));
+  EXPECT_THAT(Quorvel({"doctor"}), FailsWith(_, HasAll("FAIL  connection: ", "gone.db", "quorvel init")));
 }
 
 TEST_F(CommandLine, DoctorNamesWrongLinesOfTheSettingsAndGoesOnWhereAHostDoes) {
   Initialize(true);
   std::ofstream(File("settings.reg"), std::ios::app) << "\"UserId\"=\"app\"\n";
-  const Outcome doubled = Quorvel({"doctor"});
-  EXPECT_THAT(doubled.output, AllOf(HasSubstr("ok    settings, kept in "), HasSubstr("ok    table tciMemo\n"),
-                                    HasSubstr("FAIL  lines of the settings: Line 8 sets \"UserId\" once more"),
-                                    HasSubstr("\n      Correct each line in that file")));
-  EXPECT_THAT(doubled.errors, HasSubstr(" at quorvel.doctor: 1 of "));
+  EXPECT_THAT(Quorvel({"doctor"}), FailsWith(HasSubstr(" at quorvel.doctor: 1 of "),
+                                             HasAll("ok    settings, kept in ", "ok    table tciMemo\n",
+                                                    "FAIL  lines of the settings: Line 8 sets \"UserId\" once more",
+                                                    "\n      Correct each line in that file")));
 
   std::ofstream(File("settings.reg"), std::ios::app) << "Server=SQL1\n";
   EXPECT_THAT(Quorvel({"doctor"}).output,
-              AllOf(HasSubstr("FAIL  settings, kept in "), HasSubstr("Correct the lines that are named next."),
-                    HasSubstr("Line 9 gives \"Server\" no value"), Not(HasSubstr("QUORVEL_REGISTRY"))));
+              AllOf(HasAll("FAIL  settings, kept in ", "Correct the lines that are named next.",
+                           "Line 9 gives \"Server\" no value"),
+                    Not(HasSubstr("QUORVEL_REGISTRY"))));
 }
 
 }  // namespace

@@ -13,8 +13,6 @@
 namespace quorvel::test {
 namespace {
 
-using ::testing::HasSubstr;
-
 /// Starts a process that stays connected while it adds 200 remarks.
 pid_t StartWriter(int writer) {
   const pid_t process = ::fork();
@@ -42,7 +40,7 @@ TEST_F(CommandLine, EightWritersReadersAndAnInitLoseNoRemark) {
   const auto untilStop = [&](const std::string& arguments) {
     const std::string loop =
         "while [ ! -e " + stop + " ]; do \"$0\" " + arguments + " >/dev/null || exit 1; sleep 0.2; done";
-    return std::async(std::launch::async, [loop] { return RunProgram({"sh", "-c", loop, QUORVEL_PROGRAM}); });
+    return std::async(std::launch::async, [loop] { return RunShell(loop); });
   };
   std::vector<std::future<Outcome>> others;
   for (const char* arguments : {"init --sample", "list --context CustMaint --owner C1020 --user admin", "doctor"}) {
@@ -51,7 +49,7 @@ TEST_F(CommandLine, EightWritersReadersAndAnInitLoseNoRemark) {
   const std::string loop =
       "i=0; while [ $i -lt 200 ]; do i=$((i+1)); \"$0\" add --context CustMaint --owner C1020 --user admin "
       "--type Cust.General --text \"writer 8, remark $i\" || exit 1; done";
-  EXPECT_THAT(RunProgram({"sh", "-c", loop, QUORVEL_PROGRAM}), Succeeds());
+  EXPECT_THAT(RunShell(loop), Succeeds());
   for (const pid_t writer : writers) {
     int status = 0;
     ASSERT_EQ(::waitpid(writer, &status, 0), writer);
@@ -71,7 +69,7 @@ TEST_F(CommandLine, FourInitsAtOnceOnANewFileAllSucceed) {
       "done";
   for (const std::string file : {"one.db", "two.db", "three.db"}) {
     ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File(file.c_str())}), Succeeds());
-    EXPECT_THAT(RunProgram({"sh", "-c", all, QUORVEL_PROGRAM}), Succeeds()) << file;
+    EXPECT_THAT(RunShell(all), Succeeds()) << file;
     EXPECT_THAT(RunSql("SELECT COUNT(*) AS Memos FROM tciMemo"), HasSubstr("\n 2042\n"));
   }
 }

@@ -8,9 +8,6 @@ namespace quorvel::test {
 namespace {
 
 using Json = nlohmann::ordered_json;
-using ::testing::AllOf;
-using ::testing::HasSubstr;
-using ::testing::Not;
 
 class RemarkCommands : public CommandLine {
  protected:
@@ -93,10 +90,8 @@ TEST_F(RemarkCommands, MissingDisplayIsAnErrorUnlessNothingPopsUp) {
                                                                     {OnAcme({"edit", "--window"}), "EditMemos"},
                                                                     {{"manage"}, "ViewManager"}};
   for (const auto& [command, source] : cases) {
-    const Outcome outcome = Quorvel(command);
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.errors,
-                HasSubstr(std::string("quorvel: error -1 at RemarkContext.") + source + ": No window can be opened: "));
+    EXPECT_THAT(Quorvel(command), FailsWith(HasSubstr(std::string("quorvel: error -1 at RemarkContext.") + source +
+                                                      ": No window can be opened: ")));
   }
 }
 
@@ -104,10 +99,8 @@ TEST_F(RemarkCommands, AddChangeAndRemoveReachTheDatabase) {
   EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "cust.ar.coll", "--text", "-"}), "  It's\nlate \r\n"), Succeeds());
   EXPECT_THAT(ListAcme("jsmith")["remarks"][0]["text"], "It's\nlate");
 
-  const Outcome changed =
-      Quorvel(OnAcme({"change", "--index", "1", "--text", "[paid, all]", "--type", "Cust.General"}));
-  EXPECT_THAT(changed, Succeeds());
-  EXPECT_THAT(changed.output, HasSubstr("(General, jsmith):\n  [paid, all]\n"));
+  EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1", "--text", "[paid, all]", "--type", "Cust.General"})),
+              Succeeds(HasSubstr("(General, jsmith):\n  [paid, all]\n")));
   EXPECT_THAT(Stored("[paid, all]"), HasSubstr("Cust.General  jsmith  [paid, all]\n(1 row)"));
 
   const Json before = ListAcme("jsmith");
@@ -124,11 +117,10 @@ TEST_F(RemarkCommands, KeyFindsTheRemarkWhenTheListHasChanged) {
   const std::string added = before["remarks"][0]["key"].dump();
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "1", "--expect", key})),
               Fails("-1 at quorvel.remove: The list has changed: remark 1 has the key " + added + " and not " + key));
-  for (const std::vector<std::string>& wrong :
-       {std::vector<std::string>{"--key", key, "--index", "2"}, {"--key", key, "--expect", key}, {}}) {
-    std::vector<std::string> command = {"remove"};
-    command.insert(command.end(), wrong.begin(), wrong.end());
-    EXPECT_THAT(Quorvel(OnAcme(command)), IsWrongUsage("--index"));
+  for (const std::vector<std::string>& wrong : {std::vector<std::string>{"remove", "--key", key, "--index", "2"},
+                                                {"remove", "--key", key, "--expect", key},
+                                                {"remove"}}) {
+    EXPECT_THAT(Quorvel(OnAcme(wrong)), IsWrongUsage("--index"));
   }
   EXPECT_EQ(ListAcme("jsmith"), before);
 
@@ -140,39 +132,31 @@ TEST_F(RemarkCommands, KeyFindsTheRemarkWhenTheListHasChanged) {
       Fails("-1 at quorvel.remove: There is no remark with the key " + key + ": jsmith may read 6 remarks of C1044"));
 }
 
-/// Runs the program with its standard streams redirected as a shell does it.
-Outcome Redirected(const std::string& streams, std::vector<std::string> arguments) {
-  arguments.insert(arguments.begin(), {"sh", "-c", "exec \"$0\" \"$@\" " + streams, QUORVEL_PROGRAM});
-  return RunProgram(arguments);
-}
-
 // A script that repeats what failed must not add a remark twice.
 TEST_F(RemarkCommands, OutputThatCannotBeWrittenIsAnErrorUnlessTheDatabaseWasChanged) {
   const std::string unwritable = "The standard output cannot be written: ";
+  const std::string run = "exec \"$0\" \"$@\" ";
+  const auto add = [](const std::string& text) { return OnAcme({"add", "--type", "Cust.General", "--text", text}); };
   for (const std::string streams : {">/dev/full", ">&-", "</dev/null >&- 2>&-"}) {
-    const Outcome added = Redirected(streams, OnAcme({"add", "--type", "Cust.General", "--text", "once " + streams}));
+    const Outcome added = RunShell(run + streams, add("once " + streams));
     EXPECT_EQ(added.status, 0) << streams;
     EXPECT_THAT(Stored("once " + streams), HasSubstr("(1 row)"));
-    const Outcome listed = Redirected(streams, OnAcme({"list"}));
+    const Outcome listed = RunShell(run + streams, OnAcme({"list"}));
     EXPECT_EQ(listed.status, 1) << streams;
     if (streams.find("2>") != std::string::npos) continue;
-    EXPECT_THAT(added.errors, AllOf(HasSubstr("quorvel: Added remark "), HasSubstr(unwritable)));
+    EXPECT_THAT(added.errors, HasAll("quorvel: Added remark ", unwritable));
     EXPECT_THAT(listed.errors, HasSubstr(unwritable));
   }
-  EXPECT_EQ(Redirected("2>/dev/full", {"list", "--context", "Nowhere"}).status, 1);
-  EXPECT_EQ(Redirected(">/dev/full", {"--help"}).status, 1);
+  EXPECT_EQ(RunShell(run + "2>/dev/full", {"list", "--context", "Nowhere"}).status, 1);
+  EXPECT_EQ(RunShell(run + ">/dev/full", {"--help"}).status, 1);
   // The program outlives the limit of a file's size, and a reader that ends first.
-  const std::string full =
-      "head -c 900000 /dev/zero >" + File("full") + "; ulimit -f 1600; exec \"$0\" \"$@\" >>" + File("full");
-  std::vector<std::string> adding = OnAcme({"add", "--type", "Cust.General", "--text", "to a full file"});
-  adding.insert(adding.begin(), {"sh", "-c", full, QUORVEL_PROGRAM});
-  const Outcome limited = RunProgram(adding);
+  const std::string full = File("full");
+  const Outcome limited =
+      RunShell("head -c 900000 /dev/zero >" + full + "; ulimit -f 1600; " + run + ">>" + full, add("to a full file"));
   EXPECT_EQ(limited.status, 0);
-  EXPECT_THAT(limited.errors, AllOf(HasSubstr("quorvel: Added remark "), HasSubstr(unwritable)));
-  const std::string pipe = "(sleep 0.1; \"$0\" \"$@\"; echo $? >&2) | true";
-  std::vector<std::string> arguments = OnAcme({"list"});
-  arguments.insert(arguments.begin(), {"sh", "-c", pipe, QUORVEL_PROGRAM});
-  EXPECT_THAT(RunProgram(arguments).errors, AllOf(HasSubstr(unwritable + "Broken pipe"), HasSubstr("\n1\n")));
+  EXPECT_THAT(limited.errors, HasAll("quorvel: Added remark ", unwritable));
+  EXPECT_THAT(RunShell("(sleep 0.1; \"$0\" \"$@\"; echo $? >&2) | true", OnAcme({"list"})).errors,
+              HasAll(unwritable + "Broken pipe", "\n1\n"));
 }
 
 TEST_F(RemarkCommands, RefusedCommandsWriteNothing) {

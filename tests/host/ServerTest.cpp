@@ -10,10 +10,6 @@
 namespace quorvel::test {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::ContainsRegex;
-using ::testing::HasSubstr;
-using ::testing::Not;
 using Part = StandInServer::Part;
 
 Part Message(const char* text) { return {Part::Kind::Message, {"01000", 0, text, 1}, 0, {}, {}}; }
@@ -49,25 +45,20 @@ class OnServer : public CommandLine {
 };
 
 TEST_F(OnServer, InitDoctorRunAddAndList) {
-  const Outcome made = Quorvel({"init", "--sample"});
-  EXPECT_THAT(made, Succeeds());
-  EXPECT_EQ(made.output, "Schema: created\nSample data: created\n");
+  EXPECT_THAT(Quorvel({"init", "--sample"}), Succeeds("Schema: created\nSample data: created\n"));
   EXPECT_EQ(Quorvel({"init", "--sample"}).output, "Schema: up to date\nSample data: up to date\n");
 
   // The stand-in has no HAS_PERMS_BY_NAME; that is no failure.
-  const Outcome checked = Quorvel({"doctor"});
-  EXPECT_THAT(checked, Succeeds());
-  EXPECT_THAT(checked.output,
-              AllOf(HasSubstr("ok    connection, "), HasSubstr("ok    table tciMemo, read by a procedure\n"),
-                    HasSubstr("ok    procedure spGetNextSurrogateKey (@iTableName, @oNewKey OUTPUT)\n"),
-                    HasSubstr("?     permissions of the login: could not be checked: "), Not(HasSubstr("FAIL"))));
+  EXPECT_THAT(Quorvel({"doctor"}),
+              Succeeds(AllOf(HasAll("ok    connection, ", "ok    table tciMemo, read by a procedure\n",
+                                    "ok    procedure spGetNextSurrogateKey (@iTableName, @oNewKey OUTPUT)\n",
+                                    "?     permissions of the login: could not be checked: "),
+                             Not(HasSubstr("FAIL")))));
 
   EXPECT_EQ(RunSql("SELECT CustName FROM Customer WHERE CustID = 'C1043'\nGO\nUPDATE ttwGroup SET Caption = 'x'\n"),
             "CustName\n------------------\nSøndergaard Møbler\n(1 row)\n");
   EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.General", "--text", "Pays in €."})), Succeeds());
-  const Outcome listed = Quorvel(OnAcme({"list"}));
-  EXPECT_THAT(listed, Succeeds());
-  EXPECT_THAT(listed.output, AllOf(HasSubstr("Acme Tools [C1044]"), HasSubstr("Pays in €.")));
+  EXPECT_THAT(Quorvel(OnAcme({"list"})), Succeeds(HasAll("Acme Tools [C1044]", "Pays in €.")));
 }
 
 TEST_F(OnServer, DoctorNamesMissingPermissions) {
@@ -76,15 +67,13 @@ TEST_F(OnServer, DoctorNamesMissingPermissions) {
   Answer(cli::TablePermissions(), 0, Null{});
   Answer(cli::ColumnPermissions(), 3, std::int64_t{0});
   Answer({{"EXECUTE", "spGetCustomerName", ""}, {"EXECUTE", "spGetOrderName", ""}}, 1, std::int64_t{0});
-  const Outcome outcome = Quorvel({"doctor"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_THAT(outcome.output,
-              AllOf(HasSubstr("FAIL  permission EXECUTE, procedures: missing on spTWCqvAddRemark\n"),
-                    HasSubstr("quorvel init --grants"),
-                    HasSubstr("?     permission SELECT, tables: the server gives no answer for ttwUser\n"),
-                    HasSubstr("FAIL  permission UPDATE, columns: missing on ttwUser (IsActive)\n"),
-                    HasSubstr("FAIL  permission EXECUTE, owner procedures: missing on spGetOrderName\n")));
-  EXPECT_THAT(outcome.errors, HasSubstr(" at quorvel.doctor: 3 of "));
+  EXPECT_THAT(
+      Quorvel({"doctor"}),
+      FailsWith(HasSubstr(" at quorvel.doctor: 3 of "),
+                HasAll("FAIL  permission EXECUTE, procedures: missing on spTWCqvAddRemark\n", "quorvel init --grants",
+                       "?     permission SELECT, tables: the server gives no answer for ttwUser\n",
+                       "FAIL  permission UPDATE, columns: missing on ttwUser (IsActive)\n",
+                       "FAIL  permission EXECUTE, owner procedures: missing on spGetOrderName\n")));
 }
 
 // A server shows a login nothing of a procedure that it may not run.
@@ -97,19 +86,18 @@ TEST_F(OnServer, DoctorNamesThePermissionAndNotTheParameters) {
 }
 
 TEST_F(OnServer, GrantsRunTheScriptAndListTheOwnerProcedures) {
+  const Part lookups{Part::Kind::Rows,
+                     {},
+                     0,
+                     {{"OwnerLookups", ado::DataType::VarWChar}},
+                     {{"GRANT EXECUTE ON spGetOrderName TO QuorvelUser"}}};
   for (const ado::Batch& batch : ado::SplitBatches(GrantsScript())) {
-    m_server.AnswerWith(std::string(batch.text), {});
-    if (batch.text.find("OwnerLookups") == std::string_view::npos) continue;
-    m_server.AnswerWith(std::string(batch.text), {{Part::Kind::Rows,
-                                                   {},
-                                                   0,
-                                                   {{"OwnerLookups", ado::DataType::VarWChar}},
-                                                   {{"GRANT EXECUTE ON spGetOrderName TO QuorvelUser"}}}});
+    const bool isLookup = batch.text.find("OwnerLookups") != std::string_view::npos;
+    m_server.AnswerWith(std::string(batch.text), isLookup ? std::vector{lookups} : std::vector<Part>{});
   }
-  const Outcome outcome = Quorvel({"init", "--grants"});
-  EXPECT_THAT(outcome, Succeeds());
-  EXPECT_THAT(outcome.output, AllOf(HasSubstr("GRANT EXECUTE ON spGetOrderName TO QuorvelUser\n(1 row)\n"),
-                                    HasSubstr("ALTER ROLE QuorvelUser ADD MEMBER")));
+  EXPECT_THAT(Quorvel({"init", "--grants"}),
+              Succeeds(HasAll("GRANT EXECUTE ON spGetOrderName TO QuorvelUser\n(1 row)\n",
+                              "ALTER ROLE QuorvelUser ADD MEMBER")));
 }
 
 TEST_F(OnServer, ScriptsShowMessagesAndLocateErrors) {
@@ -122,34 +110,29 @@ TEST_F(OnServer, ScriptsShowMessagesAndLocateErrors) {
   const auto batches = ado::SplitBatches(SchemaScript());
   m_server.AnswerWith(std::string(batches[2].text),
                       {Failure(262, "CREATE TABLE permission denied in database 'Ledger'.", 3)});
-  const Outcome refused = Quorvel({"init"});
-  EXPECT_EQ(refused.status, 1);
-  EXPECT_THAT(refused.errors, AllOf(HasSubstr("Schema, batch 3, "), HasSubstr("CREATE TABLE permission denied"),
-                                    HasSubstr("a member of db_owner")));
+  EXPECT_THAT(Quorvel({"init"}),
+              FailsWith(HasAll("Schema, batch 3, ", "CREATE TABLE permission denied", "a member of db_owner")));
 
   m_server.DropAtRequest(40);
-  EXPECT_THAT(Quorvel({"init"}).errors,
-              AllOf(HasSubstr("Schema, batch 3, "), ContainsRegex("\nSchema, batch [0-9]+, from line "),
-                    HasSubstr("a member of db_owner")));
+  EXPECT_THAT(Quorvel({"init"}).errors, AllOf(HasAll("Schema, batch 3, ", "a member of db_owner"),
+                                              ContainsRegex("\nSchema, batch [0-9]+, from line ")));
 }
 
 TEST_F(OnServer, DoctorReportsALostConnection) {
   ASSERT_THAT(Quorvel({"init", "--sample"}), Succeeds());
   for (const int request : {1, 20, 44}) {
     m_server.DropAtRequest(request);
-    const Outcome outcome = Quorvel({"doctor"});
-    EXPECT_EQ(outcome.status, 1) << request;
-    EXPECT_THAT(outcome.output, AllOf(HasSubstr("FAIL  connection: it was lost: "), Not(HasSubstr("init --grants"))));
+    EXPECT_THAT(Quorvel({"doctor"}),
+                FailsWith(_, AllOf(HasSubstr("FAIL  connection: it was lost: "), Not(HasSubstr("init --grants")))))
+        << request;
   }
 }
 
 TEST_F(OnServer, DoctorReportsARefusedLogin) {
   ASSERT_THAT(Quorvel({"settings", "Password=wrong"}), Succeeds());
-  const Outcome outcome = Quorvel({"doctor"});
-  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(Quorvel({"doctor"}), FailsWith(_, HasAll("FAIL  connection: ", m_server.Address(), "FreeTDS",
+                                                       "server, database, login and password")));
   EXPECT_THAT(Quorvel(OnAcme({"list"})).errors, HasSubstr("error -2147217843 at Quorvel.ODBC: Login failed"));
-  EXPECT_THAT(outcome.output, AllOf(HasSubstr("FAIL  connection: "), HasSubstr(m_server.Address()),
-                                    HasSubstr("FreeTDS"), HasSubstr("server, database, login and password")));
 }
 
 }  // namespace

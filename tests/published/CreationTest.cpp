@@ -54,33 +54,31 @@ TEST_F(Creation, ByClassFactory) {
 }
 
 TEST_F(Creation, ObjectsAndLocksKeepTheLibraryLoaded) {
-  Run([] {
-    EXPECT_EQ(DllCanUnloadNow(), S_OK);
-    Pointer<IClassFactory> factory;
-    ASSERT_EQ(DllGetClassObject(CLSID_RemarkContext, IID_IClassFactory, PutAny(factory)), S_OK);
-    EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
-    EXPECT_EQ(factory->LockServer(1), S_OK);
-    EXPECT_EQ(factory->LockServer(1), S_OK);
-    factory.Reset();
-    EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
-    ASSERT_EQ(DllGetClassObject(CLSID_Remark, IID_IClassFactory, PutAny(factory)), S_OK);
-    EXPECT_EQ(factory->LockServer(0), S_OK);
-    EXPECT_EQ(factory->LockServer(0), S_OK);
-    factory.Reset();
-    EXPECT_EQ(DllCanUnloadNow(), S_OK);
+  EXPECT_EQ(DllCanUnloadNow(), S_OK);
+  Pointer<IClassFactory> factory;
+  ASSERT_EQ(DllGetClassObject(CLSID_RemarkContext, IID_IClassFactory, PutAny(factory)), S_OK);
+  EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
+  EXPECT_EQ(factory->LockServer(1), S_OK);
+  EXPECT_EQ(factory->LockServer(1), S_OK);
+  factory.Reset();
+  EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
+  ASSERT_EQ(DllGetClassObject(CLSID_Remark, IID_IClassFactory, PutAny(factory)), S_OK);
+  EXPECT_EQ(factory->LockServer(0), S_OK);
+  EXPECT_EQ(factory->LockServer(0), S_OK);
+  factory.Reset();
+  EXPECT_EQ(DllCanUnloadNow(), S_OK);
 
-    {
-      const auto remarks = Read(LoadedContext().List().Get(), &_RemarkList::get_NewEnum);
-      EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
-    }
-    // An error object that the host does not take.
-    EXPECT_EQ(Load(NewContext().Get(), u"None"), -1);
-    EXPECT_EQ(DllCanUnloadNow(), S_OK);
+  {
+    const auto remarks = Read(LoadedContext().List().Get(), &_RemarkList::get_NewEnum);
+    EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
+  }
+  // An error object that the host does not take.
+  EXPECT_EQ(Load(NewContext().Get(), u"None"), -1);
+  EXPECT_EQ(DllCanUnloadNow(), S_OK);
 
-    const auto remark = NewRemark();
-    EXPECT_EQ(remark->AddRef(), 2U);
-    EXPECT_EQ(remark->Release(), 1U);
-  });
+  const auto remark = NewRemark();
+  EXPECT_EQ(remark->AddRef(), 2U);
+  EXPECT_EQ(remark->Release(), 1U);
 }
 
 }  // namespace

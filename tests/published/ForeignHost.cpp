@@ -1,9 +1,7 @@
 // A host with an entry point of its own under the name that every COM server has: it still reads the component's
 // errors.
 
-#include <gtest/gtest.h>
-
-#include "tests/support/HostObjects.h"
+#include "tests/support/HostCalls.h"
 
 extern "C" Quorvel::HRESULT DllGetClassObject(Quorvel::REFCLSID /*rclsid*/, Quorvel::REFIID /*riid*/,
                                               void** /*object*/) {
@@ -14,8 +12,7 @@ namespace quorvel::test {
 namespace {
 
 TEST(ForeignHost, ReadsAndReplacesTheErrorOfTheComponent) {
-  Pointer<_Remark> remark;
-  ASSERT_EQ(QuorvelCreate(u"Quorvel.Remark", IID__Remark, PutAny(remark)), S_OK);
+  const auto remark = NewRemark();
   EXPECT_TRUE(FAILED(remark->Commit()));
   Pointer<IErrorInfo> error;
   ASSERT_EQ(GetErrorInfo(0, error.Put()), S_OK);

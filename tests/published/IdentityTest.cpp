@@ -49,66 +49,60 @@ class HostObject final : public IDispatch {
 
 #pragma GCC diagnostic pop
 
-using Identity = HostTest;
+using Identity = LoadedHostTest;
 
 TEST_F(Identity, ObjectIsOnePointerOnEveryPath) {
-  Run([] {
-    const LoadedContext context;
-    const auto list = context.List();
-    EXPECT_EQ(context.List().Get(), list.Get());
-    const auto third = RemarkAt(list.Get(), 3);
-    EXPECT_EQ(RemarkAt(list.Get(), 3).Get(), third.Get());
-    EXPECT_EQ(PositionOf(list.Get(), third.Get()), 3);
-    const auto unknown = Read(list.Get(), &_RemarkList::get_NewEnum);
-    const auto remarks = Query<IEnumVARIANT>(unknown.Get(), IID_IEnumVARIANT);
-    AnyValue enumerated;
-    EXPECT_EQ(remarks->Skip(2), S_OK);
-    EXPECT_EQ(remarks->Next(1, enumerated.Put(), nullptr), S_OK);
-    EXPECT_EQ(enumerated.Get().pdispVal, third.Get());
+  const auto list = m_context.List();
+  EXPECT_EQ(m_context.List().Get(), list.Get());
+  const auto third = RemarkAt(list.Get(), 3);
+  EXPECT_EQ(RemarkAt(list.Get(), 3).Get(), third.Get());
+  EXPECT_EQ(PositionOf(list.Get(), third.Get()), 3);
+  const auto unknown = Read(list.Get(), &_RemarkList::get_NewEnum);
+  const auto remarks = Query<IEnumVARIANT>(unknown.Get(), IID_IEnumVARIANT);
+  AnyValue enumerated;
+  EXPECT_EQ(remarks->Skip(2), S_OK);
+  EXPECT_EQ(remarks->Next(1, enumerated.Put(), nullptr), S_OK);
+  EXPECT_EQ(enumerated.Get().pdispVal, third.Get());
 
-    const auto added = Read(list.Get(), &_RemarkList::Add);
-    EXPECT_EQ(RemarkAt(list.Get(), 8).Get(), added.Get());
-    const auto own = NewRemark();
-    EXPECT_EQ(PositionOf(list.Get(), own.Get()), 0) << "a remark with equal content is a different one";
-    ASSERT_EQ(AddTo(list.Get(), own.Get()), S_OK);
-    EXPECT_EQ(RemarkAt(list.Get(), 9).Get(), own.Get());
-    EXPECT_EQ(PositionOf(list.Get(), own.Get()), 9);
+  const auto added = Read(list.Get(), &_RemarkList::Add);
+  EXPECT_EQ(RemarkAt(list.Get(), 8).Get(), added.Get());
+  const auto own = NewRemark();
+  EXPECT_EQ(PositionOf(list.Get(), own.Get()), 0) << "a remark with equal content is a different one";
+  ASSERT_EQ(AddTo(list.Get(), own.Get()), S_OK);
+  EXPECT_EQ(RemarkAt(list.Get(), 9).Get(), own.Get());
+  EXPECT_EQ(PositionOf(list.Get(), own.Get()), 9);
 
-    AnyValue index(LONG{3});
-    EXPECT_EQ(list->Remove(index.Pointer()), S_OK);
-    EXPECT_EQ(PositionOf(list.Get(), third.Get()), 0);
-    EXPECT_EQ(AddTo(list.Get(), third.Get()), S_OK);
-    EXPECT_EQ(RemarkAt(list.Get(), 9).Get(), third.Get());
+  AnyValue index(LONG{3});
+  EXPECT_EQ(list->Remove(index.Pointer()), S_OK);
+  EXPECT_EQ(PositionOf(list.Get(), third.Get()), 0);
+  EXPECT_EQ(AddTo(list.Get(), third.Get()), S_OK);
+  EXPECT_EQ(RemarkAt(list.Get(), 9).Get(), third.Get());
 
-    const auto type = context.Type(LONG{1});
-    EXPECT_EQ(context.Type(u"CUST.AR.COLL").Get(), type.Get());
-    EXPECT_EQ(Read(RemarkAt(context.List().Get(), 1).Get(), &_Remark::get_RemarkType).Get(), type.Get());
-    EXPECT_EQ(Read(type.Get(), &_RemarkType::get_Context).Get(), context.Get());
+  const auto type = m_context.Type(LONG{1});
+  EXPECT_EQ(m_context.Type(u"CUST.AR.COLL").Get(), type.Get());
+  EXPECT_EQ(Read(RemarkAt(m_context.List().Get(), 1).Get(), &_Remark::get_RemarkType).Get(), type.Get());
+  EXPECT_EQ(Read(type.Get(), &_RemarkType::get_Context).Get(), m_context.Get());
 
-    const LoadedContext other;
-    EXPECT_NE(other.Type(LONG{1}).Get(), type.Get());
-    EXPECT_EQ(type->putref_Context(other.Get()), S_OK);
-    EXPECT_EQ(Read(type.Get(), &_RemarkType::get_Context).Get(), other.Get());
-    EXPECT_EQ(type->putref_Context(context.Get()), S_OK);
-  });
+  const LoadedContext other;
+  EXPECT_NE(other.Type(LONG{1}).Get(), type.Get());
+  EXPECT_EQ(type->putref_Context(other.Get()), S_OK);
+  EXPECT_EQ(Read(type.Get(), &_RemarkType::get_Context).Get(), other.Get());
+  EXPECT_EQ(type->putref_Context(m_context.Get()), S_OK);
 }
 
 TEST_F(Identity, RuntimeObjectsOutliveTheirPublishedObjectAndTheirContext) {
-  Run([] {
-    const LoadedContext context;
-    const auto list = context.List();
-    EXPECT_EQ(RemarkAt(list.Get(), 1)->put_UserID(Text(u"kept").Get()), S_OK);
-    const auto remark = RemarkAt(list.Get(), 1);
-    EXPECT_EQ(Read(remark.Get(), &_Remark::get_UserID), u"kept");
+  const auto list = m_context.List();
+  EXPECT_EQ(RemarkAt(list.Get(), 1)->put_UserID(Text(u"kept").Get()), S_OK);
+  const auto remark = RemarkAt(list.Get(), 1);
+  EXPECT_EQ(Read(remark.Get(), &_Remark::get_UserID), u"kept");
 
-    const auto type = context.Type(LONG{1});
-    EXPECT_EQ(context->Dispose(), S_OK);
-    EXPECT_EQ(Read(remark.Get(), &_Remark::get_UserID), u"kept");
-    EXPECT_EQ(Read(remark.Get(), &_Remark::get_OwnerKey), 0);
-    EXPECT_EQ(Read(type.Get(), &_RemarkType::get_TypeID), u"Cust.AR.Coll");
-    EXPECT_EQ(Read(list.Get(), &_RemarkList::get_Count), 0);
-    EXPECT_EQ(PositionOf(list.Get(), remark.Get()), 0);
-  });
+  const auto type = m_context.Type(LONG{1});
+  EXPECT_EQ(m_context->Dispose(), S_OK);
+  EXPECT_EQ(Read(remark.Get(), &_Remark::get_UserID), u"kept");
+  EXPECT_EQ(Read(remark.Get(), &_Remark::get_OwnerKey), 0);
+  EXPECT_EQ(Read(type.Get(), &_RemarkType::get_TypeID), u"Cust.AR.Coll");
+  EXPECT_EQ(Read(list.Get(), &_RemarkList::get_Count), 0);
+  EXPECT_EQ(PositionOf(list.Get(), remark.Get()), 0);
 }
 
 void ExpectRulesOfQueryInterface(IDispatch* object, REFIID own, REFIID other) {
@@ -134,13 +128,10 @@ void ExpectRulesOfQueryInterface(IDispatch* object, REFIID own, REFIID other) {
 }
 
 TEST_F(Identity, EveryObjectFollowsTheRulesOfQueryInterface) {
-  Run([] {
-    const LoadedContext context;
-    ExpectRulesOfQueryInterface(context.Get(), IID__RemarkContext, IID__RemarkList);
-    ExpectRulesOfQueryInterface(context.List().Get(), IID__RemarkList, IID__Remark);
-    ExpectRulesOfQueryInterface(RemarkAt(context.List().Get(), 1).Get(), IID__Remark, IID__RemarkType);
-    ExpectRulesOfQueryInterface(context.Type(LONG{1}).Get(), IID__RemarkType, IID__RemarkContext);
-  });
+  ExpectRulesOfQueryInterface(m_context.Get(), IID__RemarkContext, IID__RemarkList);
+  ExpectRulesOfQueryInterface(m_context.List().Get(), IID__RemarkList, IID__Remark);
+  ExpectRulesOfQueryInterface(RemarkAt(m_context.List().Get(), 1).Get(), IID__Remark, IID__RemarkType);
+  ExpectRulesOfQueryInterface(m_context.Type(LONG{1}).Get(), IID__RemarkType, IID__RemarkContext);
 }
 
 void ExpectRefused(HRESULT result, REFIID interfaceId, WideView wanted) {
@@ -151,50 +142,43 @@ void ExpectRefused(HRESULT result, REFIID interfaceId, WideView wanted) {
 }
 
 TEST_F(Identity, StrangersAreRefused) {
-  Run([] {
-    const LoadedContext context;
-    const auto list = context.List();
-    const auto type = context.Type(LONG{1});
-    const auto remark = RemarkAt(list.Get(), 1);
-    HostObject foreign(false);
-    HostObject careless(true);
-    // The list is of this component, but of another class than every call here takes.
-    for (IUnknown* stranger : std::vector<IUnknown*>{&foreign, &careless, list.Get()}) {
-      const ULONG references = stranger->AddRef();
-      auto* pointer = reinterpret_cast<_Remark*>(stranger);
-      LONG position = 7;
-      ExpectRefused(list->AddRemark(&pointer), IID__RemarkList, u"Remark");
-      ExpectRefused(list->Index(&pointer, &position), IID__RemarkList, u"Remark");
-      EXPECT_EQ(position, 0);
-      ExpectRefused(remark->putref_RemarkType(reinterpret_cast<_RemarkType*>(stranger)), IID__Remark, u"RemarkType");
-      ExpectRefused(type->putref_Context(reinterpret_cast<_RemarkContext*>(stranger)), IID__RemarkType,
-                    u"RemarkContext");
-      EXPECT_EQ(stranger->Release(), references - 1) << "a refused object keeps no reference";
-    }
-    EXPECT_EQ(Read(list.Get(), &_RemarkList::get_Count), 7);
-    EXPECT_EQ(Read(remark.Get(), &_Remark::get_TypeID), u"Cust.AR.Coll");
-    EXPECT_EQ(Read(type.Get(), &_RemarkType::get_Context).Get(), context.Get());
+  const auto list = m_context.List();
+  const auto type = m_context.Type(LONG{1});
+  const auto remark = RemarkAt(list.Get(), 1);
+  HostObject foreign(false);
+  HostObject careless(true);
+  // The list is of this component, but of another class than every call here takes.
+  for (IUnknown* stranger : std::vector<IUnknown*>{&foreign, &careless, list.Get()}) {
+    const ULONG references = stranger->AddRef();
+    auto* pointer = reinterpret_cast<_Remark*>(stranger);
+    LONG position = 7;
+    ExpectRefused(list->AddRemark(&pointer), IID__RemarkList, u"Remark");
+    ExpectRefused(list->Index(&pointer, &position), IID__RemarkList, u"Remark");
+    EXPECT_EQ(position, 0);
+    ExpectRefused(remark->putref_RemarkType(reinterpret_cast<_RemarkType*>(stranger)), IID__Remark, u"RemarkType");
+    ExpectRefused(type->putref_Context(reinterpret_cast<_RemarkContext*>(stranger)), IID__RemarkType, u"RemarkContext");
+    EXPECT_EQ(stranger->Release(), references - 1) << "a refused object keeps no reference";
+  }
+  EXPECT_EQ(Read(list.Get(), &_RemarkList::get_Count), 7);
+  EXPECT_EQ(Read(remark.Get(), &_Remark::get_TypeID), u"Cust.AR.Coll");
+  EXPECT_EQ(Read(type.Get(), &_RemarkType::get_Context).Get(), m_context.Get());
 
-    EXPECT_EQ(AddTo(list.Get(), nullptr), FromNumber(91));
-    EXPECT_EQ(TakeError().description, u"Object variable or With block variable not set");
-    EXPECT_EQ(PositionOf(list.Get(), nullptr), 0);
-  });
+  EXPECT_EQ(AddTo(list.Get(), nullptr), FromNumber(91));
+  EXPECT_EQ(TakeError().description, u"Object variable or With block variable not set");
+  EXPECT_EQ(PositionOf(list.Get(), nullptr), 0);
 }
 
 TEST_F(Identity, HostObjectGivesAnIndexAndMayReleaseTheListMeanwhile) {
-  Run([] {
-    const LoadedContext context;
-    HostObject second(false, [] { return LONG{2}; });
-    EXPECT_EQ(context.Type(AnyValue(&second)).Get(), context.Type(LONG{2}).Get());
+  HostObject second(false, [] { return LONG{2}; });
+  EXPECT_EQ(m_context.Type(AnyValue(&second)).Get(), m_context.Type(LONG{2}).Get());
 
-    auto list = context.List();
-    HostObject index(false, [&] {
-      list.Reset();
-      context->Dispose();
-      return LONG{1};
-    });
-    EXPECT_EQ(list.Get()->Remove(AnyValue(&index).Pointer()), FromNumber(9)) << "Dispose has emptied the list";
+  auto list = m_context.List();
+  HostObject index(false, [&] {
+    list.Reset();
+    m_context->Dispose();
+    return LONG{1};
   });
+  EXPECT_EQ(list.Get()->Remove(AnyValue(&index).Pointer()), FromNumber(9)) << "Dispose has emptied the list";
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // The arguments of calls by name: named, omitted, too many, and for the default member of a delivered object.
 
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "data/modUserName.h"
@@ -9,83 +11,65 @@
 namespace quorvel::test {
 namespace {
 
-using LateArguments = HostTest;
+using LateArguments = LoadedHostTest;
 
 TEST_F(LateArguments, MayBeNamedAndOmitted) {
-  Run([] {
-    const LoadedContext context;
-    const std::string logon = modUserName::GetUserName();
-    const WideText user(logon.begin(), logon.end());
-    const AnyValue id(u"CustMaint");
-    struct Case {
-      LateCall call;
-      WideView owner;
-      WideView user;
-    };
-    const std::vector<Case> cases{
-        {{u"Load", DISPATCH_METHOD, {id}, {}}, u"", user},
-        {{u"Load", DISPATCH_METHOD, {id, u"C1000", AnyValue::Missing()}, {}}, u"C1000", user},
-        {{u"Load", DISPATCH_METHOD, {id, AnyValue::Missing(), u"admin"}, {}}, u"", u"admin"},
-        {{u"load", DISPATCH_METHOD, {}, {{u"I_SUSERID", u"mjones"}, {u"i_scontextid", id}}}, u"", u"mjones"},
-        {{u"Load", DISPATCH_METHOD, {id}, {{u"i_sUserID", u"jsmith"}, {u"i_sOwnerID", u"C1001"}}}, u"C1001", u"jsmith"},
-    };
-    for (const auto& [call, owner, userID] : cases) {
-      EXPECT_EQ(Call(context.Get(), call).invoked, S_OK);
-      ExpectProperties(context.Get(), {{u"ContextID", u"CustMaint"}, {u"OwnerID", owner}, {u"UserID", userID}});
-    }
-    const auto list = context.List();
-    EXPECT_EQ(CallGet(list.Get(), u"Clear").invoked, S_OK);
-    EXPECT_EQ(CallGet(list.Get(), u"Add").invoked, S_OK) << "Clear keeps the list usable by default";
-  });
+  const std::string logon = modUserName::GetUserName();
+  const WideText user(logon.begin(), logon.end());
+  const AnyValue id(u"CustMaint");
+  const std::vector<std::tuple<LateCall, WideView, WideView>> cases{
+      {{u"Load", DISPATCH_METHOD, {id}, {}}, u"", user},
+      {{u"Load", DISPATCH_METHOD, {id, u"C1000", AnyValue::Missing()}, {}}, u"C1000", user},
+      {{u"Load", DISPATCH_METHOD, {id, AnyValue::Missing(), u"admin"}, {}}, u"", u"admin"},
+      {{u"load", DISPATCH_METHOD, {}, {{u"I_SUSERID", u"mjones"}, {u"i_scontextid", id}}}, u"", u"mjones"},
+      {{u"Load", DISPATCH_METHOD, {id}, {{u"i_sUserID", u"jsmith"}, {u"i_sOwnerID", u"C1001"}}}, u"C1001", u"jsmith"},
+  };
+  for (const auto& [call, owner, userID] : cases) {
+    EXPECT_EQ(Call(m_context.Get(), call).invoked, S_OK);
+    ExpectProperties(m_context.Get(), {{u"ContextID", u"CustMaint"}, {u"OwnerID", owner}, {u"UserID", userID}});
+  }
+  const auto list = m_context.List();
+  EXPECT_EQ(CallGet(list.Get(), u"Clear").invoked, S_OK);
+  EXPECT_EQ(CallGet(list.Get(), u"Add").invoked, S_OK) << "Clear keeps the list usable by default";
 }
 
 TEST_F(LateArguments, WrongNumbersNamesAndTypesAreRefused) {
-  Run([] {
-    const LoadedContext context;
-    struct Case {
-      LateCall call;
-      HRESULT expected;
-    };
-    const std::vector<Case> cases{
-        {{u"Load", DISPATCH_METHOD, {}, {}}, DISP_E_PARAMNOTOPTIONAL},
-        {{u"Load", DISPATCH_METHOD, {AnyValue::Missing()}, {}}, DISP_E_PARAMNOTOPTIONAL},
-        {{u"AddRemark", DISPATCH_METHOD, {1}, {}}, DISP_E_PARAMNOTOPTIONAL},
-        {{u"Load", DISPATCH_METHOD, {u"a", u"b", u"c", u"d"}, {}}, DISP_E_BADPARAMCOUNT},
-        {{u"Dispose", DISPATCH_METHOD, {u"a"}, {}}, DISP_E_BADPARAMCOUNT},
-        {{u"Caption", DISPATCH_PROPERTYGET, {1}, {}}, DISP_E_BADPARAMCOUNT},
-        {{u"OwnerKey", DISPATCH_PROPERTYPUT, {}, {}}, DISP_E_BADPARAMCOUNT},
-        {{u"Load", DISPATCH_METHOD, {u"a"}, {{u"i_sContextID", u"b"}}}, DISP_E_PARAMNOTFOUND},
-        {{u"Caption", DISPATCH_PROPERTYPUT, {u"new"}, {}}, DISP_E_MEMBERNOTFOUND},
-        {{u"Load", DISPATCH_PROPERTYPUT, {u"new"}, {}}, DISP_E_MEMBERNOTFOUND},
-        {{u"Load", DISPATCH_METHOD, {u"a", AnyValue::Null(), u"c"}, {}}, DISP_E_TYPEMISMATCH},
-    };
-    LateOutcome last;
-    for (const auto& [call, expected] : cases) {
-      last = Call(context.Get(), call);
-      EXPECT_EQ(last.invoked, expected) << &call - &cases.front().call;
-    }
-    EXPECT_EQ(last.argumentInError, 1U) << "a position in the reversed array of the caller";
-    ExpectProperties(context.Get(), {{u"ContextID", u"CustMaint"}, {u"TypeCount", 4}});
-  });
+  const std::vector<std::pair<LateCall, HRESULT>> cases{
+      {{u"Load", DISPATCH_METHOD, {}, {}}, DISP_E_PARAMNOTOPTIONAL},
+      {{u"Load", DISPATCH_METHOD, {AnyValue::Missing()}, {}}, DISP_E_PARAMNOTOPTIONAL},
+      {{u"AddRemark", DISPATCH_METHOD, {1}, {}}, DISP_E_PARAMNOTOPTIONAL},
+      {{u"Load", DISPATCH_METHOD, {u"a", u"b", u"c", u"d"}, {}}, DISP_E_BADPARAMCOUNT},
+      {{u"Dispose", DISPATCH_METHOD, {u"a"}, {}}, DISP_E_BADPARAMCOUNT},
+      {{u"Caption", DISPATCH_PROPERTYGET, {1}, {}}, DISP_E_BADPARAMCOUNT},
+      {{u"OwnerKey", DISPATCH_PROPERTYPUT, {}, {}}, DISP_E_BADPARAMCOUNT},
+      {{u"Load", DISPATCH_METHOD, {u"a"}, {{u"i_sContextID", u"b"}}}, DISP_E_PARAMNOTFOUND},
+      {{u"Caption", DISPATCH_PROPERTYPUT, {u"new"}, {}}, DISP_E_MEMBERNOTFOUND},
+      {{u"Load", DISPATCH_PROPERTYPUT, {u"new"}, {}}, DISP_E_MEMBERNOTFOUND},
+      {{u"Load", DISPATCH_METHOD, {u"a", AnyValue::Null(), u"c"}, {}}, DISP_E_TYPEMISMATCH},
+  };
+  LateOutcome last;
+  for (const auto& [call, expected] : cases) {
+    last = Call(m_context.Get(), call);
+    EXPECT_EQ(last.invoked, expected) << testing::PrintToString(WideText(call.name)) << call.arguments.size();
+  }
+  EXPECT_EQ(last.argumentInError, 1U) << "a position in the reversed array of the caller";
+  ExpectProperties(m_context.Get(), {{u"ContextID", u"CustMaint"}, {u"TypeCount", 4}});
 }
 
 TEST_F(LateArguments, OfAPropertyWithoutParametersGoToTheDefaultMember) {
-  Run([] {
-    const LoadedContext context;
-    const auto second = RemarkAt(context.List().Get(), 2);
-    EXPECT_EQ(CallGet(context.Get(), u"RemarkList", {2}).value.Get().pdispVal, second.Get());
-    EXPECT_EQ(CallGet(context.Get(), u"RemarkList", {u"2"}).value.Get().pdispVal, nullptr);
-    EXPECT_EQ(CallGet(second.Get(), u"RemarkType", {1}).invoked, DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(CallGet(context.Get(), u"RemarkList", {1, 2}).invoked, DISP_E_BADPARAMCOUNT);
+  const auto second = RemarkAt(m_context.List().Get(), 2);
+  EXPECT_EQ(CallGet(m_context.Get(), u"RemarkList", {2}).value.Get().pdispVal, second.Get());
+  EXPECT_EQ(CallGet(m_context.Get(), u"RemarkList", {u"2"}).value.Get().pdispVal, nullptr);
+  EXPECT_EQ(CallGet(second.Get(), u"RemarkType", {1}).invoked, DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(CallGet(m_context.Get(), u"RemarkList", {1, 2}).invoked, DISP_E_BADPARAMCOUNT);
 
-    for (const AnyValue& key : {AnyValue(u"CUST.credit"), AnyValue(2), AnyValue(2.0)}) {
-      EXPECT_EQ(CallGet(context.Get(), u"Item", {key}).value.Get().pdispVal, context.Type(2).Get());
-    }
-    EXPECT_EQ(context->Dispose(), S_OK);
-    const LateOutcome none = CallGet(context.Get(), u"RemarkList", {1});
-    EXPECT_EQ(none.invoked, DISP_E_EXCEPTION);
-    EXPECT_EQ(none.result, FromNumber(91));
-  });
+  for (const AnyValue& key : {AnyValue(u"CUST.credit"), AnyValue(2), AnyValue(2.0)}) {
+    EXPECT_EQ(CallGet(m_context.Get(), u"Item", {key}).value.Get().pdispVal, m_context.Type(2).Get());
+  }
+  EXPECT_EQ(m_context->Dispose(), S_OK);
+  const LateOutcome none = CallGet(m_context.Get(), u"RemarkList", {1});
+  EXPECT_EQ(none.invoked, DISP_E_EXCEPTION);
+  EXPECT_EQ(none.result, FromNumber(91));
 }
 
 TEST_F(LateArguments, UnknownNamesAndIdentifiersAreRefused) {

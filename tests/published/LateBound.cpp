@@ -10,19 +10,6 @@ namespace {
 
 WideText Widen(const std::string& text) { return {text.begin(), text.end()}; }
 
-/// An EXCEPINFO that frees its texts.
-struct Exception {
-  EXCEPINFO info{};
-  ~Exception() {
-    SysFreeString(info.bstrSource);
-    SysFreeString(info.bstrDescription);
-    SysFreeString(info.bstrHelpFile);
-  }
-  Exception() = default;
-  Exception(const Exception&) = delete;
-  Exception& operator=(const Exception&) = delete;
-};
-
 WideText Copy(BSTR text) { return {text, SysStringLen(text)}; }
 
 /// The identifiers of the member and then of its named parameters.
@@ -50,7 +37,7 @@ LateOutcome Call(IDispatch* object, const LateCall& call) {
 
   DISPPARAMS arguments{given.data(), ids.data(), static_cast<UINT>(given.size()), static_cast<UINT>(ids.size())};
   LateOutcome outcome;
-  Exception exception;
+  OwnedException exception;
   outcome.invoked = object->Invoke(member, IID_NULL, 0x409, call.flags, &arguments, outcome.value.Put(),
                                    &exception.info, &outcome.argumentInError);
   outcome.result = outcome.invoked == DISP_E_EXCEPTION ? exception.info.scode : outcome.invoked;

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <limits>
+#include <tuple>
 #include <vector>
 
 #include "tests/published/HostTest.h"
@@ -38,12 +39,7 @@ TEST_F(LateConversions, OfEveryTypeToTheTypeOfAProperty) {
   Text number(u"31");
   AnyValue holder(u"in a variable");
   DECIMAL decimal = DecimalOf(75, 1);
-  struct Row {
-    const OLECHAR* property;
-    AnyValue given;
-    AnyValue expected;
-  };
-  const std::vector<Row> rows{
+  const std::vector<std::tuple<const OLECHAR*, AnyValue, AnyValue>> rows{
       {u"MemoKey", Of(VT_I1, static_cast<signed char>(-128)), -128},
       {u"MemoKey", Of(VT_UI1, BYTE{200}), 200},
       {u"MemoKey", Of(VT_I2, SHORT{-7}), -7},
@@ -86,12 +82,7 @@ TEST_F(LateConversions, OfEveryTypeToTheTypeOfAProperty) {
 TEST_F(LateConversions, ImpossibleOnesAreRefused) {
   AnyValue loop = AnyValue::ByReference(VT_VARIANT, nullptr);
   loop.Pointer()->pvarVal = loop.Pointer();
-  struct Row {
-    const OLECHAR* property;
-    AnyValue given;
-    HRESULT expected;
-  };
-  const std::vector<Row> rows{
+  const std::vector<std::tuple<const OLECHAR*, AnyValue, HRESULT>> rows{
       {u"MemoKey", Of(VT_UI4, ULONG{4'000'000'000}), DISP_E_OVERFLOW},
       {u"MemoKey", Of(VT_I8, LONGLONG{5'000'000'000}), DISP_E_OVERFLOW},
       {u"MemoKey", Of(VT_UI8, std::numeric_limits<ULONGLONG>::max()), DISP_E_OVERFLOW},
@@ -116,33 +107,31 @@ TEST_F(LateConversions, ImpossibleOnesAreRefused) {
 }
 
 TEST_F(LateConversions, ToObjects) {
-  Run([] {
-    const LoadedContext context;
-    const auto type = context.Type(2);
-    const auto remark = RemarkAt(context.List().Get(), 1);
-    AnyValue unknown(type.Get());
-    unknown.Pointer()->vt = VT_UNKNOWN;
-    IDispatch* pointer = type.Get();
-    for (const AnyValue& given : {AnyValue(type.Get()), unknown, AnyValue::ByReference(VT_DISPATCH, &pointer),
-                                  AnyValue::ByReference(VT_VARIANT, unknown.Pointer())}) {
-      for (const WORD flags : {DISPATCH_PROPERTYPUTREF, DISPATCH_PROPERTYPUT}) {
-        EXPECT_EQ(remark->putref_RemarkType(nullptr), S_OK);
-        EXPECT_EQ(Call(remark.Get(), {u"RemarkType", flags, {given}, {}}).invoked, S_OK);
-        ExpectProperties(remark.Get(), {{u"RemarkType", type.Get()}});
-      }
+  const LoadedContext context;
+  const auto type = context.Type(2);
+  const auto remark = RemarkAt(context.List().Get(), 1);
+  AnyValue unknown(type.Get());
+  unknown.Pointer()->vt = VT_UNKNOWN;
+  IDispatch* pointer = type.Get();
+  for (const AnyValue& given : {AnyValue(type.Get()), unknown, AnyValue::ByReference(VT_DISPATCH, &pointer),
+                                AnyValue::ByReference(VT_VARIANT, unknown.Pointer())}) {
+    for (const WORD flags : {DISPATCH_PROPERTYPUTREF, DISPATCH_PROPERTYPUT}) {
+      EXPECT_EQ(remark->putref_RemarkType(nullptr), S_OK);
+      EXPECT_EQ(Call(remark.Get(), {u"RemarkType", flags, {given}, {}}).invoked, S_OK);
+      ExpectProperties(remark.Get(), {{u"RemarkType", type.Get()}});
     }
-    for (const AnyValue& wrong : {AnyValue(), AnyValue(1), AnyValue(u"Cust.Credit")}) {
-      EXPECT_EQ(CallPut(remark.Get(), u"RemarkType", wrong).invoked, DISP_E_TYPEMISMATCH);
-    }
-    // An object of another class is refused with a description, as in an early-bound call.
-    EXPECT_EQ(CallPut(remark.Get(), u"RemarkType", AnyValue(context.Get())).invoked, DISP_E_EXCEPTION);
-    ExpectProperties(remark.Get(), {{u"RemarkType", type.Get()}});
-    for (const AnyValue& none : {AnyValue(static_cast<IDispatch*>(nullptr)), AnyValue::Null()}) {
-      EXPECT_EQ(remark->putref_RemarkType(type.Get()), S_OK);
-      EXPECT_EQ(CallPut(remark.Get(), u"RemarkType", none).invoked, S_OK);
-      ExpectProperties(remark.Get(), {{u"TypeID", u""}});
-    }
-  });
+  }
+  for (const AnyValue& wrong : {AnyValue(), AnyValue(1), AnyValue(u"Cust.Credit")}) {
+    EXPECT_EQ(CallPut(remark.Get(), u"RemarkType", wrong).invoked, DISP_E_TYPEMISMATCH);
+  }
+  // An object of another class is refused with a description, as in an early-bound call.
+  EXPECT_EQ(CallPut(remark.Get(), u"RemarkType", AnyValue(context.Get())).invoked, DISP_E_EXCEPTION);
+  ExpectProperties(remark.Get(), {{u"RemarkType", type.Get()}});
+  for (const AnyValue& none : {AnyValue(static_cast<IDispatch*>(nullptr)), AnyValue::Null()}) {
+    EXPECT_EQ(remark->putref_RemarkType(type.Get()), S_OK);
+    EXPECT_EQ(CallPut(remark.Get(), u"RemarkType", none).invoked, S_OK);
+    ExpectProperties(remark.Get(), {{u"TypeID", u""}});
+  }
 }
 
 }  // namespace

@@ -3,28 +3,18 @@
 #include <cstdio>
 #include <thread>
 
-#include "tests/support/HostObjects.h"
+#include "tests/support/HostCalls.h"
 #include "tests/support/TestDatabase.h"
 
 // Twice loads the library named on the command line, uses it on a thread and unloads it. Ends with 0 on success.
 namespace {
 
 using namespace Quorvel;
-using quorvel::test::Text;
+using quorvel::test::Load;
 
 template <typename Function>
 Function* Find(void* library, const char* name) {
   return reinterpret_cast<Function*>(dlsym(library, name));
-}
-
-/// The number of remarks that a context loads; -1 when a call fails.
-LONG Load(_RemarkContext* context) {
-  LONG count = -1;
-  if (SUCCEEDED(context->Load(Text(u"CustMaint").Get(), Text(u"C1044").Get(), Text(u"admin").Get()))) {
-    context->get_MemoCount(&count);
-  }
-  context->Dispose();
-  return count;
 }
 
 const char* Use(void* library) {
@@ -35,7 +25,9 @@ const char* Use(void* library) {
   if (FAILED(create(u"Quorvel.RemarkContext", IID__RemarkContext, reinterpret_cast<void**>(&context)))) {
     return "no context was created";
   }
-  const LONG count = Load(context);
+  LONG count = -1;
+  if (SUCCEEDED(Load(context, u"CustMaint", u"C1044", u"admin"))) context->get_MemoCount(&count);
+  context->Dispose();
   if (canUnload() != S_FALSE) return "it would unload under an object";
   context->Release();
   if (count != 7) return "the context did not load the sample's remarks";

@@ -134,14 +134,11 @@ TEST_F(RegistrationTest, UserWithoutRightsRegistersForHimself) {
   m_user.failure = Outcome::Denied;
   EXPECT_EQ(Outcome::Denied, Register(m_machine, m_user, kFile64));
   EXPECT_EQ(m_before, m_user.content);
-}
 
-TEST_F(RegistrationTest, RegistrationForTheMachineRemovesTheUsers) {
-  m_machine.failure = Outcome::Denied;
   m_machine.failingWrite = 0;
   ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, {R"(C:\Own\Quorvel.dll)", true}));
   ASSERT_EQ(Outcome::Done, Register(m_machine, m_user, kFile64));
-  EXPECT_EQ(m_before, m_user.content);
+  EXPECT_EQ(m_before, m_user.content) << "a registration for the machine removes the user's";
 }
 
 TEST_F(RegistrationTest, FailureOfTheEventSourceIsIgnored) {

@@ -1,6 +1,7 @@
 #include <barrier>
 #include <memory>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "tests/published/HostTest.h"
@@ -40,14 +41,14 @@ TEST_F(Threads, ObjectsMayBeReleasedOnAnotherThreadAfterTheirOwnHasEnded) {
   Pointer<_RemarkList> list;
   Pointer<_Remark> remark;
   Pointer<IUnknown> remarks;
-  Run([&] {
+  std::thread([&] {
     context = NewContext();
     ASSERT_EQ(Load(context.Get(), u"CustMaint", u"C1044", u"admin"), S_OK);
     list = Read(context.Get(), &_RemarkContext::get_RemarkList);
     remarks = Read(list.Get(), &_RemarkList::get_NewEnum);
     remark = RemarkAt(list.Get(), 1);
     EXPECT_EQ(Load(NewContext().Get(), u"None"), -1) << "this error object ends with its thread";
-  });
+  }).join();
   EXPECT_EQ(DllCanUnloadNow(), S_FALSE);
   EXPECT_EQ(Read(remark.Get(), &_Remark::get_UserID), u"jsmith");
   EXPECT_EQ(context->Dispose(), S_OK);
@@ -55,31 +56,27 @@ TEST_F(Threads, ObjectsMayBeReleasedOnAnotherThreadAfterTheirOwnHasEnded) {
 
 /// A thread-local object that is made before the component's is destroyed after it.
 struct SavesAtThreadEnd {
-  struct Outcome {
-    HRESULT saved = S_OK;
-    WideText description;
-  };
   Pointer<_RemarkContext> context;
-  std::shared_ptr<Outcome> outcome;
+  std::shared_ptr<std::pair<HRESULT, WideText>> outcome;
   ~SavesAtThreadEnd() {
     if (outcome == nullptr) return;
-    outcome->saved = context->Save(VARIANT_TRUE);
-    outcome->description = TakeError().description;
+    outcome->first = context->Save(VARIANT_TRUE);
+    outcome->second = TakeError().description;
     context->Dispose();
   }
 };
 
 TEST_F(Threads, SavingAfterTheThreadClosedItsConnectionIsAnError) {
-  const auto outcome = std::make_shared<SavesAtThreadEnd::Outcome>();
-  Run([&] {
+  const auto outcome = std::make_shared<std::pair<HRESULT, WideText>>();
+  std::thread([&] {
     thread_local SavesAtThreadEnd late;
     late.context = NewContext();
     ASSERT_EQ(Load(late.context.Get(), u"CustMaint", u"C1044", u"admin"), S_OK);
     ASSERT_EQ(AddTo(late.context.Get(), u"Cust.General", u"too late"), S_OK);
     late.outcome = outcome;
-  });
-  EXPECT_EQ(outcome->saved, -1);
-  EXPECT_THAT(outcome->description, BeginsWith(u"The thread is ending"));
+  }).join();
+  EXPECT_EQ(outcome->first, -1);
+  EXPECT_THAT(outcome->second, HasText(u"The thread is ending"));
 }
 
 }  // namespace

@@ -104,6 +104,17 @@ class AnyValue {
   VARIANT m_value;
 };
 
+/// An EXCEPINFO that frees its texts.
+struct OwnedException {
+  EXCEPINFO info{};
+  OwnedException() = default;
+  OwnedException(const OwnedException&) = delete;
+  OwnedException& operator=(const OwnedException&) = delete;
+  ~OwnedException() {
+    for (const BSTR text : {info.bstrSource, info.bstrDescription, info.bstrHelpFile}) SysFreeString(text);
+  }
+};
+
 /// The content of the thread's error object, which TakeError removes.
 struct TakenError {
   bool isThere = false;

@@ -61,17 +61,18 @@ TEST(ComponentWindows, ManagerIsNewAtEachCallAndNeedsALoopToStayOpen) {
   EXPECT_THAT(Caught([&] { library.windows->ViewManager(1); }), HasNumber(91));
 }
 
+PromptAnswer AskToSave(Prompts& asked) {
+  return asked.ShowMessage("Save?", "Remarks", PromptButtons::YesNo, PromptIcon::Question);
+}
+
 TEST(ComponentWindows, QuestionsOfOtherThreadsAreAskedOnTheTerminal) {
   const WindowLibrary library = ComponentWindows::Start();
   const Terminal terminal("y\n");
   HostPrompts prompts(library.prompts, terminal.Prompts());
   HostPrompts withoutTerminal(library.prompts, TerminalPrompts(-1, -1));
   std::thread([&] {
-    const auto save = [](Prompts& asked) {
-      return asked.ShowMessage("Save?", "Remarks", PromptButtons::YesNo, PromptIcon::Question);
-    };
-    EXPECT_EQ(save(prompts), PromptAnswer::Yes);
-    EXPECT_THAT(Caught([&] { save(withoutTerminal); }).Description(),
+    EXPECT_EQ(AskToSave(prompts), PromptAnswer::Yes);
+    EXPECT_THAT(Caught([&] { AskToSave(withoutTerminal); }).Description(),
                 testing::AllOf(testing::HasSubstr("Save?"), testing::HasSubstr("thread")));
   }).join();
 }
@@ -81,8 +82,7 @@ TEST(ComponentWindows, QuestionThatWasShownIsNotAskedAgainOnTheTerminal) {
   boxes->meanwhile = [] { throw Error(-1, "host", "the handler of a timer"); };
   const Terminal terminal("y\n");
   HostPrompts prompts(boxes, terminal.Prompts());
-  EXPECT_THAT(Caught([&] { prompts.ShowMessage("Save?", "Remarks", PromptButtons::YesNo, PromptIcon::Question); }),
-              IsError(-1, "host", "the handler of a timer"));
+  EXPECT_THAT(Caught([&] { AskToSave(prompts); }), IsError(-1, "host", "the handler of a timer"));
 }
 
 }  // namespace

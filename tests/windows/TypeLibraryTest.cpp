@@ -6,15 +6,17 @@
 #include <gtest/gtest.h>
 #include <quorvel/quorvel.h>
 
+#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <stdexcept>
+#include <string>
 
 #include "platform/com/Pointer.h"
 #include "platform/com/Text.h"
+#include "platform/windows/WideText.h"
 #include "runtime/published/PublishedClasses.h"
 #include "runtime/published/RegistryEntries.h"
-#include "tests/windows/TestFile.h"
 
 namespace quorvel::test {
 namespace {
@@ -64,12 +66,21 @@ TypeInfo ImplementedBy(ITypeInfo& info, INT index = 0) {
 
 std::string IdentifierOf(ITypeInfo& info) { return com::TextOf(AttributesOf(info)->guid); }
 
+/// A variable that ctest sets for a test; empty when it is not set.
+std::string Setting(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
 /// The file says which sizes it uses; offsets in a table are always those of the reader.
 bool ForX86() { return Setting("QUORVEL_TEST_SYSTEM") == "x86"; }
 
 class TypeLibraryTest : public testing::Test {
  protected:
-  void SetUp() override { ASSERT_EQ(S_OK, ::LoadTypeLibEx(LibraryFile().c_str(), REGKIND_NONE, m_library.Put())); }
+  void SetUp() override {
+    const std::wstring file = os::ToWide(Setting("QUORVEL_TEST_LIBRARY")).value();
+    ASSERT_EQ(S_OK, ::LoadTypeLibEx(file.c_str(), REGKIND_NONE, m_library.Put()));
+  }
 
   TypeInfo Find(REFGUID id) {
     TypeInfo info;

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <thread>
 
-#include "tests/support/HostObjects.h"
+#include "tests/support/HostCalls.h"
 
 namespace quorvel::test {
 namespace {
@@ -39,23 +39,6 @@ void RunInOtherApartment(Work work) {
   ::CloseHandle(ended);
 }
 
-HRESULT Load(_RemarkContext* context, WideView contextID) {
-  return context->Load(Text(contextID).Get(), Text(L"C1044").Get(), Text(L"admin").Get());
-}
-
-Pointer<_RemarkContext> LoadedContext() {
-  Pointer<_RemarkContext> context;
-  EXPECT_EQ(QuorvelCreate(L"Quorvel.RemarkContext", IID__RemarkContext, PutAny(context)), S_OK);
-  EXPECT_EQ(Load(context.Get(), L"CustMaint"), S_OK);
-  return context;
-}
-
-Pointer<_RemarkList> ListOf(_RemarkContext* context) {
-  Pointer<_RemarkList> list;
-  EXPECT_EQ(context->get_RemarkList(list.Put()), S_OK);
-  return list;
-}
-
 HRESULT CanUnloadNow() {
   using CanUnload = HRESULT STDMETHODCALLTYPE();
   const auto address = reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"Quorvel.dll"), "DllCanUnloadNow"));
@@ -73,7 +56,7 @@ GUID IdentifierOf(ITypeInfo& info) {
 
 TEST(EarlyBound, ObjectsReturnTheirInterfaceAndTheirClass) {
   const Apartment apartment;
-  const auto context = LoadedContext();
+  const LoadedContext context;
   Pointer<ITypeInfo> info;
   ASSERT_EQ(context->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.Put()), S_OK);
   EXPECT_EQ(IdentifierOf(*info.Get()), IID__RemarkContext);
@@ -83,46 +66,41 @@ TEST(EarlyBound, ObjectsReturnTheirInterfaceAndTheirClass) {
   ASSERT_EQ(provider->GetClassInfo(info.Put()), S_OK);
   EXPECT_EQ(IdentifierOf(*info.Get()), CLSID_RemarkContext);
   EXPECT_EQ(Query<IUnknown>(provider.Get(), IID_IUnknown).Get(), Query<IUnknown>(context.Get(), IID_IUnknown).Get());
-  EXPECT_EQ(context->Dispose(), S_OK);
 }
 
 /// The library runs code at the end of each thread that used it, so it must survive the system's attempt to unload it.
 TEST(EarlyBound, LibraryMayUnloadAfterTheLastObjectAndWorksAfterwards) {
   const Apartment apartment;
-  auto context = LoadedContext();
-  EXPECT_EQ(CanUnloadNow(), S_FALSE);
-  auto list = ListOf(context.Get());
+  Pointer<_RemarkList> list;
   Pointer<ITypeInfo> info;
-  ASSERT_EQ(context->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.Put()), S_OK);
-  EXPECT_EQ(context->Dispose(), S_OK);
-  context.Reset();
+  {
+    const LoadedContext context;
+    list = context.List();
+    ASSERT_EQ(context->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.Put()), S_OK);
+  }
   EXPECT_EQ(CanUnloadNow(), S_FALSE) << "the list still exists";
   list.Reset();
   EXPECT_EQ(CanUnloadNow(), S_OK) << "type information belongs to the system";
   for (int attempt = 0; attempt < 3; ++attempt) ::CoFreeUnusedLibrariesEx(0, 0);
-  RunInOtherApartment([] { EXPECT_EQ(LoadedContext()->Dispose(), S_OK); });
+  RunInOtherApartment([] { const LoadedContext context; });
 }
 
 /// Another apartment receives a proxy, which the system makes from the registered type library.
 TEST(EarlyBound, ObjectWorksThroughAProxyInAnotherApartment) {
   const Apartment apartment;
-  const auto context = LoadedContext();
+  const LoadedContext context;
   Pointer<IStream> stream;
   ASSERT_EQ(::CoMarshalInterThreadInterfaceInStream(IID__RemarkContext, context.Get(), stream.Put()), S_OK);
   RunInOtherApartment([&] {
     Pointer<_RemarkContext> proxy;
     ASSERT_EQ(::CoGetInterfaceAndReleaseStream(stream.Release(), IID__RemarkContext, PutAny(proxy)), S_OK);
     EXPECT_NE(proxy.Get(), context.Get());
-    Text name;
-    EXPECT_EQ(proxy->get_OwnerName(name.Put()), S_OK);
-    EXPECT_EQ(name.View(), L"Acme Tools");
+    EXPECT_EQ(Read(proxy.Get(), &_RemarkContext::get_OwnerName), L"Acme Tools");
     Pointer<_RemarkType> type;
     ASSERT_EQ(proxy->get_Item(AnyValue(L"cust.credit").Pointer(), type.Put()), S_OK);
-    EXPECT_EQ(type->get_Caption(name.Put()), S_OK);
-    EXPECT_EQ(name.View(), L"Credit");
-    const auto list = ListOf(proxy.Get());
-    Pointer<_Remark> remark;
-    ASSERT_EQ(list->get_Item(AnyValue(LONG{7}).Pointer(), remark.Put()), S_OK);
+    EXPECT_EQ(Read(type.Get(), &_RemarkType::get_Caption), L"Credit");
+    const auto list = Read(proxy.Get(), &_RemarkContext::get_RemarkList);
+    auto remark = RemarkAt(list.Get(), 7);
     // The proxy releases a pointer that is passed in and out, and returns one that the caller must release.
     _Remark* passed = remark.Release();
     LONG position = 0;
@@ -131,12 +109,10 @@ TEST(EarlyBound, ObjectWorksThroughAProxyInAnotherApartment) {
     EXPECT_EQ(position, 7);
     EXPECT_EQ(Load(proxy.Get(), L"Nowhere"), -1);
     // An object of this apartment is foreign to the other one.
-    Pointer<_Remark> own;
-    ASSERT_EQ(QuorvelCreate(L"Quorvel.Remark", IID__Remark, PutAny(own)), S_OK);
+    auto own = NewRemark();
     passed = own.Release();
     EXPECT_EQ(list->AddRemark(&passed), static_cast<HRESULT>(0x800A000DU));
     own.Reset(passed);
-    EXPECT_EQ(proxy->Dispose(), S_OK);
   });
 }
 
@@ -171,8 +147,7 @@ BOOL CALLBACK FindManager(HWND window, LPARAM found) {
 /// After the test that unloads the library: windows keep it loaded.
 TEST(EarlyBound, ModelessWindowTakesKeysFromTheLoopOfTheHost) {
   const Apartment apartment;
-  Pointer<_RemarkContext> context;
-  ASSERT_EQ(QuorvelCreate(L"Quorvel.RemarkContext", IID__RemarkContext, PutAny(context)), S_OK);
+  const auto context = NewContext();
   ASSERT_EQ(context->ViewManager(0), S_OK);
   HWND manager = nullptr;
   ::EnumThreadWindows(::GetCurrentThreadId(), FindManager, reinterpret_cast<LPARAM>(&manager));

@@ -1,8 +1,16 @@
+// The texts and dates of properties, from a host to a remark and back.
+
+#include <cmath>
+#include <limits>
+#include <utility>
+#include <vector>
+
 #include "tests/published/HostTest.h"
 
 namespace quorvel::test {
 namespace {
 
+using Dates = HostTest;
 using Texts = HostTest;
 
 /// A text after a write and a read.
@@ -63,11 +71,41 @@ TEST_F(Texts, NullIsTheEmptyTextAndIsNeverDelivered) {
 }
 
 TEST_F(Texts, BytesThatAreNotUtf8ArriveAsReplacementCharacters) {
-  Run([this] {
-    m_database.Run("UPDATE tciMemo SET MemoText = 'a\xFF\x62\xC3' WHERE MemoKey = 7");
-    const LoadedContext context;
-    EXPECT_EQ(Read(RemarkAt(context.List().Get(), 1).Get(), &_Remark::get_MemoText), u"a\uFFFDb\uFFFD");
-  });
+  m_database.Run("UPDATE tciMemo SET MemoText = 'a\xFF\x62\xC3' WHERE MemoKey = 7");
+  const LoadedContext context;
+  EXPECT_EQ(Read(RemarkAt(context.List().Get(), 1).Get(), &_Remark::get_MemoText), u"a\uFFFDb\uFFFD");
+}
+
+TEST_F(Dates, AreKeptToTheMillisecond) {
+  constexpr double kMillisecond = 1 / 86'400'000.0;
+  for (const auto& [given, expected] :
+       std::vector<std::pair<DATE, DATE>>{{0, 0},
+                                          {-0.0, 0},
+                                          {45362.5625, 45362.5625},
+                                          {-1.75, -1.75},
+                                          {45362.999 + kMillisecond, 45362.999 + kMillisecond},
+                                          // Between -1 and 0 the time of day counts forwards on day 0.
+                                          {-0.25, 0.25},
+                                          // The first moment of the year 100 and the last day of 9999.
+                                          {-657434, -657434},
+                                          {-657434.99, -657434.99},
+                                          {2958465.99998, 2958465.99998}}) {
+    const auto remark = NewRemark();
+    EXPECT_EQ(remark->put_DateStamp(given), S_OK) << given;
+    EXPECT_NEAR(Read(remark.Get(), &_Remark::get_DateStamp), expected, kMillisecond / 2) << given;
+  }
+}
+
+TEST_F(Dates, OutOfRangeAreRefusedAndChangeNothing) {
+  const auto remark = NewRemark();
+  EXPECT_EQ(remark->put_DateStamp(45000), S_OK);
+  for (const DATE date : {std::nan(""), -std::numeric_limits<double>::infinity(), -657435.0, 2958466.0, 1e300,
+                          // This rounds to the first millisecond of the year 10000.
+                          std::nextafter(2958466.0, 0.0)}) {
+    EXPECT_EQ(remark->put_DateStamp(date), FromNumber(6)) << date;
+    EXPECT_EQ(TakeError().description, u"Overflow");
+    EXPECT_EQ(Read(remark.Get(), &_Remark::get_DateStamp), 45000);
+  }
 }
 
 }  // namespace

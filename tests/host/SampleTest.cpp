@@ -1,10 +1,14 @@
+// The business data that the sample reads, and its rule for changes that are not saved.
+
 #include <clocale>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "host/sample/BusinessData.h"
+#include "host/sample/EditUntilSettled.h"
 #include "tests/host/CommandLine.h"
 
 namespace sample {
@@ -63,6 +67,56 @@ TEST_F(SampleData, ReportsWhatIsMissing) {
   std::filesystem::remove(File("test.db-wal"));
   std::filesystem::create_directory(File("test.db-wal"));  // as where SQLite may not make its second file
   EXPECT_THAT([&] { (void)ReadFrom(File("test.db")); }, refuses("\n\nThis user must be able to write the file"));
+}
+
+/// Remarks of a place, with a database that refuses the first writes.
+struct StandIn {
+  bool placeSaves = true;
+  int refusals = 0;
+  bool isUnsaved = false;
+  bool opens = true;
+  std::vector<std::string> calls{};
+
+  void Edit() {
+    calls.emplace_back("edit");
+    if (!opens) throw ComponentError{-1, "Quorvel", "No window can be opened"};
+    isUnsaved = true;
+    if (placeSaves) Write();
+  }
+  void Save() {
+    calls.emplace_back("save");
+    Write();
+  }
+  void Write() {
+    if (refusals-- > 0) throw ComponentError{-2147217871, "Quorvel.Embedded", "Timeout expired"};
+    isUnsaved = false;
+  }
+  [[nodiscard]] bool IsUnsaved() const { return isUnsaved; }
+  [[nodiscard]] bool IsLeftToSave() const { return !placeSaves; }
+};
+
+/// Edits, answers the questions in turn, and returns what was done; a question is "failed?" or "save?".
+std::vector<std::string> Edit(StandIn remarks, std::vector<UnsavedAnswer> answers) {
+  EditUntilSettled(remarks, [&](const ComponentError* failure) {
+    remarks.calls.emplace_back(failure != nullptr ? "failed?" : "save?");
+    const UnsavedAnswer answer = answers.at(0);
+    answers.erase(answers.begin());
+    return answer;
+  });
+  EXPECT_TRUE(answers.empty());
+  return remarks.calls;
+}
+
+TEST(SampleEdit, LosesNoChangeUnasked) {
+  using Calls = std::vector<std::string>;
+  using enum UnsavedAnswer;
+  EXPECT_EQ(Edit({}, {}), Calls{"edit"});
+  EXPECT_EQ(Edit({.placeSaves = false}, {Save}), (Calls{"edit", "save?", "save"}));
+  EXPECT_EQ(Edit({.placeSaves = false}, {OpenAgain, ThrowAway}), (Calls{"edit", "save?", "edit", "save?"}));
+  EXPECT_EQ(Edit({.refusals = 2}, {Save, Save}), (Calls{"edit", "failed?", "save", "failed?", "save"}));
+  EXPECT_EQ(Edit({.placeSaves = false, .refusals = 1}, {Save, OpenAgain, Save}),
+            (Calls{"edit", "save?", "save", "failed?", "edit", "save?", "save"}));
+  EXPECT_THROW(Edit({.opens = false}, {}), ComponentError);  // nothing is at stake, so nothing is asked
 }
 
 }  // namespace
