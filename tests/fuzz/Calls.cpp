@@ -58,9 +58,8 @@ class Given {
   /// The identifiers of the member and of the named arguments; those that are not found are DISPID_UNKNOWN.
   [[nodiscard]] std::vector<DISPID> Find(IDispatch& object, std::string_view member) const {
     std::u16string wanted(member.begin(), member.end());
-    std::vector<std::u16string> copies = m_names;
     std::vector<LPOLESTR> names{wanted.data()};
-    for (std::u16string& name : copies) names.push_back(name.data());
+    for (const std::u16string& name : m_names) names.push_back(const_cast<LPOLESTR>(name.c_str()));
     std::vector<DISPID> ids(names.size(), DISPID_UNKNOWN);
     (void)object.GetIDsOfNames(IID_NULL, names.data(), static_cast<UINT>(names.size()), 0x409, ids.data());
     return ids;

@@ -58,14 +58,14 @@ TEST_F(CommandLine, DoctorReadsAsTheComponentDoes) {
       "SELECT 9002, 'Cust.General', 501, 45, '2026-99-99 00:00:00.000', 'admin', 'bad' UNION ALL "
       "SELECT 9003, 'Cust.General', 501, 45, GETDATE(), 'admin', NULL UNION ALL "
       "SELECT 9000000003, 'Cust.General', 501, 45, GETDATE(), 'admin', 'beyond'");
-  const std::string output = Quorvel({"doctor"}).output;
-  EXPECT_THAT(output, AllOf(HasSubstr("from a backup; the column BranchID cannot be added to a table with rows."),
-                            Not(HasSubstr("ALTER TABLE"))));
-  EXPECT_THAT(output, HasAll("FAIL  owner procedure spGetOrderName, entity Order: its result lacks OwnerName\n",
-                             "FAIL  owner procedure spGetCustomerName, entity Customer: Invalid object name 'Gone'",
-                             "FAIL  dates of the memos: invalid in MemoKey 9002\n", "SET DateStamp = GETDATE()",
-                             "FAIL  texts and users of the memos: invalid in MemoKey 9003\n",
-                             "FAIL  keys of the memos: invalid in MemoKey 9000000003\n"));
+  EXPECT_THAT(Quorvel({"doctor"}).output,
+              AllOf(HasAll("from a backup; the column BranchID cannot be added to a table with rows.",
+                           "FAIL  owner procedure spGetOrderName, entity Order: its result lacks OwnerName\n",
+                           "FAIL  owner procedure spGetCustomerName, entity Customer: Invalid object name 'Gone'",
+                           "FAIL  dates of the memos: invalid in MemoKey 9002\n", "SET DateStamp = GETDATE()",
+                           "FAIL  texts and users of the memos: invalid in MemoKey 9003\n",
+                           "FAIL  keys of the memos: invalid in MemoKey 9000000003\n"),
+                    Not(HasSubstr("ALTER TABLE"))));
 }
 
 TEST_F(CommandLine, DoctorAndInitMissAColumnOfTheKeys) {

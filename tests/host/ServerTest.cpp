@@ -61,7 +61,7 @@ TEST_F(OnServer, InitDoctorRunAddAndList) {
   EXPECT_THAT(Quorvel(OnAcme({"list"})), Succeeds(HasAll("Acme Tools [C1044]", "Pays in €.")));
 }
 
-TEST_F(OnServer, DoctorNamesMissingPermissions) {
+TEST_F(OnServer, DoctorNamesMissingPermissionsAndNotParametersInstead) {
   ASSERT_THAT(Quorvel({"init", "--sample"}), Succeeds());
   Answer(cli::ProcedurePermissions(), 4, std::int64_t{0});
   Answer(cli::TablePermissions(), 0, Null{});
@@ -74,11 +74,8 @@ TEST_F(OnServer, DoctorNamesMissingPermissions) {
                        "?     permission SELECT, tables: the server gives no answer for ttwUser\n",
                        "FAIL  permission UPDATE, columns: missing on ttwUser (IsActive)\n",
                        "FAIL  permission EXECUTE, owner procedures: missing on spGetOrderName\n")));
-}
 
-// A server shows a login nothing of a procedure that it may not run.
-TEST_F(OnServer, DoctorNamesThePermissionAndNotTheParameters) {
-  ASSERT_THAT(Quorvel({"init"}), Succeeds());
+  // A server shows a login nothing of a procedure that it may not run.
   RunSql("ALTER PROCEDURE spTWCAddUser AS SELECT 1 AS Nothing");
   Answer({{"EXECUTE", "spTWCAddUser", ""}}, 0, std::int64_t{0});
   EXPECT_THAT(Quorvel({"doctor"}).output,
@@ -118,7 +115,7 @@ TEST_F(OnServer, ScriptsShowMessagesAndLocateErrors) {
                                               ContainsRegex("\nSchema, batch [0-9]+, from line ")));
 }
 
-TEST_F(OnServer, DoctorReportsALostConnection) {
+TEST_F(OnServer, DoctorReportsALostConnectionAndARefusedLogin) {
   ASSERT_THAT(Quorvel({"init", "--sample"}), Succeeds());
   for (const int request : {1, 20, 44}) {
     m_server.DropAtRequest(request);
@@ -126,9 +123,7 @@ TEST_F(OnServer, DoctorReportsALostConnection) {
                 FailsWith(_, AllOf(HasSubstr("FAIL  connection: it was lost: "), Not(HasSubstr("init --grants")))))
         << request;
   }
-}
 
-TEST_F(OnServer, DoctorReportsARefusedLogin) {
   ASSERT_THAT(Quorvel({"settings", "Password=wrong"}), Succeeds());
   EXPECT_THAT(Quorvel({"doctor"}), FailsWith(_, HasAll("FAIL  connection: ", m_server.Address(), "FreeTDS",
                                                        "server, database, login and password")));

@@ -9,8 +9,6 @@
 
 namespace quorvel::test {
 
-inline constexpr GUID IID_Other{0x9A3CB1C5, 0x1C4E, 0x4B7A, {0x9D, 0x0B, 0x51, 0x4E, 0x66, 0x2F, 0x7A, 0x21}};
-
 MATCHER_P(HasText, part, "contains " + testing::PrintToString(part)) {
   return WideView(arg).find(part) != WideView::npos;
 }

@@ -116,7 +116,7 @@ void ExpectRulesOfQueryInterface(IDispatch* object, REFIID own, REFIID other) {
     }
     EXPECT_EQ(Query<IUnknown>(part.Get(), IID_IUnknown).Get(), unknown.Get());
   }
-  for (const IID& none : {other, IID_Other, IID_NULL, IID_IClassFactory, IID_IEnumVARIANT}) {
+  for (const IID& none : {other, LIBID_Quorvel, IID_NULL, IID_IClassFactory, IID_IEnumVARIANT}) {
     void* found = &found;
     EXPECT_EQ(object->QueryInterface(none, &found), E_NOINTERFACE);
     EXPECT_EQ(found, nullptr);

@@ -73,22 +73,21 @@ TEST_F(LateArguments, OfAPropertyWithoutParametersGoToTheDefaultMember) {
 }
 
 TEST_F(LateArguments, UnknownNamesAndIdentifiersAreRefused) {
-  const auto context = NewContext();
   for (const auto* name : {u"", u"Capt", u"Captions", u"get_Caption", u"QueryInterface", u"Count", u"Caption "}) {
     auto* pointer = const_cast<LPOLESTR>(name);
     DISPID id = 5;
-    EXPECT_EQ(context->GetIDsOfNames(IID_NULL, &pointer, 1, 0, &id), DISP_E_UNKNOWNNAME)
+    EXPECT_EQ(m_context->GetIDsOfNames(IID_NULL, &pointer, 1, 0, &id), DISP_E_UNKNOWNNAME)
         << testing::PrintToString(name);
     EXPECT_EQ(id, DISPID_UNKNOWN);
   }
   const LPOLESTR names[] = {const_cast<LPOLESTR>(u"Load"), const_cast<LPOLESTR>(u"i_sOwner"),
                             const_cast<LPOLESTR>(u"i_sUserID")};
   DISPID ids[] = {9, 9, 9};
-  EXPECT_EQ(context->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names), 3, 0, ids), DISP_E_UNKNOWNNAME);
+  EXPECT_EQ(m_context->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names), 3, 0, ids), DISP_E_UNKNOWNNAME);
   EXPECT_THAT(ids, testing::ElementsAre(29, DISPID_UNKNOWN, 2));
   for (const DISPID id : {DISPID_UNKNOWN, DISPID{2}, DISPID{38}, DISPID_PROPERTYPUT}) {
     DISPPARAMS none{};
-    EXPECT_EQ(context->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
+    EXPECT_EQ(m_context->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
               DISP_E_MEMBERNOTFOUND);
   }
 }
