@@ -5,6 +5,7 @@
 
 #include <limits>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "grid/GridRows.h"
@@ -34,20 +35,19 @@ TableSource Remarks() {
                       {Value(), Whole(5)},
                       {Text("GENERAL"), Whole(6)}});
 }
+std::vector<std::int32_t> Sorted(const TableSource& source, const std::vector<SortKey>& keys) {
+  GridRows rows;
+  rows.Arrange(source, std::nullopt, keys);
+  return Lines(rows);
+}
+
 constexpr SortKey kByType{1, true};
 const std::vector<SortKey> kNewestFirst = {{2, false}};
 
 TEST(GridRows, SortIsStable) {
-  const TableSource source = Remarks();
-  GridRows rows;
-  rows.Arrange(source, std::nullopt, {});
-  EXPECT_THAT(Lines(rows), ElementsAre(1, 2, 3, 4, 5, 6));
-  rows.Arrange(source, std::nullopt, kNewestFirst);
-  EXPECT_THAT(Lines(rows), ElementsAre(3, 6, 5, 1, 2, 4));
-  rows.Arrange(source, std::nullopt, {{1, true}, {2, true}});
-  EXPECT_THAT(Lines(rows), ElementsAre(5, 2, 4, 1, 6, 3));
-  EXPECT_EQ(rows.LineOf(6), 5);
-  EXPECT_EQ(rows.HeadingOf(6), 0);
+  EXPECT_THAT(Sorted(Remarks(), {}), ElementsAre(1, 2, 3, 4, 5, 6));
+  EXPECT_THAT(Sorted(Remarks(), kNewestFirst), ElementsAre(3, 6, 5, 1, 2, 4));
+  EXPECT_THAT(Sorted(Remarks(), {{1, true}, {2, true}}), ElementsAre(5, 2, 4, 1, 6, 3));
 }
 
 TEST(GridRows, GroupsAreCountedAndStayClosed) {
@@ -93,9 +93,7 @@ TEST(GridRows, LongTextsAreOrderedByTheirEnds) {
   }();
   const TableSource source(
       {{same + "b"}, {same + "A"}, {same}, {std::string(64, 'X')}, {accents + "2"}, {accents + "1"}});
-  GridRows rows;
-  rows.Arrange(source, std::nullopt, {{1, true}});
-  EXPECT_THAT(Lines(rows), ElementsAre(4, 3, 2, 1, 6, 5));
+  EXPECT_THAT(Sorted(source, {{1, true}}), ElementsAre(4, 3, 2, 1, 6, 5));
 }
 
 TEST(GridRows, ValuesOfAllKindsHaveOneOrder) {
@@ -107,14 +105,12 @@ TEST(GridRows, ValuesOfAllKindsHaveOneOrder) {
   cells.reserve(ascending.size());
   for (std::size_t i = 0; i < ascending.size(); ++i) cells.push_back({ascending[i * 7 % ascending.size()]});
   const TableSource source(cells);
-  GridRows rows;
-  rows.Arrange(source, std::nullopt, {{1, true}});
   std::vector<Value> sorted;
-  for (const std::int32_t row : Lines(rows)) sorted.push_back(source.At(row, 1));
+  for (const std::int32_t row : Sorted(source, {{1, true}})) sorted.push_back(source.At(row, 1));
   EXPECT_EQ(sorted, ascending);
 
-  rows.Arrange(TableSource({{Whole(5)}, {Value()}, {Whole(-7)}}), std::nullopt, {{1, true}});
-  EXPECT_THAT(Lines(rows), ElementsAre(2, 3, 1)) << "null comes before every number";
+  EXPECT_THAT(Sorted(TableSource({{Whole(5)}, {Value()}, {Whole(-7)}}), {{1, true}}), ElementsAre(2, 3, 1))
+      << "null comes before every number";
 }
 
 TEST(GridContent, FlagsTellOneZeroAndNullApart) {
@@ -127,20 +123,17 @@ TEST(GridContent, FlagsTellOneZeroAndNullApart) {
   content.SetSource(&source);
   content.SortBy({{2, true}});
   content.Arrange();
-  struct Case {
-    bool isChecked;
-    const char *shown, *copied, *spoken;
-  };
+  using Case = std::tuple<bool, const char*, const char*, const char*>;
   std::int32_t line = 0;
-  for (const Case& each :
+  for (const auto& [isChecked, shown, copied, spoken] :
        {Case{false, "", "\tnone", "Can read not set, none"}, Case{false, "", "0\tzero", "Can read not checked, zero"},
         Case{true, "", "0.5\thalf", "Can read checked, half"}, Case{true, "", "1\tone", "Can read checked, one"},
         Case{false, "maybe", "maybe\todd", "maybe, odd"}}) {
     ++line;
-    EXPECT_EQ(content.Cell(line, 0).isChecked, each.isChecked) << each.spoken;
-    EXPECT_EQ(content.Cell(line, 0).text, each.shown) << each.spoken;
-    EXPECT_EQ(content.CopiedLine(line), each.copied);
-    EXPECT_EQ(content.SpokenLine(line), each.spoken);
+    EXPECT_EQ(content.Cell(line, 0).isChecked, isChecked) << spoken;
+    EXPECT_EQ(content.Cell(line, 0).text, shown) << spoken;
+    EXPECT_EQ(content.CopiedLine(line), copied);
+    EXPECT_EQ(content.SpokenLine(line), spoken);
   }
 }
 
@@ -155,18 +148,13 @@ TEST(RowSearch, GoesRoundInTheOrderOfTheGrid) {
   content.GroupBy(kByType);
   content.Arrange();
   content.SetOpen(4, false);  // lines: Billing, row 2, row 4, General with rows 1 and 3
-  struct Case {
-    std::int32_t line;
-    const char* text;
-    SearchFrom from;
-    std::int32_t found;
-  };
+  using Case = std::tuple<std::int32_t, const char*, SearchFrom, std::int32_t>;
   using enum SearchFrom;
-  for (const Case& each :
+  for (const auto& [line, text, from, found] :
        {Case{0, "ALPHA", Here, 1}, Case{2, "a", Here, 2}, Case{2, "a", Next, 4}, Case{3, "a", Next, 1},
         Case{2, "a", Previous, 3}, Case{1, "a", Here, 2}, Case{4, "a", Here, 1}, Case{4, "a", Previous, 4},
         Case{2, "beta", Next, 2}, Case{2, "STRAßE", Next, 1}, Case{2, "general", Here, 0}, Case{2, "", Here, 0}}) {
-    EXPECT_EQ(FindRow(content, each.line, each.text, each.from), each.found) << each.line << each.text;
+    EXPECT_EQ(FindRow(content, line, text, from), found) << line << text;
   }
 }
 

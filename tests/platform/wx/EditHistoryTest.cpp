@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace quorvel::ui {
@@ -72,13 +73,9 @@ TEST_F(EditHistoryTest, AReplacedSelectionIsOneStepAndClearsWhatWasTakenBack) {
 }
 
 TEST(DifferenceTest, TheInsertionPointTellsWhereAnActionTookPlace) {
-  struct Case {
-    const wchar_t* before;
-    const wchar_t* after;
-    std::size_t caret;
-    const wchar_t* changes;  ///< as + or -, offset, text
-  };
-  for (const Case& each : {
+  using Case = std::tuple<const wchar_t*, const wchar_t*, std::size_t, const wchar_t*>;
+  // The changes are written as + or -, offset, text.
+  for (const auto& [before, after, caret, expected] : {
            Case{L"", L"a", 1, L"+0a"},
            Case{L"hello", L"helllo", 3, L"+2l"},
            Case{L"hello", L"helo", 2, L"-2l"},
@@ -90,10 +87,10 @@ TEST(DifferenceTest, TheInsertionPointTellsWhereAnActionTookPlace) {
            Case{L"gone", L"", 9, L"-0gone"},
        }) {
     std::wstring changes;
-    for (const TextChange& change : Difference(each.before, each.after, each.caret)) {
+    for (const TextChange& change : Difference(before, after, caret)) {
       changes += (change.isInsertion ? L"+" : L"-") + std::to_wstring(change.offset) + change.text;
     }
-    EXPECT_EQ(changes, each.changes) << each.before << " -> " << each.after;
+    EXPECT_EQ(changes, expected) << before << " -> " << after;
   }
 }
 
