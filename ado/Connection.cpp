@@ -40,6 +40,8 @@ void Connection::Open(std::string_view userId, std::string_view password, int /*
   m_isLost = false;
 }
 
+bool Connection::IsFile() const noexcept { return m_source == SourceOfEngine(kEmbeddedDataSource); }
+
 void Connection::SetCommandTimeout(std::chrono::seconds timeout) {
   if (IsOpen()) Guard([&] { m_session->SetCommandTimeout(timeout); });
   m_commandTimeout = timeout;
@@ -71,7 +73,12 @@ Result Connection::Call(std::string_view procedure, std::span<Parameter> paramet
 
 std::vector<Outcome> Connection::CallTogether(std::span<const ReadingCall> calls) {
   Session& session = OpenedSession();
-  return Guard([&] { return session.CallTogether(calls); });
+  std::vector<Outcome> outcomes = Guard([&] { return session.CallTogether(calls); });
+  for (const Outcome& outcome : outcomes) {
+    const auto* failure = std::get_if<DriverError>(&outcome);
+    m_isLost = m_isLost || (failure != nullptr && std::ranges::any_of(failure->Records(), EndsConnection));
+  }
+  return outcomes;
 }
 
 std::shared_ptr<Recordset> Connection::Take(Outcome outcome) {

@@ -50,6 +50,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// 08xxx), or the database was read-only when it was opened and refused a write.
   [[nodiscard]] bool IsLost() const noexcept { return m_isLost; }
 
+  /// Whether the database is a file of the embedded engine. Known after Open.
+  [[nodiscard]] bool IsFile() const noexcept;
+
   /// Runs a batch and returns its first result set; a closed recordset when it had none.
   std::shared_ptr<Recordset> Execute(std::string_view batch, int options = kUnspecified);
 

@@ -30,14 +30,14 @@ constexpr std::size_t kMostPairs = 6;
 struct State {
   std::shared_ptr<ado::Connection> connection;
   bool isLost = false;  ///< there was a connection, and the next call opens another
-  std::uint32_t lostConnections = 0;
+  std::uint32_t lostFiles = 0;
   bool keepsParameters = false;  ///< a KeptParameters lives
   std::chrono::seconds connectionTimeout = 3600s;
   DBConnect settings;
 };
 
 void LetGo(State& state) {
-  if (state.connection) ++state.lostConnections;
+  if (state.connection && state.connection->IsFile()) ++state.lostFiles;
   state.connection = nullptr;
   state.isLost = true;
 }
@@ -174,7 +174,7 @@ void SetConnectionTimeout(std::chrono::seconds timeout) { PerThread<State>().con
 
 const std::shared_ptr<ado::Connection>& SharedConnection() { return PerThread<State>().connection; }
 
-std::uint32_t LostConnections() { return PerThread<State>().lostConnections; }
+std::uint32_t LostFiles() { return PerThread<State>().lostFiles; }
 
 DBConnect& Settings() { return PerThread<State>().settings; }
 
@@ -228,14 +228,15 @@ std::shared_ptr<ado::Recordset> DeclaredCalls::Next() {
   if (m_next == 0) SendTogether();
   const std::size_t number = m_next++;
   if (number >= m_outcomes.size()) {
-    return ExecDeclaredSP(m_calls.at(number).procedure, std::move(m_calls[number].parameters));
+    ado::ReadingCall& call = m_calls.at(number);
+    return ExecDeclaredSP(call.procedure, std::move(call.parameters));
   }
-  const auto dropped = DropLostConnection();
   return m_connection->Take(std::move(m_outcomes[number]));
 }
 
 void DeclaredCalls::SendTogether() {
   const modWaitCursor::BusyPointer busy;
+  const auto dropped = DropLostConnection();
   m_connection = UsableConnection();
   if (m_connection) m_outcomes = m_connection->CallTogether(m_calls);
 }

@@ -39,8 +39,9 @@ void SetConnectionTimeout(std::chrono::seconds timeout);
 /// The thread's shared connection; null before the first EnsureConnection and after a loss.
 [[nodiscard]] const std::shared_ptr<ado::Connection>& SharedConnection();
 
-/// How many connections this thread has lost or replaced. Another file may have the database's name since the last one.
-[[nodiscard]] std::uint32_t LostConnections();
+/// How many connections to a file of the embedded engine this thread has lost or replaced. Each time an older copy may
+/// have taken the place of the file.
+[[nodiscard]] std::uint32_t LostFiles();
 
 /// The thread's connection settings, made on demand.
 [[nodiscard]] DBConnect& Settings();
@@ -80,7 +81,7 @@ class KeptParameters {
 std::shared_ptr<ado::Recordset> ExecDeclaredSP(std::string_view procName, std::vector<ado::Parameter> parameters);
 
 /// Calls of ExecDeclaredSP that do not need each other's answers. A server gets them in one request where its driver
-/// can do that, and the host sees no difference: what goes wrong in a call is raised when its result is asked for.
+/// can do that. What goes wrong in a call is raised when its result is asked for. One command timeout holds for all.
 class DeclaredCalls {
  public:
   /// Adds a call before the first Next.
@@ -93,7 +94,7 @@ class DeclaredCalls {
 
   std::vector<ado::ReadingCall> m_calls;
   std::size_t m_next = 0;
-  std::shared_ptr<ado::Connection> m_connection;  ///< has answered
+  std::shared_ptr<ado::Connection> m_connection;  ///< that has sent them together
   std::vector<ado::Outcome> m_outcomes;           ///< of the first calls
 };
 

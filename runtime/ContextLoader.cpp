@@ -33,7 +33,10 @@ ado::Parameter Integer(const char* name, ado::DataType type, std::int32_t number
 }
 
 /// A host's identifier columns may be of fixed width.
-std::string_view Trimmed(std::string_view id) { return id.ends_with(' ') ? TrimBlanks(id) : id; }
+std::string_view Trimmed(std::string_view id) {
+  const bool hasBlanks = id.starts_with(' ') || id.ends_with(' ');
+  return hasBlanks ? TrimBlanks(id) : id;
+}
 
 /// Error 94 for NULL.
 std::string TextOf(const ado::Field& field) {

@@ -69,10 +69,14 @@ class Remark : public Publishable {
 
   /// Deletes the row; does nothing with key 0, after a refused insert and after another Delete: another memo may have
   /// the key. After an insert or Delete that got no answer the row is deleted only when it is found among the owner's
-  /// as it was sent. The same holds when the thread has lost its connection since the memo was read or written, because
-  /// the database may be another one. After such a Delete or loss, a memo with other values is error -1, once: another
-  /// user may have changed it. The fields stay as they are; the next Commit inserts the remark under another key.
+  /// as it was sent. After such a Delete, a memo with other values is error -1, once: another user may have changed it.
+  /// When the embedded engine has lost its file since the memo was read or written, the row is deleted only when the
+  /// owner has it with the known values; else error -1, once. The fields stay as they are; the next Commit inserts the
+  /// remark under another key.
   void Delete();
+
+  /// After `written` was written: its memo has the key, so a memo of this remark with that key is gone.
+  void LoseKeyTo(const Remark& written) noexcept { m_memo.LoseKeyTo(written.m_memo); }
 
   /// Whether both objects are remarks of one stored memo. The key alone does not say it: after a refused insert, for
   /// example, another memo may have it.

@@ -168,6 +168,11 @@ void RemarkList::Save() {
     if (!remark->Dirty()) continue;
     static_cast<void>(RequiredOwner(origin, "RemarkList.Save"));
     remark->CommitFor(origin);
+    // An older copy of the database gives keys again that it does not have yet.
+    if (modDatabase::LostFiles() == 0) continue;
+    for (const auto& other : items) {
+      if (other != remark) other->LoseKeyTo(*remark);
+    }
   }
   const Collection deleted = m_deleted ? *m_deleted : Collection{};
   for (const auto& remark : deleted) remark->Delete();

@@ -25,7 +25,7 @@ void StoredMemo::SetKey(std::int32_t key) noexcept {
 void StoredMemo::SetStored(const MemoOwner& owner) {
   m_owner = owner;
   m_digest = 0;
-  m_lostConnections = static_cast<std::uint16_t>(modDatabase::LostConnections());
+  m_lostFiles = static_cast<std::uint16_t>(modDatabase::LostFiles());
   m_state = State::Stored;
 }
 
@@ -96,8 +96,9 @@ bool StoredMemo::HasLostItsKey(const std::string& contextID, const Error& error)
 // The procedure asks for no owner: it deletes any memo with the key.
 void StoredMemo::Delete(const std::string& contextID) {
   if (NeedsKey()) return;
-  if (m_state == State::Stored && HasLostItsConnection() && !contextID.empty()) m_state = State::DeleteOpen;
-  const bool mayBeDeleted = m_state == State::DeleteOpen;
+  const bool mayBeOther = m_state == State::Stored && HasLostItsFile() && !contextID.empty();
+  if (mayBeOther && Find(contextID) != FoundMemo::Same) m_state = State::Gone;
+  const bool mayBeDeleted = mayBeOther || m_state == State::DeleteOpen;
   LookAgain(contextID);
   if (mayBeDeleted && m_state == State::Gone) {
     throw Error(ErrorNumber::Component, "Remark.Delete",
@@ -107,9 +108,7 @@ void StoredMemo::Delete(const std::string& contextID) {
   m_state = State::Gone;
 }
 
-bool StoredMemo::HasLostItsConnection() const {
-  return m_lostConnections != static_cast<std::uint16_t>(modDatabase::LostConnections());
-}
+bool StoredMemo::HasLostItsFile() const { return m_lostFiles != static_cast<std::uint16_t>(modDatabase::LostFiles()); }
 
 void StoredMemo::SendDelete() {
   try {

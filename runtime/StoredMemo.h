@@ -50,6 +50,11 @@ class StoredMemo {
   /// Deletes the memo as Remark::Delete says. Its digest must be set.
   void Delete(const std::string& contextID);
 
+  /// After the memo `written` was written under its key: no other memo has the key.
+  void LoseKeyTo(const StoredMemo& written) noexcept {
+    if (m_key == written.m_key && m_state == State::Stored) m_state = State::Gone;
+  }
+
   /// For the memo of a copy that replaces its original again: takes the key and the state that the original has
   /// meanwhile. Returns whether the database may lack the copy's values, because its memo may have been deleted since.
   [[nodiscard]] bool Follow(const StoredMemo& original) noexcept;
@@ -75,12 +80,12 @@ class StoredMemo {
   void SendDelete();
 
   /// Whether the database may be another one than that of the memo: an older copy in its place, for example.
-  [[nodiscard]] bool HasLostItsConnection() const;
+  [[nodiscard]] bool HasLostItsFile() const;
 
   std::optional<MemoOwner> m_owner;  ///< or that of the list that a new remark is in; empty when not known
   std::int32_t m_key = 0;
   std::uint32_t m_digest = 0;
-  std::uint16_t m_lostConnections = 0;  ///< of the thread, when the memo was read or written
+  std::uint16_t m_lostFiles = 0;  ///< LostFiles when the memo was read or written
   State m_state = State::Unknown;
 };
 

@@ -65,7 +65,7 @@ void DriverConnection::Connect(const ConnectOptions& options) {
           static_cast<SQLSMALLINT>(text.size()), static_cast<SQLWCHAR*>(nullptr), SQLSMALLINT{0},
           static_cast<SQLSMALLINT*>(nullptr), SQLUSMALLINT{SQL_DRIVER_NOPROMPT});
   m_readsAnyColumn = (FlagsInfo(SQL_GETDATA_EXTENSIONS) & SQL_GD_ANY_COLUMN) != 0;
-  m_sendsCallsTogether = (FlagsInfo(SQL_BATCH_SUPPORT) & SQL_BS_SELECT_PROC) != 0;
+  m_sendsCallsTogether = (OptionalFlagsInfo(SQL_BATCH_SUPPORT) & SQL_BS_SELECT_PROC) != 0;
 }
 
 SQLUINTEGER DriverConnection::FlagsInfo(SQLUSMALLINT item) const {
@@ -73,6 +73,16 @@ SQLUINTEGER DriverConnection::FlagsInfo(SQLUSMALLINT item) const {
   Require(api::GetInfo, SQL_HANDLE_DBC, Get(), item, static_cast<SQLPOINTER>(&flags), SQLSMALLINT{sizeof flags},
           static_cast<SQLSMALLINT*>(nullptr));
   return flags;
+}
+
+SQLUINTEGER DriverConnection::OptionalFlagsInfo(SQLUSMALLINT item) const {
+  try {
+    return FlagsInfo(item);
+  } catch (const DriverError& failure) {
+    // A driver that does not know the item gives a record; a failure without one is a real failure.
+    if (IsMadeUp(failure.Records().front())) throw;
+    return 0;
+  }
 }
 
 bool DriverConnection::IsDead() const {

@@ -33,6 +33,8 @@ class DriverConnection {
   void Connect(const ConnectOptions& options);
   /// A set of flags of SQLGetInfo.
   [[nodiscard]] SQLUINTEGER FlagsInfo(SQLUSMALLINT item) const;
+  /// The same; none when the driver does not know the item.
+  [[nodiscard]] SQLUINTEGER OptionalFlagsInfo(SQLUSMALLINT item) const;
 
   EnvironmentHandle m_environment;
   ConnectionHandle m_connection;

@@ -28,6 +28,14 @@ bool IsDenied(const Outcome& outcome) {
   return failure != nullptr && failure->Records().front().nativeError == kPermissionDenied;
 }
 
+/// A character that the server lacks must fail the call with it alone, and not the whole request.
+bool IsAscii(const ReadingCall& call) {
+  return std::ranges::all_of(call.parameters, [](const Parameter& parameter) {
+    const auto* text = std::get_if<std::string>(&parameter.Given().value());
+    return text == nullptr || std::ranges::all_of(*text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  });
+}
+
 class OdbcSession final : public Session {
  public:
   explicit OdbcSession(const ConnectOptions& options)
@@ -58,7 +66,7 @@ class OdbcSession final : public Session {
   }
 
   std::vector<Outcome> CallTogether(std::span<const ReadingCall> calls) override {
-    if (!m_sendsTogether) return {};
+    if (!m_sendsTogether || !std::ranges::all_of(calls, IsAscii)) return {};
     std::vector<Outcome> outcomes = SendTogether(calls);
     const auto denied = std::ranges::find_if(outcomes, IsDenied);
     m_sendsTogether = !outcomes.empty() && denied == outcomes.end();

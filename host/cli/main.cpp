@@ -36,7 +36,7 @@ std::string VersionText() {
   return fmt::format("quorvel {}.{}.{}", version.major, version.minor, version.revision);
 }
 
-/// A password may follow an equals sign or a short option, also where the argument has no place.
+/// A password may follow an equals sign or an option, also where the argument has no place.
 std::string WithoutValue(const std::string& argument) {
   const bool isShortOption = argument.starts_with('-') && !argument.starts_with("--");
   const std::size_t end = isShortOption ? 2 : argument.find('=');
@@ -44,9 +44,16 @@ std::string WithoutValue(const std::string& argument) {
 }
 
 std::string Explanation(const CLI::App& app, const CLI::Error& error) {
-  if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::ExtrasError)) return error.what();
+  const std::string text = error.what();
+  // A value that cannot be converted comes after this sign.
+  if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::ExtrasError)) return text.substr(0, text.find(" = "));
   std::string explanation = "Not expected:";
-  for (const std::string& argument : app.remaining(true)) explanation += " " + WithoutValue(argument);
+  bool isAfterOption = false;
+  for (const std::string& argument : app.remaining(true)) {
+    const bool isOption = argument.starts_with('-');
+    explanation += " " + (isAfterOption && !isOption ? "..." : WithoutValue(argument));
+    isAfterOption = isOption;
+  }
   return explanation;
 }
 

@@ -320,6 +320,7 @@ TEST_F(SaveTest, RemovedRemarkLeavesAMemoOfAReplacedDatabaseFileAlone) {
   context->RemarkList()->Remove(Number(1));
   replace("UPDATE tciMemo SET OwnerKey = 3, MemoText = 'of another owner'");
   failToSave("was deleted or replaced");
+  failToSave("was changed meanwhile");
   context->Save(true);
   EXPECT_EQ(OwnerOf("of another owner"), "501/3");
   EXPECT_EQ(OwnerOf("typed"), "501/45");
@@ -331,6 +332,27 @@ TEST_F(SaveTest, RemovedRemarkLeavesAMemoOfAReplacedDatabaseFileAlone) {
   EXPECT_ANY_THROW(context->RemarkList()->Save());
   failToSave("was changed meanwhile");
   EXPECT_EQ(m_database.TextOf(7), "older text");
+}
+
+// The older copy gives the key of the first remark to the second one.
+TEST_F(SaveTest, TextUnderAKeyThatAnOlderDatabaseFileGivesAgainOverwritesNoOther) {
+  const std::string file = m_database.DatabaseFile();
+  std::filesystem::copy_file(file, file + ".older");
+  const ContextHolder context("CustMaint", "C1044", "admin");
+  context->AddRemark("Cust.General", "first", "admin");
+  context->Save(true);
+  std::filesystem::rename(file + ".older", file);
+  for (const char* suffix : {"-wal", "-shm"}) std::filesystem::remove(file + suffix);
+  context->AddRemark("Cust.General", "second", "admin");
+  EXPECT_ANY_THROW(context->Save(true));
+  context->Save(true);
+  const std::int32_t first = context->MemoCount() - 1;
+  ASSERT_EQ(RemarkAt(context, first).MemoKey(), RemarkAt(context, first + 1).MemoKey());
+  RemarkAt(context, first).SetMemoText("first, typed on");
+  RemarkAt(context, first).SetDirty(true);
+  context->Save(true);
+  EXPECT_EQ(OwnerOf("first, typed on"), "501/45");
+  EXPECT_EQ(OwnerOf("second"), "501/45");
 }
 
 TEST_F(SaveTest, AddRemarkWorksInMemoryUntilSaved) {

@@ -140,7 +140,7 @@ TEST_F(ServerTest, CharacterThatTheServerLacksFailsNoOtherCall) {
         Caught([&] { other->Load(isOwner ? "CustMaint" : "日本", isOwner ? "日本" : "C1000", "admin"); }).Number(), 0);
     context->Save(true);
     EXPECT_EQ(m_file.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'typed'"), "1");
-    RemarkAt(context, 1).SetMemoText("changed meanwhile");
+    RemarkAt(context, 1).SetDirty(true);
   }
 }
 

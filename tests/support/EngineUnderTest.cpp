@@ -36,9 +36,9 @@ EngineUnderTest::EngineUnderTest(EngineKind kind) : m_kind(kind) {
 }
 
 EngineUnderTest::~EngineUnderTest() {
-  for (const std::string& drop : m_drops | std::views::reverse) {
+  for (; !m_drops.empty(); m_drops.pop_back()) {
     try {
-      Connect()->Execute(drop);
+      Connect()->Execute(m_drops.back());
     } catch (const Error&) {  // NOLINT(bugprone-empty-catch): the test did not get as far as making it.
     }
   }
