@@ -8,8 +8,8 @@
 
 namespace quorvel {
 
-/// The copies that Restore has put in the place of remarks. A window or a host may still hold such a remark, and no key
-/// need tell which copy stands for it: a new remark has none, and that of a deleted memo counts no more.
+/// The copies that Restore has put in the place of remarks. A window or a host may still hold such a remark, and its
+/// key need not tell which copy stands for it: a new remark has none, and that of a deleted memo counts no more.
 class Successors {
  public:
   /// Makes room for `count` more, so that Add does not fail.

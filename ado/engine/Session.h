@@ -58,8 +58,8 @@ class Session {
   virtual Result Call(std::string_view procedure, std::span<Parameter> parameters, Access access) = 0;
 
   /// Sends calls that do not need each other's answers in one request, and returns the outcomes of the first ones in
-  /// their order: of all calls, of fewer after a failure, of none where calls cannot be sent together. The caller makes
-  /// the other calls by itself. A call may run after a failed one.
+  /// their order: of fewer than all after a failure or where the driver or the server refuses the others, of none where
+  /// calls cannot be sent together. The caller makes the other calls by itself. A call may run after a failed one.
   virtual std::vector<Outcome> CallTogether(std::span<const ReadingCall> /*calls*/) { return {}; }
 
   /// Until EndReading the caller only reads. An engine may read it all in one transaction.
