@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -23,19 +24,22 @@ using testing::ElementsAre;
 
 class PowerLoss : public testing::Test {
  protected:
-  /// How many saves had returned after so many changes.
-  [[nodiscard]] std::ptrdiff_t AcknowledgedAfter(std::size_t changes) const {
-    return std::ranges::count_if(m_acknowledged, [&](std::size_t each) { return each <= changes; });
+  /// The power fails shortly before or after the end of a save, or at any other moment. `check` gets what is left, and
+  /// how many saves had returned.
+  void LosePower(const RecordedDisk& disk, int rounds,
+                 const std::function<void(const TemporaryFolder&, std::ptrdiff_t)>& check) {
+    for (int round = 0; round < rounds && !HasFailure(); ++round) {
+      const std::size_t save = m_acknowledged[m_chance() % m_acknowledged.size()];
+      const std::size_t moment = m_chance() % 2 == 0 ? m_chance() : save + m_chance() % 12;
+      const std::size_t changes = moment % (disk.Count() + 1);
+      SCOPED_TRACE(changes);
+      const TemporaryFolder after;
+      disk.LosePowerAfter(changes, m_chance, after.Path());
+      check(after, std::ranges::count_if(m_acknowledged, [&](std::size_t each) { return each <= changes; }));
+    }
   }
 
   const ScopedVariable m_inMemory{"TMPDIR", "/dev/shm"};
-  /// A moment shortly before or after the end of a save, or any other.
-  [[nodiscard]] std::size_t AnyMoment(const RecordedDisk& disk) {
-    const std::size_t save = m_acknowledged[m_chance() % m_acknowledged.size()];
-    const std::size_t moment = m_chance() % 2 == 0 ? m_chance() : save + m_chance() % 12;
-    return moment % (disk.Count() + 1);
-  }
-
   std::vector<std::size_t> m_acknowledged;  ///< the number of changes at the end of each save
   std::minstd_rand m_chance;
 };
@@ -57,18 +61,13 @@ TEST_F(PowerLoss, LosesNoRemarkThatWasSaved) {
       }
     }).join();
   }
-  for (int round = 0; round < Rounds(60) && !HasFailure(); ++round) {
-    const std::size_t changes = AnyMoment(disk);
-    SCOPED_TRACE(changes);
-    const TemporaryFolder after;
-    disk.LosePowerAfter(changes, m_chance, after.Path());
+  LosePower(disk, Rounds(60), [](const TemporaryFolder& after, std::ptrdiff_t acknowledged) {
     const std::string file = after.File("test.db");
     const auto connection = ConnectBy("Data Source=(embedded);Initial Catalog=" + file);
-    const auto acknowledged = AcknowledgedAfter(changes);
     EXPECT_THAT(RowsOf(*connection, "SELECT COUNT(*) FROM tciMemo WHERE MemoText LIKE 'saved %'"),
                 ElementsAre(AnyOf(std::to_string(acknowledged), std::to_string(acknowledged + 1))));
     EXPECT_EQ(IntegrityOf(file), "ok");
-  }
+  });
 }
 
 TEST_F(PowerLoss, LeavesSettingsOfOneMoment) {
@@ -86,18 +85,13 @@ TEST_F(PowerLoss, LeavesSettingsOfOneMoment) {
       m_acknowledged.push_back(disk.Count());
     }
   });
-  for (int round = 0; round < Rounds(300) && !HasFailure(); ++round) {
-    const std::size_t changes = AnyMoment(disk);
-    SCOPED_TRACE(changes);
-    const TemporaryFolder after;
-    disk.LosePowerAfter(changes, m_chance, after.Path());
+  LosePower(disk, Rounds(300), [&](const TemporaryFolder& after, std::ptrdiff_t acknowledged) {
     openIn(after, [&](const registry::Key& key) {
       const auto server = key.Query("Server").value_or(registry::StoredValue{}).text;
       EXPECT_EQ(server, key.Query("Password").value_or(registry::StoredValue{}).text);
-      const auto acknowledged = AcknowledgedAfter(changes);
       EXPECT_THAT(std::atoi(server.c_str()), AnyOf(acknowledged, acknowledged + 1));
     });
-  }
+  });
 }
 
 }  // namespace

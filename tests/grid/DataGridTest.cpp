@@ -56,16 +56,7 @@ wxImage OnScreen(wxWindow& window) {
   return wxBitmap(gdk_pixbuf_get_from_window(window.GTKGetDrawingWindow(), 0, 0, size.x, size.y)).ConvertToImage();
 }
 
-/// How many pixels differ from the one in the corner.
-int InkOf(const wxImage& picture) {
-  int ink = 0;
-  for (int y = 0; y < picture.GetHeight(); ++y) {
-    for (int x = 0; x < picture.GetWidth(); ++x) ink += ColourAt(picture, x, y) == ColourAt(picture, 0, 0) ? 0 : 1;
-  }
-  return ink;
-}
-
-TEST_F(DataGridTest, KeysMoveAndCloseGroups) {
+TEST_F(DataGridTest, KeysMoveAndGroupsOpenAndClose) {
   EXPECT_THAT(Rows(), ElementsAre(0, 2, 0, 4, 3, 1));
   EXPECT_EQ(m_grid->CurrentLine(), 1);
   for (const auto& [key, line] : {std::pair<int, std::int32_t>{WXK_UP, 1},
@@ -89,6 +80,10 @@ TEST_F(DataGridTest, KeysMoveAndCloseGroups) {
     EXPECT_THAT(Rows(), ElementsAre(0, 2, 0, 4, 3, 1)) << open;
   }
   EXPECT_THAT(Changes(), ElementsAre()) << "the heading stays current";
+  for (const int x : {8, 200}) {
+    ClickLine(3, x);
+    EXPECT_THAT(Rows(), ElementsAre(0, 2, 0)) << "the triangle opens and closes, the text of the heading does not";
+  }
 }
 
 TEST_F(DataGridTest, PageKeysMoveByTheLinesInView) {
@@ -131,15 +126,6 @@ TEST_F(DataGridTest, CurrentRowSurvivesSortingAndOtherGroups) {
   m_grid->GroupBy(SortKey{1, true});
   m_grid->Refetch();
   EXPECT_THAT(Rows(), ElementsAre(0, 2, 0, 3, 1, 4)) << "GroupBy opens all groups";
-}
-
-TEST_F(DataGridTest, MouseSelectsAndOpensGroups) {
-  ClickLine(4);
-  EXPECT_EQ(Row(), 4);
-  ClickLine(3, 8);
-  EXPECT_THAT(Rows(), ElementsAre(0, 2, 0)) << "the triangle";
-  ClickLine(3, 200);
-  EXPECT_THAT(Rows(), ElementsAre(0, 2, 0)) << "the text of the heading";
 }
 
 TEST_F(DataGridTest, ToolTipShowsWhatACellCuts) {
@@ -200,10 +186,10 @@ TEST_F(DataGridTest, CurrentLineIsSpokenAndCopied) {
   EXPECT_EQ(spoken(), "Rows");
   m_grid->SetEmptyText("There are none.");
   EXPECT_EQ(spoken(), "Rows. There are none.");
-  const auto inEmptySpace = [this] { return InkOf(OnScreen(*m_grid->GetGridWindow())); };
-  EXPECT_GT(inEmptySpace(), 20) << "the words";
+  const auto coloursInEmptySpace = [this] { return OnScreen(*m_grid->GetGridWindow()).CountColours(); };
+  EXPECT_GT(coloursInEmptySpace(), 1U) << "the words";
   m_grid->SetEmptyText("");
-  EXPECT_EQ(inEmptySpace(), 0);
+  EXPECT_EQ(coloursInEmptySpace(), 1U);
 }
 
 TEST_F(DataGridTest, KeysGoOnWhereNoLineIsCurrent) {

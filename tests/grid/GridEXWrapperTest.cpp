@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "ado/Recordset.h"
@@ -56,20 +57,15 @@ TEST_F(GridEXWrapperTest, DoubleClickChoosesOnlyOnData) {
   wxWindow* const cells = m_grid->GetGridWindow();
   wxWindow* const captions = m_grid->GetGridColLabelWindow();
   const auto middleOf = [this](std::int32_t line) { return m_grid->CellToRect(line - 1, 0).y + 10; };
-  struct Case {
-    GridArea area;
-    wxWindow* window;
-    int x, y;
-    int chosen;
-  };
-  for (const Case& each :
+  using Case = std::tuple<GridArea, wxWindow*, int, int, int>;
+  for (const auto& [area, window, x, y, chosen] :
        {Case{GridArea::Cell, cells, 60, middleOf(4), 1}, Case{GridArea::ColumnHeader, captions, 20, 5, 0},
         Case{GridArea::ColumnSeparator, captions, m_grid->GetColSize(0), 5, 0},
         Case{GridArea::Nowhere, cells, 20, 350, 0}, Case{GridArea::GroupRow, cells, 200, middleOf(3), 0}}) {
-    Mouse(wxEVT_LEFT_DOWN, each.window, each.x, each.y);
-    EXPECT_EQ(m_grid->HitTest(m_wrapper.X(), m_wrapper.Y()), each.area);
-    Mouse(wxEVT_LEFT_DCLICK, each.window, each.x, each.y);
-    EXPECT_EQ(Chosen(), each.chosen) << static_cast<int>(each.area);
+    Mouse(wxEVT_LEFT_DOWN, window, x, y);
+    EXPECT_EQ(m_grid->HitTest(m_wrapper.X(), m_wrapper.Y()), area);
+    Mouse(wxEVT_LEFT_DCLICK, window, x, y);
+    EXPECT_EQ(Chosen(), chosen) << static_cast<int>(area);
   }
   EXPECT_THAT(Rows(), ElementsAre(0, 2, 0)) << "the double-click on a heading closed its group";
   EXPECT_EQ(m_grid->HitTest(-1, 50), GridArea::Nowhere);

@@ -5,6 +5,7 @@
 #include <gtk/gtk.h>
 
 #include <string>
+#include <tuple>
 
 #include <wx/dcclient.h>
 #include <wx/frame.h>
@@ -74,23 +75,17 @@ class DialogPromptsTest : public ::testing::Test {
 
 TEST_F(DialogPromptsTest, BoxShowsItsTextAndReturnsTheAnswer) {
   using enum PromptIcon;
-  struct Case {
-    PromptButtons buttons;
-    PromptIcon icon;
-    int response;
-    PromptAnswer answer;
-    std::string expected;
-  };
+  using Case = std::tuple<PromptButtons, PromptIcon, int, PromptAnswer, std::string>;
   const std::string text = "Save \"R&D\" & <b>all</b>?\r\n100 % sûr 🙂";
-  for (const Case& box : {
+  for (const auto& [buttons, icon, response, answer, expected] : {
            Case{PromptButtons::YesNo, Question, GTK_RESPONSE_YES, PromptAnswer::Yes, "<dialog-question> YN"},
            Case{PromptButtons::YesNo, Exclamation, GTK_RESPONSE_NO, PromptAnswer::No, "<dialog-warning> YN"},
            Case{PromptButtons::Ok, CriticalStop, GTK_RESPONSE_OK, PromptAnswer::Ok, "<dialog-error> O"},
            Case{PromptButtons::Ok, None, GTK_RESPONSE_DELETE_EVENT, PromptAnswer::Ok, "<> O"},
        }) {
-    ExpectBox(box.response);
-    EXPECT_EQ(prompts.ShowMessage(text, "Edit & Remarks", box.buttons, box.icon), box.answer);
-    EXPECT_EQ(seen, "Edit & Remarks: " + text + " " + box.expected);
+    ExpectBox(response);
+    EXPECT_EQ(prompts.ShowMessage(text, "Edit & Remarks", buttons, icon), answer);
+    EXPECT_EQ(seen, "Edit & Remarks: " + text + " " + expected);
     EXPECT_EQ(owner, nullptr);
   }
   // A closed question is asked again.
