@@ -62,7 +62,7 @@ class EmbeddedFaults : public testing::Test {
   void MoveBack() const { std::filesystem::rename(m_file + ".old", m_file); }
   static void ExpectReplaced(Connection& connection, const std::string& batch, const std::string& file) {
     EXPECT_THAT(FailureOf(connection, batch).Description(), HasSubstr(file + " was deleted or replaced")) << batch;
-    EXPECT_EQ(connection.Errors().front().sqlState, "08S01") << batch;
+    EXPECT_EQ(connection.Errors().at(0).sqlState, "08S01") << batch;
   }
 
   const TestDatabase m_database{TestDatabase::Content::Empty};
