@@ -101,7 +101,7 @@ TEST_F(EmbeddedDefences, ProcedureThatIsCalledToReadChangesNothingAndEndsItsTran
       "CREATE TABLE Note (n int);"
       "CREATE TABLE [#Watched] (n int);"
       "CREATE TRIGGER Watch AFTER INSERT ON [#Watched] BEGIN INSERT INTO Note VALUES (new.n); END");
-  const std::vector<std::pair<std::string, std::string>> refused = {
+  const std::vector<std::pair<std::string, const char*>> refused = {
       {"spWrites", "INSERT INTO Note VALUES (1)"},
       {"spWritesBelow", "EXEC spWrites"},
       {"spWritesText", "EXEC ('DELETE FROM Note')"},

@@ -75,7 +75,7 @@ class DialogPromptsTest : public ::testing::Test {
 
 TEST_F(DialogPromptsTest, BoxShowsItsTextAndReturnsTheAnswer) {
   using enum PromptIcon;
-  using Case = std::tuple<PromptButtons, PromptIcon, int, PromptAnswer, std::string>;
+  using Case = std::tuple<PromptButtons, PromptIcon, int, PromptAnswer, const char*>;
   const std::string text = "Save \"R&D\" & <b>all</b>?\r\n100 % sûr 🙂";
   for (const auto& [buttons, icon, response, answer, expected] : {
            Case{PromptButtons::YesNo, Question, GTK_RESPONSE_YES, PromptAnswer::Yes, "<dialog-question> YN"},
