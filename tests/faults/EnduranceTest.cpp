@@ -24,8 +24,7 @@ std::pair<long, std::ptrdiff_t> NeedsNow() {
 void LoadAndSave(int from, int to, const std::function<void()>& afterwards) {
   for (int i = from; i < to; ++i) {
     const ContextHolder context("CustMaint", "C1044", "admin");
-    RemarkAt(context, 1).SetMemoText("text " + std::to_string(i));
-    RemarkAt(context, 1).SetDirty(true);
+    ChangeText(RemarkAt(context, 1), "text " + std::to_string(i));
     context->Save(true);
     afterwards();
   }

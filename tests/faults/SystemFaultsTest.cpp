@@ -33,8 +33,7 @@ void LoadChangeAndSave(const std::function<void()>& endFaults) {
   };
   const ContextHolder context;
   insist([&] { context->Load("CustMaint", "C1044", "admin"); });
-  RemarkAt(context, 1).SetMemoText("changed");
-  RemarkAt(context, 1).SetDirty(true);
+  ChangeText(RemarkAt(context, 1), "changed");
   context->RemarkList()->Remove(std::int64_t{2});
   context->AddRemark("Cust.General", "added", "admin");
   insist([&] { context->Save(true); });

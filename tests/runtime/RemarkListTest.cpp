@@ -239,8 +239,7 @@ TEST_F(RemarkCommitTest, KeyOfAnotherMemoIsNeitherWrittenNorDeleted) {
 
   // The same when the memo was deleted and another owner's has its key now.
   m_database.Run("UPDATE tciMemo SET OwnerKey = 3, MemoText = 'of another owner' WHERE MemoKey = 2044");
-  RemarkAt(m_context, 9).SetMemoText("typed on");
-  RemarkAt(m_context, 9).SetDirty(true);
+  ChangeText(RemarkAt(m_context, 9), "typed on");
   list.Backup();
   EXPECT_THAT(Caught([&] { list.Save(); }), HasNumber(ErrorNumber::DbIntegrity));
   list.Restore();
@@ -255,8 +254,7 @@ TEST_F(RemarkCommitTest, ErrorEndsTheSaveAndForgetsNothing) {
   const auto bad = list.Item(Number(2));
   const auto never = list.Item(Number(3));
   for (const auto& remark : {good, bad, never}) {
-    remark->SetMemoText("changed");
-    remark->SetDirty(true);
+    ChangeText(*remark, "changed");
   }
   bad->SetUserID(std::string(31, 'x'));
   list.Remove(Number(7));

@@ -53,4 +53,10 @@ inline Remark& RemarkAt(const ContextHolder& context, std::int64_t index) {
   return *remark;
 }
 
+/// Changes the text and marks it for the next save, as a host does.
+inline void ChangeText(Remark& remark, const std::string& text) {
+  remark.SetMemoText(text);
+  remark.SetDirty(true);
+}
+
 }  // namespace quorvel::test

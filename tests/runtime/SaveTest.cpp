@@ -1,6 +1,5 @@
 // Saving by EditBehavior, new remarks, Dispose, and the windows. ScriptedPrompts and RecordingWindows play the user.
 
-#include <deque>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -83,14 +82,12 @@ TEST_F(SaveTest, NextLoadSavesPendingChanges) {
   const ContextHolder context("OrderEntry", "SO20001", "admin");
   context->AddRemark("ORD.NOTE", "written by the next load", "mjones");
   context->Load("CustInq", "C1044", "admin");
-  EXPECT_EQ(m_database.Ask("SELECT OwnerKey FROM tciMemo WHERE EntityType = 801 AND MemoText = "
-                           "'written by the next load'"),
-            "1");
+  EXPECT_EQ(OwnerOf("written by the next load"), "801/1");
 
   // This context has NoAutoSave: the change is dropped without a message.
   context->AddRemark("Cust.General", "dropped");
   context->Load("CustInq", "C1000", "admin");
-  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'dropped'"), "0");
+  EXPECT_EQ(OwnerOf("dropped"), "");
   EXPECT_TRUE(m_prompts->shown.empty());
 
   // A failed save ends the load, and the remarks stay.
@@ -106,8 +103,7 @@ TEST_F(SaveTest, NextLoadSavesPendingChanges) {
 TEST_F(SaveTest, FailedLoadTakesNoRemarkFromItsOwner) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   const auto remark = context->RemarkList()->Item(Number(1));
-  remark->SetMemoText("refused first");
-  remark->SetDirty(true);
+  ChangeText(*remark, "refused first");
   m_prompts->answers = {PromptAnswer::No, PromptAnswer::No, PromptAnswer::Yes};
   EXPECT_THAT(Caught([&] { context->Load("OrderEntry", "SO20001", std::string(31, 'u')); }),
               HasNumber(ErrorNumber::AdoDataConversion));
@@ -191,8 +187,7 @@ TEST_F(SaveTest, FormerRemarksKeepOwnerAndAuthorAfterAnotherLoad) {
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   context->AddRemark("Cust.General", "new for C1044", "jsmith");
   const auto added = context->RemarkList()->Item(Number(context->MemoCount()));
-  RemarkAt(context, 1).SetMemoText("without author");
-  RemarkAt(context, 1).SetDirty(true);
+  ChangeText(RemarkAt(context, 1), "without author");
   context->RemarkList()->Backup();
   context->RemarkList()->Restore();
   EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1007", std::string(31, 'u')); }),
@@ -229,31 +224,27 @@ TEST_F(SaveTest, HostMayChangeEverythingWhileTheUserIsAsked) {
   struct Case {
     const char* text;
     void (*act)(RemarkContext& context);
-    std::deque<PromptAnswer> answers;
     std::string owner;
   };
-  const Case cases[] = {
-      {"disposed", [](RemarkContext& context) { context.Dispose(); }, {PromptAnswer::Yes}, ""},
-      {"cleared", [](RemarkContext& context) { context.RemarkList()->Clear(false); }, {PromptAnswer::Yes}, ""},
-      {"replaced",
-       [](RemarkContext& context) {
-         const auto expectRefusal = [](const auto& call) {
-           EXPECT_THAT(Caught(call).Description(), HasSubstr("is being asked"));
-         };
-         expectRefusal([&] { context.Load("OrderEntry", "SO20001", "admin"); });
-         expectRefusal([&] { context.SetOwnerID("C1007"); });
-         expectRefusal([&] { context.SetOwnerKey(3); });
-         expectRefusal([&] { context.RefreshRemarkList(); });
-       },
-       {PromptAnswer::Yes},
-       "501/45"}};
+  const Case cases[] = {{"disposed", [](RemarkContext& context) { context.Dispose(); }, ""},
+                        {"cleared", [](RemarkContext& context) { context.RemarkList()->Clear(false); }, ""},
+                        {"replaced",
+                         [](RemarkContext& context) {
+                           const auto expectRefusal = [](const auto& call) {
+                             EXPECT_THAT(Caught(call).Description(), HasSubstr("is being asked"));
+                           };
+                           expectRefusal([&] { context.Load("OrderEntry", "SO20001", "admin"); });
+                           expectRefusal([&] { context.SetOwnerID("C1007"); });
+                           expectRefusal([&] { context.SetOwnerKey(3); });
+                           expectRefusal([&] { context.RefreshRemarkList(); });
+                         },
+                         "501/45"}};
   for (const Case& each : cases) {
     for (const bool byRefresh : {false, true}) {
       const std::string text = std::string(each.text) + (byRefresh ? " by a refresh" : "");
       const ContextHolder context("CustMaint", "C1044", "admin");
-      RemarkAt(context, 1).SetMemoText(text);
-      RemarkAt(context, 1).SetDirty(true);
-      m_prompts->answers = each.answers;
+      ChangeText(RemarkAt(context, 1), text);
+      m_prompts->answers = {PromptAnswer::Yes};
       m_prompts->meanwhile = [&] { each.act(*context); };
       byRefresh ? context->RefreshRemarkList() : context->Save();
       EXPECT_EQ(OwnerOf(text), each.owner) << text;
@@ -291,21 +282,8 @@ TEST_F(SaveTest, HostMayChangeTheListWhileASaveWaits) {
   EXPECT_EQ(OwnerOf("for its own owner"), "501/45");
 }
 
-TEST_F(SaveTest, ReplacedDatabaseFileTakesTheTextWithTheNextSave) {
-  const std::string file = m_database.DatabaseFile();
-  const ContextHolder context("CustMaint", "C1044", "admin");
-  context->AddRemark("Cust.General", "typed", "admin");
-  std::filesystem::rename(file, file + ".old");
-  std::filesystem::copy_file(file + ".old", file);
-  EXPECT_THAT(Caught([&] { context->Save(true); }).Description(), HasSubstr("was deleted or replaced"));
-  EXPECT_EQ(context->MemoCount(), 8);
-  context->Save(true);
-  EXPECT_EQ(OwnerOf("typed"), "501/45");
-  EXPECT_EQ(MemoCount(), "2043");
-}
-
 // The older copy of the database has another owner's memo under the key, or another text.
-TEST_F(SaveTest, RemovedRemarkLeavesAMemoOfAReplacedDatabaseFileAlone) {
+TEST_F(SaveTest, ReplacedDatabaseFileTakesTheTextAndKeepsAMemoThatIsNotTheRemoved) {
   const std::string file = m_database.DatabaseFile();
   const auto replace = [&](const std::string& change) {
     std::filesystem::rename(file, file + ".old");
@@ -320,8 +298,10 @@ TEST_F(SaveTest, RemovedRemarkLeavesAMemoOfAReplacedDatabaseFileAlone) {
   context->RemarkList()->Remove(Number(1));
   replace("UPDATE tciMemo SET OwnerKey = 3, MemoText = 'of another owner'");
   failToSave("was deleted or replaced");
+  EXPECT_EQ(context->MemoCount(), 7);
   failToSave("was changed meanwhile");
   context->Save(true);
+  EXPECT_EQ(MemoCount(), "2043");
   EXPECT_EQ(OwnerOf("of another owner"), "501/3");
   EXPECT_EQ(OwnerOf("typed"), "501/45");
 
@@ -348,8 +328,7 @@ TEST_F(SaveTest, TextUnderAKeyThatAnOlderDatabaseFileGivesAgainOverwritesNoOther
   context->Save(true);
   const std::int32_t first = context->MemoCount() - 1;
   ASSERT_EQ(RemarkAt(context, first).MemoKey(), RemarkAt(context, first + 1).MemoKey());
-  RemarkAt(context, first).SetMemoText("first, typed on");
-  RemarkAt(context, first).SetDirty(true);
+  ChangeText(RemarkAt(context, first), "first, typed on");
   context->Save(true);
   EXPECT_EQ(OwnerOf("first, typed on"), "501/45");
   EXPECT_EQ(OwnerOf("second"), "501/45");
@@ -457,8 +436,7 @@ TEST_F(SaveTest, RestoreUnderTypedTextStoresNoRemarkTwice) {
       shown->SetUserID("");
     }
     const auto kept = context->RemarkList()->Keep(shown);
-    kept->SetMemoText("typed");
-    kept->SetDirty(true);
+    ChangeText(*kept, "typed");
     context->Save(true);
     EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo"), each.isNew ? "2043" : "2042");
     EXPECT_EQ(database.Ask("SELECT COUNT(*) FROM tciMemo WHERE MemoText = 'typed'"), "1");
@@ -521,8 +499,7 @@ TEST_F(SaveTest, WindowsGetTheLoadedContextAndTheEditorKeepsItsOwner) {
   m_database.Run("DELETE FROM tciMemo WHERE OwnerKey = 45 AND MemoType = 'Cust.Credit'");
   context->PopupMemos();
   context->PopupMemos(true);
-  RemarkAt(context, 1).SetMemoText("stays with its owner");
-  RemarkAt(context, 1).SetDirty(true);
+  ChangeText(RemarkAt(context, 1), "stays with its owner");
   context->EditMemos();
   context->ViewManager();
   EXPECT_EQ(ExchangeRemarkWindows(nullptr), windows);

@@ -114,8 +114,7 @@ TEST_P(ServerScriptTest, ScriptsMakeADatabaseOnWhichTheComponentWorks) {
     const std::int32_t before = context->MemoCount();
     EXPECT_GT(before, 0);
     context->AddRemark("Cust.General", "  O'Brien: \U0001F600 " + std::string(5000, 'x') + "  ", "admin");
-    RemarkAt(context, 1).SetMemoText("changed");
-    RemarkAt(context, 1).SetDirty(true);
+    ChangeText(RemarkAt(context, 1), "changed");
     context->Save(true);
 
     const ContextHolder again("CustMaint", "C1044", "admin");

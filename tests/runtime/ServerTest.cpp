@@ -270,8 +270,7 @@ std::optional<Error> LoadAndSave(int& loaded) {
     modDatabase::OpenConnection();
     context->Load("CustMaint", "C1044", "admin");
     loaded = context->RemarkList()->Count();
-    RemarkAt(context, 1).SetMemoText("changed");
-    RemarkAt(context, 1).SetDirty(true);
+    ChangeText(RemarkAt(context, 1), "changed");
     AddRemark(context, "added");
     context->Save(true);
     return std::nullopt;
