@@ -75,8 +75,7 @@ std::vector<Outcome> Connection::CallTogether(std::span<const ReadingCall> calls
   Session& session = OpenedSession();
   std::vector<Outcome> outcomes = Guard([&] { return session.CallTogether(calls); });
   for (const Outcome& outcome : outcomes) {
-    const auto* failure = std::get_if<DriverError>(&outcome);
-    m_isLost = m_isLost || (failure != nullptr && std::ranges::any_of(failure->Records(), EndsConnection));
+    if (const auto* failure = std::get_if<DriverError>(&outcome)) NoteLoss(failure->Records());
   }
   return outcomes;
 }
@@ -106,9 +105,13 @@ Result Connection::KeepMessages(Result result) {
 
 void Connection::Raise(const std::vector<Diagnostic>& records) {
   Record(records);
-  m_isLost = m_isLost || std::ranges::any_of(records, EndsConnection);
+  NoteLoss(records);
   const ProviderError& first = m_errors.front();
   throw Error(first.number, first.source, first.description);
+}
+
+void Connection::NoteLoss(const std::vector<Diagnostic>& records) {
+  m_isLost = m_isLost || std::ranges::any_of(records, EndsConnection);
 }
 
 void Connection::Record(const std::vector<Diagnostic>& records) {

@@ -94,6 +94,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   auto Guard(const Operation& operation);
   [[nodiscard]] Result KeepMessages(Result result);
   [[noreturn]] void Raise(const std::vector<Diagnostic>& records);
+  void NoteLoss(const std::vector<Diagnostic>& records);
   void Record(const std::vector<Diagnostic>& records);
 
   std::string m_connectionString;

@@ -98,9 +98,9 @@ void StoredMemo::Delete(const std::string& contextID) {
   if (NeedsKey()) return;
   const bool mayBeOther = m_state == State::Stored && HasLostItsFile() && !contextID.empty();
   if (mayBeOther && Find(contextID) != FoundMemo::Same) m_state = State::Gone;
-  const bool mayBeDeleted = mayBeOther || m_state == State::DeleteOpen;
+  const bool isUncertain = mayBeOther || m_state == State::DeleteOpen;
   LookAgain(contextID);
-  if (mayBeDeleted && m_state == State::Gone) {
+  if (isUncertain && m_state == State::Gone) {
     throw Error(ErrorNumber::Component, "Remark.Delete",
                 "The memo was changed meanwhile and was not deleted; read the remarks again");
   }

@@ -31,7 +31,7 @@ bool IsDenied(const Outcome& outcome) {
 /// A character that the server lacks must fail the call with it alone, and not the whole request.
 bool IsAscii(const ReadingCall& call) {
   return std::ranges::all_of(call.parameters, [](const Parameter& parameter) {
-    const auto* text = std::get_if<std::string>(&parameter.Given().value());
+    const auto* text = parameter.Given() ? std::get_if<std::string>(&*parameter.Given()) : nullptr;
     return text == nullptr || std::ranges::all_of(*text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
   });
 }

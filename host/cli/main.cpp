@@ -36,7 +36,7 @@ std::string VersionText() {
   return fmt::format("quorvel {}.{}.{}", version.major, version.minor, version.revision);
 }
 
-/// A password may follow an equals sign or an option, also where the argument has no place.
+/// The argument without what follows an equals sign or a short option: it may be a password.
 std::string WithoutValue(const std::string& argument) {
   const bool isShortOption = argument.starts_with('-') && !argument.starts_with("--");
   const std::size_t end = isShortOption ? 2 : argument.find('=');
