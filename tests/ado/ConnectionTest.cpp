@@ -95,5 +95,13 @@ TEST(Connection, ExplainsAMissingServerOrDriver) {
               AllOf(HasSubstr("No Such Driver is not installed"), HasSubstr("Installed: ")));
 }
 
+TEST(ProviderError, HasTheNumberOfItsSqlState) {
+  const std::vector<std::pair<std::string_view, std::int32_t>> cases = {
+      {"42S02", -2147217865}, {"42S22", -2147217900}, {"42000", -2147217900}, {"23000", -2147217873},
+      {"HYT00", -2147217871}, {"28000", -2147217843}, {"08001", -2147467259}, {"", -2147467259},
+  };
+  for (const auto& [sqlState, number] : cases) EXPECT_EQ(NumberOfSqlState(sqlState), number) << sqlState;
+}
+
 }  // namespace
 }  // namespace quorvel::ado

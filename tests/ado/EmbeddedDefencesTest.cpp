@@ -89,10 +89,13 @@ TEST_F(EmbeddedDefences, ViewsOfFileCallOnlyHarmlessFunctions) {
       "CREATE VIEW Lists AS SELECT file FROM pragma_database_list;"
       "CREATE VIRTUAL TABLE Words USING fts5(Word)");
   EXPECT_THAT(RowsOf(*m_connection, "SELECT n FROM Harmless"), ElementsAre("3"));
-  for (const char* batch :
-       {"SELECT n FROM Loads", "SELECT n FROM Finds", "SELECT * FROM Lists", "DELETE FROM Words_data"}) {
+  for (const auto& [batch, description] : {std::pair{"SELECT n FROM Loads", "unsafe use"},
+                                           {"SELECT n FROM Finds", "unsafe use"},
+                                           {"SELECT * FROM Lists", "unsafe use"},
+                                           {"DELETE FROM Words_data", "may not be modified"}}) {
     EXPECT_THAT(FailureOf(*m_connection, batch).Description(),
-                testing::ContainsRegex("unsafe use|may not be modified|does not let"));
+                testing::AnyOf(HasSubstr(description), HasSubstr("does not let")))
+        << batch;
   }
 }
 

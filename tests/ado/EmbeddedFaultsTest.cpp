@@ -1,13 +1,15 @@
-// Faults of the outside: files that are no databases, files that are replaced, other writers, a broken disk.
+// Faults of the outside: files that are no databases, files that are replaced, other writers, a broken or full disk.
 
 #include <gmock/gmock.h>
 #include <grp.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -286,6 +288,26 @@ TEST_F(EmbeddedFaults, WritersWaitFromTheirFirstReadUpToCommandTimeout) {
   first->Execute("UPDATE Counter SET n = n + 1 COMMIT");
   waiting.get();
   EXPECT_EQ(m_database.Ask("SELECT n FROM Counter"), "2");
+}
+
+/// Writes until the database refuses, then ends the program: with 1 when the error has the right number. A limit on the
+/// size of files takes the place of a full disk: the system refuses the write in the same way.
+[[noreturn]] void FillDisk(const TestDatabase& database) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{400'000, 400'000};
+  setrlimit(RLIMIT_FSIZE, &limit);
+  try {
+    for (int i = 0; i < 1000; ++i) database.Run("INSERT INTO Note VALUES (REPLICATE('y', 4000))");
+    _exit(0);
+  } catch (const Error& error) {
+    _exit(error.Number() == ErrorNumber::DbUnspecified ? 1 : 2);
+  }
+}
+
+TEST_F(EmbeddedFaults, FullDiskIsErrorAndKeepsWhatWasSaved) {
+  m_database.Run("INSERT INTO Note VALUES ('saved')");
+  EXPECT_EXIT(FillDisk(m_database), testing::ExitedWithCode(1), "");
+  EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM Note WHERE t = 'saved'"), "1");
 }
 
 }  // namespace

@@ -257,6 +257,8 @@ TEST_F(EmbeddedStatements, ChangesByAnotherConnectionCountAtOnce) {
 }
 
 TEST_F(EmbeddedStatements, WrongDefinitionsAndCallsAreRefused) {
+  EXPECT_THAT(FailureOf(*m_connection, "EXEC spNobody 1").Description(), HasSubstr("Could not find stored procedure"))
+      << "in a file that never had a procedure";
   m_connection->Execute("CREATE PROCEDURE spOnce @a int, @b int = 1 AS SELECT * FROM MadeLater");
   m_connection->Execute("CREATE PROCEDURE spForever AS EXEC spForever");
   test::ExpectFailures(*m_connection, {{"CREATE PROCEDURE spBad AS SELEC 1", "Incorrect syntax near 'SELEC'"},

@@ -7,13 +7,17 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <filesystem>
+#include <iterator>
 #include <new>
 #include <string>
 #include <thread>
 
+#include "data/modRegistry.h"
 #include "tests/faults/Rounds.h"
 #include "tests/host/CommandLine.h"
 #include "tests/runtime/RuntimeTest.h"
@@ -78,6 +82,27 @@ TEST_F(CommandLine, KilledInitIsFinishedByTheNext) {
     EXPECT_THAT(Quorvel({"init", "--sample"}), Succeeds()) << round;
     EXPECT_THAT(Quorvel({"doctor"}), Succeeds()) << round;
     EXPECT_THAT(RunSql("SELECT COUNT(*) AS Memos FROM tciMemo"), testing::HasSubstr("\n 2042\n")) << round;
+  }
+}
+
+TEST(KilledSettings, AreWrittenAllOrNone) {
+  const TemporaryFolder folder;
+  const ScopedVariable variable("QUORVEL_REGISTRY", folder.File("settings.reg"));
+  const auto key = registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey);
+  const auto valuesOf = [](int write) {
+    const std::string text = std::to_string(write);
+    return std::array{registry::Assignment{"Server", text}, registry::Assignment{"Password", text}};
+  };
+  ASSERT_FALSE(key->Assign(valuesOf(0)));
+  for (int round = 0; round < Rounds(8); ++round) {
+    const pid_t writer = ::fork();
+    if (writer == 0) {
+      for (int write = 1;; ++write) (void)key->Assign(valuesOf(write));
+    }
+    KillAfter(writer, std::chrono::microseconds(10'000 + round * 2939 % 20'000));
+    EXPECT_EQ(key->Query("Server")->text, key->Query("Password")->text) << round;
+    const std::filesystem::directory_iterator files(folder.Path());
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "no copy of the password is left";
   }
 }
 

@@ -10,6 +10,8 @@
 #include <thread>
 #include <vector>
 
+#include "ado/embedded/EmbeddedEngine.h"
+#include "data/Schema.h"
 #include "data/modRegistry.h"
 #include "tests/faults/RecordedDisk.h"
 #include "tests/faults/Rounds.h"
@@ -67,6 +69,31 @@ TEST_F(PowerLoss, LosesNoRemarkThatWasSaved) {
     EXPECT_THAT(RowsOf(*connection, "SELECT COUNT(*) FROM tciMemo WHERE MemoText LIKE 'saved %'"),
                 ElementsAre(AnyOf(std::to_string(acknowledged), std::to_string(acknowledged + 1))));
     EXPECT_EQ(IntegrityOf(file), "ok");
+  });
+}
+
+TEST_F(PowerLoss, LeavesADatabaseWhoseSetUpCanBeRepeated) {
+  const auto open = [](const TemporaryFolder& folder) {
+    ado::CreateEmbeddedDatabase(folder.File("test.db"));
+    return ConnectBy("Data Source=(embedded);Initial Catalog=" + folder.File("test.db"));
+  };
+  const auto partsOf = [](ado::Connection& connection) {
+    return RowsOf(connection, "SELECT type, name FROM sqlite_schema ORDER BY type, name");
+  };
+  const TemporaryFolder folder;
+  const RecordedDisk disk(folder.Path());
+  const auto connection = open(folder);
+  RunScript(*connection, SchemaScript());
+  m_acknowledged.push_back(disk.Count());
+  const auto parts = partsOf(*connection);
+  LosePower(disk, Rounds(30), [&](const TemporaryFolder& after, std::ptrdiff_t acknowledged) {
+    const auto again = open(after);
+    if (acknowledged > 0) {
+      EXPECT_EQ(partsOf(*again), parts);
+    }
+    RunScript(*again, SchemaScript());
+    EXPECT_EQ(partsOf(*again), parts);
+    EXPECT_EQ(IntegrityOf(after.File("test.db")), "ok");
   });
 }
 

@@ -80,6 +80,8 @@ TEST_F(DataGridTest, KeysMoveAndGroupsOpenAndClose) {
     EXPECT_THAT(Rows(), ElementsAre(0, 2, 0, 4, 3, 1)) << open;
   }
   EXPECT_THAT(Changes(), ElementsAre()) << "the heading stays current";
+  ClickLine(4);
+  EXPECT_EQ(Row(), 4);
   for (const int x : {8, 200}) {
     ClickLine(3, x);
     EXPECT_THAT(Rows(), ElementsAre(0, 2, 0)) << "the triangle opens and closes, the text of the heading does not";

@@ -47,7 +47,11 @@ const std::vector<SortKey> kNewestFirst = {{2, false}};
 TEST(GridRows, SortIsStable) {
   EXPECT_THAT(Sorted(Remarks(), {}), ElementsAre(1, 2, 3, 4, 5, 6));
   EXPECT_THAT(Sorted(Remarks(), kNewestFirst), ElementsAre(3, 6, 5, 1, 2, 4));
-  EXPECT_THAT(Sorted(Remarks(), {{1, true}, {2, true}}), ElementsAre(5, 2, 4, 1, 6, 3));
+  GridRows rows;
+  rows.Arrange(Remarks(), std::nullopt, {{1, true}, {2, true}});
+  EXPECT_THAT(Lines(rows), ElementsAre(5, 2, 4, 1, 6, 3));
+  EXPECT_EQ(rows.LineOf(6), 5);
+  EXPECT_EQ(rows.HeadingOf(6), 0);
 }
 
 TEST(GridRows, GroupsAreCountedAndStayClosed) {

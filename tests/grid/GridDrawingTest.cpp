@@ -62,6 +62,8 @@ TEST(IsRightToLeft, DependsOnTheFirstLetter) {
 }
 
 TEST(GridColours, TextIsReadableInLightAndDarkThemes) {
+  EXPECT_EQ(kOddRow, (Colour{0xFF, 0xFF, 0xBF}));
+  EXPECT_EQ(kEvenRow, (Colour{0xB0, 0xD7, 0xC1}));
   EXPECT_NEAR(Contrast({0, 0, 0}, {255, 255, 255}), 21, 0.01);
   for (const Colour& row : {kOddRow, kEvenRow}) {
     EXPECT_EQ(ReadableBackground(row, {0x2E, 0x34, 0x36}), row) << "a light theme keeps the colours";

@@ -27,6 +27,7 @@ TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel(OnAcme({"remove", "--index", "0"})), IsWrongUsage("--index"));
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1"})), IsWrongUsage("--text or --type"));
   EXPECT_THAT(Quorvel(OnAcme({"edit"})), IsWrongUsage("edit needs --window"));
+  EXPECT_THAT(Quorvel({"settings", "hidden"}), IsWrongUsage("NAME=VALUE"));
   for (const auto& arguments : std::vector<std::vector<std::string>>{
            {"settings", "hidden"}, {"settings", "hidden=x"}, {"settings", "--pw=hidden"}, {"-phidden"}, {"P=hidden"}}) {
     const Outcome outcome = Quorvel(arguments);

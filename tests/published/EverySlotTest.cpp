@@ -50,7 +50,7 @@ TEST_F(EverySlot, Remark) {
                                   {u"DateStamp", AnyValue::Date(45362.5625)},  // 2024-03-11 13:30
                                   {u"UserID", u"jsmith"},
                                   {u"Dirty", false}});
-  EXPECT_THAT(Read(remark.Get(), &_Remark::get_MemoText), HasText(u"Dana promised payment"));
+  EXPECT_THAT(Read(remark.Get(), &_Remark::get_MemoText), BeginsWith(u"Dana promised payment"));
 
   SetProperties(remark.Get(), {{u"MemoText", u"Changed"}});
   ExpectProperties(remark.Get(), {{u"Dirty", false}});
@@ -95,7 +95,7 @@ TEST_F(EverySlot, RemarkContextReads) {
   EXPECT_EQ(Read(context.Type(LONG{3}).Get(), &_RemarkType::get_TypeID), u"Cust.General");
   EXPECT_FALSE(context.Type(AnyValue::Missing())) << "a value that is not a key finds nothing";
   EXPECT_THAT(Read(context.Get(), &_RemarkContext::get_ConnectionString),
-              HasText(u"Provider=SQLOLEDB.1;Data Source=(embedded); Initial Catalog="));
+              BeginsWith(u"Provider=SQLOLEDB.1;Data Source=(embedded); Initial Catalog="));
 }
 
 TEST_F(EverySlot, RemarkContextAnswersRights) {

@@ -13,6 +13,10 @@ MATCHER_P(HasText, part, "contains " + testing::PrintToString(part)) {
   return WideView(arg).find(part) != WideView::npos;
 }
 
+MATCHER_P(BeginsWith, start, "begins with " + testing::PrintToString(start)) {
+  return WideView(arg).starts_with(start);
+}
+
 /// The HRESULT of a number of the language runtime.
 constexpr HRESULT FromNumber(std::uint32_t number) { return static_cast<HRESULT>(0x800A0000U + number); }
 

@@ -7,6 +7,15 @@
 namespace quorvel::ui {
 namespace {
 
+TEST(WxText, EveryTextSurvivesTheRoundTrip) {
+  for (const std::string& text :
+       {std::string(), std::string("plain"), std::string("Grüße"), std::string("שלום"), std::string("日本 🙂 end"),
+        std::string("a\0b", 3), std::string("line\r\nline")}) {
+    EXPECT_EQ(FromWx(ToWx(text)), text);
+  }
+  EXPECT_EQ(ToWx("🙂").length(), sizeof(wchar_t) == 2 ? 2U : 1U);
+}
+
 TEST(WxText, ReplacesOnlyInvalidCharacters) {
   EXPECT_EQ(FromWx(ToWx("caf\xE9 au lait")), "caf\uFFFD au lait");
   // Half of a surrogate pair, encoded like UTF-8, and a sequence that ends too early.

@@ -113,6 +113,7 @@ TEST(EarlyBound, ObjectWorksThroughAProxyInAnotherApartment) {
     passed = own.Release();
     EXPECT_EQ(list->AddRemark(&passed), static_cast<HRESULT>(0x800A000DU));
     own.Reset(passed);
+    EXPECT_EQ(proxy->Dispose(), S_OK);
   });
 }
 
