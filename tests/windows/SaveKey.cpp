@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <cstdio>
 #include <string_view>
 
 #include "platform/UniqueHandle.h"
@@ -27,18 +28,22 @@ bool TurnOnBackupPrivilege() {
          ::AdjustTokenPrivileges(token.Get(), FALSE, &privileges, 0, nullptr, nullptr) != 0;
 }
 
-bool Save(std::wstring_view path, const wchar_t* file) {
+/// Returns the system's error.
+LSTATUS Save(std::wstring_view path, const wchar_t* file) {
   const bool isOfUser = path.starts_with(L"HKEY_CURRENT_USER\\");
   const std::wstring_view below = path.substr(path.find(L'\\') + 1);
   quorvel::registry::KeyHandle key;
-  return ::RegOpenKeyExW(isOfUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE, below.data(), 0, KEY_READ, key.Put()) ==
-             ERROR_SUCCESS &&
-         ::RegSaveKeyW(key.Get(), file, nullptr) == ERROR_SUCCESS;
+  const LSTATUS opened =
+      ::RegOpenKeyExW(isOfUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE, below.data(), 0, KEY_READ, key.Put());
+  return opened == ERROR_SUCCESS ? ::RegSaveKeyW(key.Get(), file, nullptr) : opened;
 }
 
 }  // namespace
 
 int wmain(int count, wchar_t* arguments[]) {
   if (count != 3) return 2;
-  return TurnOnBackupPrivilege() && Save(arguments[1], arguments[2]) ? 0 : 1;
+  const LSTATUS failure =
+      TurnOnBackupPrivilege() ? Save(arguments[1], arguments[2]) : static_cast<LSTATUS>(::GetLastError());
+  if (failure != ERROR_SUCCESS) std::fprintf(stderr, "The key could not be saved: error %ld\n", failure);
+  return failure == ERROR_SUCCESS ? 0 : 1;
 }

@@ -33,14 +33,17 @@ register() { wine regsvr32 /s "$dll"; }
 remove() { wine reg delete "$1" /f >/dev/null || ! wine reg query "$1" >/dev/null 2>&1; }
 unregister() { wine regsvr32 /s /u "$dll"; }
 
-# save KEY FILE: saves the key with all that is below it as text, in the form of an export, without the times of changes.
+# save KEY FILE: saves the key with all that is below it as text, in the form of an export, without the times of changes. On a
+# busy machine the system may fail to save it once.
 save() {
-  wine "$(windows_path "$build/save_key.exe")" "$1" "$2.saved"
+  save_key "$1" "$2.saved" || save_key "$1" "$2.saved"
   key="$1" awk '
     /^(WINE|;|#)/ { next }
     /^\[/ { sub(/\] [0-9]+$/, "]"); gsub(/\\\\/, "\\"); $0 = "[" ENVIRON["key"] "\\" substr($0, 2) }
     { print }' "$2.saved" >"$2.txt"
 }
+
+save_key() { wine "$(windows_path "$build/save_key.exe")" "$@"; }
 
 # snapshot NAME: saves the hives to the files NAME.*.txt, which later checks read; starting a program for each is slow.
 snapshot() {
