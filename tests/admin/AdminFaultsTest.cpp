@@ -67,11 +67,14 @@ std::vector<std::string> Shown(const AdminSession& s) {
 }
 
 #ifdef QUORVEL_SANITIZED
-/// Here the sanitizers look for faults of the memory. What is stored is the same as in the release build, which
-/// compares.
+/// Here the sanitizers look for faults of the memory, where it takes three times as long. What is stored is the same as
+/// in the release build, which compares. One call of three fails, not the same ones in each view: the operations share
+/// most calls.
 constexpr bool kComparesWithStored = false;
+constexpr std::size_t kStride = 3;
 #else
 constexpr bool kComparesWithStored = true;
+constexpr std::size_t kStride = 1;
 #endif
 
 using Cut = void (StandInServer::*)(int request);
@@ -130,9 +133,10 @@ TEST_P(AdminFaultsTest, LeaveTheWindowUsableAndShowingWhatIsStored) {
   const Outcome done = Do(GetParam(), 0);
   EXPECT_FALSE(done.isTold);
   const auto failEach = [&](Cut cut) {
-    std::size_t step = 1;
-    for (Outcome outcome = Do(GetParam(), step, cut); !outcome.failed.empty(); outcome = Do(GetParam(), ++step, cut)) {
+    std::size_t step = 1 + GetParam().view.size() % kStride;
+    for (Outcome outcome = Do(GetParam(), step, cut); !outcome.failed.empty(); outcome = Do(GetParam(), step, cut)) {
       EXPECT_TRUE(outcome.isTold || outcome.shown == done.shown) << step;
+      step += kStride;
     }
     return step;
   };
