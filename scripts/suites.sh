@@ -6,29 +6,34 @@
 suites() { ctest --test-dir "build/$1" --print-labels | sed -n 's/^  //p'; }
 
 # checksums PRESET FILE...: a line for each thing that tests of the build run or read: programs and libraries, files of the
-# repository, the given files, and packages. Sources of tests are in their programs.
+# repository, the given files, and packages. Sources of tests are in their programs. A plus begins the lines of files that matter
+# only to tests of what was built: those that build, package or describe the product.
 checksums() {
   find "build/$1" -type f \( -perm -u+x -o -name '*.so*' -o -name '*.dll' -o -name '*.tlb' \) \
     -not -path '*/CMakeFiles/*' -not -path '*/tests/install/*' -not -path '*/wine/*' -not -path '*/packages/*' -print0 |
     sort -z | xargs -0 sha256sum
-  git ls-files -co --exclude-standard -z -- tests scripts data docs packaging pictures include cmake host/example 'CMake*' \
-    CHANGELOG.md ':!tests/*.cpp' ':!tests/*.h' | sort -z | xargs -0 sha256sum
+  repository_files tests data include scripts/own-screen scripts/screen.sh ':!tests/*.cpp' ':!tests/*.h'
+  repository_files scripts docs packaging pictures cmake host/example 'CMake*' CHANGELOG.md | sed 's/^/+/'
   [[ $# -eq 1 ]] || sha256sum "${@:2}"
   dpkg-query -W
   printf '%s\n' "${QUORVEL_TEST_SQLSERVER:-}"
 }
 
+# repository_files PATH...: a line with a checksum for each file below the paths.
+repository_files() { git ls-files -co --exclude-standard -z -- "$@" | sort -z | xargs -0 sha256sum; }
+
 # find_changed KIND PRESET CHECKSUMS SUITE...: sets `changed` to the suites for which something has changed since they passed as
-# that kind: anything of the checksums but the programs of other suites.
+# that kind: anything of the checksums but the programs of other suites and, for a suite with a program, the lines with a plus.
 find_changed() {
   local kind=$1 preset=$2 sums=$3 suite stamp all
   all=$(suites "$preset")
   changed=()
   stamps=()
   for suite in "${@:4}"; do
-    stamp=build/passed/$kind-$suite-$(awk -v folder="build/$preset/" -v own="$suite" -v suites="$all" '
+    stamp=build/passed/$kind-$suite-$(awk -v folder="build/$preset/" -v own="$suite" -v suites="$all" \
+      -v hasProgram="$([[ ! -x build/$preset/$suite ]] || printf 1)" '
       BEGIN { for (i = split(suites, name, "\n"); i > 0; --i) others[folder name[i]] = name[i] != own }
-      !others[$2]' <<<"$sums" | sha256sum | cut -c1-32)
+      !others[$2] && !(hasProgram && /^\+/)' <<<"$sums" | sha256sum | cut -c1-32)
     if [[ ! -e $stamp ]]; then
       changed+=("$suite")
       stamps+=("$stamp")
