@@ -2,34 +2,21 @@
 
 #include "ado/Command.h"
 
-#include <gmock/gmock.h>
-
 #include <tuple>
 
 #include "tests/ado/FakeSession.h"
+#include "tests/support/Rows.h"
 
 namespace quorvel::ado {
 namespace {
 
-using test::Caught;
-using test::FakeEngine;
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::StartsWith;
+using namespace test;
 
 const ParameterInfo kSmall{"@EntityType", DataType::SmallInt, ParameterDirection::Input, 0};
 const ParameterInfo kLong{"@OwnerKey", DataType::Integer, ParameterDirection::Input, 0};
 const ParameterInfo kId{"@ContextID", DataType::VarChar, ParameterDirection::Input, 30};
 const ParameterInfo kMemo{"@MemoText", DataType::LongVarChar, ParameterDirection::Input, -1};
 const ParameterInfo kDate{"@DateStamp", DataType::DBTimeStamp, ParameterDirection::Input, 0};
-
-Command ProcedureCall(std::shared_ptr<Connection> connection) {
-  Command command;
-  command.SetActiveConnection(std::move(connection));
-  command.SetCommandType(CommandType::StoredProcedure);
-  command.SetCommandText("spSomething");
-  return command;
-}
 
 TEST(Parameter, ConvertsValuesToItsType) {
   using Case = std::tuple<Value, ParameterInfo, Value>;
@@ -56,9 +43,8 @@ TEST(Parameter, RefusesValuesThatDoNotFit) {
         {"soon", kDate, ErrorNumber::TypeMismatch, "Type mismatch"},
         {std::string(31, 'x'), kId, ErrorNumber::AdoDataConversion, "Application uses a value of the wrong type"}}) {
     Parameter parameter(info, Value{"before"});
-    const Error error = Caught([&, &given = value] { parameter.SetValue(given); });
-    EXPECT_EQ(error.Number(), number) << info.name;
-    EXPECT_THAT(error.Description(), AllOf(StartsWith(beginning), HasSubstr(info.name)));
+    EXPECT_THAT(Caught([&, &given = value] { parameter.SetValue(given); }),
+                IsError(number, AllOf(StartsWith(beginning), HasSubstr(info.name))));
     EXPECT_EQ(parameter.Value(), Value{"before"});
   }
 }
@@ -66,8 +52,8 @@ TEST(Parameter, RefusesValuesThatDoNotFit) {
 TEST(Command, ForgetsOnlyDiscoveredParametersWithItsText) {
   FakeEngine engine;
   engine.parameters = {kId, kLong};
-  const auto connection = test::Connect(engine);
-  Command discovered = ProcedureCall(connection);
+  const auto connection = Connect(engine);
+  Command discovered = CallOf(connection, "spSomething");
   discovered.Parameters("contextid").SetValue("C1");
   EXPECT_EQ(discovered.Parameters("@ContextID").Value(), Value{"C1"});
   EXPECT_THAT(Caught([&] { (void)discovered.Parameters("@Nobody"); }).Description(),
@@ -75,7 +61,7 @@ TEST(Command, ForgetsOnlyDiscoveredParametersWithItsText) {
   discovered.SetCommandText("spOther");
   EXPECT_EQ(discovered.Parameters("@ContextID").Value(), Value{Null{}});
 
-  Command declared = ProcedureCall(connection);
+  Command declared = CallOf(connection, "spSomething");
   declared.Append(Command::CreateParameter("@A", DataType::SmallInt, ParameterDirection::Input, 0, std::int64_t{1}));
   declared.SetCommandText("spOther");
   EXPECT_EQ(declared.Parameters("a").Value(), Value{std::int64_t{1}});
@@ -84,8 +70,8 @@ TEST(Command, ForgetsOnlyDiscoveredParametersWithItsText) {
 
 TEST(Command, NeedsAnOpenConnection) {
   FakeEngine engine;
-  for (const auto& connection : {std::shared_ptr<Connection>(), test::MakeConnection(engine)}) {
-    Command command = ProcedureCall(connection);
+  for (const auto& connection : {std::shared_ptr<Connection>(), MakeConnection(engine)}) {
+    Command command = CallOf(connection, "spSomething");
     EXPECT_EQ(Caught([&] { command.Execute(); }).Number(), ErrorNumber::AdoInvalidConnection);
     EXPECT_EQ(Caught([&] { (void)command.Parameters("@A"); }).Number(), ErrorNumber::AdoInvalidConnection);
   }

@@ -2,18 +2,13 @@
 
 #include "ado/Connection.h"
 
-#include <gmock/gmock.h>
-
 #include "ado/ConnectionString.h"
 #include "tests/ado/FakeSession.h"
 
 namespace quorvel::ado {
 namespace {
 
-using test::Caught;
-using test::FakeEngine;
-using testing::HasSubstr;
-using testing::Not;
+using namespace test;
 using namespace std::chrono_literals;
 
 TEST(ConnectionString, IsReadInPairs) {
@@ -35,15 +30,15 @@ TEST(ConnectionString, IsReadInPairs) {
   for (const auto& [text, expected] : cases) EXPECT_EQ(read(text), expected) << text;
   for (const std::string_view broken :
        {"Server=a;secret", "secret", "Server=a;secret;UID=b", "PWD='secret", R"(PWD="secret"x;UID=b)"}) {
-    const Error error = Caught([broken] { (void)ParseConnectionString(broken); });
-    EXPECT_EQ(error.Number(), ErrorNumber::AdoInvalidArgument) << broken;
-    EXPECT_THAT(error.Description(), Not(HasSubstr("secret")));
+    EXPECT_THAT(Caught([broken] { (void)ParseConnectionString(broken); }),
+                IsError(ErrorNumber::AdoInvalidArgument, Not(HasSubstr("secret"))))
+        << broken;
   }
 }
 
 TEST(Connection, OpensWithTheGivenCredentialsAndTimeouts) {
   FakeEngine engine;
-  const auto connection = test::MakeConnection(engine);
+  const auto connection = MakeConnection(engine);
   connection->SetConnectionString("Server=s;Database=d;UID=u;PWD=p");
   connection->SetCommandTimeout(60s);
   connection->SetConnectionTimeout(3600s);
@@ -59,12 +54,9 @@ TEST(Connection, OpensWithTheGivenCredentialsAndTimeouts) {
 
 TEST(Connection, ErrorsHoldTheLastOperationThatFailedOrWarned) {
   FakeEngine engine;
-  const auto connection = test::MakeConnection(engine);
+  const auto connection = MakeConnection(engine);
   engine.failure = DriverError({{"28000", 18456, "Login failed."}, {"01000", 5, "More."}});
-  const Error refused = Caught([&] { connection->Open(); });
-  EXPECT_EQ(refused.Number(), ErrorNumber::DbLogin);
-  EXPECT_EQ(refused.Source(), "Quorvel.ODBC");
-  EXPECT_EQ(refused.Description(), "Login failed.");
+  EXPECT_THAT(Caught([&] { connection->Open(); }), IsError(ErrorNumber::DbLogin, "Quorvel.ODBC", "Login failed."));
   EXPECT_EQ(connection->Errors().at(1).description, "More.");
   EXPECT_FALSE(connection->IsOpen());
 
@@ -86,9 +78,9 @@ TEST(Connection, ErrorsHoldTheLastOperationThatFailedOrWarned) {
 
 TEST(Connection, ExplainsAMissingServerOrDriver) {
   auto connection = std::make_shared<Connection>();
-  const Error noServer = Caught([&] { connection->Open(); });
-  EXPECT_EQ(noServer.Number(), ErrorNumber::DbUnspecified);
-  EXPECT_THAT(noServer.Description(), HasSubstr("Set the server to the name of a SQL Server, or to \"(embedded)\""));
+  EXPECT_THAT(Caught([&] { connection->Open(); }),
+              IsError(ErrorNumber::DbUnspecified,
+                      HasSubstr("Set the server to the name of a SQL Server, or to \"(embedded)\"")));
   EXPECT_EQ(connection->Errors().at(0).sqlState, "08001");
   connection->SetConnectionString("Server=SQL1; Driver=No Such Driver");
   EXPECT_THAT(Caught([&] { connection->Open(); }).Description(),

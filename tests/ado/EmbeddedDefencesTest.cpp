@@ -1,7 +1,6 @@
 // A file may come from a stranger, and a batch from a file: neither may reach beyond the file, run without an end, or
 // end the host's process.
 
-#include <gmock/gmock.h>
 #include <pthread.h>
 #include <sqlite3.h>
 
@@ -15,18 +14,14 @@
 
 #include "ado/Command.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
 namespace quorvel::ado {
 namespace {
 
-using test::Caught;
-using test::FailureOf;
-using test::RowsOf;
-using test::TestDatabase;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
+using namespace test;
 
 class EmbeddedDefences : public testing::Test {
  protected:
@@ -41,12 +36,9 @@ class EmbeddedDefences : public testing::Test {
   }
   /// Calls the procedure as the component calls one that reads, and returns its first value.
   [[nodiscard]] std::string Read(const std::string& procedure) const {
-    Command command;
-    command.SetActiveConnection(m_connection);
-    command.SetCommandType(CommandType::StoredProcedure);
-    command.SetCommandText(procedure);
+    Command command = CallOf(m_connection, procedure);
     command.SetAccess(Access::Read);
-    return test::Shown(command.Execute()->Fields(std::size_t{0}).Value());
+    return Shown(command.Execute()->Fields(std::size_t{0}).Value());
   }
 
   const TestDatabase m_database{TestDatabase::Content::Empty};
@@ -66,18 +58,18 @@ TEST_F(EmbeddedDefences, NoBatchOrProcedureReachesAnotherFileOrSetting) {
   m_connection->Execute("INSERT INTO [" + table +
                         "] (Name, Definition) VALUES ('spForeign', 'CREATE PROCEDURE spForeign AS "
                         "PRAGMA user_version = 7')");
-  test::ExpectFailures(*m_connection, {{"ATTACH DATABASE 'other.db' AS other", "near 'ATTACH'"},
-                                       {"EXEC ('ATTACH DATABASE ''other.db'' AS other')", "near 'ATTACH'"},
-                                       {"VACUUM INTO 'other.db'", "near 'VACUUM'"},
-                                       {"PRAGMA writable_schema = ON", "near 'PRAGMA'"},
-                                       {"CREATE PROCEDURE spNew AS PRAGMA user_version = 7", "near 'PRAGMA'"},
-                                       {"EXEC spForeign", "near 'PRAGMA'"},
-                                       {"SELECT * FROM pragma_database_list", "does not let"},
-                                       {"SELECT * FROM [pragma_optimize]", "does not let"},
-                                       {"SELECT load_extension('x') AS n", "not a function"},
-                                       {"SELECT [load_extension]('x') AS n", "near '('"},
-                                       {"CREATE VIRTUAL TABLE Words USING fts5(Word)", "does not support"},
-                                       {"UPDATE sqlite_schema SET sql = ''", "may not be modified"}});
+  ExpectFailures(*m_connection, {{"ATTACH DATABASE 'other.db' AS other", "near 'ATTACH'"},
+                                 {"EXEC ('ATTACH DATABASE ''other.db'' AS other')", "near 'ATTACH'"},
+                                 {"VACUUM INTO 'other.db'", "near 'VACUUM'"},
+                                 {"PRAGMA writable_schema = ON", "near 'PRAGMA'"},
+                                 {"CREATE PROCEDURE spNew AS PRAGMA user_version = 7", "near 'PRAGMA'"},
+                                 {"EXEC spForeign", "near 'PRAGMA'"},
+                                 {"SELECT * FROM pragma_database_list", "does not let"},
+                                 {"SELECT * FROM [pragma_optimize]", "does not let"},
+                                 {"SELECT load_extension('x') AS n", "not a function"},
+                                 {"SELECT [load_extension]('x') AS n", "near '('"},
+                                 {"CREATE VIRTUAL TABLE Words USING fts5(Word)", "does not support"},
+                                 {"UPDATE sqlite_schema SET sql = ''", "may not be modified"}});
   EXPECT_THAT(RowsOf(*m_connection, "EXEC spPlain"), ElementsAre("1"));
 }
 
@@ -93,8 +85,7 @@ TEST_F(EmbeddedDefences, ViewsOfFileCallOnlyHarmlessFunctions) {
                                            {"SELECT n FROM Finds", "unsafe use"},
                                            {"SELECT * FROM Lists", "unsafe use"},
                                            {"DELETE FROM Words_data", "may not be modified"}}) {
-    EXPECT_THAT(FailureOf(*m_connection, batch).Description(),
-                testing::AnyOf(HasSubstr(description), HasSubstr("does not let")))
+    EXPECT_THAT(FailureOf(*m_connection, batch).Description(), AnyOf(HasSubstr(description), HasSubstr("does not let")))
         << batch;
   }
 }
@@ -117,9 +108,9 @@ TEST_F(EmbeddedDefences, ProcedureThatIsCalledToReadChangesNothingAndEndsItsTran
   // A statement that was compiled for a call that may write has no right of its own.
   m_connection->Execute("EXEC spWritesBelow");
   for (const auto& [name, body] : refused) {
-    const Error error = Caught([this, &procedure = name] { (void)Read(procedure); });
-    EXPECT_EQ(error.Number(), ErrorNumber::DbStatement) << body;
-    EXPECT_THAT(error.Description(), HasSubstr(name + " was called to read and may not change ")) << body;
+    EXPECT_THAT(Caught([this, &procedure = name] { (void)Read(procedure); }),
+                IsError(ErrorNumber::DbStatement, HasSubstr(name + " was called to read and may not change ")))
+        << body;
   }
   EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM Note"), "1");
 
@@ -141,10 +132,9 @@ TEST_F(EmbeddedDefences, CommandWithoutEndIsStoppedAndRolledBack) {
   m_database.Run("CREATE PROCEDURE spEndless AS SELECT COUNT(*) AS n FROM Endless");
   m_connection->SetCommandTimeout(std::chrono::seconds(1));
   for (const char* endless : {"WHILE 1 = 1 BEGIN END", "EXEC spEndless"}) {
-    const Error error =
-        FailureOf(*m_connection, std::string("BEGIN TRANSACTION INSERT INTO Note VALUES (1) ") + endless);
-    EXPECT_EQ(error.Number(), ErrorNumber::DbTimeout) << endless;
-    EXPECT_THAT(error.Description(), HasSubstr("longer than the command timeout"));
+    EXPECT_THAT(FailureOf(*m_connection, std::string("BEGIN TRANSACTION INSERT INTO Note VALUES (1) ") + endless),
+                IsError(ErrorNumber::DbTimeout, HasSubstr("longer than the command timeout")))
+        << endless;
     EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM Note"), "0") << endless;
   }
   m_connection->Execute("INSERT INTO Note VALUES (2)");
@@ -189,7 +179,7 @@ TEST_F(EmbeddedDefences, NothingOverflowsSmallStack) {
   };
   RunOnSmallStack([&] {
     const auto connection = m_database.Connect();
-    for (const std::string& batch : nested) test::ExpectFailures(*connection, {{batch, "nested too deeply"}});
+    for (const std::string& batch : nested) ExpectFailures(*connection, {{batch, "nested too deeply"}});
     EXPECT_THAT(RowsOf(*connection, "SELECT RIGHT(RIGHT(N'aöü', 2), 5) AS r, RIGHT('a', 0) AS n"), ElementsAre("öü|"));
   });
   // With the usual stack long statements fit.

@@ -1,6 +1,5 @@
 // Faults of the outside: files that are no databases, files that are replaced, other writers, a broken or full disk.
 
-#include <gmock/gmock.h>
 #include <grp.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -15,12 +14,12 @@
 #include <functional>
 #include <future>
 #include <memory>
-#include <thread>
 #include <utility>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "platform/AtScopeEnd.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/Rows.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
@@ -47,11 +46,7 @@ extern "C" int nanosleep(const timespec* time, timespec* left) {
 namespace quorvel::ado {
 namespace {
 
-using test::FailureOf;
-using test::RowsOf;
-using test::TestDatabase;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
+using namespace test;
 
 std::string ConnectionStringOf(const std::string& file) { return "Data Source=(embedded);Initial Catalog=" + file; }
 
@@ -73,7 +68,7 @@ class EmbeddedFaults : public testing::Test {
 };
 
 TEST(EmbeddedFiles, FileThatCannotBeDatabaseIsNamed) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const std::string text = folder.File("letter.txt");
   std::ofstream(text) << std::string(5000, 'x');
   const std::vector<std::pair<std::string, std::string>> table = {
@@ -84,9 +79,8 @@ TEST(EmbeddedFiles, FileThatCannotBeDatabaseIsNamed) {
   for (const auto& [file, description] : table) {
     Connection connection;
     connection.SetConnectionString(ConnectionStringOf(file));
-    const Error error = test::Caught([&] { connection.Open(); });
-    EXPECT_THAT(error.Description(), HasSubstr(description));
-    EXPECT_EQ(error.Number(), ErrorNumber::DbUnspecified) << file;
+    EXPECT_THAT(Caught([&] { connection.Open(); }), IsError(ErrorNumber::DbUnspecified, HasSubstr(description)))
+        << file;
     EXPECT_FALSE(connection.IsOpen()) << file;
     EXPECT_EQ(connection.Errors().size(), 1U) << file;
   }
@@ -94,13 +88,13 @@ TEST(EmbeddedFiles, FileThatCannotBeDatabaseIsNamed) {
 }
 
 TEST(EmbeddedFiles, OnlyOwnerAndGroupCanOpenANewDatabase) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const auto modeOf = [](const std::string& file) { return std::filesystem::status(file).permissions(); };
   for (const auto& [stricter, expected] : {std::pair<mode_t, int>{022, 0640}, {0, 0660}, {077, 0600}}) {
     const std::string file = folder.File(std::to_string(stricter));
     const mode_t usual = ::umask(stricter);
     CreateEmbeddedDatabase(file);
-    const auto connection = test::ConnectBy(ConnectionStringOf(file));
+    const auto connection = ConnectBy(ConnectionStringOf(file));
     (void)connection->Execute("CREATE TABLE T (A int)");
     ::umask(usual);
     for (const char* part : {"", "-wal", "-shm"}) {
@@ -124,7 +118,7 @@ TEST(EmbeddedFiles, LogGetsTheGroupOfTheFile) {
   if (::geteuid() != 0) GTEST_SKIP() << "needs another user";
   constexpr gid_t kShared = 3000;
   constexpr id_t kUser = 4001;
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const std::string file = folder.File("shared.db");
   CreateEmbeddedDatabase(file);
   for (const std::string& each : {file, folder.Path().string()}) {
@@ -136,7 +130,7 @@ TEST(EmbeddedFiles, LogGetsTheGroupOfTheFile) {
   {
     const AtScopeEnd back([] { EXPECT_EQ(::seteuid(0) + ::setegid(0) + ::setgroups(0, nullptr), 0); });
     ASSERT_EQ(::setgroups(1, &kShared) + ::setegid(kUser) + ::seteuid(kUser), 0);
-    first = test::ConnectBy(ConnectionStringOf(file));
+    first = ConnectBy(ConnectionStringOf(file));
     const auto giveLogTo = [&](gid_t group) {
       ASSERT_EQ(::seteuid(0), 0);
       ASSERT_EQ(::chown((file + "-wal").c_str(), kUser, group), 0);
@@ -146,7 +140,7 @@ TEST(EmbeddedFiles, LogGetsTheGroupOfTheFile) {
     // The second user comes before the first one has given the log its group.
     giveLogTo(kUser);
     whileSleeping = [&] { giveLogTo(kShared); };
-    second = test::ConnectBy(ConnectionStringOf(file));
+    second = ConnectBy(ConnectionStringOf(file));
   }
   for (const char* part : {"-wal", "-shm"}) {
     struct stat status {};
@@ -162,9 +156,8 @@ TEST(EmbeddedFiles, ReadOnlyFileCanBeReadAndRefusesWrites) {
   const TestDatabase database(TestDatabase::Content::Schema);
   std::fstream(database.DatabaseFile()).seekp(kWriteVersion).put('\x03');
   const auto connection = database.Connect();
-  const Error error = FailureOf(*connection, "INSERT INTO ttwRight (RightID) VALUES ('new')");
-  EXPECT_THAT(error.Description(), HasSubstr("is read-only here and did not take this change"));
-  EXPECT_EQ(error.Number(), ErrorNumber::DbUnspecified);
+  EXPECT_THAT(FailureOf(*connection, "INSERT INTO ttwRight (RightID) VALUES ('new')"),
+              IsError(ErrorNumber::DbUnspecified, HasSubstr("is read-only here and did not take this change")));
   EXPECT_THAT(RowsOf(*connection, "SELECT COUNT(*) AS n FROM ttwRight"), ElementsAre("0"));
 }
 
@@ -203,7 +196,7 @@ TEST_F(EmbeddedFaults, FileReplacedWhileAWriterWaitsTakesNoWrite) {
     const auto first = m_database.Connect();
     const auto second = m_database.Connect();
     first->Execute("BEGIN TRANSACTION");
-    const quorvel::test::PromptsGuard prompts;
+    const PromptsGuard prompts;
     auto waiting = std::async(std::launch::async, [&] { ExpectReplaced(*second, batch, m_file); });
     while (prompts->drawings == 0)
       ASSERT_EQ(waiting.wait_for(std::chrono::milliseconds(1)), std::future_status::timeout);
@@ -227,10 +220,10 @@ TEST_F(EmbeddedFaults, FileReplacedWhileTheDiskWritesIsNoSuccess) {
 }
 
 TEST_F(EmbeddedFaults, LinkThatLeadsToAnotherFileTakesNoWrite) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const std::string link = folder.File("link.db");
   std::filesystem::create_symlink(m_file, link);
-  const auto connection = test::ConnectBy(ConnectionStringOf(link));
+  const auto connection = ConnectBy(ConnectionStringOf(link));
   std::filesystem::remove(link);
   std::filesystem::create_symlink(TestDatabase(TestDatabase::Content::Empty).DatabaseFile(), link);
   ExpectReplaced(*connection, m_insert, link);
@@ -241,9 +234,8 @@ TEST_F(EmbeddedFaults, FailedCommitOfUnknownOutcomeSaysSo) {
   failsToSync = true;
   const Error error = FailureOf(*m_database.Connect(), m_insert);
   failsToSync = false;
-  EXPECT_EQ(error.Number(), ErrorNumber::DbUnspecified);
-  EXPECT_THAT(error.Description(), testing::EndsWith("It is not known whether the last change was stored."));
-  EXPECT_THAT(error.Description(), HasSubstr(m_file));
+  const auto saysSo = AllOf(HasSubstr(m_file), EndsWith("It is not known whether the last change was stored."));
+  EXPECT_THAT(error, IsError(ErrorNumber::DbUnspecified, saysSo));
 }
 
 // A log without a name is gone, with all that was written to it, when the program is killed.
@@ -272,7 +264,7 @@ TEST_F(EmbeddedFaults, WritersWaitFromTheirFirstReadUpToCommandTimeout) {
   second->SetCommandTimeout(std::chrono::seconds(1));
   // A batch that defines a procedure reads and writes, too.
   for (const char* batch : {"EXEC spCount", "ALTER PROCEDURE spCount AS SELECT 1 AS n"}) {
-    const quorvel::test::PromptsGuard prompts;
+    const PromptsGuard prompts;
     std::string nested;
     prompts->meanwhile = [&] { nested = FailureOf(*second, "SELECT n FROM Counter").Description(); };
     const auto begin = std::chrono::steady_clock::now();

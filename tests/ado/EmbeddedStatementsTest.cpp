@@ -1,24 +1,19 @@
 // The T-SQL that the embedded engine reads: joins, comparisons, expressions, control flow, procedures, and its errors.
 
-#include <gmock/gmock.h>
-
 #include <utility>
 
+#include "tests/support/Matchers.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
 namespace quorvel::ado {
 namespace {
 
-using test::FailureOf;
-using test::TestDatabase;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::SizeIs;
+using namespace test;
 
 class EmbeddedStatements : public ::testing::Test {
  protected:
-  std::vector<std::string> Rows(std::string_view batch) { return test::RowsOf(*m_connection, batch); }
+  std::vector<std::string> Rows(std::string_view batch) { return RowsOf(*m_connection, batch); }
 
   TestDatabase m_database{TestDatabase::Content::Sample};
   std::shared_ptr<Connection> m_connection = m_database.Connect();
@@ -119,10 +114,10 @@ TEST_F(EmbeddedStatements, RunsControlFlowAndVariables) {
 // A server converts to the column's or variable's type; SQLite keeps what it gets.
 TEST_F(EmbeddedStatements, NumbersAreConvertedAsOnAServerAlsoInAnAddedColumn) {
   m_connection->Execute("CREATE TABLE Amount (n int, r float) CREATE TABLE Flag (b bit) CREATE TABLE Big (n bigint)");
-  test::ExpectFailures(*m_connection, {{"INSERT INTO Amount (r) VALUES ('abc')", " holds "},
-                                       {"INSERT INTO Big VALUES ('abc')", "to a whole number"},
-                                       {"INSERT INTO Big VALUES ('1.5')", "to a whole number"},
-                                       {"INSERT INTO Big VALUES (1e19)", " holds "}});
+  ExpectFailures(*m_connection, {{"INSERT INTO Amount (r) VALUES ('abc')", " holds "},
+                                 {"INSERT INTO Big VALUES ('abc')", "to a whole number"},
+                                 {"INSERT INTO Big VALUES ('1.5')", "to a whole number"},
+                                 {"INSERT INTO Big VALUES (1e19)", " holds "}});
   m_connection->Execute("INSERT INTO Amount VALUES ('', '') INSERT INTO Amount (n, r) VALUES (1.9, 1.9), (-1.9, ' ')");
   m_connection->Execute("INSERT INTO Flag VALUES (0.5) INSERT INTO Big VALUES (-9223372036854775807 - 1), (1.9)");
   EXPECT_THAT(Rows("SELECT n FROM Big"), ElementsAre("-9223372036854775808", "1"));
@@ -134,7 +129,7 @@ TEST_F(EmbeddedStatements, NumbersAreConvertedAsOnAServerAlsoInAnAddedColumn) {
 
   m_connection->Execute("ALTER TABLE Flag ADD Rank smallint NOT NULL CONSTRAINT DF_Rank DEFAULT (7)");
   EXPECT_THAT(Rows("SELECT b, Rank FROM Flag"), ElementsAre("1|7"));
-  test::ExpectFailures(*m_connection, {{"UPDATE Flag SET Rank = 70000", "Rank holds"}});
+  ExpectFailures(*m_connection, {{"UPDATE Flag SET Rank = 70000", "Rank holds"}});
 }
 
 TEST_F(EmbeddedStatements, DefinitionIsThatOfAProcedureAndMayNameWhatIsYetToBeMade) {
@@ -261,16 +256,16 @@ TEST_F(EmbeddedStatements, WrongDefinitionsAndCallsAreRefused) {
       << "in a file that never had a procedure";
   m_connection->Execute("CREATE PROCEDURE spOnce @a int, @b int = 1 AS SELECT * FROM MadeLater");
   m_connection->Execute("CREATE PROCEDURE spForever AS EXEC spForever");
-  test::ExpectFailures(*m_connection, {{"CREATE PROCEDURE spBad AS SELEC 1", "Incorrect syntax near 'SELEC'"},
-                                       {"SELECT 1 CREATE PROCEDURE spLate AS SELECT 1", "must be the first statement"},
-                                       {"CREATE PROC spONCE AS SELECT 2", "already an object"},
-                                       {"ALTER PROCEDURE spOther AS SELECT 2", "Invalid object name 'spOther'"},
-                                       {"EXEC spBad", "Could not find stored procedure"},
-                                       {"EXEC spOnce @b = 1", "expects parameter '@a'"},
-                                       {"EXEC spOnce 1, 2, 3", "too many arguments"},
-                                       {"EXEC spOnce 1, @c = 1", "@c is not a parameter"},
-                                       {"EXEC spOnce 1", "Invalid object name 'MadeLater'"},
-                                       {"EXEC spForever", "levels deep"}});
+  ExpectFailures(*m_connection, {{"CREATE PROCEDURE spBad AS SELEC 1", "Incorrect syntax near 'SELEC'"},
+                                 {"SELECT 1 CREATE PROCEDURE spLate AS SELECT 1", "must be the first statement"},
+                                 {"CREATE PROC spONCE AS SELECT 2", "already an object"},
+                                 {"ALTER PROCEDURE spOther AS SELECT 2", "Invalid object name 'spOther'"},
+                                 {"EXEC spBad", "Could not find stored procedure"},
+                                 {"EXEC spOnce @b = 1", "expects parameter '@a'"},
+                                 {"EXEC spOnce 1, 2, 3", "too many arguments"},
+                                 {"EXEC spOnce 1, @c = 1", "@c is not a parameter"},
+                                 {"EXEC spOnce 1", "Invalid object name 'MadeLater'"},
+                                 {"EXEC spForever", "levels deep"}});
   m_connection->Execute("CREATE TABLE MadeLater (n int) INSERT INTO MadeLater VALUES (7)");
   EXPECT_THAT(Rows("EXEC spOnce 1"), ElementsAre("7"));
 }

@@ -1,30 +1,22 @@
 // One suite over every engine: the component relies on these rules with every database.
 
 #include <fmt/format.h>
-#include <gmock/gmock.h>
-
 #include "ado/Command.h"
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
 #include "tests/support/EngineUnderTest.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/Rows.h"
 
 namespace quorvel::ado {
 namespace {
 
-using test::EngineKind;
-using test::EngineUnderTest;
-using test::FailureOf;
-using test::RowsOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
+using namespace test;
 
 class EngineTest : public ::testing::TestWithParam<EngineKind> {
  protected:
   void SetUp() override {
-    if (const std::string reason = test::WhyNot(GetParam()); !reason.empty()) GTEST_SKIP() << reason;
+    if (const std::string reason = WhyNot(GetParam()); !reason.empty()) GTEST_SKIP() << reason;
     m_engine = std::make_unique<EngineUnderTest>(GetParam());
     m_connection = m_engine->Connect();
   }
@@ -35,13 +27,7 @@ class EngineTest : public ::testing::TestWithParam<EngineKind> {
     return m_connection->Execute(fmt::format(batch, std::forward<Parts>(parts)...));
   }
   [[nodiscard]] std::vector<std::string> Rows(std::string_view batch) { return RowsOf(*m_connection, batch); }
-  [[nodiscard]] Command Procedure(const std::string& name) const {
-    Command command;
-    command.SetActiveConnection(m_connection);
-    command.SetCommandType(CommandType::StoredProcedure);
-    command.SetCommandText(name);
-    return command;
-  }
+  [[nodiscard]] Command Procedure(const std::string& name) const { return CallOf(m_connection, name); }
 
   std::unique_ptr<EngineUnderTest> m_engine;
   std::shared_ptr<Connection> m_connection;
@@ -49,7 +35,7 @@ class EngineTest : public ::testing::TestWithParam<EngineKind> {
 
 class TransactSqlTest : public EngineTest {};
 
-std::string NameOfParam(const ::testing::TestParamInfo<EngineKind>& info) { return test::NameOf(info.param); }
+std::string NameOfParam(const ::testing::TestParamInfo<EngineKind>& info) { return NameOf(info.param); }
 
 INSTANTIATE_TEST_SUITE_P(Engines, EngineTest,
                          ::testing::Values(EngineKind::Embedded, EngineKind::SqliteDriver, EngineKind::StandIn,
@@ -200,7 +186,7 @@ TEST_P(TransactSqlTest, ProceduresReportTheirParametersAndTakeValues) {
   gap.Parameters("note").SetValue(std::string("x"));
   if (GetParam() == EngineKind::StandIn) {
     // FreeTDS cannot leave out a parameter in the middle. NULL in its place would be another call.
-    EXPECT_THAT(test::Caught([&] { gap.Execute(); }).Description(), HasSubstr("Parameter @b of"));
+    EXPECT_THAT(Caught([&] { gap.Execute(); }).Description(), HasSubstr("Parameter @b of"));
   } else {
     gap.Execute();
     EXPECT_EQ(ToInt32(gap.Parameters("@Total").Value()), -4);
@@ -217,19 +203,18 @@ TEST_P(TransactSqlTest, WrongCallsAreErrorsOfTheCall) {
   const std::string name = m_engine->Procedure("Strict");
   Run("CREATE PROCEDURE {} @n smallint AS SELECT @n AS n", name);
   Command command = Procedure(name);
-  EXPECT_EQ(test::Caught([&] { command.Execute(); }).Number(), ErrorNumber::DbStatement) << "@n is required";
+  EXPECT_EQ(Caught([&] { command.Execute(); }).Number(), ErrorNumber::DbStatement) << "@n is required";
   command.Parameters("@n").SetValue(7);
   EXPECT_EQ(ToInt32(command.Execute()->Fields("n").Value()), 7);
   Run("ALTER PROCEDURE {} @other int AS SELECT @other AS n", name);
-  EXPECT_EQ(test::Caught([&] { (void)Procedure(name).Parameters("@n"); }).Number(), ErrorNumber::AdoItemNotFound);
+  EXPECT_EQ(Caught([&] { (void)Procedure(name).Parameters("@n"); }).Number(), ErrorNumber::AdoItemNotFound);
 
   for (const char* wrong : {"QvTest_NoSuchProcedure", "no such procedure", "[open", "a.b.c.d", ""}) {
-    const Error undiscovered = test::Caught([&] { (void)Procedure(wrong).Parameters("@n"); });
-    EXPECT_EQ(undiscovered.Number(), ErrorNumber::DbStatement) << wrong;
-    EXPECT_EQ(test::Caught([&] { (void)Procedure(wrong).Execute(); }).Number(), ErrorNumber::DbStatement) << wrong;
+    EXPECT_EQ(Caught([&] { (void)Procedure(wrong).Parameters("@n"); }).Number(), ErrorNumber::DbStatement) << wrong;
+    EXPECT_EQ(Caught([&] { (void)Procedure(wrong).Execute(); }).Number(), ErrorNumber::DbStatement) << wrong;
   }
-  const Error error = test::Caught([&] { (void)Procedure("QvTest_NoSuchProcedure").Execute(); });
-  EXPECT_EQ(error.Description(), "Could not find stored procedure 'QvTest_NoSuchProcedure'.");
+  EXPECT_EQ(Caught([&] { (void)Procedure("QvTest_NoSuchProcedure").Execute(); }).Description(),
+            "Could not find stored procedure 'QvTest_NoSuchProcedure'.");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "ado/Connection.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvel::test {
 

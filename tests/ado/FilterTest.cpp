@@ -2,17 +2,14 @@
 
 #include "ado/Filter.h"
 
-#include <gmock/gmock.h>
-
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvel::ado {
 namespace {
 
-using test::Caught;
-using testing::ElementsAreArray;
-using testing::HasSubstr;
+using namespace test;
 
 RowSet People() {
   RowSet rows({{"UserKey", DataType::Integer},
@@ -70,7 +67,7 @@ TEST(Filter, SelectsTheRowsThatMeetTheCriteria) {
       {"UserKey=7OR UserID='bert'or Score=-2", {0, 1, 3}},
   };
   for (const auto& [criteria, expected] : cases) {
-    EXPECT_THAT(SelectRows(rows, criteria), ElementsAreArray(expected)) << criteria;
+    EXPECT_THAT(SelectRows(rows, criteria), testing::ElementsAreArray(expected)) << criteria;
   }
 }
 
@@ -87,13 +84,12 @@ TEST(Filter, RefusesCriteriaThatCannotBeRead) {
       "UserID LIKE 'a*b'", "UserID>NULL", "UserID=#2001-01-01#", "Since='soon'",      "Since=#soon#"};
   for (const auto& all : {incomplete, unbalanced, misspelt, mismatched}) {
     for (const std::string_view criteria : all) {
-      const Error error = Caught([&] { (void)SelectRows(rows, criteria); });
-      EXPECT_EQ(error.Number(), ErrorNumber::AdoInvalidArgument) << criteria.substr(0, 50);
+      EXPECT_THAT(Caught([&] { (void)SelectRows(rows, criteria); }), HasNumber(ErrorNumber::AdoInvalidArgument))
+          << criteria.substr(0, 50);
     }
   }
-  const Error unknown = Caught([&] { (void)SelectRows(rows, "ä='x'"); });
-  EXPECT_EQ(unknown.Number(), ErrorNumber::AdoItemNotFound);
-  EXPECT_THAT(unknown.Description(), HasSubstr("\"ä\""));
+  EXPECT_THAT(Caught([&] { (void)SelectRows(rows, "ä='x'"); }),
+              IsError(ErrorNumber::AdoItemNotFound, HasSubstr("\"ä\"")));
 }
 
 }  // namespace

@@ -2,15 +2,12 @@
 
 #include "ado/Recordset.h"
 
-#include <gmock/gmock.h>
-
 #include "tests/ado/FakeSession.h"
 
 namespace quorvel::ado {
 namespace {
 
-using test::Caught;
-using testing::HasSubstr;
+using namespace test;
 
 RowSet Letters(std::string_view letters) {
   RowSet rows({{"Key", DataType::Integer}, {"Letter", DataType::VarChar}});
@@ -51,8 +48,8 @@ TEST(Recordset, WalksItsRowsToTheEnd) {
 }
 
 TEST(Recordset, FiltersAndBookmarksAlsoWhenDetached) {
-  test::FakeEngine engine;
-  auto connection = test::Connect(engine);
+  FakeEngine engine;
+  auto connection = Connect(engine);
   const std::weak_ptr<Connection> watched = connection;
   Recordset recordset(std::move(connection), Letters("abAcab"));
   recordset.MoveLast();
@@ -90,8 +87,8 @@ TEST(Recordset, FiltersAndBookmarksAlsoWhenDetached) {
 }
 
 TEST(Recordset, IsClosedWithoutAResultSet) {
-  test::FakeEngine engine;
-  const auto connection = test::Connect(engine);
+  FakeEngine engine;
+  const auto connection = Connect(engine);
   Recordset recordset;
   recordset.Open("UPDATE x", connection);
   EXPECT_FALSE(recordset.IsOpen());

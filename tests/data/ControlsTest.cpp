@@ -1,19 +1,15 @@
-#include <gmock/gmock.h>
-
-#include <string>
 #include <vector>
 
 #include "data/modControls.h"
 #include "data/modDatabase.h"
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/MemoryControls.h"
 #include "tests/support/TestDatabase.h"
 
 namespace quorvel::test {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(Controls, SelectByKeyOrTextFindsTheFirstItem) {
   using Select = void (*)(MemoryChoice&, bool selectFirst);

@@ -1,7 +1,5 @@
 // modDatabase on an embedded database: reconnects, reports and the statements that it builds.
 
-#include <gmock/gmock.h>
-
 #include <filesystem>
 #include <fstream>
 #include <thread>
@@ -10,6 +8,7 @@
 #include "data/modWaitCursor.h"
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
 
@@ -20,9 +19,6 @@ using modDatabase::ExecSP;
 using modDatabase::LoadRst;
 using modDatabase::SharedConnection;
 using modDatabase::UpdateField;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 /// A copy, which a reconnect does not change under the test.
 std::shared_ptr<ado::Connection> ConnectionNow() { return SharedConnection(); }

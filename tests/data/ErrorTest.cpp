@@ -1,5 +1,4 @@
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 
 #include <stdexcept>
 
@@ -7,6 +6,7 @@
 #include "platform/Environment.h"
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvel {
@@ -38,9 +38,8 @@ class Errors : public testing::Test {
 TEST_F(Errors, ChainGrowsByOneLineAndContextIsAddedOnce) {
   const Error plain(6, "Plain", "Overflow");
   const Error inner = Passed(plain, "Inner", "Reading (all)");
-  EXPECT_EQ(inner.Number(), 6);
-  EXPECT_EQ(inner.Source(), Line("GridEXWrapper.Inner")) << "a source without a point is no chain";
-  EXPECT_EQ(inner.Description(), "Reading (all) encountered error 6 (Overflow)");
+  EXPECT_THAT(inner, test::IsError(6, Line("GridEXWrapper.Inner"), "Reading (all) encountered error 6 (Overflow)"))
+      << "a source without a point is no chain";
 
   const Error outer = Passed(inner, "Outer", "Loading");
   EXPECT_EQ(outer.Source(), Line("GridEXWrapper.Inner") + "->\r\n" + Line("GridEXWrapper.Outer"));
@@ -56,9 +55,8 @@ TEST_F(Errors, FirstHandlerWithAContextDescribes) {
 
 TEST_F(Errors, ForeignExceptionBecomesAnError) {
   const Error foreign = Passed(std::runtime_error("v1.2 broke"), "Inner", "Reading");
-  EXPECT_EQ(foreign.Number(), ErrorNumber::DbUnspecified);
-  EXPECT_EQ(foreign.Source(), Line("GridEXWrapper.Inner"));
-  EXPECT_EQ(foreign.Description(), "Reading encountered error -2147467259 (v1.2 broke)");
+  EXPECT_THAT(foreign, test::IsError(ErrorNumber::DbUnspecified, Line("GridEXWrapper.Inner"),
+                                     "Reading encountered error -2147467259 (v1.2 broke)"));
   EXPECT_EQ(Passed(42, "Inner").Number(), ErrorNumber::DbUnspecified);
 }
 

@@ -1,8 +1,7 @@
-#include <gmock/gmock.h>
-
 #include "data/modRecordsets.h"
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
 
@@ -40,9 +39,8 @@ TEST(Recordsets, AreFilteredAndLoadedAgainEachOnItsOwn) {
   former = Groups();
   InitGlobalRecordset(former);
   EXPECT_EQ(Groups()->RecordCount() * 10 + Rights()->RecordCount(), 56) << "only the groups";
-  const Error error = Caught([&] { InitGlobalRecordset(former); });
-  EXPECT_EQ(error.Number(), -1);
-  EXPECT_EQ(error.Source() + ": " + error.Description(), "modRecordsets.InitGlobalRecordset: Unknown recordset passed");
+  EXPECT_THAT(Caught([&] { InitGlobalRecordset(former); }),
+              test::IsError(-1, "modRecordsets.InitGlobalRecordset", "Unknown recordset passed"));
 
   database.Run("DROP TABLE ttwRightAssignment DROP TABLE ttwRight");
   InitGlobalRecordset(Rights());

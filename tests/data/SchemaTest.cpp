@@ -2,8 +2,6 @@
 
 #include "data/Schema.h"
 
-#include <gmock/gmock.h>
-
 #include <map>
 #include <string>
 #include <tuple>
@@ -13,6 +11,7 @@
 #include "data/modDatabase.h"
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestDatabase.h"
 
@@ -21,7 +20,6 @@ namespace {
 
 using modDatabase::ExecSP;
 using modDatabase::NamedValue;
-using testing::ElementsAre;
 
 class SchemaTest : public testing::Test {
  protected:
@@ -181,7 +179,7 @@ TEST_F(SchemaTest, UsersHaveTheHighestRightOfTheirGroups) {
       "INSERT INTO ttwRemarkRight (GroupKey, RemarkTypeKey, CanRead, CanUpdate) SELECT g.GroupKey, t.RemarkTypeKey, 1, "
       "1 "
       "FROM ttwGroup g CROSS JOIN ttwRemarkType t WHERE g.GroupID = 'Sales' AND t.RemarkTypeID = 'Cust.General'");
-  EXPECT_THAT(rightsOf("MJONES "), testing::Contains("Cust.General|1|1|1|1"));
+  EXPECT_THAT(rightsOf("MJONES "), Contains("Cust.General|1|1|1|1"));
 }
 
 TEST_F(SchemaTest, ReadsMemosOfOneOwnerAndContext) {
@@ -225,7 +223,7 @@ TEST(SchemaScripts, ProceduresReturnNoCountsAndEndTheirTransactions) {
       const std::string text(batch.text);
       if (text.find(" PROCEDURE ") == std::string::npos || text.find("AS Nothing") != std::string::npos) continue;
       ++procedures;
-      EXPECT_THAT(text, testing::HasSubstr("AS\nSET NOCOUNT ON\n"));
+      EXPECT_THAT(text, HasSubstr("AS\nSET NOCOUNT ON\n"));
       if (text.find("BEGIN TRANSACTION") == std::string::npos) continue;
       EXPECT_LT(text.find("SET XACT_ABORT ON\n"), text.find("BEGIN TRANSACTION")) << text;
       EXPECT_EQ(text.find("ROLLBACK"), std::string::npos) << text;

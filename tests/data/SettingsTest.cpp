@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,6 +17,7 @@
 #include "platform/Environment.h"
 #include "platform/FileUpdate.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvel {
@@ -181,10 +181,9 @@ TEST_F(Settings, UnwritableStoreIsError110AndIsReadAgain) {
   // The system opens the second one and cannot read it.
   for (const std::string& place : {m_file + "/below.reg", std::string("/proc/self/mem")}) {
     const test::ScopedVariable elsewhere("QUORVEL_REGISTRY", place);
-    const Error error = test::Caught([&] { settings.Reload(); });
-    EXPECT_EQ(error.Number(), 110);
-    EXPECT_EQ(error.Source(), "GetRegStringValue");
-    EXPECT_EQ(error.Description(), "Could not read or create registry string value: Software\\Tarnwick\\Server");
+    EXPECT_THAT(test::Caught([&] { settings.Reload(); }),
+                test::IsError(110, "GetRegStringValue",
+                              "Could not read or create registry string value: Software\\Tarnwick\\Server"));
   }
   EXPECT_EQ(settings.Server(), "SQL1");
 }

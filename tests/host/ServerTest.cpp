@@ -10,12 +10,6 @@
 namespace quorvel::test {
 namespace {
 
-using Part = StandInServer::Part;
-
-Part Message(const char* text) { return {Part::Kind::Message, {"01000", 0, text, 1}, 0, {}, {}}; }
-Part Failure(std::int32_t number, const char* text, int line) {
-  return {Part::Kind::Error, {"42000", number, text, line}, 0, {}, {}};
-}
 /// The answer to a permission query: `held` for the permission at `place`, 1 for all others.
 Part Permissions(std::size_t count, std::size_t place, const Value& held) {
   Part part{Part::Kind::Rows, {}, 0, {{"Place", ado::DataType::Integer}, {"Held", ado::DataType::Integer}}, {}};
@@ -100,13 +94,13 @@ TEST_F(OnServer, GrantsRunTheScriptAndListTheOwnerProcedures) {
 TEST_F(OnServer, ScriptsShowMessagesAndLocateErrors) {
   m_server.AnswerWith("PRINT 'Done'", {Message("Half way"), Message("Done")});
   EXPECT_EQ(RunSql("PRINT 'Done'"), "Half way\nDone\n1 batch run\n");
-  m_server.AnswerWith("DROP TABLE a\nDROP TABLE b", {Failure(3701, "No a.", 1), Failure(3701, "No b.", 2)});
+  m_server.AnswerWith("DROP TABLE a\nDROP TABLE b", {Failure("No a.", 3701, 1), Failure("No b.", 3701, 2)});
   EXPECT_THAT(Quorvel({"run", "-"}, "PRINT 'Done'\nGO\nDROP TABLE a\nDROP TABLE b").errors,
               HasSubstr("standard input, batch 2, line 3: No a.\n  line 4: No b.\n"));
 
   const auto batches = ado::SplitBatches(SchemaScript());
   m_server.AnswerWith(std::string(batches[2].text),
-                      {Failure(262, "CREATE TABLE permission denied in database 'Ledger'.", 3)});
+                      {Failure("CREATE TABLE permission denied in database 'Ledger'.", 262, 3)});
   EXPECT_THAT(Quorvel({"init"}),
               FailsWith(HasAll("Schema, batch 3, ", "CREATE TABLE permission denied", "a member of db_owner")));
 

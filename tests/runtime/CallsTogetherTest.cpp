@@ -1,7 +1,5 @@
 // A load sends context, types and rights in one request. It must end as if each were a request of its own.
 
-#include <gmock/gmock.h>
-
 #include <chrono>
 #include <string>
 #include <vector>
@@ -13,9 +11,6 @@ namespace quorvel::test {
 namespace {
 
 using modDatabase::SharedConnection;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 Part Rows(const std::vector<const char*>& columns, std::vector<Value> cells) {
   Part part{Part::Kind::Rows, {}, 0, {}, {std::move(cells)}};

@@ -12,8 +12,6 @@
 namespace quorvel::test {
 namespace {
 
-using testing::ElementsAre;
-
 class LoadTest : public testing::Test {
  protected:
   TestDatabase m_database;
@@ -112,8 +110,7 @@ TEST_F(LoadTest, UnknownContextOrOwnerEndsTheLoad) {
   EXPECT_EQ(context->OwnerKey(), 0);
   EXPECT_EQ(context->OwnerName(), "");
   EXPECT_EQ(context->RemarkList()->Count(), 0);
-  EXPECT_THAT(Caught([&] { context->EditMemos(); }),
-              IsError(-1, "RemarkContext.EditMemos", testing::HasSubstr("owner")));
+  EXPECT_THAT(Caught([&] { context->EditMemos(); }), IsError(-1, "RemarkContext.EditMemos", HasSubstr("owner")));
 }
 
 TEST_F(LoadTest, EveryFailureToCallTheOwnerProcedureHasOneDescription) {
@@ -146,7 +143,7 @@ TEST_F(LoadTest, ProceduresOfLoadMustNotWrite) {
   EXPECT_THAT(Caught([&] { context->Load("CustMaint", "C1044", "jsmith"); }),
               IsError(-1, "RemarkContext.LoadMemos", "Context has not been loaded"));
   RedirectWarnings({});
-  EXPECT_THAT(logged, testing::HasSubstr("spEmpty was called to read and may not change tciMemo"));
+  EXPECT_THAT(logged, HasSubstr("spEmpty was called to read and may not change tciMemo"));
   EXPECT_NE(m_database.Ask("SELECT COUNT(*) FROM tciMemo"), "0");
 }
 
@@ -268,7 +265,7 @@ TEST_F(LoadTest, FailedRefreshKeepsWhatItRead) {
 
   const auto unread = context->RemarkList()->Item(Number(3));
   context->Load("OrderEntry", "SO20001", "admin");
-  EXPECT_THAT(Caught([&] { unread->Commit(); }), IsError(-1, "Remark.Commit", testing::HasSubstr("another record")));
+  EXPECT_THAT(Caught([&] { unread->Commit(); }), IsError(-1, "Remark.Commit", HasSubstr("another record")));
 }
 
 // Another program can write to the database's file without the engine's conversions.

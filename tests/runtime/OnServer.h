@@ -13,13 +13,7 @@
 
 namespace quorvel::test {
 
-using Part = StandInServer::Part;
-
 inline Part OneRow() { return {Part::Kind::Rows, {}, 0, {{"n", ado::DataType::Integer}}, {{std::int64_t{1}}}}; }
-inline Part Message(const char* text) { return {Part::Kind::Message, {"01000", 0, text, 1}, 0, {}, {}}; }
-inline Part Failure(const char* text, std::int32_t number = 50001) {
-  return {Part::Kind::Error, {"42000", number, text, 1}, 0, {}, {}};
-}
 
 /// FreeTDS's text of the calls that a load sends together.
 inline constexpr const char* kContextTypesRights =

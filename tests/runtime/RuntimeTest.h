@@ -1,13 +1,12 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <memory>
 #include <string>
 
 #include "platform/Error.h"
 #include "runtime/RemarkContext.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TestDatabase.h"
 
@@ -33,15 +32,6 @@ class ContextHolder {
  private:
   std::shared_ptr<RemarkContext> m_context = RemarkContext::Create();
 };
-
-/// An Error with that number and source and a description that meets a matcher.
-inline auto IsError(std::int32_t number, const std::string& source, const testing::Matcher<std::string>& description) {
-  return testing::AllOf(testing::Property("Number", &Error::Number, number),
-                        testing::Property("Source", &Error::Source, source),
-                        testing::Property("Description", &Error::Description, description));
-}
-
-inline auto HasNumber(std::int32_t number) { return testing::Property("Number", &Error::Number, number); }
 
 /// A whole number as callers pass it where any type is accepted.
 inline Value Number(std::int64_t number) { return number; }

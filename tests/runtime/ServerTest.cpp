@@ -1,7 +1,5 @@
 // The component on a stand-in server, through the driver manager, a real driver and the network.
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <string>
@@ -20,14 +18,8 @@ namespace {
 using modDatabase::ExecSP;
 using modDatabase::LoadRst;
 using modDatabase::SharedConnection;
-using testing::AnyOf;
 using testing::Each;
-using testing::ElementsAre;
 using testing::Eq;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
 constexpr int kMemosOfOwner = 7;

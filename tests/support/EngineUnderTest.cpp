@@ -4,7 +4,6 @@
 
 #include <array>
 #include <random>
-#include <ranges>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "platform/Environment.h"

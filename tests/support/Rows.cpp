@@ -13,6 +13,14 @@ std::shared_ptr<ado::Connection> ConnectBy(std::string connectionString) {
   return connection;
 }
 
+ado::Command CallOf(std::shared_ptr<ado::Connection> connection, const std::string& procedure) {
+  ado::Command command;
+  command.SetActiveConnection(std::move(connection));
+  command.SetCommandType(ado::CommandType::StoredProcedure);
+  command.SetCommandText(procedure);
+  return command;
+}
+
 std::string Shown(const Value& value) { return IsNull(value) ? "NULL" : ToText(value); }
 
 std::vector<std::string> RowsOf(ado::Connection& connection, std::string_view batch) {

@@ -6,13 +6,16 @@
 #include <utility>
 #include <vector>
 
-#include "ado/Connection.h"
+#include "ado/Command.h"
 #include "platform/Error.h"
 
 namespace quorvel::test {
 
 /// An open connection by that connection string.
 [[nodiscard]] std::shared_ptr<ado::Connection> ConnectBy(std::string connectionString);
+
+/// A command that calls a procedure.
+[[nodiscard]] ado::Command CallOf(std::shared_ptr<ado::Connection> connection, const std::string& procedure);
 
 /// A value as text; NULL for null.
 [[nodiscard]] std::string Shown(const Value& value);

@@ -103,4 +103,11 @@ class StandInServer {
   std::thread m_acceptor;
 };
 
+using Part = StandInServer::Part;
+
+inline Part Message(const char* text) { return {Part::Kind::Message, {"01000", 0, text, 1}, 0, {}, {}}; }
+inline Part Failure(const char* text, std::int32_t number = 50001, int line = 1) {
+  return {Part::Kind::Error, {"42000", number, text, line}, 0, {}, {}};
+}
+
 }  // namespace quorvel::test
