@@ -43,18 +43,24 @@ std::string WithoutValue(const std::string& argument) {
   return end < argument.size() ? argument.substr(0, end) + "..." : argument;
 }
 
-std::string Explanation(const CLI::App& app, const CLI::Error& error) {
-  const std::string text = error.what();
-  // A value that cannot be converted comes after this sign.
-  if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::ExtrasError)) return text.substr(0, text.find(" = "));
-  std::string explanation = "Not expected:";
+/// The arguments that have no place; empty when each has one.
+std::string NotExpected(const CLI::App& app) {
+  std::string arguments;
   bool isAfterOption = false;
   for (const std::string& argument : app.remaining(true)) {
     const bool isOption = argument.starts_with('-');
-    explanation += " " + (isAfterOption && !isOption ? "..." : WithoutValue(argument));
+    arguments += " " + (isAfterOption && !isOption ? "..." : WithoutValue(argument));
     isAfterOption = isOption;
   }
-  return explanation;
+  return arguments.empty() ? "" : "Not expected:" + arguments;
+}
+
+std::string Explanation(const CLI::App& app, const CLI::Error& error) {
+  const std::string extras = NotExpected(app);
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) return extras;
+  const std::string text = error.what();
+  // A value that cannot be converted comes after this sign. A mistyped option is why another one is missing.
+  return text.substr(0, text.find(" = ")) + (extras.empty() ? "" : ". " + extras);
 }
 
 std::string UsageMessage(const CLI::App* app, const CLI::Error& error) {

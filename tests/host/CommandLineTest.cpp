@@ -19,7 +19,8 @@ TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel({}), IsWrongUsage("Usage:"));
   EXPECT_THAT(Quorvel({"lst"}), IsWrongUsage("lst"));
   EXPECT_THAT(Quorvel({"\x1b[2J\u202Elst"}), IsWrongUsage("\uFFFD[2J\uFFFDlst"));
-  EXPECT_THAT(Quorvel({"list"}), IsWrongUsage("--context is required"));
+  EXPECT_THAT(Quorvel({"list"}), IsWrongUsage("--context is required\n"));
+  EXPECT_THAT(Quorvel({"list", "--contxt", "CustMaint"}), IsWrongUsage("is required. Not expected: --contxt ...\n"));
   EXPECT_THAT(Quorvel({"add", "--context", "C", "--type", "T", "--text", "x"}), IsWrongUsage("--owner is required"));
   EXPECT_THAT(Quorvel({"add", "--context", "C", "--owner", "", "--type", "T", "--text", "x"}),
               IsWrongUsage("an owner"));
