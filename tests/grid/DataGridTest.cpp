@@ -1,7 +1,6 @@
 // The grid in a real window: keys, clicks, drawn colours, sizes, and what assistive technology gets.
 #include "grid/DataGrid.h"
 
-#include <gmock/gmock.h>
 #include <gtk/gtk.h>
 
 #include <string>
@@ -26,9 +25,7 @@
 namespace quorvel::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::Lt;
-using testing::StartsWith;
 using namespace std::string_literals;
 
 class DataGridTest : public GridWindow {};
@@ -59,16 +56,10 @@ wxImage OnScreen(wxWindow& window) {
 TEST_F(DataGridTest, KeysMoveAndGroupsOpenAndClose) {
   EXPECT_THAT(Rows(), ElementsAre(0, 2, 0, 4, 3, 1));
   EXPECT_EQ(m_grid->CurrentLine(), 1);
-  for (const auto& [key, line] : {std::pair<int, std::int32_t>{WXK_UP, 1},
-                                  {WXK_DOWN, 2},
-                                  {WXK_END, 6},
-                                  {WXK_DOWN, 6},
-                                  {WXK_HOME, 1},
-                                  {WXK_PAGEDOWN, 6},
-                                  {WXK_PAGEUP, 1},
-                                  {WXK_NUMPAD_END, 6},
-                                  {WXK_UP, 5},
-                                  {WXK_LEFT, 3}}) {
+  using Move = std::pair<int, std::int32_t>;
+  for (const auto& [key, line] :
+       {Move{WXK_UP, 1}, Move{WXK_DOWN, 2}, Move{WXK_END, 6}, Move{WXK_DOWN, 6}, Move{WXK_HOME, 1},
+        Move{WXK_PAGEDOWN, 6}, Move{WXK_PAGEUP, 1}, Move{WXK_NUMPAD_END, 6}, Move{WXK_UP, 5}, Move{WXK_LEFT, 3}}) {
     Press(key);
     EXPECT_EQ(m_grid->CurrentLine(), line) << key;
   }
@@ -147,7 +138,7 @@ TEST_F(DataGridTest, ToolTipShowsWhatACellCuts) {
   EXPECT_EQ(tipAt(5, inText), "");
   EXPECT_EQ(tipAt(3, inText), "") << "a heading";
   m_source.rows[3][2] = std::string(500, '\n') + "end";
-  EXPECT_THAT(tipAt(4, inText), testing::SizeIs(testing::Lt(30U))) << "the screen is not so high";
+  EXPECT_THAT(tipAt(4, inText), SizeIs(testing::Lt(30U))) << "the screen is not so high";
 }
 
 TEST_F(DataGridTest, TabLeavesTheGridInBothDirections) {
@@ -278,7 +269,7 @@ TEST_F(DataGridTest, ColumnsShareTheWindow) {
   EXPECT_EQ(total(), inside());
   wxGridSizeEvent doubleClick(m_grid->GetId(), wxEVT_GRID_COL_AUTO_SIZE, m_grid, 0);
   m_grid->HandleWindowEvent(doubleClick);
-  EXPECT_THAT(m_grid->GetColSize(0), testing::AllOf(testing::Gt(m_grid->GetTextExtent("100").x), Lt(inside() / 8)));
+  EXPECT_THAT(m_grid->GetColSize(0), AllOf(testing::Gt(m_grid->GetTextExtent("100").x), Lt(inside() / 8)));
   EXPECT_EQ(total(), inside());
   m_grid->ShowColumn(1, true);
   m_grid->GroupBy(std::nullopt);

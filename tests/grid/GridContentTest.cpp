@@ -1,8 +1,6 @@
 // The rows of a grid and their texts, without a window.
 #include "grid/GridContent.h"
 
-#include <gmock/gmock.h>
-
 #include <limits>
 #include <string>
 #include <tuple>
@@ -11,11 +9,10 @@
 #include "grid/GridRows.h"
 #include "grid/RowSearch.h"
 #include "tests/grid/TableSource.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvel::test {
 namespace {
-
-using testing::ElementsAre;
 
 Value Text(const char* text) { return std::string(text); }
 Value Whole(std::int64_t number) { return number; }
@@ -167,8 +164,8 @@ TEST(GridContent, OnlyADateHasMoreToTell) {
   GridContent content({{"Date", "Date", 50, true, CellFormat::ShortDate}, {"Text", "Text", 50}}, {1, 2});
   content.SetSource(&source);
   content.Arrange();
-  EXPECT_THAT(content.CellTip(1, 0), testing::StartsWith(content.CellText(1, 0) + " "));
-  EXPECT_THAT(content.CellTip(1, 0), testing::HasSubstr("30:00"));
+  EXPECT_THAT(content.CellTip(1, 0), StartsWith(content.CellText(1, 0) + " "));
+  EXPECT_THAT(content.CellTip(1, 0), HasSubstr("30:00"));
   EXPECT_EQ(content.CellTip(1, 1), "");
 }
 

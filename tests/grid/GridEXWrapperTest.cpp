@@ -1,8 +1,6 @@
 // The wrapper on a real grid: which keys and clicks choose a row, and how a bound recordset follows the grid.
 #include "grid/GridEXWrapper.h"
 
-#include <gmock/gmock.h>
-
 #include <memory>
 #include <string>
 #include <tuple>
@@ -13,10 +11,6 @@
 
 namespace quorvel::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 class GridEXWrapperTest : public GridWindow {
  protected:
@@ -143,9 +137,8 @@ TEST_F(GridEXWrapperTest, WatchesOneGridAndNoneAfterNull) {
   EXPECT_EQ(Chosen(), 0);
   EXPECT_EQ(m_wrapper.RowIndex(), 0) << "of the other, which is empty";
   m_wrapper.SetGrid(nullptr);
-  const Error error = Caught([this] { static_cast<void>(m_wrapper.RowIndex()); });
-  EXPECT_EQ(error.Number(), ErrorNumber::ObjectNotSet);
-  EXPECT_THAT(error.Source(), HasSubstr("Quorvel.GridEXWrapper.RowIndex@"));
+  EXPECT_THAT(Caught([this] { static_cast<void>(m_wrapper.RowIndex()); }),
+              IsError(ErrorNumber::ObjectNotSet, HasSubstr("Quorvel.GridEXWrapper.RowIndex@"), _));
   EXPECT_EQ(m_wrapper.Value("Key"), Value());
 }
 

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <cstdint>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -14,6 +11,7 @@
 #include "grid/DataGrid.h"
 #include "tests/grid/TableSource.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/wx/WaitFor.h"
 
 namespace quorvel::test {

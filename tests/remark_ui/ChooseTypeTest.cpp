@@ -1,8 +1,6 @@
 #include <wx/listbox.h>
 #include <wx/uiaction.h>
 
-#include <optional>
-
 #include "remark_ui/frmChooseType.h"
 #include "tests/remark_ui/FormTest.h"
 
@@ -68,7 +66,7 @@ TEST(ChooseType, ReturnsTheSelectedTypeUnlessCancelled) {
     ModalScript script;
     script.ExpectWindow<frmChooseType>("Choose Remark Type", [&act = act](frmChooseType& window) {
       auto& list = Find<wxListBox>(window, "lstRemarkType");
-      EXPECT_THAT(list.GetStrings(), testing::ElementsAre("Type B", "Type D"));
+      EXPECT_THAT(list.GetStrings(), ElementsAre("Type B", "Type D"));
       EXPECT_EQ(list.GetSelection(), 0);
       act(window, list);
       EXPECT_TRUE(WaitFor([&] { return !window.IsShown(); }));

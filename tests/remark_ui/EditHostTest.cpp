@@ -1,5 +1,4 @@
 // The editor while a timer of the host changes the context and its list.
-#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <functional>
@@ -17,11 +16,10 @@ constexpr const char* kCountGenerals = "SELECT COUNT(*) FROM tciMemo WHERE Owner
 // A timer of the host runs while a window of the component is open.
 TEST_F(EditTest, HostMayDisposeOfTheContextInTheMiddle) {
   const auto typeAndClose = [&](const ContextHolder& context, const std::function<void()>& before) {
-    View(context, [&] {
+    ViewAndClose(context, [&] {
       Go(1);
       Type("typed before the host let go");
       before();
-      Click("cmdClose");
     });
   };
   {
@@ -32,12 +30,10 @@ TEST_F(EditTest, HostMayDisposeOfTheContextInTheMiddle) {
   }
   const ContextHolder context("CustMaint", "C1044", "admin");
   const auto chooseWithoutContext = [&] {
-    ModalScript chooser;
-    chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [&](frmChooseType& dialog) {
+    ClickNew([&](frmChooseType& dialog) {
       context->Dispose();
       Press(dialog, "cmdOK");
     });
-    Click("cmdNew");
   };
   typeAndClose(context, chooseWithoutContext);
   context->Load("CustMaint", "C1044", "admin");
@@ -81,7 +77,7 @@ TEST_F(EditTest, DeleteRemovesTheRemarkThatIsSeenWhateverTheHostDoesToTheList) {
       context->SetEditBehavior(EditBehavior::NoAutoSave);
       context->RemarkList()->Backup();
       const std::string key = std::to_string(RemarkAt(context, kGeneral).MemoKey());
-      View(context, [&] {
+      ViewAndClose(context, [&] {
         if (when != "before") Go(kGeneral);
         change.make(*context, database);
         if (when == "before") Go(kGeneral);
@@ -90,7 +86,6 @@ TEST_F(EditTest, DeleteRemovesTheRemarkThatIsSeenWhateverTheHostDoesToTheList) {
         HandleEvents();
         EXPECT_EQ(Position(), 0);
         EXPECT_FALSE(CanPress("cmdDelete")) << change.name;
-        Click("cmdClose");
       });
       context->Save(true);
       const bool isForgotten = change.name == "clear";
@@ -111,7 +106,7 @@ TEST_F(EditTest, TypedTextGoesToItsOwnMemoOnceWhateverTheHostDoesToTheList) {
       context->SetEditBehavior(EditBehavior::NoAutoSave);
       context->RemarkList()->Backup();
       const std::string key = std::to_string(RemarkAt(context, kGeneral).MemoKey());
-      View(context, [&] {
+      ViewAndClose(context, [&] {
         isNew ? ClickNew("General") : Go(kGeneral);
         Type("typed");
         change.make(*context, database);
@@ -120,7 +115,6 @@ TEST_F(EditTest, TypedTextGoesToItsOwnMemoOnceWhateverTheHostDoesToTheList) {
         if (ending == "another row") Grid().SelectLine(2);
         if (ending.starts_with("cmdSave")) Click("cmdSave");
         if (ending == "cmdNew") ClickNew("General");
-        Click("cmdClose");
       });
       context->Save(true);
       const std::string typed = database.Ask("SELECT MemoKey FROM tciMemo WHERE MemoText = 'typed'");
@@ -137,7 +131,7 @@ TEST_F(EditTest, HostThatReadsTheListAgainScrollsNothingAway) {
   const ContextHolder context("CustMaint", "C1044", "admin");
   for (int i = 0; i < 100; ++i) context->AddRemark("Cust.General", "one of many");
   context->Save(true);
-  View(context, [&] {
+  ViewAndClose(context, [&] {
     HandleEvents();
     Grid().Scroll(0, 30);
     HandleEvents();
@@ -147,7 +141,6 @@ TEST_F(EditTest, HostThatReadsTheListAgainScrollsNothingAway) {
     HandleEvents();
     EXPECT_EQ(Grid().GetViewStart(), view);
     EXPECT_EQ(RemarkAt(context, Position()).MemoKey(), 7) << "the row that was selected";
-    Click("cmdClose");
   });
 }
 

@@ -1,5 +1,4 @@
 // The editor by keyboard alone.
-#include <gmock/gmock.h>
 
 #include <string>
 
@@ -10,8 +9,6 @@
 
 namespace quorvel::test {
 namespace {
-
-using testing::StartsWith;
 
 class EditKeyboardTest : public EditTest {
  protected:
@@ -42,7 +39,7 @@ TEST_F(EditKeyboardTest, DownAfterDeleteGoesToTheRowThatFollowed) {
 }
 
 TEST_F(EditKeyboardTest, MenuOfTheGridDoesWhatTheButtonsDo) {
-  View(m_context, [&] {
+  ViewAndClose(m_context, [&] {
     Grid().SetFocus();
     EXPECT_TRUE(HasFocus(Grid()));
     const std::int32_t count = m_context->MemoCount();
@@ -63,7 +60,6 @@ TEST_F(EditKeyboardTest, MenuOfTheGridDoesWhatTheButtonsDo) {
     EXPECT_TRUE(WaitFor([&] { return !enabled.empty(); }));
     EXPECT_EQ(enabled, "New Close ") << "none is selected after Delete";
     EXPECT_TRUE(m_form.IsShown()) << "Esc leaves the menu first";
-    Click("cmdClose");
   });
 }
 
@@ -148,7 +144,7 @@ TEST_F(EditKeyboardTest, FindLeadsToTheNextRemarkWithTheText) {
 TEST_F(EditKeyboardTest, TypingIsUndoneByWords) {
   const std::string before = RemarkAt(m_context, 1).MemoText();
   RemarkAt(m_context, 2).SetMemoText("one tw");
-  View(m_context, [&] {
+  ViewAndClose(m_context, [&] {
     const auto type = [&](const char* keys) {
       for (; *keys != '\0'; ++keys) m_keyboard.Char(*keys);
     };
@@ -186,7 +182,6 @@ TEST_F(EditKeyboardTest, TypingIsUndoneByWords) {
     m_keyboard.Char('Z', wxMOD_CONTROL);
     type("X");
     shows("one twx");
-    Click("cmdClose");
   });
 }
 

@@ -2,7 +2,6 @@
 #include <limits>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "data/modUserName.h"
 #include "platform/wx/BoxText.h"
@@ -15,8 +14,6 @@
 namespace quorvel::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::Field;
 using Outcome = EditedRemark::Outcome;
 
 RemarkInput Typed(const std::string& text, const std::optional<TypeChoice>& type = {}) { return {text, true, type}; }

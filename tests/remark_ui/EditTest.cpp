@@ -1,5 +1,4 @@
 // The editor as its user sees it. Its rules are tested without a window in EditRulesTest.
-#include <gmock/gmock.h>
 
 #include <functional>
 #include <string>
@@ -11,15 +10,13 @@
 namespace quorvel::test {
 namespace {
 
-using testing::StartsWith;
-
 TEST_F(EditTest, AuthorEditsAnOwnRemarkAndMovesOn) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
   const ContextHolder other("CustInq", "C1001", "jsmith");
   context->SetEditBehavior(EditBehavior::NoAutoSave);
   Remark& remark = RemarkAt(context, kGeneral);
   remark.SetUserID(m_login);
-  View(context, [&] {
+  ViewAndClose(context, [&] {
     Go(kGeneral + 1);
     EXPECT_EQ(Frame(), "View Remark");
     EXPECT_FALSE(TextBox().IsEditable());
@@ -37,7 +34,6 @@ TEST_F(EditTest, AuthorEditsAnOwnRemarkAndMovesOn) {
     ClickNew("General");
     EXPECT_EQ(Frame(), "Edit Remark");
     EXPECT_TRUE(TextBox().IsEditable() && Types().IsEnabled() && CanPress("cmdSave")) << "unlike the locked remark";
-    Click("cmdClose");
   });
   EXPECT_EQ(remark.MemoText(), "Receiving now closes at 4 pm.");
   EXPECT_TRUE(remark.Dirty());
@@ -50,7 +46,7 @@ TEST_F(EditTest, ClosingWritesAllChangesOrNone) {
     m_prompts->answers = {isSaved ? PromptAnswer::Yes : PromptAnswer::No};
     const std::string changed = std::to_string(RemarkAt(context, 1).MemoKey());
     const std::string deleted = std::to_string(RemarkAt(context, 2).MemoKey());
-    View(context, [&] {
+    ViewAndClose(context, [&] {
       Go(2);
       Click("cmdDelete");
       Go(1);
@@ -59,7 +55,6 @@ TEST_F(EditTest, ClosingWritesAllChangesOrNone) {
       ClickNew("Collections");
       Choose("General");
       Type("brand new");
-      Click("cmdClose");
     });
     EXPECT_TRUE(m_prompts->answers.empty()) << "closing asks once";
     const auto isFound = [&](const std::string& condition) {
@@ -90,12 +85,11 @@ TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
     EXPECT_TRUE(Text().empty());
     Grid().SetGroupOpen(1, false);
     Grid().SortByCaption(0);
-    Click("cmdClose");
   };
   const ContextHolder grouped("CustMaint", "C1044", "jsmith");
-  View(grouped, isGrouped);
-  View(grouped, isGrouped);  // the closed group and the sort order of the first View are gone
-  View(ContextHolder("CustInq", "C1044", "jsmith"), [&] {
+  ViewAndClose(grouped, isGrouped);
+  ViewAndClose(grouped, isGrouped);  // the closed group and the sort order of the first View are gone
+  ViewAndClose(ContextHolder("CustInq", "C1044", "jsmith"), [&] {
     EXPECT_EQ(captions(), L"Date \u25BC Type UserID Remark ");
     EXPECT_EQ(Grid().CurrentLine(), 1);
     EXPECT_FALSE(Grid().CanDragRowSize(0));
@@ -103,7 +97,6 @@ TEST_F(EditTest, GroupingDecidesTheTypeColumnAndTheFirstRow) {
     Click("cmdDelete");
     EXPECT_EQ(Position(), 0) << "a second Delete must not remove a remark that the user did not choose";
     EXPECT_FALSE(CanPress("cmdDelete"));
-    Click("cmdClose");
   });
 }
 
@@ -113,7 +106,7 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
   const std::string odd("\r\n a\0b \xFF\r c\n\xF0\x9F\x94\xA7\n", 17);
   RemarkAt(context, 1).SetMemoText(odd);
   RemarkAt(context, 1).SetDateStamp(kZeroDate);
-  View(context, [&] {
+  ViewAndClose(context, [&] {
     Click("cmdSave");
     EXPECT_EQ(Grid().RowHint(), "") << "the row is as the database has it";
     EXPECT_EQ(RemarkAt(context, 1).MemoText(), odd) << "the text box cannot hold it, and nothing was typed";
@@ -131,11 +124,7 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
     EXPECT_EQ(Caption("lblStamp"), m_login + ", " + FormatDateWithTime(RemarkAt(context, kGeneral).DateStamp()));
 
     const std::int32_t count = context->MemoCount();
-    {
-      ModalScript chooser;
-      chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [](frmChooseType& dialog) { dialog.Close(); });
-      Click("cmdNew");
-    }
+    ClickNew([](frmChooseType& dialog) { dialog.Close(); });
     EXPECT_EQ(Text(), "changed");
     ClickNew("General");
     EXPECT_TRUE(HasFocus(TextBox()));
@@ -154,12 +143,11 @@ TEST_F(EditTest, SaveKeepsTheRemarkSelectedAndDeleteSelectsNone) {
     EXPECT_EQ(added->MemoText(), "typed before Delete");
     EXPECT_EQ(context->MemoCount(), count);
     EXPECT_TRUE(HasFocus(Grid()));
-    Click("cmdClose");
   });
 }
 
 TEST_F(EditTest, NewRemarkThatIsDeletedLeavesNothingToAskAbout) {
-  View(ContextHolder("CustMaint", "C1044", "admin"), [&] {
+  ViewAndClose(ContextHolder("CustMaint", "C1044", "admin"), [&] {
     ClickNew("General");
     EXPECT_EQ(Position(), 0) << "the buttons act on the new remark, not on a row";
     Type("typed");
@@ -171,16 +159,14 @@ TEST_F(EditTest, NewRemarkThatIsDeletedLeavesNothingToAskAbout) {
     Grid().SortByCaption(0);
     EXPECT_EQ(Text(), "typed") << "no row is selected that Del could remove or another order could move";
     Click("cmdDelete");
-    Click("cmdClose");
   });
 }
 
 TEST_F(EditTest, NewSaysThatTheUserMayCreateNoType) {
   m_prompts->answers = {PromptAnswer::Ok};
-  View(ContextHolder("CustMaint", "C1044", "guest"), [&] {
+  ViewAndClose(ContextHolder("CustMaint", "C1044", "guest"), [&] {
     Click("cmdNew");
     EXPECT_EQ(m_prompts->shown.back().title, "Can Not Create");
-    Click("cmdClose");
   });
 }
 
@@ -207,10 +193,7 @@ TEST_F(EditTest, ErrorEndsTheWindowAndLosesNothingTyped) {
   m_database.Run("DROP PROCEDURE spTWCqvUpdateRemark");
   EXPECT_NE(typeAndFail("nor this", [&] { Click("cmdClose"); }).Number(), 0);
   context->SetEditBehavior(EditBehavior::NoAutoSave);
-  View(context, [&] {
-    EXPECT_EQ(Text(), "nor this");
-    Click("cmdClose");
-  });
+  ViewAndClose(context, [&] { EXPECT_EQ(Text(), "nor this"); });
 }
 
 TEST_F(EditTest, SizeAndColumnsStayAsTheUserMadeThem) {
@@ -221,7 +204,7 @@ TEST_F(EditTest, SizeAndColumnsStayAsTheUserMadeThem) {
   const auto isLaidOut = [&] {
     return WaitFor([&] { return Grid().GetGridWindow()->GetClientSize().x < Grid().GetSize().x; });
   };
-  View(grouped, [&] {
+  ViewAndClose(grouped, [&] {
     m_form.SetClientSize(1000, 777);
     EXPECT_TRUE(WaitFor([&] { return m_form.GetClientSize() == wxSize(1000, 777); }));
     EXPECT_TRUE(isLaidOut());
@@ -229,28 +212,22 @@ TEST_F(EditTest, SizeAndColumnsStayAsTheUserMadeThem) {
     wxGridSizeEvent dragged(Grid().GetId(), wxEVT_GRID_COL_SIZE, &Grid(), 0);
     Grid().HandleWindowEvent(dragged);
     width = Grid().GetColSize(1);
-    Click("cmdClose");
   });
-  View(ungrouped, [&] {
-    EXPECT_NE(Grid().GetColSize(0), 200) << "another place with other columns";
-    Click("cmdClose");
-  });
-  View(grouped, [&] {
+  ViewAndClose(ungrouped, [&] { EXPECT_NE(Grid().GetColSize(0), 200) << "another place with other columns"; });
+  ViewAndClose(grouped, [&] {
     EXPECT_TRUE(isLaidOut());
     EXPECT_EQ(m_form.GetClientSize(), wxSize(1000, 777));
     EXPECT_EQ(Grid().GetColSize(0), 200);
     EXPECT_EQ(Grid().GetColSize(1), width);
-    Click("cmdClose");
   });
 }
 
 TEST_F(EditTest, ControlsFitDownToTheSmallestSize) {
   const ContextHolder context("CustMaint", "C1044", "jsmith");
-  View(context, [&] {
+  ViewAndClose(context, [&] {
     ExpectControlsFit({"gdxMemos", "fmViewRemark", "cmdNew", "cmdSave", "cmdDelete", "cmdClose"},
                       {"cmdNew", "cmdSave", "cmdDelete", "cmdClose", "Label2", "cboRemarkType"});
     EXPECT_GE(TextBox().GetClientSize().y, 3 * TextBox().GetCharHeight());
-    Click("cmdClose");
   });
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include <wx/choice.h>
@@ -34,14 +33,25 @@ class EditTest : public FormTest<frmEdit> {
     return WaitFor([&control] { return control.IsDescendant(wxWindow::FindFocus()); });
   }
 
+  /// Shows remarks of Acme Tools, acts on the window and presses Close.
+  void ViewAndClose(const ContextHolder& context, const std::function<void()>& act) {
+    View(context, [&] {
+      act();
+      Click("cmdClose");
+    });
+  }
+  /// Presses New and acts on the window that asks for the type, which `choose` must close.
+  void ClickNew(const std::function<void(frmChooseType&)>& choose) {
+    ModalScript chooser;
+    chooser.ExpectWindow<frmChooseType>("Choose Remark Type", choose);
+    Click("cmdNew");
+  }
   /// Begins a new remark of a type.
   void ClickNew(const char* type) {
-    ModalScript chooser;
-    chooser.ExpectWindow<frmChooseType>("Choose Remark Type", [type](frmChooseType& dialog) {
+    ClickNew([type](frmChooseType& dialog) {
       Find<wxListBox>(dialog, "lstRemarkType").SetStringSelection(type);
       Press(dialog, "cmdOK");
     });
-    Click("cmdNew");
     EXPECT_EQ(ChosenType(), type);
   }
   void Go(std::int32_t position) { Grid().SelectRowIndex(position); }
