@@ -108,10 +108,10 @@ Outcome Do(const Operation& operation, std::size_t step, Cut cut = nullptr) {
     if (requests.size() >= step) outcome.failed = requests[step - 1];
   }
   SCOPED_TRACE(std::to_string(step) + " " + outcome.failed);
-  outcome.isTold = testing::Matches(testing::Contains(testing::HasSubstr("Error in ")))(s.Prompted());
+  outcome.isTold = testing::Matches(Contains(HasSubstr("Error in ")))(s.Prompted());
   s.admin.ClickView(operation.view);
   s.Tab(operation.tab);
-  EXPECT_THAT(s.Prompted(), testing::IsEmpty());
+  EXPECT_THAT(s.Prompted(), IsEmpty());
   EXPECT_FALSE(s.admin.IsBusy());
   outcome.shown = Shown(s);
   if (!kComparesWithStored) return outcome;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <deque>
 #include <optional>
@@ -12,6 +10,7 @@
 
 #include "admin/Administration.h"
 #include "tests/support/EngineUnderTest.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/MemoryControls.h"
 #include "tests/support/Rows.h"
 #include "tests/support/ScriptedPrompts.h"

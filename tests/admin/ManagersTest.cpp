@@ -7,12 +7,7 @@
 namespace quorvel::test {
 namespace {
 
-using testing::_;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsSupersetOf;
-using testing::StartsWith;
 
 TEST_P(AdminTest, UsersHaveABranchAndTheRightsOfTheirGroups) {
   Run("UPDATE ttwUser SET BranchID = 'EAST' WHERE UserID = 'guest'");
@@ -136,7 +131,7 @@ TEST_P(AdminTest, FailedExchangeShowsTheListAsItIs) {
 TEST(Statements, AreSentAsTheyAreWritten) {
   AdminSession s(EngineKind::StandIn);
   s.admin.Load();
-  EXPECT_THAT(s.title, testing::EndsWith(") on " + s.server->Address() + ".Ledger; Driver=FreeTDS"));
+  EXPECT_THAT(s.title, EndsWith(") on " + s.server->Address() + ".Ledger; Driver=FreeTDS"));
   for (const char* view : {"Users", "Rights", "Remarks", "Contexts", "Entities"}) {
     s.admin.ClickView(view);
     for (const char* tab : {"Rights", "Remarks", "Users", "Contexts"}) s.Tab(tab);

@@ -9,12 +9,6 @@
 namespace quorvel::test {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
-
 INSTANTIATE_TEST_SUITE_P(Engines, AdminTest, testing::Values(EngineKind::Embedded, EngineKind::StandIn),
                          [](const auto& engine) { return NameOf(engine.param); });
 
@@ -146,7 +140,7 @@ TEST_P(AdminTest, RefusedAndLateChangesAreTakenBack) {
   Go("Entities", "Last");
   EXPECT_EQ(controls.txtCaption[4]->Text(), "last");
   Pick("Over");
-  EXPECT_THAT(Prompted(), Contains(testing::EndsWith("|Overflow"))) << "the key has more than 16 bits";
+  EXPECT_THAT(Prompted(), Contains(EndsWith("|Overflow"))) << "the key has more than 16 bits";
   EXPECT_EQ(controls.txtCaption[4]->Text(), "") << "the other entity's caption must not be edited as this one's";
   EXPECT_FALSE(Type(controls.txtCaption[4], "typed", "Caption"));
   EXPECT_EQ(Ask("SELECT Caption FROM ttwRemarkEntity WHERE RemarkEntityKey = 32768"), "over");

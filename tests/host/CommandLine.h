@@ -1,22 +1,13 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <ostream>
 #include <string>
 #include <vector>
 
+#include "tests/support/Matchers.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvel::test {
-
-using ::testing::_;
-using ::testing::AllOf;
-using ::testing::ContainsRegex;
-using ::testing::Field;
-using ::testing::HasSubstr;
-using ::testing::MatchesRegex;
-using ::testing::Not;
 
 /// The result of a program.
 struct Outcome {

@@ -42,7 +42,7 @@ TEST(Secrets, ListOfProcessesShowsNoPassword) {
   std::string password = "PASSWORD=a=b";
   std::string server = "Server=Password=";
   std::array arguments{program.data(), password.data(), server.data()};
-  EXPECT_THAT(cli::TakeArguments(arguments), testing::ElementsAre("quorvel", "PASSWORD=a=b", "Server=Password="));
+  EXPECT_THAT(cli::TakeArguments(arguments), ElementsAre("quorvel", "PASSWORD=a=b", "Server=Password="));
   EXPECT_EQ(program + " " + password + " " + server, "quorvel PASSWORD=*** Server=Password=");
 }
 
@@ -53,9 +53,8 @@ TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "Sever=SQL2"}), IsWrongUsage("names no setting"));
   EXPECT_THAT(Quorvel({"settings"}).output, HasSubstr("Server=\n"));
 
-  EXPECT_THAT(
-      Quorvel({"settings", "SERVER=SQL1", "database=Ledger", "UserID=app", "password=a=b c"}),
-      Succeeds(testing::StartsWith("Server=SQL1\nDatabase=Ledger\nUserId=app\nPassword=****\nKept in " + file)));
+  EXPECT_THAT(Quorvel({"settings", "SERVER=SQL1", "database=Ledger", "UserID=app", "password=a=b c"}),
+              Succeeds(StartsWith("Server=SQL1\nDatabase=Ledger\nUserId=app\nPassword=****\nKept in " + file)));
   EXPECT_THAT(ReadWholeFile(file).value_or(""), HasSubstr("a=b c"));
   EXPECT_THAT(Quorvel({"settings", "--password-stdin"}, "from \"stdin\"\n"), Succeeds());
   EXPECT_EQ(Quorvel({"settings", "--password-stdin"}).status, 1) << "as behind a program that has failed";

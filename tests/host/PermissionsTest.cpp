@@ -1,7 +1,5 @@
 #include "host/cli/Permissions.h"
 
-#include <gmock/gmock.h>
-
 #include <set>
 #include <string>
 
@@ -9,12 +7,10 @@
 #include "data/Schema.h"
 #include "host/cli/ExpectedSchema.h"
 #include "host/cli/ShippedProcedures.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvel::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
 
 /// The names that follow a mark in a script, such as "CREATE TABLE ".
 std::set<std::string> NamesAfter(std::string_view mark, std::string_view script) {

@@ -1,10 +1,10 @@
 #include "platform/TerminalPrompts.h"
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "platform/Error.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/Terminal.h"
 
 namespace quorvel::test {
@@ -41,11 +41,10 @@ TEST(TerminalPrompts, WithoutATerminalTheErrorQuotesTheMessage) {
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe(pipe.data()), 0);
   TerminalPrompts prompts(pipe[0], pipe[1]);
-  const Error error =
-      Caught([&] { prompts.ShowMessage("disk full", "Database Error", PromptButtons::Ok, PromptIcon::CriticalStop); });
-  EXPECT_EQ(error.Number(), -1);
-  EXPECT_EQ(error.Source(), "Quorvel.Prompts");
-  EXPECT_NE(error.Description().find("\"Database Error\": disk full"), std::string::npos);
+  const auto show = [&] {
+    prompts.ShowMessage("disk full", "Database Error", PromptButtons::Ok, PromptIcon::CriticalStop);
+  };
+  EXPECT_THAT(Caught(show), IsError(-1, "Quorvel.Prompts", HasSubstr("\"Database Error\": disk full")));
   EXPECT_THROW(static_cast<void>(prompts.AskText("Name?", "New")), Error);
   ::close(pipe[0]);
   ::close(pipe[1]);

@@ -24,17 +24,13 @@ std::int32_t ErrorOf(const Value& value) {
 DateTime Date(const char* text) { return ParseDateTime(text).value(); }
 
 TEST(Value, IntegersRoundHalvesToEven) {
-  const std::pair<Value, std::int32_t> cases[] = {{0.5, 0},
-                                                  {1.5, 2},
-                                                  {2147483647.4, 2147483647},
-                                                  {true, -1},
-                                                  {string(" 12 "), 12},
-                                                  {string("+3"), 3},
-                                                  {string("-0.5"), 0},
-                                                  {string(".75"), 1},
-                                                  {string("1e3"), 1000},
-                                                  {Date("1899-12-31 18:00"), 2}};
-  for (const auto& [value, expected] : cases) EXPECT_EQ(ToInt32(value), expected);
+  using Case = std::pair<Value, std::int32_t>;
+  for (const auto& [value, expected] :
+       {Case{0.5, 0}, Case{1.5, 2}, Case{2147483647.4, 2147483647}, Case{true, -1}, Case{string(" 12 "), 12},
+        Case{string("+3"), 3}, Case{string("-0.5"), 0}, Case{string(".75"), 1}, Case{string("1e3"), 1000},
+        Case{Date("1899-12-31 18:00"), 2}}) {
+    EXPECT_EQ(ToInt32(value), expected);
+  }
   EXPECT_EQ(ToInt64(string("9223372036854775807")), std::numeric_limits<std::int64_t>::max());
   EXPECT_EQ(ToInt16(-32768.5), -32768);
 }

@@ -92,6 +92,12 @@ TEST(RemarkListTest, WithoutCollectionsItIsEmptyAndRefusesRemarks) {
   }
 }
 
+/// It does not look whether a memo has the key already.
+constexpr const char* kGeneratorThatOnlyCounts =
+    "ALTER PROCEDURE spGetNextSurrogateKey @iTableName varchar(128), @oNewKey int OUTPUT AS "
+    "UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName "
+    "SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName";
+
 class RemarkCommitTest : public testing::Test {
  protected:
   [[nodiscard]] std::string Row(std::int32_t key) const {
@@ -180,10 +186,7 @@ TEST_F(RemarkCommitTest, InsertThatFailsInTheHostsProcedureIsNeitherRepeatedNorT
   EXPECT_THAT(Caught([&] { alone->Commit(); }), HasNumber(ErrorNumber::Component));
   m_context->Load("CustMaint", "C1044", "admin");
 
-  m_database.Run(
-      "ALTER PROCEDURE spGetNextSurrogateKey @iTableName varchar(128), @oNewKey int OUTPUT AS "
-      "UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName "
-      "SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName");
+  m_database.Run(kGeneratorThatOnlyCounts);
   m_database.Run("UPDATE ttwSurrogateKey SET LastKey = LastKey - 1 WHERE TableName = 'tciMemo'");
   m_context->AddRemark("Cust.General", "of the same owner", "jsmith");
   EXPECT_THAT(Caught([&] { m_context->Save(true); }), HasNumber(ErrorNumber::DbStatement));
@@ -207,10 +210,7 @@ TEST_F(RemarkCommitTest, InsertThatFailsInTheHostsProcedureIsNeitherRepeatedNorT
 
 // The generator of a host may give a key that a memo has already.
 TEST_F(RemarkCommitTest, KeyOfAnotherMemoIsNeitherWrittenNorDeleted) {
-  m_database.Run(
-      "ALTER PROCEDURE spGetNextSurrogateKey @iTableName varchar(128), @oNewKey int OUTPUT AS "
-      "UPDATE ttwSurrogateKey SET LastKey = LastKey + 1 WHERE TableName = @iTableName "
-      "SELECT @oNewKey = LastKey FROM ttwSurrogateKey WHERE TableName = @iTableName");
+  m_database.Run(kGeneratorThatOnlyCounts);
   const std::string others = Row(2042);
   auto& list = *m_context->RemarkList();
   const auto failToAdd = [&](const std::string& text) {

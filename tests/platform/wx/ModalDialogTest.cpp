@@ -1,7 +1,6 @@
 // Windows of the component, modal and modeless.
 #include "platform/wx/ModalDialog.h"
 
-#include <gmock/gmock.h>
 #include <gtk/gtk.h>
 
 #include <functional>
@@ -18,6 +17,7 @@
 #include "platform/wx/DialogPrompts.h"
 #include "platform/wx/MakeButton.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/wx/ModalScript.h"
 #include "tests/support/wx/TestWindow.h"
@@ -27,7 +27,6 @@ namespace quorvel::ui {
 namespace {
 
 using test::ModalScript;
-using ::testing::ElementsAre;
 
 class Window : public test::TestWindow {
  public:
@@ -78,10 +77,8 @@ TEST(ModalDialog, OpensAgainAfterEveryWayToCloseIt) {
       [](Window& dialog) { dialog.Close(); },
       [](Window& dialog) { PressKey(dialog, GDK_KEY_Escape); },
       [](Window& dialog) {
-        const Error error = test::Caught([&] { dialog.RunModal(); });
-        EXPECT_EQ(error.Number(), 400);
-        EXPECT_EQ(error.Source(), "Quorvel");
-        EXPECT_EQ(error.Description(), "Form already displayed; can't show modally");
+        EXPECT_THAT(test::Caught([&] { dialog.RunModal(); }),
+                    test::IsError(400, "Quorvel", "Form already displayed; can't show modally"));
         EXPECT_TRUE(dialog.IsModal());
         dialog.Finish();
       },
@@ -122,9 +119,7 @@ TEST(ModalDialog, FirstErrorEndsTheWindowAndIsRethrownOnce) {
     dialog.Guard([&] { dialog.onClick(); });
     dialog.Guard([&] { dialog.onClick(); });
   });
-  const Error error = test::Caught([&] { window.RunModal(); });
-  EXPECT_EQ(error.Number(), -2147217900);
-  EXPECT_EQ(error.Description(), "first");
+  EXPECT_THAT(test::Caught([&] { window.RunModal(); }), test::IsError(-2147217900, "first"));
   EXPECT_FALSE(window.IsShown());
 
   // While it opens, while it is filled, and no more.
@@ -159,7 +154,7 @@ TEST(ModalDialog, ErrorOfLowerWindowSurfacesAfterUpperCloses) {
     dialog.Finish();
   });
   EXPECT_THROW(below.RunModal(), std::runtime_error);
-  EXPECT_THAT(steps, ElementsAre("below failed", "above closed"));
+  EXPECT_THAT(steps, test::ElementsAre("below failed", "above closed"));
 }
 
 TEST(ModalDialog, RestoresPointerAndActiveWindowOfHost) {

@@ -1,7 +1,6 @@
 // The toolkit starts once in a process, so each scenario runs in a host process of its own.
 #include "platform/wx/WindowSystem.h"
 
-#include <gmock/gmock.h>
 #include <gtk/gtk.h>
 
 #include <clocale>
@@ -16,6 +15,7 @@
 
 #include "platform/Environment.h"
 #include "tests/support/Caught.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/wx/TestWindow.h"
 
 namespace quorvel::ui {
@@ -41,10 +41,7 @@ void InHost(const std::function<void()>& scenario,
 const auto kOnlyLocaleWarning = ::testing::ContainsRegex("^[^\n]*\n[^\n]*gtk_disable_setlocale[^\n]*\n$");
 
 void ExpectRefusal(const std::string& reason) {
-  const Error error = test::Caught(RequireWindowSystem);
-  EXPECT_EQ(error.Number(), -1);
-  EXPECT_EQ(error.Source(), "Quorvel");
-  EXPECT_EQ(error.Description(), "No window can be opened: " + reason);
+  EXPECT_THAT(test::Caught(RequireWindowSystem), test::IsError(-1, "Quorvel", "No window can be opened: " + reason));
 }
 
 void ExpectOtherThreadHasWindows() {
