@@ -56,8 +56,8 @@ std::string NotExpected(const CLI::App& app) {
 }
 
 std::string Explanation(const CLI::App& app, const CLI::Error& error) {
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) return NotExpected(app);
   const std::string extras = NotExpected(app);
-  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) return extras;
   const std::string text = error.what();
   // A value that cannot be converted comes after this sign. A mistyped option is why another one is missing.
   return text.substr(0, text.find(" = ")) + (extras.empty() ? "" : ". " + extras);
