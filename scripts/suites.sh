@@ -10,7 +10,7 @@ suites() { ctest --test-dir "build/$1" --print-labels | sed -n 's/^  //p'; }
 # only to tests of what was built: those that build, package or describe the product.
 checksums() {
   find "build/$1" -type f \( -perm -u+x -o -name '*.so*' -o -name '*.dll' -o -name '*.tlb' \) \
-    -not -path '*/CMakeFiles/*' -not -path '*/tests/install/*' -not -path '*/wine/*' -not -path '*/packages/*' -not -path '*/package/*' -print0 |
+    -not -path '*/CMakeFiles/*' -not -path '*/tests/install/*' -not -path '*/wine/*' -not -path '*/package*/*' -print0 |
     sort -z | xargs -0 sha256sum
   repository_files tests data include scripts/own-screen scripts/screen.sh ':!tests/*.cpp' ':!tests/*.h'
   repository_files scripts docs packaging pictures cmake host/example 'CMake*' CHANGELOG.md | sed 's/^/+/'
