@@ -24,6 +24,7 @@ repository_files() { git ls-files -co --exclude-standard -z -- "$@" | sort -z | 
 
 # find_changed KIND PRESET CHECKSUMS SUITE...: sets `changed` to the suites for which something has changed since they passed as
 # that kind: anything of the checksums but the programs of other suites and, for a suite with a program, the lines with a plus.
+# Sets `stamps` to their files in build/passed, for mark_passed.
 find_changed() {
   local kind=$1 preset=$2 sums=$3 suite stamp all
   all=$(suites "$preset")
