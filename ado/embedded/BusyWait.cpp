@@ -32,7 +32,7 @@ bool BusyWait::GoOn(int tries) {
   const auto now = std::chrono::steady_clock::now();
   if (tries == 0) m_begin = now;
   const auto waited = std::chrono::duration_cast<milliseconds>(now - m_begin);
-  if (m_limit.count() > 0 && waited >= m_limit) return false;
+  if ((m_limit.count() > 0 && waited >= m_limit) || m_timeLimit.IsReached()) return false;
   if (!m_file.IsInPlace()) return false;
   {
     const RaisedFlag drawing(m_isDrawing);

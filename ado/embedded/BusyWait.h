@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "ado/embedded/FileWatch.h"
+#include "ado/embedded/TimeLimit.h"
 
 namespace quorvel::ado::embedded {
 
@@ -13,13 +14,14 @@ namespace quorvel::ado::embedded {
 class BusyWait {
  public:
   /// A wait for a file that was deleted or replaced ends at once, because it may never end by itself.
-  explicit BusyWait(FileWatch& file) noexcept : m_file(file) {}
+  /// The command timeout includes the waits of the command.
+  BusyWait(FileWatch& file, const TimeLimit& timeLimit) noexcept : m_file(file), m_timeLimit(timeLimit) {}
   BusyWait(const BusyWait&) = delete;
   BusyWait& operator=(const BusyWait&) = delete;
 
   /// Waits for the locks of `database` from now on. The object must outlive the open database.
   void Attach(sqlite3* database) noexcept;
-  /// How long one wait may take; 0 means without a limit, as ADO counts.
+  /// How long one wait outside a command may take; 0 means without a limit, as ADO counts.
   void SetLimit(std::chrono::seconds limit) noexcept { m_limit = limit; }
   /// DriverError while this database waits. Drawing may run code of the host, and SQLite takes no other statement in
   /// the middle of one.
@@ -31,6 +33,7 @@ class BusyWait {
   [[nodiscard]] bool GoOn(int tries);
 
   FileWatch& m_file;
+  const TimeLimit& m_timeLimit;
   std::chrono::seconds m_limit{0};
   std::chrono::steady_clock::time_point m_begin;
   bool m_isDrawing = false;

@@ -12,7 +12,7 @@ namespace quorvel::ado::embedded {
 EmbeddedSession::EmbeddedSession(DatabaseHandle database, const std::filesystem::path& path,
                                  std::chrono::seconds commandTimeout)
     : m_file(database.Get(), path),
-      m_wait(m_file),
+      m_wait(m_file, m_timeLimit),
       m_database(std::move(database)),
       m_procedures(m_database.Get()),
       m_interpreter(m_database.Get(), m_file, m_procedures, m_timeLimit, m_restrictions),
@@ -40,6 +40,7 @@ Result EmbeddedSession::Execute(std::string_view batch) {
 
 std::vector<ParameterInfo> EmbeddedSession::DiscoverParameters(std::string_view procedure) {
   m_wait.RefuseWhileWaiting();
+  const TimeLimit::Command command(m_timeLimit);
   const auto program = m_procedures.Find(procedure);
   m_discovered = {std::string(procedure), program};
   std::vector<ParameterInfo> parameters;

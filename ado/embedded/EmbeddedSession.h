@@ -49,8 +49,8 @@ class EmbeddedSession final : public Session {
   };
 
   FileWatch m_file;
-  BusyWait m_wait;
   TimeLimit m_timeLimit;
+  BusyWait m_wait;
   Restrictions m_restrictions;
   DatabaseHandle m_database;
   Procedures m_procedures;

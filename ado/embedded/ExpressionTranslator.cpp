@@ -11,6 +11,14 @@ namespace quorvel::ado::embedded {
 
 using Kind = Expression::Kind;
 
+namespace {
+
+/// The operators that SQLite takes in one sum or product: each is a level of nesting. Each copies what is to its left
+/// here, so that a text with many more would take minutes before SQLite could refuse it.
+constexpr int kMostOperators = 1000;
+
+}  // namespace
+
 Expression ExpressionTranslator::ParseExpression() {
   const auto guard = m_cursor.EnterNesting();
   Expression first = ParseAnd();
@@ -79,7 +87,8 @@ Expression ExpressionTranslator::ParseBetween(const Expression& left, const std:
 
 Expression ExpressionTranslator::ParseSum() {
   Expression left = ParseProduct();
-  while (m_cursor.IsAny({"+", "-", "&", "|"})) {
+  for (int operators = 0; m_cursor.IsAny({"+", "-", "&", "|"}); ++operators) {
+    if (operators == kMostOperators) m_cursor.FailNesting();
     const std::string op = m_cursor.Take().text;
     const Expression right = ParseProduct();
     left = op == "+" ? Added(left, right) : Calculated(left, op, right);
@@ -89,7 +98,8 @@ Expression ExpressionTranslator::ParseSum() {
 
 Expression ExpressionTranslator::ParseProduct() {
   Expression left = ParseSigned();
-  while (m_cursor.IsAny({"*", "/", "%"})) {
+  for (int operators = 0; m_cursor.IsAny({"*", "/", "%"}); ++operators) {
+    if (operators == kMostOperators) m_cursor.FailNesting();
     const std::string op = m_cursor.Take().text;
     left = Calculated(left, op, ParseSigned());
   }

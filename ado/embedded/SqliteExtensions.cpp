@@ -171,14 +171,17 @@ bool HasProcedures(sqlite3* database) {
                                        nullptr) == SQLITE_OK;
 }
 
-/// SQLite is C: no exception may pass through it.
+/// SQLite is C: no exception may pass through it. A statement ends as the one ends that its function runs, when that
+/// was out of time.
 void Guarded(sqlite3_context* context, const auto& operation) {
   try {
     operation();
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (const std::exception& error) {
+    const int code = sqlite3_errcode(sqlite3_context_db_handle(context));
     sqlite3_result_error(context, error.what(), -1);
+    if (code == SQLITE_INTERRUPT || code == SQLITE_BUSY) sqlite3_result_error_code(context, code);
   }
 }
 

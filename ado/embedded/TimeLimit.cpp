@@ -5,9 +5,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Steps of SQLite's machine from one look at the clock to the next: far below a millisecond, and more than a COMMIT or
-/// ROLLBACK has, so that neither is interrupted.
-constexpr int kStepsBetweenLooks = 10'000;
+/// Steps of SQLite's machine from one look at the clock to the next. They take some microseconds, but a view of the
+/// file may call a function that takes long in every tenth step. A COMMIT or ROLLBACK has fewer, so neither is
+/// interrupted.
+constexpr int kStepsBetweenLooks = 1'000;
 
 }  // namespace
 

@@ -20,8 +20,8 @@ class TimeLimit {
   /// How long a command may take; 0 means without a limit, as ADO counts. It counts from the next command.
   void SetLimit(std::chrono::seconds limit) noexcept { m_limit = limit; }
 
-  /// Whether the current command has taken its time. SQLite knows its own statements only; a loop of many short ones
-  /// asks here.
+  /// Whether the current command has taken its time. SQLite knows only the statements that it runs; what else may take
+  /// long asks here: a loop of many short ones, and a wait for a lock.
   [[nodiscard]] bool IsReached() const noexcept;
 
   /// A command, as long as it lives. What ends a transaction afterwards is not interrupted.

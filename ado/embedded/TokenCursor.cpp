@@ -88,10 +88,12 @@ TokenCursor::NestingGuard TokenCursor::EnterNesting() {
   constexpr int kDeepest = 200;
   // Enough for the functions between this level and the next one, and for an error on its way out.
   constexpr std::size_t kStackOfLevel = std::size_t{64} * 1024;
-  if (m_depth >= kDeepest || os::StackLeft() < kStackOfLevel) {
-    throw DriverError("42000", 191, "Some part of the statement is nested too deeply.", Peek().line);
-  }
+  if (m_depth >= kDeepest || os::StackLeft() < kStackOfLevel) FailNesting();
   return NestingGuard(m_depth);
+}
+
+void TokenCursor::FailNesting() const {
+  throw DriverError("42000", 191, "Some part of the statement is nested too deeply.", Peek().line);
 }
 
 void TokenCursor::Fail() const {

@@ -47,6 +47,8 @@ class TokenCursor {
   };
   /// DriverError when the text is nested deeper than a parser that calls itself can follow on the stack of this thread.
   [[nodiscard]] NestingGuard EnterNesting();
+  /// The same error where SQLite would give it, at the next token.
+  [[noreturn]] void FailNesting() const;
 
   /// "Incorrect syntax near ...", at the next token.
   [[noreturn]] void Fail() const;

@@ -139,6 +139,13 @@ TEST_F(EmbeddedDefences, CommandWithoutEndIsStoppedAndRolledBack) {
   }
   m_connection->Execute("INSERT INTO Note VALUES (2)");
   EXPECT_EQ(m_database.Ask("SELECT COUNT(*) FROM Note"), "1");
+
+  RunOtherSoftware(
+      "DROP TABLE quorvel_procedure;"
+      "CREATE VIEW quorvel_procedure AS SELECT 'sp' || n AS Name, 'x' AS Definition FROM Endless;"
+      "PRAGMA user_version = 99");
+  EXPECT_THAT(Caught([this] { (void)m_connection->DiscoverParameters("spNone"); }),
+              IsError(ErrorNumber::DbTimeout, HasSubstr("longer than the command timeout")));
 }
 
 /// Runs the operation on a thread with as small a stack as some hosts give theirs.
@@ -167,6 +174,8 @@ TEST_F(EmbeddedDefences, NothingOverflowsSmallStack) {
       "SELECT 0" + Repeated(" + 1", 990) + " AS n",
       "EXEC spDeep",
       "SELECT 1 FROM a" + Repeated(" JOIN b", 5'000),
+      "SELECT 1" + Repeated(" + 1", 1'000'000) + " AS n",
+      "SELECT 1" + Repeated(" * 1", 1'000'000) + " AS n",
   };
   for (const char* endless : {"(", "NOT ", "- ", "(SELECT ", "CASE WHEN ", "* FROM (SELECT "}) {
     nested.push_back("SELECT " + Repeated(endless, 5'000));
