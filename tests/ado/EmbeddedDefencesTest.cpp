@@ -189,6 +189,18 @@ TEST_F(EmbeddedDefences, NothingOverflowsSmallStack) {
   RunOnSmallStack([&] {
     const auto connection = m_database.Connect();
     for (const std::string& batch : nested) ExpectFailures(*connection, {{batch, "nested too deeply"}});
+    // The deepest statement that is taken comes closest to the end of the stack.
+    for (const char* open : {"(", "(SELECT "}) {
+      int levels = 1;
+      try {
+        for (; levels < kLevels; ++levels) {
+          connection->Execute("SELECT " + Repeated(open, levels) + "1" + Repeated(")", levels) + " AS n");
+        }
+      } catch (const Error& error) {
+        EXPECT_THAT(error.Description(), HasSubstr("nested too deeply"));
+      }
+      EXPECT_THAT(levels, AllOf(testing::Gt(1), testing::Lt(kLevels))) << open;
+    }
     EXPECT_THAT(RowsOf(*connection, "SELECT RIGHT(RIGHT(N'aöü', 2), 5) AS r, RIGHT('a', 0) AS n"), ElementsAre("öü|"));
   });
   // With the usual stack long statements fit.
