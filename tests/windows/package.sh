@@ -53,6 +53,11 @@ cmake -D LIST="$folder/parts.json" -D FOLDER="$folder" -D "NEEDED=SQLite;wxWidge
 expect "lines without CR LF" '' "$(grep -nv $'\r$' "$folder"/*.cmd "$folder/README.txt" || true)"
 for library in "x64 pei-x86-64" "x86 pei-i386"; do
   objdump -f "$folder/${library% *}/Quorvel.dll" | grep -q "${library#* }" || fail "the archive has another library for ${library% *}"
+  # Removing the symbols must not remove what the system needs to choose the address.
+  for sign in DYNAMIC_BASE NX_COMPAT '[.]reloc'; do
+    objdump -hp "$folder/${library% *}/Quorvel.dll" | grep -q "[[:space:]]$sign" ||
+      fail "the library in the archive for ${library% *} has no protection: $sign"
+  done
 done
 
 # A 64-bit Windows says what it leaves out, a 32-bit one has no place for the other library.
