@@ -8,6 +8,7 @@
 #include <iterator>
 #include <system_error>
 
+#include "ado/ConnectionString.h"
 #include "data/modDatabase.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -67,6 +68,21 @@ void RequireSettings(std::string_view source) {
                           noServer ? "server" : "name"));
 }
 
+std::string FileNameProblem(const std::string& database) {
+  try {
+    if (ado::ParseConnectionString("Initial Catalog=" + database).initialCatalog == database) return {};
+  } catch (const Error&) {
+    // Behind a semicolon or a quotation mark is something that is no pair.
+  }
+  return "The name of a database file must not contain a semicolon, and not begin or end with a blank or a quotation "
+         "mark. Rename the file or its folder";
+}
+
+void RequireFileName(const std::string& database, std::string_view source) {
+  const std::string problem = FileNameProblem(database);
+  if (!problem.empty()) throw Error(ErrorNumber::Component, std::string(source), problem);
+}
+
 std::shared_ptr<ado::Connection> ConnectForSetUp(std::chrono::seconds commandTimeout) {
   auto connection = std::make_shared<ado::Connection>();
   connection->SetConnectionString(modDatabase::Settings().ConnectionString());
@@ -79,8 +95,10 @@ std::shared_ptr<ado::Connection> ConnectForSetUp(std::chrono::seconds commandTim
 void RequireDatabase(std::string_view source) {
   RequireSettings(source);
   const std::string database = modDatabase::Settings().Database();
+  if (!UsesEmbeddedEngine()) return;
+  RequireFileName(database, source);
   std::error_code ignored;
-  if (!UsesEmbeddedEngine() || std::filesystem::exists(database, ignored)) return;
+  if (std::filesystem::exists(database, ignored)) return;
   throw Error(ErrorNumber::DbUnspecified, std::string(source),
               fmt::format("The database file {} does not exist; 'quorvel init' makes it", database));
 }

@@ -43,6 +43,12 @@ void RequireSettings(std::string_view source);
 /// Whether the settings name the embedded engine.
 [[nodiscard]] bool UsesEmbeddedEngine();
 
+/// Why a connection would read another name than `database`, the setting for the embedded engine; empty when it reads
+/// that. The settings become pairs of a connection string, so a semicolon would end the name.
+[[nodiscard]] std::string FileNameProblem(const std::string& database);
+/// Throws Error -1 from `source` with FileNameProblem.
+void RequireFileName(const std::string& database, std::string_view source);
+
 /// RequireSettings, and the file of the embedded engine must exist.
 void RequireDatabase(std::string_view source);
 

@@ -146,6 +146,21 @@ void CheckMemoTable(Report& report, ado::Connection& connection) {
   }
 }
 
+/// A load may never read the damaged pages of a file, and a backup would keep them.
+void CheckPages(Report& report, ado::Connection& connection) {
+  constexpr const char* kPages = "pages of the file";
+  std::string problem;
+  try {
+    const auto rows = connection.Execute("SELECT TOP (1) quick_check FROM pragma_quick_check");
+    problem = rows->EndOfFile() ? "ok" : OneLine(modDatabase::FieldText(rows->Fields("quick_check")));
+    if (problem == "ok") problem.clear();
+  } catch (const Error& error) {
+    if (error.Number() == ErrorNumber::DbTimeout) return Report::Skip(kPages, error.Description());
+    problem = error.Description();
+  }
+  CheckObject(report, connection, kPages, problem, "The file is damaged. Restore it from a backup.");
+}
+
 void CheckSchema(Report& report, ado::Connection& connection) {
   for (const ExpectedTable& table : ExpectedTables()) {
     CheckTable(report, connection, table);
@@ -206,6 +221,7 @@ void CheckWriting(Report& report, ado::Connection& connection) {
 
 void CheckDatabase(Report& report, ado::Connection& connection) {
   try {
+    if (UsesEmbeddedEngine()) CheckPages(report, connection);
     CheckSchema(report, connection);
     std::vector<Permission> ownerProcedures = CheckOwnerProcedures(report, connection);
     if (UsesEmbeddedEngine()) {

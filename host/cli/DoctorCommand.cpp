@@ -53,7 +53,10 @@ bool CheckSettings(Report& report) {
   const bool hasDatabase =
       report.Check("database " + OneLine(database), database.empty() ? "none is set" : "",
                    "Set one: quorvel settings Database=NAME, a file's name where the server is (embedded).");
-  return hasServer && hasDatabase;
+  if (!hasServer || !hasDatabase || !UsesEmbeddedEngine()) return hasServer && hasDatabase;
+  const std::string problem = FileNameProblem(modDatabase::Settings().Database());
+  return problem.empty() ||
+         report.Check("name of the database file", problem, "Then set it: quorvel settings Database=NAME.");
 }
 
 std::string_view ConnectionRemedy() {

@@ -22,8 +22,13 @@
 namespace quorvel::cli {
 namespace {
 
-void MakeEmbeddedFile(const std::string& file) {
-  const bool wasThere = std::filesystem::exists(file);
+void MakeEmbeddedFile(const std::string& file, const std::string& source) {
+  RequireFileName(file, source);
+  const auto found = std::filesystem::status(file);
+  const bool wasThere = std::filesystem::exists(found);
+  if (wasThere && !std::filesystem::is_regular_file(found)) {
+    throw Error(ErrorNumber::Component, source, fmt::format("{} is a folder or a device, and not a file", file));
+  }
   ado::CreateEmbeddedDatabase(file);
   fmt::print("Database file: {} {}{}\n", wasThere ? "found" : "created", OneLine(file), WhichMayRead(file));
 }
@@ -42,7 +47,7 @@ void RunInit(const InitOptions& options) {
     throw Error(ErrorNumber::Component, source,
                 "The embedded engine has no users to grant anything to; --grants is for a SQL Server");
   }
-  if (isEmbedded) MakeEmbeddedFile(modDatabase::Settings().Database());
+  if (isEmbedded) MakeEmbeddedFile(modDatabase::Settings().Database(), source);
   Installation installation(ConnectForSetUp(std::chrono::seconds(60)), source);
   installation.RequireKnownLayout();
   if (options.withSample) installation.RequireOwnKeys();

@@ -54,6 +54,7 @@ void MakeDatabaseAbsolute(Assignments& assignments) {
   const bool concernsFile = assignments.contains(kServerIndex) || assignments.contains(kDatabaseIndex);
   if (!concernsFile || !ado::IsEmbedded(values.at(kServerIndex)) || database.empty()) return;
   const std::string file = std::filesystem::absolute(database).lexically_normal().string();
+  RequireFileName(file, "quorvel.settings");
   // A stored name that needs no change is not written: another program may set it meanwhile.
   if (file != database) assignments[kDatabaseIndex] = file;
 }

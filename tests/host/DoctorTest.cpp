@@ -1,5 +1,6 @@
 #include <fstream>
 
+#include "platform/FileUpdate.h"
 #include "tests/host/CommandLine.h"
 
 namespace quorvel::test {
@@ -104,6 +105,26 @@ TEST_F(CommandLine, DoctorSaysWhyItCannotConnect) {
 
   ASSERT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File("gone.db")}), Succeeds());
   EXPECT_THAT(Quorvel({"doctor"}), FailsWith(_, HasAll("FAIL  connection: ", "gone.db", "quorvel init")));
+
+  // A connection would read another name, and `init` make a file that no host opens.
+  ASSERT_THAT(Quorvel({"settings", "Server=SQL1", "Database=" + File("a.db") + ";Encrypt=yes"}), Succeeds());
+  const auto settings = ReadWholeFile(File("settings.reg"));
+  for (const char* name : {"a;b.db", "a.db ", "a.db;Database=b.db"}) {
+    EXPECT_THAT(Quorvel({"settings", "Server=(embedded)", "Database=" + File(name)}),
+                FailsWith(HasSubstr("quorvel.settings: The name of a database file must not contain a semicolon")))
+        << name;
+  }
+  EXPECT_EQ(ReadWholeFile(File("settings.reg")), settings);
+  std::ofstream(File("settings.reg"), std::ios::app) << "\"Server\"=\"(embedded)\"\n";
+  EXPECT_THAT(Quorvel({"doctor"}), FailsWith(_, HasSubstr("FAIL  name of the database file: ")));
+  EXPECT_THAT(Quorvel({"init"}), FailsWith(HasSubstr("quorvel.init: The name of a database file must not contain")));
+}
+
+TEST_F(CommandLine, DoctorFindsDamagedPagesThatNoLoadReads) {
+  Initialize(true);
+  std::fstream(File("test.db"), std::ios::in | std::ios::out).seekp(8192) << std::string(100, 'x');
+  EXPECT_THAT(Quorvel({"list", "--context", "CustMaint", "--owner", "C1044", "--user", "jsmith"}), Succeeds());
+  EXPECT_THAT(Quorvel({"doctor"}).output, HasAll("FAIL  pages of the file: ", "Restore it from a backup"));
 }
 
 TEST_F(CommandLine, DoctorNamesWrongLinesOfTheSettingsAndGoesOnWhereAHostDoes) {
