@@ -97,9 +97,8 @@ std::optional<std::string> RegistryExport::ProblemOf(std::size_t position, std::
     const bool isComment = IsBlank(line.raw) || line.raw[line.raw.find_first_not_of(" \t")] == ';';
     return isComment ? std::nullopt : std::optional<std::string>("is not understood");
   }
-  if (line.kind == Kind::Unreadable) {
-    return fmt::format("gives \"{0}\" no value that can be read; write it as \"{0}\"=\"value\"", line.name);
-  }
+  // The line is not repeated: what stands for its name may be a password whose line has no quotes.
+  if (line.kind == Kind::Unreadable) return R"(has no value that can be read; write it as "Name"="value")";
   if (PositionsOfValue(key, line.name).front() == position) return std::nullopt;
   return fmt::format("sets \"{}\" once more; the last line counts", line.name);
 }

@@ -140,7 +140,7 @@ TEST_F(Settings, WrongLinesAreReportedAndStay) {
   EXPECT_EQ(test::Caught([] { DBConnect().Reload(); }).Number(), 110);
   EXPECT_EQ(Content(), before);
   EXPECT_THAT(m_warnings, testing::ElementsAre(testing::HasSubstr("Could not read or create"),
-                                               testing::HasSubstr("Line 4 gives \"Server\" no value"),
+                                               testing::HasSubstr("Line 4 has no value"),
                                                testing::HasSubstr("Line 6 sets \"Database\" once more")));
 
   m_warnings.clear();

@@ -85,7 +85,7 @@ TEST_F(CommandLine, SpoiltSettingsAreAnErrorThatSaysWhatToCorrect) {
       {header + "[HKEY_LOCAL_MACHINE\\Software\\Tarnwick\n",
        "cannot hold a value. Line 2 names a key without a closing"},
       {header + "[HKEY_LOCAL_MACHINE\\Software\\Tarnwick]\nServer=SQL1\n",
-       "cannot hold a value. Line 3 gives \"Server\""}};
+       "cannot hold a value. Line 3 has no value that can be read; write it as \"Name\"=\"value\""}};
   for (const auto& [content, reason] : cases) {
     std::ofstream(File("settings.reg")) << content;
     EXPECT_THAT(Quorvel({"settings", "Database=Ledger"}).errors,

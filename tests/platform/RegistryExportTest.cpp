@@ -104,16 +104,17 @@ TEST(RegistryExport, UsesTheLastDuplicateAndReplacesAll) {
 TEST(RegistryExport, NamesTheFaultsOfItsLines) {
   RegistryExport file = WithLines(
       "; =\nServer=SQL1\n\"Database=Ledger\"\n\"UserId\"=\"a\"\nSQL2\n\"Blob\"=hex:01,\\\n02\n\"userid\"=\"b\"\n"
-      "[Other]\nServer=theirs\n[HKEY_LOCAL_MACHINE\\Software\\Tarnwick\n");
+      "Password: c2VjcmV0UGFzcw==\n[Other]\nServer=theirs\n[HKEY_LOCAL_MACHINE\\Software\\Tarnwick\n");
   EXPECT_EQ(
       file.Problems(kKey),
-      (std::vector<std::string>{R"(Line 5 gives "Server" no value that can be read; write it as "Server"="value")",
-                                R"(Line 6 gives "Database" no value that can be read; write it as "Database"="value")",
+      (std::vector<std::string>{R"(Line 5 has no value that can be read; write it as "Name"="value")",
+                                R"(Line 6 has no value that can be read; write it as "Name"="value")",
                                 "Line 8 is not understood", R"(Line 11 sets "userid" once more; the last line counts)",
-                                "Line 14 names a key without a closing bracket; its values are not read"}));
+                                R"(Line 12 has no value that can be read; write it as "Name"="value")",
+                                "Line 15 names a key without a closing bracket; its values are not read"}));
   EXPECT_TRUE(file.IsUnreadable(kKey, "SERVER"));
   EXPECT_FALSE(file.IsUnreadable(kKey, "Missing"));
-  EXPECT_FALSE(file.AddKey("HKEY_LOCAL_MACHINE\\New")) << "line 14 may name it";
+  EXPECT_FALSE(file.AddKey("HKEY_LOCAL_MACHINE\\New")) << "line 15 may name it";
   ASSERT_TRUE(file.SetString(kKey, "Server", "SQL1"));
   EXPECT_EQ(TextOf(Parsed(file.Text()), "Server"), "SQL1");
 }
