@@ -5,6 +5,7 @@
 
 #include "Version.h"
 #include "platform/OperatingSystem.h"
+#include "platform/Text.h"
 
 namespace quorvel {
 namespace {
@@ -30,7 +31,8 @@ void LogWarning(std::string_view message) noexcept {
     if (Sink().receive) {
       Sink().receive(message);
     } else {
-      os::WriteWarning(message);
+      // A log is read in a terminal too, and a driver's message may quote a user's text.
+      os::WriteWarning(Printable(message));
     }
   } catch (...) {  // NOLINT(bugprone-empty-catch): a warning that cannot be logged must not become an error
   }

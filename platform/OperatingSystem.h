@@ -20,7 +20,8 @@ namespace quorvel::os {
 /// The logon name of the current user; empty when it cannot be found.
 [[nodiscard]] std::string LogonName();
 
-/// Writes a warning into the system's log under the source "Quorvel". A log that cannot be written is not an error.
+/// Writes a printable warning into the system's log under the source "Quorvel". A log that cannot be written is not an
+/// error.
 void WriteWarning(std::string_view message);
 
 /// The current local date and time.

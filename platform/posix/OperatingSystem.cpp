@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "platform/Environment.h"
-#include "platform/Text.h"
 #include "platform/posix/FollowLinks.h"
 #include "platform/posix/MakeFolders.h"
 
@@ -38,11 +37,9 @@ std::string LogonName() {
 /// The log's name for the process belongs to the host, so the source is part of the text.
 void WriteWarning(std::string_view message) {
   std::string line(kApplicationName);
-  // A log is read in a terminal too, and a driver's message may quote a user's text.
-  line.append(": ").append(Printable(message));
+  line.append(": ").append(message);
   // An entry is one line; a daemon would show line breaks as octal codes.
-  std::ranges::replace_if(
-      line, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  std::ranges::replace(line, '\n', ' ');
   ::syslog(LOG_USER | LOG_WARNING, "%s", line.c_str());
 }
 

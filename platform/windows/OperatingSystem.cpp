@@ -50,8 +50,11 @@ std::string LogonName() {
 }
 
 void WriteWarning(std::string_view message) {
+  std::string lines;
+  // The event log's line breaks; an entry may have several lines.
+  for (const char character : message) lines += character == '\n' ? "\r\n" : std::string(1, character);
   const auto name = ToWide(kApplicationName);
-  const auto text = ToWide(message);
+  const auto text = ToWide(lines);
   if (!name || !text) return;
   const EventSource source(::RegisterEventSourceW(nullptr, name->c_str()));
   const wchar_t* line = text->c_str();
