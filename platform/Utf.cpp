@@ -67,6 +67,13 @@ char32_t Take(std::string_view text, std::size_t& position) noexcept {
   return IsCharacter(character) ? character : kStrayByte + lead;
 }
 
+bool IsWellFormed(std::string_view text) noexcept {
+  for (std::size_t position = 0; position < text.size();) {
+    if (!IsCharacter(Take(text, position))) return false;
+  }
+  return true;
+}
+
 void Append(std::string& text, char32_t taken) {
   if (taken < kSmallest[2] || !IsCharacter(taken)) {
     text += static_cast<char>(taken < kSmallest[2] ? taken : taken - kStrayByte);

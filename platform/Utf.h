@@ -15,6 +15,9 @@ char32_t Take(std::string_view text, std::size_t& position) noexcept;
 /// Whether a result of Take is a character and not a stray byte.
 [[nodiscard]] constexpr bool IsCharacter(char32_t taken) noexcept { return taken < 0x110000; }
 
+/// Whether the text is UTF-8 without a stray byte.
+[[nodiscard]] bool IsWellFormed(std::string_view text) noexcept;
+
 /// Appends a result of Take, as UTF-8.
 void Append(std::string& text, char32_t taken);
 

@@ -130,7 +130,7 @@ void AddRemarkOptions(CLI::App& command, EditArguments& arguments, bool required
   command.add_option("--type", arguments.type, "The remark's type, such as Cust.General")
       ->required(required)
       ->type_name("ID");
-  command.add_option("--text", arguments.text, "The remark's text; - reads it from the standard input")
+  command.add_option("--text", arguments.text, "The remark's text in UTF-8; - reads it from the standard input")
       ->required(required)
       ->type_name("TEXT");
 }

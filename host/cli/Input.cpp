@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "platform/Error.h"
+#include "platform/Utf.h"
 
 namespace quorvel::cli {
 namespace {
@@ -42,16 +43,29 @@ std::string ReadWhole(const std::string& path, const std::string& source) {
   return whole;
 }
 
+void RequireUtf8(std::string_view text, std::string_view what, const std::string& source) {
+  if (utf::IsWellFormed(text)) return;
+  throw Error(ErrorNumber::Component, source,
+              fmt::format("{} is not UTF-8, and nothing was written. The command iconv converts a text, for example "
+                          "iconv -f latin1 -t utf-8",
+                          what));
+}
+
 std::optional<std::string> ReadInputLine(const std::string& source) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
   std::string text = ReadWhole(kStandardInput, source);
   if (text.empty()) return std::nullopt;
+  RequireUtf8(text, "The standard input", source);
+  if (text.starts_with(kMark)) text.erase(0, kMark.size());
   if (text.ends_with('\n')) text.pop_back();
   if (text.ends_with('\r')) text.pop_back();
   return text;
 }
 
 std::string ReadTextArgument(const std::string& argument, const std::string& source) {
-  return argument == kStandardInput ? ReadInputLine(source).value_or("") : argument;
+  if (argument == kStandardInput) return ReadInputLine(source).value_or("");
+  RequireUtf8(argument, "The text", source);
+  return argument;
 }
 
 }  // namespace quorvel::cli

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "host/cli/ConnectionSettings.h"
+#include "host/cli/Input.h"
 #include "host/cli/TextLayout.h"
 
 namespace quorvel::cli {
@@ -24,6 +25,8 @@ void AddLoadOptions(CLI::App& command, LoadArguments& arguments, Owner owner) {
 
 // The delegated constructor completes the object, so the destructor runs also when Load throws.
 LoadedContext::LoadedContext(const LoadArguments& arguments, const std::string& source) : LoadedContext() {
+  RequireUtf8(arguments.owner, "The owner", source);
+  RequireUtf8(arguments.user, "The user", source);
   RequireDatabase(source);
   m_context->Load(arguments.context, arguments.owner, arguments.user);
 }

@@ -52,8 +52,8 @@ TEST_F(RemarkCommands, JsonHasEveryPropertyInAFixedOrder) {
             R"("dateStamp":"2023-09-05T10:00:00","userId":"mjones","text":"Closed on Wednesday afternoons.",)"
             R"("showPopup":false}],"memoCount":1,"popupCount":0})");
 
-  ASSERT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.AR.Coll", "--text", "caf\xE9 \xF0\x9F\x94\xA7 \"\\"})),
-              Succeeds());
+  ASSERT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.AR.Coll", "--text", "foreign"})), Succeeds());
+  RunSql("UPDATE tciMemo SET MemoText = 'caf\xE9 \xF0\x9F\x94\xA7 \"\\' WHERE MemoText = 'foreign'");
   EXPECT_EQ(ListAcme("jsmith")["remarks"][0]["text"], "caf\xEF\xBF\xBD \xF0\x9F\x94\xA7 \"\\") << "not UTF-8";
   const std::string misleading =
       "\x7F\xC2\x9B"
@@ -94,7 +94,7 @@ TEST_F(RemarkCommands, MissingDisplayIsAnErrorUnlessNothingPopsUp) {
 }
 
 TEST_F(RemarkCommands, AddChangeAndRemoveReachTheDatabase) {
-  EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "cust.ar.coll", "--text", "-"}), "  It's\nlate \r\n"), Succeeds());
+  EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "cust.ar.coll", "--text", "-"}), "\uFEFF  It's\nlate \r\n"), Succeeds());
   EXPECT_THAT(ListAcme("jsmith")["remarks"][0]["text"], "It's\nlate");
 
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1", "--text", "[paid, all]", "--type", "Cust.General"})),
@@ -164,6 +164,9 @@ TEST_F(RemarkCommands, RefusedCommandsWriteNothing) {
       {{"add", "--type", "Cust.Credit", "--text", "x"},
        "quorvel.add: jsmith may not create remarks of type Cust.Credit"},
       {{"add", "--type", "Cust.General", "--text", " \n\t "}, "quorvel.add: A remark needs a text"},
+      {{"add", "--type", "Cust.General", "--text", "caf\xE9"},
+       "quorvel.add: The text is not UTF-8, and nothing was written. The command iconv converts a text, for example "
+       "iconv -f latin1 -t utf-8"},
       {{"add", "--type", "Ord.Note", "--text", "x"}, "RemarkContext.AddRemark: Illegal remark type for this context"},
       {{"change", "--index", "3", "--text", "x"},
        "quorvel.change: jsmith may not change this remark of type Cust.Credit"},
@@ -177,6 +180,10 @@ TEST_F(RemarkCommands, RefusedCommandsWriteNothing) {
   for (const auto& [command, error] : cases) {
     EXPECT_THAT(Quorvel(OnAcme(command)), Fails(std::string("-1 at ") + error));
   }
+  EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.General", "--text", "-"}), "caf\xE9\n"),
+              FailsWith(HasSubstr("quorvel.add: The standard input is not UTF-8")));
+  EXPECT_THAT(Quorvel(OnAcme({"add", "--type", "Cust.General", "--text", "x"}, "Andr\xE9")),
+              FailsWith(HasSubstr("quorvel.add: The user is not UTF-8")));
   EXPECT_EQ(ListAcme("admin"), before);
 }
 
