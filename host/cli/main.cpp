@@ -95,8 +95,8 @@ void PrintError(std::int32_t number, std::string_view source, std::string_view d
   const std::string place = number == ErrorNumber::RegistryWrite
                                 ? fmt::format("; the settings are kept in {}", registry::StoreLocation())
                                 : "";
-  PrintToErrors(
-      fmt::format("quorvel: error {} at {}: {}{}\n", number, source, Printable(description), Printable(place)));
+  PrintToErrors(fmt::format("quorvel: error {} at {}: {}{}\n", number, Printable(source), Printable(description),
+                            Printable(place)));
 }
 
 int Run(const std::vector<std::string>& arguments) {
