@@ -1,16 +1,24 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Keeps passwords from other users and programs.
 namespace quorvel::cli {
 
-/// Copies the program's arguments. Where the list of processes shows them, the value of a Password= becomes asterisks.
+/// Copies the program's arguments. Where the list of processes shows them, all that follows a Password= or Pwd= becomes
+/// asterisks.
 [[nodiscard]] std::vector<std::string> TakeArguments(std::span<char*> arguments);
 
-/// A crash leaves no file with the memory, which may hold the password of the settings.
+/// The position of the password in a setting's value that has a Password or Pwd key after a semicolon; npos without
+/// one. Such a key gets into the connection string as the setting Password does.
+[[nodiscard]] std::size_t FindPassword(std::string_view value);
+
+/// A crash leaves no file with the memory, which may hold the password of the settings, and no other program of the
+/// user reads it.
 void LeaveNoCoreDump() noexcept;
 
 }  // namespace quorvel::cli

@@ -14,6 +14,7 @@
 #include "host/cli/ConnectionSettings.h"
 #include "host/cli/FileAccess.h"
 #include "host/cli/Input.h"
+#include "host/cli/Secrets.h"
 #include "host/cli/Terminal.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
@@ -36,12 +37,26 @@ SettingIndex FindSetting(std::string_view name) {
   return static_cast<SettingIndex>(found - kSettingNames.begin());
 }
 
+/// A database file's name may have any bytes, and a password any keys.
+void CheckValue(SettingIndex index, const std::string& value) {
+  const std::string name = fmt::format("The value of {}", kSettingNames.at(index));
+  if (index != kDatabaseIndex) RequireUtf8(value, name, "quorvel.settings");
+  if (index == kPasswordIndex || FindPassword(value) == std::string::npos) return;
+  throw CLI::ValidationError(
+      fmt::format("{} (not repeated here) has a password after a semicolon. Nothing was written. Give the password "
+                  "with --password-stdin or as Password=",
+                  name));
+}
+
 Assignments ReadAssignments(const std::vector<std::string>& arguments) {
   Assignments assignments;
   for (const std::string& argument : arguments) {
     const auto equals = argument.find('=');
     if (equals == std::string::npos) throw CLI::ValidationError(fmt::format("{} is not NAME=VALUE", kHiddenArgument));
-    assignments[FindSetting(argument.substr(0, equals))] = argument.substr(equals + 1);
+    const SettingIndex index = FindSetting(argument.substr(0, equals));
+    const std::string value = argument.substr(equals + 1);
+    CheckValue(index, value);
+    assignments[index] = value;
   }
   return assignments;
 }
@@ -59,12 +74,16 @@ void MakeDatabaseAbsolute(Assignments& assignments) {
   if (file != database) assignments[kDatabaseIndex] = file;
 }
 
+/// The value as it may be seen by who looks on.
+std::string Shown(std::size_t index, const std::string& value) {
+  const std::size_t password = index == kPasswordIndex ? 0 : FindPassword(value);
+  return password < value.size() ? value.substr(0, password) + "****" : value;
+}
+
 void PrintSettings() {
   const auto values = ReadSettings();
   for (std::size_t i = 0; i < kSettingNames.size(); ++i) {
-    std::string shown = values ? values->at(i) : "";
-    if (i == kPasswordIndex && !shown.empty()) shown = "****";
-    fmt::print("{}={}\n", kSettingNames.at(i), OneLine(shown));
+    fmt::print("{}={}\n", kSettingNames.at(i), values ? OneLine(Shown(i, values->at(i))) : "");
   }
   const std::string place = registry::StoreLocation();
   if (values) {

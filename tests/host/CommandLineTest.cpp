@@ -29,8 +29,14 @@ TEST_F(CommandLine, HelpSucceedsAndWrongUsageIsStatus2) {
   EXPECT_THAT(Quorvel(OnAcme({"change", "--index", "1"})), IsWrongUsage("--text or --type"));
   EXPECT_THAT(Quorvel(OnAcme({"edit"})), IsWrongUsage("edit needs --window"));
   EXPECT_THAT(Quorvel({"settings", "hidden"}), IsWrongUsage("NAME=VALUE"));
-  for (const auto& arguments : std::vector<std::vector<std::string>>{
-           {"settings", "hidden"}, {"settings", "hidden=x"}, {"settings", "--pw=hidden"}, {"-phidden"}, {"P=hidden"}}) {
+  for (const auto& arguments :
+       std::vector<std::vector<std::string>>{{"settings", "hidden"},
+                                             {"settings", "hidden=x"},
+                                             {"settings", "--pw=hidden"},
+                                             {"-phidden"},
+                                             {"P=hidden"},
+                                             {"settings", "Server=S;Password=hidden"},
+                                             {"settings", "Password=x", "UserId=a;b; ;  pWD =hidden;c"}}) {
     const Outcome outcome = Quorvel(arguments);
     EXPECT_THAT(outcome, IsWrongUsage("Run 'quorvel"));
     EXPECT_THAT(outcome.errors, Not(HasSubstr("hidden"))) << "it may be a password";
@@ -41,9 +47,14 @@ TEST(Secrets, ListOfProcessesShowsNoPassword) {
   std::string program = "quorvel";
   std::string password = "PASSWORD=a=b";
   std::string server = "Server=Password=";
-  std::array arguments{program.data(), password.data(), server.data()};
-  EXPECT_THAT(cli::TakeArguments(arguments), ElementsAre("quorvel", "PASSWORD=a=b", "Server=Password="));
+  std::string pair = "Server=S; pwd = x;Encrypt=yes";
+  std::string text = "The Password: Pwd";
+  std::array arguments{program.data(), password.data(), server.data(), pair.data(), text.data()};
+  EXPECT_THAT(
+      cli::TakeArguments(arguments),
+      ElementsAre("quorvel", "PASSWORD=a=b", "Server=Password=", "Server=S; pwd = x;Encrypt=yes", "The Password: Pwd"));
   EXPECT_EQ(program + " " + password + " " + server, "quorvel PASSWORD=*** Server=Password=");
+  EXPECT_EQ(pair + " " + text, "Server=S; pwd =************** The Password: Pwd");
 }
 
 TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
@@ -51,6 +62,8 @@ TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   EXPECT_THAT(Quorvel({"settings"}).output, MatchesRegex("Server=\nDatabase=\nUserId=\nPassword=\nKept in " + file +
                                                          ", which user .+ and group .+ may read\n"));
   EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "Sever=SQL2"}), IsWrongUsage("names no setting"));
+  EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "Database=L; Pwd=x"}), IsWrongUsage("--password-stdin"));
+  EXPECT_THAT(Quorvel({"settings", "Server=SQL1", "UserId=M\xFCller"}), FailsWith(HasSubstr("UserId is not UTF-8")));
   EXPECT_THAT(Quorvel({"settings"}).output, HasSubstr("Server=\n"));
 
   EXPECT_THAT(Quorvel({"settings", "SERVER=SQL1", "database=Ledger", "UserID=app", "password=a=b c"}),
@@ -69,6 +82,14 @@ TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   // Only for the embedded engine the database is a file, whose path is made absolute.
   EXPECT_THAT(Quorvel({"settings", "Server=(Embedded)"}).output,
               HasSubstr("Database=" + (std::filesystem::current_path() / "Ledger").string() + "\n"));
+}
+
+TEST_F(CommandLine, SettingsHideAPasswordInAnotherValue) {
+  std::ofstream(File("settings.reg"))
+      << "Windows Registry Editor Version 5.00\n[HKEY_LOCAL_MACHINE\\Software\\Tarnwick]\n"
+         "\"Server\"=\"SQL1; Encrypt=yes; Pwd = x\"\n\"UserId\"=\"a;Password\"\n";
+  EXPECT_THAT(Quorvel({"settings"}).output,
+              StartsWith("Server=SQL1; Encrypt=yes; Pwd =****\nDatabase=\nUserId=a;Password\nPassword=\n"));
 }
 
 TEST_F(CommandLine, UnwritableSettingsAreAnErrorThatNamesTheFile) {
