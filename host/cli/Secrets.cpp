@@ -1,5 +1,6 @@
 #include "host/cli/Secrets.h"
 
+#include <sys/prctl.h>
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -51,6 +52,8 @@ std::size_t FindPassword(std::string_view value) {
 }
 
 void LeaveNoCoreDump() noexcept {
+  // The system ignores the limit when it hands core dumps to a program.
+  (void)::prctl(PR_SET_DUMPABLE, 0, 0, 0, 0);
   rlimit limit{};
   if (::getrlimit(RLIMIT_CORE, &limit) != 0) return;
   limit.rlim_cur = 0;
