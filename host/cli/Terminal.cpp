@@ -38,13 +38,14 @@ bool IsInputTerminal() { return ::isatty(STDIN_FILENO) != 0; }
 std::optional<std::string> AskSecret(const char* prompt) {
   termios visible{};
   ::tcgetattr(STDIN_FILENO, &visible);
-  std::fputs(prompt, stderr);
   termios hidden = visible;
   // Without ISIG, Ctrl+C arrives as a character: a killed program would leave the terminal without echo. As an end of
   // line it arrives at once.
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
   hidden.c_cc[VEOL] = kControlC;
   ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
+  // Not before: who types as soon as the prompt is there must not see it.
+  std::fputs(prompt, stderr);
   const AtScopeEnd shown([&] {
     ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &visible);
     std::fputs("\n", stderr);

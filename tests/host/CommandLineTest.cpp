@@ -3,11 +3,13 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
+#include <future>
 
 #include "ado/embedded/EmbeddedEngine.h"
 #include "host/cli/Secrets.h"
 #include "platform/FileUpdate.h"
 #include "tests/host/CommandLine.h"
+#include "tests/support/Terminal.h"
 
 namespace quorvel::test {
 namespace {
@@ -90,6 +92,18 @@ TEST_F(CommandLine, SettingsHideAPasswordInAnotherValue) {
          "\"Server\"=\"SQL1; Encrypt=yes; Pwd = x\"\n\"UserId\"=\"a;Password\"\n";
   EXPECT_THAT(Quorvel({"settings"}).output,
               StartsWith("Server=SQL1; Encrypt=yes; Pwd =****\nDatabase=\nUserId=a;Password\nPassword=\n"));
+}
+
+TEST_F(CommandLine, PasswordIsAskedForWithoutEcho) {
+  const Terminal terminal("");
+  auto settings = std::async(std::launch::async, [&] {
+    return RunShell("\"$0\" settings --password-stdin <\"$1\" 2>\"$1\"", {terminal.Name()});
+  });
+  EXPECT_EQ(terminal.Screen(), "Password: ");
+  terminal.Type("secret\n");
+  EXPECT_THAT(settings.get(), Succeeds(HasSubstr("Password=****\n")));
+  EXPECT_EQ(terminal.Screen(), "\r\n");
+  EXPECT_THAT(ReadWholeFile(File("settings.reg")).value_or(""), HasSubstr("\"Password\"=\"secret\""));
 }
 
 TEST_F(CommandLine, UnwritableSettingsAreAnErrorThatNamesTheFile) {

@@ -18,7 +18,7 @@ class Terminal {
  public:
   explicit Terminal(const std::string& typed) {
     if (::openpty(&m_user, &m_program, nullptr, nullptr, nullptr) != 0) throw std::runtime_error("no terminal");
-    EXPECT_EQ(::write(m_user, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
+    Type(typed);
   }
   ~Terminal() {
     ::close(m_program);
@@ -28,6 +28,11 @@ class Terminal {
   Terminal& operator=(const Terminal&) = delete;
 
   [[nodiscard]] TerminalPrompts Prompts() const { return {m_program, m_program}; }
+  /// The device for a program that opens it itself.
+  [[nodiscard]] std::string Name() const { return ::ttyname(m_program); }
+  void Type(const std::string& typed) const {
+    EXPECT_EQ(::write(m_user, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
+  }
   /// The output that the user sees, with the typed characters.
   [[nodiscard]] std::string Screen() const {
     std::string screen;
