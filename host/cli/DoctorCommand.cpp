@@ -12,6 +12,7 @@
 #include "host/cli/ConnectionSettings.h"
 #include "host/cli/DatabaseChecks.h"
 #include "host/cli/Output.h"
+#include "host/cli/Secrets.h"
 #include "host/cli/TextLayout.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -48,10 +49,10 @@ bool CheckSettings(Report& report) {
   const std::string server(TrimBlanks(modDatabase::Settings().Server()));
   const std::string database(TrimBlanks(modDatabase::Settings().Database()));
   const bool hasServer =
-      report.Check("server " + OneLine(server), server.empty() ? "none is set" : "",
+      report.Check("server " + OneLine(WithoutPassword(server)), server.empty() ? "none is set" : "",
                    "Set one: quorvel settings 'Server=(embedded)', or the name of a SQL Server after Server=.");
   const bool hasDatabase =
-      report.Check("database " + OneLine(database), database.empty() ? "none is set" : "",
+      report.Check("database " + OneLine(WithoutPassword(database)), database.empty() ? "none is set" : "",
                    "Set one: quorvel settings Database=NAME, a file's name where the server is (embedded).");
   if (!hasServer || !hasDatabase || !UsesEmbeddedEngine()) return hasServer && hasDatabase;
   const std::string problem = FileNameProblem(modDatabase::Settings().Database());

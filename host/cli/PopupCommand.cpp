@@ -5,6 +5,7 @@
 
 #include "host/cli/Commands.h"
 #include "host/cli/LoadedContext.h"
+#include "host/cli/Secrets.h"
 #include "host/cli/Terminal.h"
 #include "host/cli/TextLayout.h"
 #include "platform/ShortDate.h"
@@ -24,7 +25,8 @@ void ShowRemark(const Remark& remark, std::int32_t ordinal, std::int32_t count) 
 }
 
 void ShowAll(const RemarkContext& context) {
-  fmt::print("{} {} Remarks [{}]\n", OwnerTitle(context), OneLine(context.EntityName()), OneLine(context.Server()));
+  fmt::print("{} {} Remarks [{}]\n", OwnerTitle(context), OneLine(context.EntityName()),
+             OneLine(WithoutPassword(context.Server())));
   std::int32_t ordinal = 0;
   for (const auto& remark : *context.RemarkList()->Items()) {
     if (!remark->ShowPopup()) continue;

@@ -42,13 +42,13 @@ std::vector<std::string> TakeArguments(std::span<char*> arguments) {
   return copies;
 }
 
-std::size_t FindPassword(std::string_view value) {
+std::string WithoutPassword(std::string_view value) {
   for (auto semicolon = value.find(';'); semicolon != kNone; semicolon = value.find(';', semicolon + 1)) {
     const std::size_t key = std::min(value.find_first_not_of(kBlanks, semicolon + 1), value.size());
     const std::size_t position = PositionBehindKey(value, key);
-    if (position != kNone) return position;
+    if (position < value.size()) return std::string(value.substr(0, position)) + "****";
   }
-  return kNone;
+  return std::string(value);
 }
 
 void LeaveNoCoreDump() noexcept {

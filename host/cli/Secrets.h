@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,9 +12,9 @@ namespace quorvel::cli {
 /// asterisks.
 [[nodiscard]] std::vector<std::string> TakeArguments(std::span<char*> arguments);
 
-/// The position of the password in a setting's value that has a Password or Pwd key after a semicolon; npos without
-/// one. Such a key gets into the connection string as the setting Password does.
-[[nodiscard]] std::size_t FindPassword(std::string_view value);
+/// A setting's value with asterisks for what follows a Password= or Pwd= after a semicolon. Such a key gets into the
+/// connection string as the setting Password does.
+[[nodiscard]] std::string WithoutPassword(std::string_view value);
 
 /// A crash leaves no file with the memory, which may hold the password of the settings, and no other program of the
 /// user reads it.

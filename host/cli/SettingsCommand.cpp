@@ -41,7 +41,7 @@ SettingIndex FindSetting(std::string_view name) {
 void CheckValue(SettingIndex index, const std::string& value) {
   const std::string name = fmt::format("The value of {}", kSettingNames.at(index));
   if (index != kDatabaseIndex) RequireUtf8(value, name, "quorvel.settings");
-  if (index == kPasswordIndex || FindPassword(value) == std::string::npos) return;
+  if (index == kPasswordIndex || WithoutPassword(value) == value) return;
   throw CLI::ValidationError(
       fmt::format("{} (not repeated here) has a password after a semicolon. Nothing was written. Give the password "
                   "with --password-stdin or as Password=",
@@ -76,8 +76,8 @@ void MakeDatabaseAbsolute(Assignments& assignments) {
 
 /// The value as it may be seen by who looks on.
 std::string Shown(std::size_t index, const std::string& value) {
-  const std::size_t password = index == kPasswordIndex ? 0 : FindPassword(value);
-  return password < value.size() ? value.substr(0, password) + "****" : value;
+  if (index != kPasswordIndex) return WithoutPassword(value);
+  return value.empty() ? "" : "****";
 }
 
 void PrintSettings() {

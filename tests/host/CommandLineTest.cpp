@@ -92,6 +92,7 @@ TEST_F(CommandLine, SettingsHideAPasswordInAnotherValue) {
          "\"Server\"=\"SQL1; Encrypt=yes; Pwd = x\"\n\"UserId\"=\"a;Password\"\n";
   EXPECT_THAT(Quorvel({"settings"}).output,
               StartsWith("Server=SQL1; Encrypt=yes; Pwd =****\nDatabase=\nUserId=a;Password\nPassword=\n"));
+  EXPECT_THAT(Quorvel({"doctor"}).output, HasSubstr("ok    server SQL1; Encrypt=yes; Pwd =****\n"));
 }
 
 TEST_F(CommandLine, PasswordIsAskedForWithoutEcho) {
