@@ -6,10 +6,11 @@
 namespace quorvel::ado::embedded {
 namespace {
 
-/// The engine's own, and that with which SQLite looks for rows that break the rule of a column that is added. SQLite
-/// has a table for each pragma that has a result, and a batch or a view can read from it.
-constexpr std::array<std::string_view, 6> kPragmas = {"foreign_keys", "journal_mode", "quick_check",
-                                                      "synchronous",  "table_info",   "user_version"};
+/// The engine's own, that with which SQLite looks for rows that break the rule of a column that is added, and that
+/// which reads the whole file. SQLite has a table for each pragma that has a result, and a batch or a view can read
+/// from it.
+constexpr std::array<std::string_view, 7> kPragmas = {"foreign_keys", "integrity_check", "journal_mode", "quick_check",
+                                                      "synchronous",  "table_info",      "user_version"};
 
 constexpr std::size_t kLongestName = 128;
 

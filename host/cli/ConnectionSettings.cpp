@@ -21,6 +21,15 @@ std::optional<registry::Key> OpenKey(std::error_code& failure) {
   return registry::Key::Create(registry::Hive::LocalMachine, modRegistry::kSettingsKey, failure);
 }
 
+/// The database that a connection reads from that value; nothing when it can read none.
+std::optional<std::string> DatabaseIn(const std::string& value) {
+  try {
+    return ado::ParseConnectionString("Database=" + value).initialCatalog;
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
 }  // namespace
 
 std::optional<SettingValues> ReadSettings() {
@@ -68,14 +77,17 @@ void RequireSettings(std::string_view source) {
                           noServer ? "server" : "name"));
 }
 
+bool IsReadable(const std::string& value) { return DatabaseIn(value).has_value(); }
+
 std::string FileNameProblem(const std::string& database) {
-  try {
-    if (ado::ParseConnectionString("Initial Catalog=" + database).initialCatalog == database) return {};
-  } catch (const Error&) {
-    // Behind a semicolon or a quotation mark is something that is no pair.
+  if (DatabaseIn(database) != database) {
+    return "The name of a database file must not contain a semicolon, and not begin or end with a blank or a quotation "
+           "mark. Rename the file or its folder";
   }
-  return "The name of a database file must not contain a semicolon, and not begin or end with a blank or a quotation "
-         "mark. Rename the file or its folder";
+  std::error_code ignored;
+  const auto found = std::filesystem::status(database, ignored);
+  const bool isOther = std::filesystem::exists(found) && !std::filesystem::is_regular_file(found);
+  return isOther ? fmt::format("{} is no file, but a folder, a device or a pipe", database) : "";
 }
 
 void RequireFileName(const std::string& database, std::string_view source) {

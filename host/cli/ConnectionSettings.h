@@ -43,8 +43,11 @@ void RequireSettings(std::string_view source);
 /// Whether the settings name the embedded engine.
 [[nodiscard]] bool UsesEmbeddedEngine();
 
-/// Why a connection would read another name than `database`, the setting for the embedded engine; empty when it reads
-/// that. The settings become pairs of a connection string, so a semicolon would end the name.
+/// Whether a connection can read a setting with that value: the settings become pairs of a connection string, in which
+/// a semicolon ends a value that is not in quotes.
+[[nodiscard]] bool IsReadable(const std::string& value);
+/// Why `database`, the setting for the embedded engine, is the name of no file; empty for a name, also of a file that
+/// is not there.
 [[nodiscard]] std::string FileNameProblem(const std::string& database);
 /// Throws Error -1 from `source` with FileNameProblem.
 void RequireFileName(const std::string& database, std::string_view source);

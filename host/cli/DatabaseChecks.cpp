@@ -146,13 +146,14 @@ void CheckMemoTable(Report& report, ado::Connection& connection) {
   }
 }
 
-/// A load may never read the damaged pages of a file, and a backup would keep them.
+/// A load may never read the damaged pages of a file, and a backup would keep them. An index that lacks rows hides
+/// remarks.
 void CheckPages(Report& report, ado::Connection& connection) {
-  constexpr const char* kPages = "pages of the file";
+  constexpr const char* kPages = "pages and indexes of the file";
   std::string problem;
   try {
-    const auto rows = connection.Execute("SELECT TOP (1) quick_check FROM pragma_quick_check");
-    problem = rows->EndOfFile() ? "ok" : OneLine(modDatabase::FieldText(rows->Fields("quick_check")));
+    const auto rows = connection.Execute("SELECT TOP (1) integrity_check FROM pragma_integrity_check");
+    problem = rows->EndOfFile() ? "ok" : OneLine(modDatabase::FieldText(rows->Fields("integrity_check")));
     if (problem == "ok") problem.clear();
   } catch (const Error& error) {
     if (error.Number() == ErrorNumber::DbTimeout) return Report::Skip(kPages, error.Description());

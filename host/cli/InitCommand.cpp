@@ -24,11 +24,7 @@ namespace {
 
 void MakeEmbeddedFile(const std::string& file, const std::string& source) {
   RequireFileName(file, source);
-  const auto found = std::filesystem::status(file);
-  const bool wasThere = std::filesystem::exists(found);
-  if (wasThere && !std::filesystem::is_regular_file(found)) {
-    throw Error(ErrorNumber::Component, source, fmt::format("{} is a folder or a device, and not a file", file));
-  }
+  const bool wasThere = std::filesystem::exists(file);
   ado::CreateEmbeddedDatabase(file);
   fmt::print("Database file: {} {}{}\n", wasThere ? "found" : "created", OneLine(file), WhichMayRead(file));
 }

@@ -108,6 +108,16 @@ std::string ReadPassword() {
               "No password was given, and nothing was written. An empty line stands for an empty password.");
 }
 
+/// A connection would fail, with an error about a text that the user has never seen.
+void RequireReadable(SettingIndex index, const std::string& value) {
+  if (IsReadable(value)) return;
+  throw Error(
+      ErrorNumber::Component, "quorvel.settings",
+      fmt::format("The value of {} has a semicolon or a quotation mark where no connection can read it; nothing was "
+                  "written. Put the value in double quotes, and write each of these inside it twice",
+                  kSettingNames.at(index)));
+}
+
 void RunSettings(const std::vector<std::string>& arguments, bool asksForPassword) {
   Assignments assignments = ReadAssignments(arguments);
   if (asksForPassword && assignments.contains(kPasswordIndex)) {
@@ -116,6 +126,7 @@ void RunSettings(const std::vector<std::string>& arguments, bool asksForPassword
   if (asksForPassword) assignments[kPasswordIndex] = ReadPassword();
   if (!assignments.empty()) {
     MakeDatabaseAbsolute(assignments);
+    for (const auto& [index, value] : assignments) RequireReadable(index, value);
     WriteSettings(assignments);
   }
   PrintSettings();
@@ -136,8 +147,8 @@ void AddSettingsCommand(CLI::App& app) {
                       "'Database=Ledger; Encrypt=yes'.");
   command->add_flag("--password-stdin", *asksForPassword,
                     "Read the password from the standard input, at a terminal\n"
-                    "without showing it. Other users can see the arguments of a\n"
-                    "command while it runs.");
+                    "without showing it. Other users can see an argument for a\n"
+                    "moment, and the shell keeps it in its history.");
   command->group("Set up")->callback([arguments, asksForPassword] { RunSettings(*arguments, *asksForPassword); });
 }
 

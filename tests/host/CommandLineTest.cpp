@@ -74,6 +74,10 @@ TEST_F(CommandLine, SettingsHideThePasswordAndAreWrittenAllOrNone) {
   EXPECT_THAT(Quorvel({"settings", "--password-stdin"}, "from \"stdin\"\n"), Succeeds());
   EXPECT_EQ(Quorvel({"settings", "--password-stdin"}).status, 1) << "as behind a program that has failed";
   EXPECT_EQ(Quorvel({"settings", "--password-stdin"}, "two\nlines\n").status, 1);
+  for (const char* unreadable : {"s3;cret", "\"s3", "'s3'cret"}) {
+    EXPECT_THAT(Quorvel({"settings", "--password-stdin"}, unreadable),
+                FailsWith(AllOf(HasAll("The value of Password", "in double quotes"), Not(HasSubstr("s3")))));
+  }
   EXPECT_THAT(Quorvel({"settings", "Password=a", "--password-stdin"}, "b\n"), IsWrongUsage("exclude each other"));
   EXPECT_THAT(ReadWholeFile(file).value_or(""), HasSubstr(R"("Password"="from \"stdin\""
 )"));

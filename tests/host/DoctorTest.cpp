@@ -124,7 +124,7 @@ TEST_F(CommandLine, DoctorFindsDamagedPagesThatNoLoadReads) {
   Initialize(true);
   std::fstream(File("test.db"), std::ios::in | std::ios::out).seekp(8192) << std::string(100, 'x');
   EXPECT_THAT(Quorvel({"list", "--context", "CustMaint", "--owner", "C1044", "--user", "jsmith"}), Succeeds());
-  EXPECT_THAT(Quorvel({"doctor"}).output, HasAll("FAIL  pages of the file: ", "Restore it from a backup"));
+  EXPECT_THAT(Quorvel({"doctor"}).output, HasAll("FAIL  pages and indexes of the file: ", "Restore it from a backup"));
 }
 
 TEST_F(CommandLine, DoctorNamesWrongLinesOfTheSettingsAndGoesOnWhereAHostDoes) {
