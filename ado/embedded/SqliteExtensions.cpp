@@ -171,8 +171,8 @@ bool HasProcedures(sqlite3* database) {
                                        nullptr) == SQLITE_OK;
 }
 
-/// SQLite is C: no exception may pass through it. A statement ends as the one ends that its function runs, when that
-/// was out of time.
+/// SQLite is C: no exception may pass through it. When a query inside the function runs out of time, the statement that
+/// calls the function ends with the same code.
 void Guarded(sqlite3_context* context, const auto& operation) {
   try {
     operation();

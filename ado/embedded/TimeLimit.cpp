@@ -6,8 +6,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 /// Steps of SQLite's machine from one look at the clock to the next. They take some microseconds, but a view of the
-/// file may call a function that takes long in every tenth step. A COMMIT or ROLLBACK has fewer, so neither is
-/// interrupted.
+/// file may call a function that takes long in every tenth step. SQLite counts the steps of all runs of a statement, so
+/// some COMMIT may be the one that is interrupted: it has stored nothing then.
 constexpr int kStepsBetweenLooks = 1'000;
 
 }  // namespace

@@ -47,7 +47,7 @@ class TokenCursor {
   };
   /// DriverError when the text is nested deeper than a parser that calls itself can follow on the stack of this thread.
   [[nodiscard]] NestingGuard EnterNesting();
-  /// The same error where SQLite would give it, at the next token.
+  /// The error of EnterNesting, at the next token, for a text that SQLite would refuse as nested too deeply.
   [[noreturn]] void FailNesting() const;
 
   /// "Incorrect syntax near ...", at the next token.

@@ -14,11 +14,12 @@ namespace quorvel::cli {
 /// does not repeat.
 void RequireUtf8(std::string_view text, std::string_view what, const std::string& source);
 
-/// The whole standard input without its final line end and without a byte order mark; nothing when it is empty. Throws
-/// what RequireUtf8 throws.
+/// The whole standard input without its final line end and without a byte order mark; nothing when it is empty. An
+/// input that is not UTF-8 is the error of RequireUtf8.
 [[nodiscard]] std::optional<std::string> ReadInputLine(const std::string& source);
 
-/// A text from the command line, or what ReadInputLine returns when the text is "-". Throws what RequireUtf8 throws.
+/// A text from the command line, or what ReadInputLine returns when the text is "-". A text that is not UTF-8 is the
+/// error of RequireUtf8.
 [[nodiscard]] std::string ReadTextArgument(const std::string& argument, const std::string& source);
 
 }  // namespace quorvel::cli

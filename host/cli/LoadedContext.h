@@ -26,7 +26,7 @@ void AddLoadOptions(CLI::App& command, LoadArguments& arguments, Owner owner);
 /// A loaded context that is disposed of at the end, also when loading fails.
 class LoadedContext {
  public:
-  /// Throws what RequireUtf8 and RequireDatabase throw from `source`, the command, and what Load throws.
+  /// The errors are those of RequireUtf8 and RequireDatabase, from `source`, the command, and those of Load.
   LoadedContext(const LoadArguments& arguments, const std::string& source);
   ~LoadedContext() { m_context->Dispose(); }
   LoadedContext(const LoadedContext&) = delete;

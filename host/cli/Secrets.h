@@ -16,8 +16,8 @@ namespace quorvel::cli {
 /// connection string as the setting Password does.
 [[nodiscard]] std::string WithoutPassword(std::string_view value);
 
-/// A crash leaves no file with the memory, which may hold the password of the settings, and no other program of the
-/// user reads it.
+/// A crash leaves no file with the memory, which may hold the password of the settings. No other program of the same
+/// user can read the memory.
 void LeaveNoCoreDump() noexcept;
 
 }  // namespace quorvel::cli

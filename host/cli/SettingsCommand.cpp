@@ -74,7 +74,7 @@ void MakeDatabaseAbsolute(Assignments& assignments) {
   if (file != database) assignments[kDatabaseIndex] = file;
 }
 
-/// The value as it may be seen by who looks on.
+/// The value with asterisks for a password.
 std::string Shown(std::size_t index, const std::string& value) {
   if (index != kPasswordIndex) return WithoutPassword(value);
   return value.empty() ? "" : "****";

@@ -44,7 +44,7 @@ std::optional<std::string> AskSecret(const char* prompt) {
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
   hidden.c_cc[VEOL] = kControlC;
   ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
-  // Not before: who types as soon as the prompt is there must not see it.
+  // Only now: a user may type as soon as the prompt is there.
   std::fputs(prompt, stderr);
   const AtScopeEnd shown([&] {
     ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &visible);
